@@ -1,0 +1,23 @@
+# Doubles are rounded after each step, in the order written. A compiler may otherwise fuse a
+# product with a sum, or turn pow(x, -1.0) into 1 / x, which gives other bits.
+add_library(trelvon_arithmetic INTERFACE)
+target_compile_options(trelvon_arithmetic INTERFACE
+  $<$<CXX_COMPILER_ID:GNU,Clang,AppleClang>:-ffp-contract=off;-fno-builtin-pow>)
+
+add_library(trelvon_warnings INTERFACE)
+target_compile_options(trelvon_warnings INTERFACE
+  $<$<CXX_COMPILER_ID:GNU,Clang,AppleClang>:-Wall;-Wextra;-Wpedantic;-Wconversion;-Wshadow>)
+if(TRELVONUNITS_DEVELOPER)
+  target_compile_options(trelvon_warnings INTERFACE
+    $<$<CXX_COMPILER_ID:GNU,Clang,AppleClang>:-Werror>)
+endif()
+
+# Hidden visibility does not reach the standard library's templates: a std::map of our records is
+# exported as a weak symbol, unless the linker is told what the interface is.
+function(trelvon_export_only_the_interface library)
+  if(UNIX AND NOT APPLE)
+    set(map ${PROJECT_SOURCE_DIR}/cmake/TrelvonUnits.map)
+    target_link_options(${library} PRIVATE LINKER:--version-script=${map})
+    set_property(TARGET ${library} APPEND PROPERTY LINK_DEPENDS ${map})
+  endif()
+endfunction()

@@ -1,0 +1,24 @@
+# Lays out every source of the tree, or, with CHECK, fails when one is laid out otherwise.
+#   cmake -D ROOT=<tree> -D CLANG_FORMAT=<program> [-D CHECK=ON] -P Format.cmake
+cmake_minimum_required(VERSION 3.25)
+
+if(NOT CLANG_FORMAT)
+  message(FATAL_ERROR "clang-format was not found.")
+endif()
+
+set(sources)
+foreach(folder IN ITEMS include model registry json text formula schema engine loading
+                        tests fuzz examples benchmarks)
+  file(GLOB_RECURSE found ${ROOT}/${folder}/*.h ${ROOT}/${folder}/*.cpp)
+  list(APPEND sources ${found})
+endforeach()
+
+if(CHECK)
+  set(mode --dry-run -Werror)
+else()
+  set(mode -i)
+endif()
+execute_process(COMMAND ${CLANG_FORMAT} --style=file ${mode} ${sources}
+  COMMAND_ERROR_IS_FATAL ANY)
+list(LENGTH sources count)
+message(STATUS "${count} sources are laid out as .clang-format says.")
