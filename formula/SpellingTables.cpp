@@ -1,0 +1,29 @@
+#include "formula/SpellingTables.h"
+
+void BinaryOperatorMap::populate() const {
+  add("+", FormulaBinaryOperator::Add);
+  add("-", FormulaBinaryOperator::Subtract);
+  add("*", FormulaBinaryOperator::Multiply);
+  add("/", FormulaBinaryOperator::Divide);
+  add("^", FormulaBinaryOperator::Power);
+}
+
+void UnaryOperatorMap::populate() const { add("-", FormulaUnaryOperator::Negate); }
+
+void FunctionMap::populate() const {
+  add("sin", FormulaFunction::Sin);
+  add("cos", FormulaFunction::Cos);
+  add("tan", FormulaFunction::Tan);
+  add("asin", FormulaFunction::Asin);
+  add("acos", FormulaFunction::Acos);
+  add("atan", FormulaFunction::Atan);
+  add("exp", FormulaFunction::Exp);
+  add("log", FormulaFunction::Log);
+  add("sqrt", FormulaFunction::Sqrt);
+  add("abs", FormulaFunction::Abs);
+  add("pi", FormulaFunction::Pi);
+  add("round", FormulaFunction::Round);
+  add("roundup", FormulaFunction::RoundUp);
+  add("rounddown", FormulaFunction::RoundDown);
+  add("ln", FormulaFunction::Ln);
+}

@@ -1,0 +1,108 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+
+/// How the operators and functions of the formula language are spelled. 0 stands for "none" in all
+/// three enumerations and is in no table.
+
+enum class FormulaBinaryOperator : std::int32_t {
+  None = 0,
+  Add = 1,
+  Subtract = 2,
+  Multiply = 3,
+  Divide = 4,
+  Power = 5,
+};
+
+enum class FormulaUnaryOperator : std::int32_t {
+  None = 0,
+  Negate = 1,
+};
+
+enum class FormulaFunction : std::int32_t {
+  None = 0,
+  Sin = 1,
+  Cos = 2,
+  Tan = 3,
+  Asin = 4,
+  Acos = 5,
+  Atan = 6,
+  Exp = 7,
+  Log = 8,
+  Sqrt = 9,
+  Abs = 10,
+  Pi = 11,
+  Round = 12,
+  RoundUp = 13,
+  RoundDown = 14,
+  Ln = 15,
+};
+
+/// A two-way table between spellings and values. It fills itself on first use.
+template <class E>
+class ValStringMap {
+ public:
+  using Spellings = std::map<std::string, E, std::less<>>;
+
+  virtual ~ValStringMap() = default;
+
+  /// `E::None` when no entry is spelled so.
+  E find(std::string_view spelling) const {
+    const Spellings& all = spellings();
+    const auto found = all.find(spelling);
+    return found == all.end() ? E::None : found->second;
+  }
+
+  /// Empty when no entry has this value.
+  std::string spellingOf(E value) const {
+    ensureFilled();
+    const auto found = valueToString_.find(value);
+    return found == valueToString_.end() ? std::string() : found->second;
+  }
+
+  /// All entries, in byte order.
+  const Spellings& spellings() const {
+    ensureFilled();
+    return stringToValue_;
+  }
+
+ protected:
+  /// Adds every entry of the table.
+  virtual void populate() const = 0;
+
+  /// A later entry of the same spelling or value takes the place of an earlier one.
+  void add(const char* spelling, E value) const {
+    stringToValue_[spelling] = value;
+    valueToString_[value] = spelling;
+  }
+
+ private:
+  void ensureFilled() const {
+    if (initialized_) return;
+    populate();
+    initialized_ = true;
+  }
+
+  mutable bool initialized_ = false;
+  mutable Spellings stringToValue_;
+  mutable std::map<E, std::string> valueToString_;
+};
+
+class BinaryOperatorMap : public ValStringMap<FormulaBinaryOperator> {
+ protected:
+  void populate() const override;
+};
+
+class UnaryOperatorMap : public ValStringMap<FormulaUnaryOperator> {
+ protected:
+  void populate() const override;
+};
+
+class FunctionMap : public ValStringMap<FormulaFunction> {
+ protected:
+  void populate() const override;
+};

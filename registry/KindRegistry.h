@@ -1,0 +1,19 @@
+#pragma once
+
+#include "model/RecordMap.h"
+
+#include <map>
+#include <string>
+
+namespace Units {
+
+/// One kind of definition on its way from schema text to served record.
+template <class SchemaData, class Record>
+struct KindRegistry {
+  std::map<std::string, SchemaData> pending;  // read, waiting for a build
+  std::map<std::string, SchemaData> batch;    // what the running build works on
+  RecordMap<Record> built;                    // what the running build has made
+  RecordMap<Record> objects;                  // what the engine serves
+};
+
+}  // namespace Units

@@ -1,0 +1,112 @@
+#include "registry/RecordChecks.h"
+
+#include "model/RecordAccess.h"
+#include "model/SpecialSymbols.h"
+
+#include <TrelvonUnits/Exceptions.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace Units {
+
+namespace {
+
+void checkDerived(const Unit& unit, const DerivedUnitComponent& derived,
+                  const Registries& registries) {
+  const auto& parents = RecordAccess::parentUnitPowers(derived);
+  if (parents.empty())
+    throw ValidationException("Derived unit " + RecordAccess::typeId(unit) +
+                              " must specify at least one parent unit.");
+  checkExponents(parents);
+  for (const auto& [parent, exponent] : parents)
+    checkRelativeUnit(parent, registries.units.objects);
+  checkFactorParents(RecordAccess::factorComponent(derived), registries.factors.objects);
+}
+
+void checkPrimitive(const Unit& unit, const PrimitiveUnitComponent& primitive,
+                    const RecordMap<Dimension>& dimensions) {
+  const auto& dimension = RecordAccess::dimension(primitive);
+  if (dimension && dimensions.count(RecordAccess::typeId(*dimension)) == 0)
+    throw ValidationException("Could not find dimension " + RecordAccess::typeId(*dimension) +
+                              " for primitive unit " + RecordAccess::typeId(unit) + ".");
+}
+
+}  // namespace
+
+void checkTypeId(const std::string& typeId, const Registries& registries) {
+  if (typeId.empty()) throw ValidationException("Typeid must not be empty.");
+  if (isRegistered(typeId, registries))
+    throw ValidationException("Schema with typeid " + typeId + " is already registered.");
+}
+
+void checkExponents(const std::map<std::string, int>& powers) {
+  if (std::any_of(powers.begin(), powers.end(),
+                  [](const auto& power) { return power.second == 0; }))
+    throw ValidationException("A parent may not be raised to a zero exponent.");
+}
+
+void checkFactorParents(const FactorComponent& component, const RecordMap<Factor>& factors) {
+  const auto& parents = RecordAccess::parentFactorPowers(component);
+  checkExponents(parents);
+  for (const auto& [parent, exponent] : parents)
+    if (factors.count(parent) == 0)
+      throw ValidationException("Parent factor " + parent + " not found.");
+}
+
+void checkFactorParents(const Factor& factor, const RecordMap<Factor>& factors) {
+  checkFactorParents(RecordAccess::factorComponent(factor), factors);
+}
+
+void checkRelativeUnit(const std::string& unitTypeId, const RecordMap<Unit>& units) {
+  const auto found = units.find(unitTypeId);
+  if (found == units.end() || RecordAccess::absolute(found->second))
+    throw ValidationException("Could not find relative unit with typeid " + unitTypeId + ".");
+}
+
+void checkUnit(const Unit& unit, const Registries& registries) {
+  if (RecordAccess::name(unit).empty())
+    throw ValidationException("Unit " + RecordAccess::typeId(unit) + " has an empty name.");
+  if (const auto* const absolute = RecordAccess::absolute(unit))
+    checkRelativeUnit(RecordAccess::parentUnit(*absolute), registries.units.objects);
+  if (const auto* const derived = RecordAccess::derived(unit))
+    checkDerived(unit, *derived, registries);
+  if (const auto* const primitive = RecordAccess::primitive(unit))
+    checkPrimitive(unit, *primitive, registries.dimensions.objects);
+}
+
+void checkSpecialSymbol(const std::string& symbolTypeId) {
+  const bool special = std::any_of(
+      specialSymbolKeys.begin(), specialSymbolKeys.end(),
+      [&](std::string_view key) { return symbolTypeId.find(key) != std::string::npos; });
+  if (!special)
+    throw ValidationException("Symbol " + symbolTypeId + " must be a prefix or suffix.");
+}
+
+Symbol checkSymbol(const Symbol& symbol, const RecordMap<Unit>& units) {
+  const std::string& typeId = RecordAccess::typeId(symbol);
+  if (!RecordAccess::prefixOrSuffix(symbol)) checkSpecialSymbol(typeId);
+  const std::string& unit = RecordAccess::typeId(RecordAccess::unit(symbol));
+  const auto stored = units.find(unit);
+  if (stored == units.end())
+    throw ValidationException("Could not find unit " + unit + " for symbol " + typeId + ".");
+  return Symbol(typeId, stored->second, symbol.getPrefixOrSuffix());
+}
+
+Quantity checkQuantity(const Quantity& quantity, const RecordMap<Unit>& units) {
+  const std::string& typeId = RecordAccess::typeId(quantity);
+  if (RecordAccess::name(quantity).empty())
+    throw ValidationException("Quantity " + typeId + " has an empty name.");
+  std::vector<Unit> storedUnits;
+  storedUnits.reserve(RecordAccess::units(quantity).size());
+  for (const Unit& unit : RecordAccess::units(quantity)) {
+    const auto stored = units.find(RecordAccess::typeId(unit));
+    if (stored == units.end())
+      throw ValidationException("Could not find unit " + RecordAccess::typeId(unit) +
+                                " for quantity " + typeId + ".");
+    storedUnits.push_back(stored->second);
+  }
+  return Quantity(typeId, RecordAccess::name(quantity), storedUnits);
+}
+
+}  // namespace Units

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "model/SymbolTexts.h"
+
+#include <optional>
+#include <string_view>
+
+namespace Units {
+
+/// Whether the whole of a text is a value literal: a number with an optional prefix or suffix
+/// symbol, or a composite value such as feet and inches.
+///
+/// @param value   set on success, in the symbol's unit (a composite one: feet, degrees or metres);
+///                null when not wanted.
+/// @param symbol  set on success to the symbol, in place, or to null when the literal has none;
+///                null when not wanted.
+bool parseValueText(std::string_view text, double* value, const Symbol** symbol,
+                    const SymbolTexts& symbols);
+
+/// Takes the longest symbol text, of a placement if one is asked for, off the front of a text,
+/// after leading spaces. On failure nothing changes.
+///
+/// @param symbol  set on success; null when not wanted.
+bool matchLeadingSymbol(std::string_view& text, std::optional<Placement> placement,
+                        const Symbol** symbol, const SymbolTexts& symbols);
+
+}  // namespace Units
