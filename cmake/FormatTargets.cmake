@@ -1,4 +1,4 @@
-# The layout of the sources is clang-format 14's: another release breaks some lines elsewhere.
+# By its own name first: the layout is that of release 14.
 find_program(TRELVONUNITS_CLANG_FORMAT NAMES clang-format-14 clang-format)
 mark_as_advanced(TRELVONUNITS_CLANG_FORMAT)
 
