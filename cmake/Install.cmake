@@ -3,7 +3,8 @@ include(CMakePackageConfigHelpers)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/TrelvonUnits)
 set(schemas_dir ${CMAKE_INSTALL_DATADIR}/TrelvonUnits/schemas)
 
-install(TARGETS TrelvonUnits EXPORT TrelvonUnitsTargets FILE_SET HEADERS)
+install(TARGETS TrelvonUnits EXPORT TrelvonUnitsTargets FILE_SET HEADERS
+  INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(EXPORT TrelvonUnitsTargets NAMESPACE TrelvonUnits:: DESTINATION ${package_dir})
 install(DIRECTORY schemas/ DESTINATION ${schemas_dir} FILES_MATCHING PATTERN *.json)
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})

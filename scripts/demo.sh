@@ -8,7 +8,9 @@ cd "$(dirname "$0")/.."
 {
   install_packages demo
   heading "Building the demo"
-  cmake --preset release -B build/demo -D TRELVONUNITS_TESTS=OFF -D TRELVONUNITS_BENCHMARKS=OFF
+  # In a folder of its own and without what wants more packages: who only looks needs no tests.
+  cmake --preset release -B build/demo \
+    -D TRELVONUNITS_TESTS=OFF -D TRELVONUNITS_BENCHMARKS=OFF -D TRELVONUNITS_DEVELOPER=OFF
   cmake --build build/demo --target demo
   heading "The demo"
 } >&2

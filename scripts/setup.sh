@@ -1,4 +1,4 @@
-# Read by the other scripts, not run: what they share.
+# Read by the other scripts, in the root of the tree: what they share.
 
 # heading TEXT: a line that stands out, with the time since the script began.
 heading() {
@@ -8,12 +8,12 @@ heading() {
 # missing_packages WANTED...: those packages of the list that are wanted and not installed.
 missing_packages() {
   local package wants
-  while read -r package wants; do
+  sed 's/#.*//; /^ *$/d' scripts/packages.txt | while read -r package wants; do
     case " $* " in *" $wants "*) ;; *) continue ;; esac
     if [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" != installed ]; then
       echo "$package"
     fi
-  done < <(sed 's/#.*//; /^[[:space:]]*$/d' "$(dirname "${BASH_SOURCE[0]}")/packages.txt")
+  done
 }
 
 # as_root COMMAND...: runs it with the right to install, if there is a way to that right.
@@ -32,19 +32,19 @@ as_root() {
 # install_packages WANTED...: installs what is missing, or says what is and stops.
 install_packages() {
   local missing
-  mapfile -t missing < <(missing_packages "$@")
-  [ ${#missing[@]} -gt 0 ] || return 0
+  missing=$(missing_packages "$@" | paste -sd ' ')
+  [ -n "$missing" ] || return 0
 
-  heading "Installing ${missing[*]}"
+  heading "Installing $missing"
   if command -v apt-get >/dev/null; then
     # A source of other packages that does not answer need not stop us: the installation decides.
     as_root apt-get update || true
     if as_root env DEBIAN_FRONTEND=noninteractive \
-      apt-get install -y --no-install-recommends "${missing[@]}"; then
+      apt-get install -y --no-install-recommends $missing; then
       return 0
     fi
   fi
-  echo "These packages are missing and could not be installed: ${missing[*]}" >&2
+  echo "These packages are missing and could not be installed: $missing" >&2
   echo "Please install them, by Debian's names or your system's, and run this again." >&2
   exit 1
 }

@@ -1,0 +1,8 @@
+# Runs an example and fails when it does, or when it prints anything else than expected.
+#   cmake -D PROGRAM=<file> -D SCHEMAS=<folder> -D EXPECTED=<file> -P RunExample.cmake
+execute_process(COMMAND ${PROGRAM} ${SCHEMAS}
+  OUTPUT_VARIABLE printed COMMAND_ERROR_IS_FATAL ANY)
+file(READ ${EXPECTED} expected)
+if(NOT printed STREQUAL expected)
+  message(FATAL_ERROR "Printed:\n${printed}\nExpected, by ${EXPECTED}:\n${expected}")
+endif()
