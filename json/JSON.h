@@ -1,0 +1,119 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "json/ExceptionFactory.h"
+
+/// A JSON value, read from text or built to be written as text.
+///
+/// Reading: `parse` gives the root of a document; `getMember`, `getArray` and `forEachElement` give
+/// views into it, which cost a pointer and copy nothing. The JSON that owns the document must
+/// outlive every view. Test the type, then get: a getter of another type than the value's is
+/// outside its contract.
+///
+/// Building: `makeDocument` gives a root, and that root is the `owner` of all that will hang on it;
+/// children live in its storage and are moved into their parent, once.
+///
+///   JSON root = JSON::makeDocument();
+///   root.setMember(root, "typeid", JSON::makeString(root, "x"));
+///   root.toString();  // {"typeid":"x"}
+///
+/// A document and its views belong to one thread at a time. Every operation that makes a JSON, and
+/// every one that copies or writes text, may throw std::bad_alloc.
+class JSON {
+ public:
+  /// Bytes of the longest text that `parse` reads, and of the longest string or name that is
+  /// written. The reader and the writer below us count in 32 bits, in places six times a length.
+  static constexpr std::size_t kLongestText = std::size_t{1} << 29;
+
+  /// Reads a text up to its first NUL: strict JSON, its UTF-8 not checked, a number's last digit
+  /// not always rounded to the nearest double, members of the same name all kept.
+  ///
+  /// @param factory  makes the exceptions of this document and of all its views.
+  /// @throws  what `factory` makes of "JSON parsing error at offset " + bytes + ": " + reason.
+  static JSON parse(std::shared_ptr<ExceptionFactory> factory, const std::string& text);
+
+  /// The root of a new document: an empty object.
+  static JSON makeDocument();
+
+  /// Values that stand alone until they are moved into a parent.
+  static JSON makeObject();
+  explicit JSON(bool value);
+  explicit JSON(double value);
+  explicit JSON(int value);
+  JSON(const char*) = delete;  // would be a bool
+
+  /// @throws std::length_error  the text is longer than `kLongestText`.
+  static JSON makeString(JSON& owner, const std::string& text);
+
+  /// The items in order; their values are moved in and left null.
+  static JSON makeArray(JSON& owner, std::vector<JSON>&& items);
+
+  /// A moved-from JSON may only be assigned to or destroyed.
+  JSON(JSON&& other) noexcept;
+  JSON& operator=(JSON&& other) noexcept;
+  ~JSON();
+
+  /// Whether this is an object with a member of exactly this name: byte for byte, NUL included.
+  bool hasMember(const std::string& key) const;
+
+  /// The first member of that name; a null value when there is none.
+  JSON getMember(const std::string& key) const;
+
+  bool isObject() const;
+  bool isArray() const;
+  bool isString() const;
+  bool isNumber() const;
+  bool isBool() const;
+
+  /// The characters of a string up to the first NUL.
+  std::string getString() const;
+
+  /// The same in place, valid as long as the document.
+  std::string_view getStringView() const;
+
+  /// A number of any kind as a double. "-0" is the integer 0.
+  double getNumber() const;
+
+  /// Whether this is the literal `true`; false for every value of another type.
+  bool getBool() const;
+
+  /// A view of each element of an array.
+  std::vector<JSON> getArray() const;
+
+  /// Calls `visit` for each element of an array in order, with one view that moves along.
+  void forEachElement(const std::function<void(const JSON&)>& visit) const;
+
+  /// The members of an object by their whole names; of members of one name the last.
+  ///
+  /// @throws  what the document's factory makes of the message for a value of another type. A
+  ///          number with a fraction, an exponent or more than 32 bits is no integer.
+  std::map<std::string, int> getStringIntMap() const;
+  std::map<std::string, std::string> getStringStringMap() const;
+
+  /// Appends a member to this object, whether or not one of that name exists. The value is moved in
+  /// and left null.
+  ///
+  /// @throws std::length_error  the key is longer than `kLongestText`.
+  /// @throws std::bad_alloc     this object is empty then.
+  void setMember(JSON& owner, const std::string& key, JSON&& value);
+
+  /// Compact text: no spaces, members in order, doubles in the shortest form that reads back as the
+  /// same double. Recurses over the value's depth, so it is for documents that we built.
+  ///
+  /// @throws std::logic_error  a number is infinite or not a number, which JSON cannot hold.
+  std::string toString() const;
+
+ private:
+  struct Implementation;
+
+  explicit JSON(std::unique_ptr<Implementation> implementation) noexcept;
+
+  std::unique_ptr<Implementation> implementation_;
+};
