@@ -1,5 +1,6 @@
 #pragma once
 
+#include <TrelvonUnits/Factor.h>
 #include <TrelvonUnits/Quantity.h>
 #include <TrelvonUnits/Symbol.h>
 

@@ -1,0 +1,120 @@
+#include "model/RecordAccess.h"
+
+#include <TrelvonUnits/TrelvonUnits.h>
+#include <gtest/gtest.h>
+
+#include <type_traits>
+#include <utility>
+
+namespace Units {
+namespace {
+
+const std::map<std::string, int> powers = {{"a", -2}, {"b", 3}};
+
+const Unit absolute("u", "name", System::Imperial, AbsoluteUnitComponent("parent", 273.15));
+const Unit derived("u", "other", System::Metric,
+                   DerivedUnitComponent(powers, FactorComponent(0.5, {{"f", 1}})));
+const Unit primitive("u", "third", System::Metric, PrimitiveUnitComponent(Dimension("d")));
+
+TEST(Records, HoldWhatTheyWereConstructedWith) {
+  EXPECT_EQ(FactorComponent().getFactor(), 1.0);
+  EXPECT_TRUE(FactorComponent().getParentFactorPowers().empty());
+  EXPECT_EQ(FactorComponent(powers).getFactor(), 1.0);
+  EXPECT_EQ(FactorComponent(powers).getParentFactorPowers(), powers);
+  EXPECT_EQ(FactorComponent(2.5).getFactor(), 2.5);
+  EXPECT_EQ(Factor("f", FactorComponent(2.5, powers)).getFactorComponent().getParentFactorPowers(),
+            powers);
+  EXPECT_FALSE(PrimitiveUnitComponent().getDimension());
+  EXPECT_EQ(derived.getDerivedUnitComponent()->getParentUnitPowers(), powers);
+  EXPECT_EQ(derived.getDerivedUnitComponent()->getFactorComponent().getFactor(), 0.5);
+  EXPECT_EQ(absolute.getAbsoluteUnitComponent()->getParentUnit(), "parent");
+  EXPECT_EQ(absolute.getAbsoluteUnitComponent()->getOffset(), 273.15);
+  EXPECT_EQ(absolute.getUnitSystem(), System::Imperial);
+  EXPECT_EQ(primitive.getPrimitiveUnitComponent()->getDimension(), Dimension("d"));
+
+  const Symbol symbol("s", derived, PrefixOrSuffix("$", Placement::Prefix, true));
+  EXPECT_EQ(symbol.getUnit().getName(), "other");
+  EXPECT_EQ(symbol.getPrefixOrSuffix()->getText(), "$");
+  EXPECT_EQ(symbol.getPrefixOrSuffix()->getPlacement(), Placement::Prefix);
+  EXPECT_TRUE(symbol.getPrefixOrSuffix()->hasSpace());
+
+  const Quantity quantity("q", "quantity", {primitive, absolute, primitive});
+  EXPECT_EQ(quantity.getName(), "quantity");
+  ASSERT_EQ(quantity.getUnits().size(), 3u);
+  EXPECT_EQ(quantity.getUnits()[1].getName(), "name");
+}
+
+TEST(Records, OfThreeComponentsAUnitHasOne) {
+  for (const Unit* unit : {&absolute, &derived, &primitive}) {
+    EXPECT_EQ(unit->getAbsoluteUnitComponent().has_value(), unit == &absolute);
+    EXPECT_EQ(unit->getDerivedUnitComponent().has_value(), unit == &derived);
+    EXPECT_EQ(unit->getPrimitiveUnitComponent().has_value(), unit == &primitive);
+  }
+}
+
+TEST(Records, AreMovedByCopyingAndNeverAssigned) {
+  const std::string longId(100, 'x');
+  Symbol symbol(longId, derived, PrefixOrSuffix(longId, Placement::Suffix, false));
+  const Symbol moved(std::move(symbol));
+  EXPECT_EQ(symbol.getTypeId(), longId);
+  EXPECT_EQ(symbol.getPrefixOrSuffix()->getText(), longId);
+  EXPECT_EQ(symbol.getUnit().getDerivedUnitComponent()->getParentUnitPowers(), powers);
+  EXPECT_EQ(moved.getTypeId(), longId);
+
+  static_assert(!std::is_copy_assignable_v<Unit> && !std::is_move_assignable_v<Unit>);
+  static_assert(!std::is_polymorphic_v<Unit>);
+}
+
+template <class Record>
+class RecordOrder : public testing::Test {};
+
+template <class Record>
+Record named(const std::string& typeId, const std::string& other) {
+  if constexpr (std::is_same_v<Record, Dimension>) return Dimension(typeId);
+  if constexpr (std::is_same_v<Record, Factor>)
+    return Factor(typeId, FactorComponent(static_cast<double>(other.size())));
+  if constexpr (std::is_same_v<Record, Unit>)
+    return Unit(typeId, other, System::Metric, PrimitiveUnitComponent());
+  if constexpr (std::is_same_v<Record, Symbol>)
+    return Symbol(typeId, named<Unit>(other, other), std::nullopt);
+  if constexpr (std::is_same_v<Record, Quantity>) return Quantity(typeId, other, {});
+}
+
+using ComparedRecords = testing::Types<Dimension, Factor, Unit, Symbol, Quantity>;
+TYPED_TEST_SUITE(RecordOrder, ComparedRecords, );
+
+TYPED_TEST(RecordOrder, IsTheByteOrderOfTypeIdsAlone) {
+  const auto a = named<TypeParam>("a", "other");
+  const auto sameId = named<TypeParam>("a", "different");
+  EXPECT_TRUE(a == sameId);
+  EXPECT_FALSE(a != sameId || a < sameId || a > sameId);
+
+  const std::pair<std::string, std::string> ascending[] = {
+      {"a", "ab"}, {"B", "a"}, {"", "a"}, {"z", "\x80"}, {std::string("a\0", 2), "aa"}};
+  for (const auto& [less, greater] : ascending) {
+    const auto low = named<TypeParam>(less, "other");
+    const auto high = named<TypeParam>(greater, "other");
+    EXPECT_TRUE(low < high && high > low && low != high);
+    EXPECT_FALSE(high < low || low > high || low == high);
+  }
+}
+
+template <class E>
+class ExceptionClasses : public testing::Test {};
+
+using AllExceptions = testing::Types<IncompatibleUnitsException, ParseException, PrecisionException,
+                                     UnrecognizedIdentifierException, ValidationException>;
+TYPED_TEST_SUITE(ExceptionClasses, AllExceptions, );
+
+TYPED_TEST(ExceptionClasses, CarryTheirMessageAlone) {
+  static_assert(std::is_base_of_v<std::logic_error, TypeParam>);
+  const std::exception_ptr kept = std::make_exception_ptr(TypeParam("The message."));
+  try {
+    std::rethrow_exception(kept);
+  } catch (const std::logic_error& error) {
+    EXPECT_STREQ(error.what(), "The message.");
+  }
+}
+
+}  // namespace
+}  // namespace Units

@@ -1,0 +1,152 @@
+#include "registry/RecordChecks.h"
+
+#include "registry/AddRecord.h"
+#include "tests/support/Messages.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace Units {
+namespace {
+
+const FactorComponent one;
+const Unit metre("metre", "metre", System::Metric, PrimitiveUnitComponent());
+
+Unit derivedFrom(const std::map<std::string, int>& parents, const FactorComponent& factor = one,
+                 const std::string& name = "name") {
+  return Unit("new", name, System::Metric, DerivedUnitComponent(parents, factor));
+}
+
+/// Two of each, and a pending schema; "absolute" is the absolute unit.
+Registries filled() {
+  Registries registries;
+  addDimension(Dimension("dimension"), registries);
+  addFactor(Factor("factor", one), registries);
+  addUnit(metre, registries);
+  addUnit(Unit("absolute", "scale", System::Metric, AbsoluteUnitComponent("metre", 1.0)),
+          registries);
+  addSymbol(Symbol("symbol", metre, PrefixOrSuffix("m", Placement::Suffix, true)), registries);
+  addQuantity(Quantity("quantity", "length", {metre}), registries);
+  registries.pendingTypeIds.insert("pending");
+  return registries;
+}
+
+struct Refusal {
+  const char* name;
+  std::function<void(Registries&)> add;
+  const char* message;
+};
+
+class RefusedRecords : public testing::TestWithParam<Refusal> {};
+
+TEST_P(RefusedRecords, LeaveNoTrace) {
+  Registries registries = filled();
+  EXPECT_EQ(messageOf<ValidationException>([&] { GetParam().add(registries); }),
+            GetParam().message);
+
+  const Registries before = filled();
+  EXPECT_EQ(registries.dimensions.objects, before.dimensions.objects);
+  EXPECT_EQ(registries.factors.objects, before.factors.objects);
+  EXPECT_EQ(registries.units.objects, before.units.objects);
+  EXPECT_EQ(registries.symbols.objects, before.symbols.objects);
+  EXPECT_EQ(registries.quantities.objects, before.quantities.objects);
+  EXPECT_EQ(registries.registeredTypeIds, before.registeredTypeIds);
+}
+
+#define REFUSED(name, kind, record, message)                                     \
+  Refusal {                                                                      \
+    name, [](Registries& registries) { add##kind(record, registries); }, message \
+  }
+
+const char* const zeroExponent = "A parent may not be raised to a zero exponent.";
+using Powers = std::map<std::string, int>;
+
+INSTANTIATE_TEST_SUITE_P(
+    AddRecord, RefusedRecords,
+    testing::Values(
+        REFUSED("EmptyTypeId", Dimension, Dimension(""), "Typeid must not be empty."),
+        REFUSED("TakenByItself", Dimension, Dimension("dimension"),
+                "Schema with typeid dimension is already registered."),
+        REFUSED("TakenByAnotherKind", Factor, Factor("metre", one),
+                "Schema with typeid metre is already registered."),
+        REFUSED("TakenByAPendingSchema", Quantity, Quantity("pending", "name", {}),
+                "Schema with typeid pending is already registered."),
+        REFUSED("FactorZeroExponentBeforeMissing", Factor,
+                Factor("new", FactorComponent(Powers{{"a", 1}, {"b", 0}})), zeroExponent),
+        REFUSED("FactorFirstMissingInByteOrder", Factor,
+                Factor("new", FactorComponent(Powers{{"b", 1}, {"B", 1}, {"factor", 1}})),
+                "Parent factor B not found."),
+        REFUSED("FactorParentBeforeTypeId", Factor,
+                Factor("factor", FactorComponent(Powers{{"a", 1}})), "Parent factor a not found."),
+        REFUSED("FactorParentOfAnotherKind", Factor,
+                Factor("new", FactorComponent(Powers{{"metre", 1}})),
+                "Parent factor metre not found."),
+        REFUSED("UnitNameFirst", Unit, derivedFrom({}, one, ""), "Unit new has an empty name."),
+        REFUSED("AbsoluteOnUnknown", Unit,
+                Unit("new", "name", System::Metric, AbsoluteUnitComponent("x", 0.0)),
+                "Could not find relative unit with typeid x."),
+        REFUSED("AbsoluteOnAbsolute", Unit,
+                Unit("new", "name", System::Metric, AbsoluteUnitComponent("absolute", 0.0)),
+                "Could not find relative unit with typeid absolute."),
+        REFUSED("DerivedWithoutParents", Unit, derivedFrom({}),
+                "Derived unit new must specify at least one parent unit."),
+        REFUSED("DerivedZeroExponentBeforeMissing", Unit, derivedFrom({{"a", 1}, {"b", 0}}),
+                zeroExponent),
+        REFUSED("DerivedFirstBadParent", Unit, derivedFrom({{"absolute", 1}, {"b", 1}}),
+                "Could not find relative unit with typeid absolute."),
+        REFUSED("DerivedParentsBeforeFactors", Unit,
+                derivedFrom({{"b", 1}}, FactorComponent(Powers{{"factor", 0}})),
+                "Could not find relative unit with typeid b."),
+        REFUSED("DerivedFactorZeroExponent", Unit,
+                derivedFrom({{"metre", 1}}, FactorComponent(Powers{{"a", 1}, {"factor", 0}})),
+                zeroExponent),
+        REFUSED("DerivedFactorMissing", Unit,
+                derivedFrom({{"metre", 1}}, FactorComponent(Powers{{"factor", 1}, {"g", 1}})),
+                "Parent factor g not found."),
+        REFUSED("UnknownDimension", Unit,
+                Unit("new", "name", System::Metric, PrimitiveUnitComponent(Dimension("metre"))),
+                "Could not find dimension metre for primitive unit new."),
+        REFUSED("SymbolMustBeSpecialBeforeItsUnit", Symbol, Symbol("new", derivedFrom({}), {}),
+                "Symbol new must be a prefix or suffix."),
+        REFUSED("SpecialKeyIsCaseSensitive", Symbol, Symbol(":feetandInches-1.0", metre, {}),
+                "Symbol :feetandInches-1.0 must be a prefix or suffix."),
+        REFUSED("SymbolOfUnknownUnit", Symbol, Symbol("a:feetHyphenInches-1", derivedFrom({}), {}),
+                "Could not find unit new for symbol a:feetHyphenInches-1."),
+        REFUSED("SymbolUnitBeforeTypeId", Symbol,
+                Symbol("symbol", derivedFrom({}), PrefixOrSuffix("", Placement::Prefix, false)),
+                "Could not find unit new for symbol symbol."),
+        REFUSED("QuantityNameFirst", Quantity, Quantity("", "", {derivedFrom({})}),
+                "Quantity  has an empty name."),
+        REFUSED("QuantityFirstUnknownUnit", Quantity,
+                Quantity("new", "name", {metre, derivedFrom({})}),
+                "Could not find unit new for quantity new.")),
+    [](const auto& row) { return row.param.name; });
+
+TEST(AddRecord, StoresTheEnginesOwnUnits) {
+  Registries registries = filled();
+  const Unit impostor("metre", "impostor", System::Imperial, AbsoluteUnitComponent("x", 1.0));
+  addSymbol(Symbol("a:metersAndCentimeters-1.0.0", impostor, {}), registries);
+  addQuantity(Quantity("twice", "name", {impostor, metre, impostor}), registries);
+
+  const Symbol& symbol = registries.symbols.objects.at("a:metersAndCentimeters-1.0.0");
+  EXPECT_EQ(symbol.getUnit().getName(), "metre");
+  const auto units = registries.quantities.objects.at("twice").getUnits();
+  ASSERT_EQ(units.size(), 3u);
+  for (const Unit& unit : units) EXPECT_EQ(unit.getName(), "metre");
+}
+
+TEST(AddRecord, AcceptsWhatRestsOnStoredRecords) {
+  Registries registries = filled();
+  addFactor(Factor("f", FactorComponent(-0.0, {{"factor", -2}})), registries);
+  addUnit(derivedFrom({{"metre", -2147483647 - 1}}, FactorComponent(Powers{{"f", 3}})), registries);
+  addUnit(Unit("scale", "scale", System::Metric, AbsoluteUnitComponent("new", -1.0)), registries);
+  addUnit(Unit("p", "p", System::Imperial, PrimitiveUnitComponent(Dimension("dimension"))),
+          registries);
+  for (const char* typeId : {"f", "new", "scale", "p", "pending", "dimension"})
+    EXPECT_TRUE(isRegistered(typeId, registries)) << typeId;
+  EXPECT_FALSE(isRegistered("", registries));
+}
+
+}  // namespace
+}  // namespace Units
