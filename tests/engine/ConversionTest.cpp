@@ -1,0 +1,162 @@
+#include "tests/support/Messages.h"
+
+#include <TrelvonUnits/TrelvonUnits.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <memory>
+
+namespace Units {
+namespace {
+
+/// Primitive units P and M; Q is 5/9 P; A and B are scales on P and Q; L3 and PerL are powers of M
+/// and opposite.
+std::unique_ptr<UnitsEngine> filledEngine() {
+  std::unique_ptr<UnitsEngine> engine(CreateUnitsEngine());
+  const auto add = [&](const char* typeId, const auto& component) {
+    engine->addUnit(Unit(typeId, "name", System::Metric, component));
+  };
+  engine->addDimension(Dimension("d"));
+  add("P", PrimitiveUnitComponent(Dimension("d")));
+  add("M", PrimitiveUnitComponent(Dimension("d")));
+  add("N", PrimitiveUnitComponent());
+  add("Q", DerivedUnitComponent({{"P", 1}}, 5.0 / 9.0));
+  add("A", AbsoluteUnitComponent("P", 273.15));
+  add("B", AbsoluteUnitComponent("Q", 459.67));
+  add("L3", DerivedUnitComponent({{"M", 3}}, 0.001));
+  add("PerL", DerivedUnitComponent({{"M", -3}}, 7.0));
+  add("Speed", DerivedUnitComponent({{"M", 1}, {"P", -1}}, FactorComponent()));
+  add("Slow", DerivedUnitComponent({{"M", -1}, {"P", 1}}, FactorComponent()));
+  add("MP", DerivedUnitComponent({{"M", 1}, {"P", 1}}, FactorComponent()));
+  add("PerM", DerivedUnitComponent({{"M", -1}}, FactorComponent()));
+  add("None", DerivedUnitComponent({{"M", 1}, {"PerM", 1}}, FactorComponent(100.0)));
+  return engine;
+}
+
+struct Row {
+  double value;
+  const char* from;
+  const char* to;
+  double expected;
+};
+
+TEST(Conversion, IsExactToTheBit) {
+  const auto engine = filledEngine();
+  const double infinity = std::numeric_limits<double>::infinity();
+  const Row rows[] = {
+      {1e300, "P", "P", 1e300},
+      {-0.0, "P", "P", 0.0},  // 0.0 + -0.0 is +0.0
+      {0.1, "P", "P", 0.1},
+      {0.0, "A", "B", 31.999999999999943},
+      {100.0, "A", "B", 211.99999999999994},
+      {1.0, "P", "Q", 1.0 / (5.0 / 9.0)},
+      {2.0, "L3", "PerL", std::pow(0.002, -1.0) / 7.0},
+      {0.0, "L3", "PerL", infinity},
+      {-0.0, "L3", "PerL", infinity},
+      {infinity, "PerL", "L3", 0.0},
+      {4.0, "Speed", "Slow", 0.25},
+  };
+  for (const Row& row : rows) {
+    const double converted = engine->convert(row.value, row.from, row.to);
+    EXPECT_EQ(std::memcmp(&converted, &row.expected, sizeof converted), 0)
+        << row.value << ' ' << row.from << ' ' << row.to << " gives " << converted;
+  }
+}
+
+TEST(Conversion, RefusesWhatDoesNotFit) {
+  const auto engine = filledEngine();
+  const std::pair<const char*, const char*> refused[] = {
+      {"P", "M"},       // two primitive units, whatever dimension they share
+      {"P", "A"},       // a scale against a relative unit, although both reduce to P
+      {"A", "P"},       //
+      {"Speed", "MP"},  // exponents the same here and opposite there
+      {"M", "L3"},      //
+      {"None", "M"}};
+  for (const auto& [from, to] : refused) {
+    EXPECT_FALSE(engine->canConvert(from, to)) << from << ' ' << to;
+    EXPECT_EQ(messageOf<IncompatibleUnitsException>(
+                  [&, a = from, b = to] { engine->convert(1.0, a, b); }),
+              std::string("Cannot convert between units ") + from + " and " + to + ".");
+  }
+  for (const auto& [from, to] :
+       {std::pair("A", "B"), {"L3", "PerL"}, {"PerL", "L3"}, {"None", "None"}, {"Slow", "Speed"}})
+    EXPECT_TRUE(engine->canConvert(from, to)) << from << ' ' << to;
+}
+
+TEST(Conversion, LooksTheFirstUnitUpFirst) {
+  const auto engine = filledEngine();
+  const std::pair<std::pair<const char*, const char*>, const char*> rows[] = {
+      {{"x", "y"}, "Could not find unit with typeid x."},
+      {{"P", "y"}, "Could not find unit with typeid y."},
+      {{"d", "P"}, "Could not find unit with typeid d."},
+      {{"", "P"}, "Could not find unit with typeid ."}};
+  for (const auto& [ids, message] : rows) {
+    const auto& [from, to] = ids;
+    EXPECT_EQ(messageOf<UnrecognizedIdentifierException>(
+                  [&, a = from, b = to] { engine->convert(1.0, a, b); }),
+              message);
+    EXPECT_EQ(messageOf<UnrecognizedIdentifierException>(
+                  [&, a = from, b = to] { engine->canConvert(a, b); }),
+              message);
+  }
+}
+
+template <class Record>
+std::string idsOf(const std::map<std::string, Record>& records) {
+  std::string ids;
+  for (const auto& [typeId, record] : records) {
+    EXPECT_EQ(typeId, record.getTypeId());
+    ids += (ids.empty() ? "" : " ") + typeId;
+  }
+  return ids;
+}
+
+TEST(UnitQueries, GiveTheUnitsThatFit) {
+  const auto engine = filledEngine();
+  EXPECT_EQ(idsOf(engine->getPrimitiveUnits()), "M N P");
+  EXPECT_EQ(idsOf(engine->getPrimitiveUnitsOfDimension(Dimension("d"))), "M P");
+  EXPECT_EQ(idsOf(engine->getPrimitiveUnitsOfDimension(std::nullopt)), "N");
+  EXPECT_EQ(idsOf(engine->getPrimitiveUnitsOfDimension(Dimension("e"))), "");
+  EXPECT_EQ(idsOf(engine->getConvertibleUnits("P")), "P Q");
+  EXPECT_EQ(idsOf(engine->getConvertibleUnits("A")), "A B");
+  EXPECT_EQ(idsOf(engine->getConvertibleUnits("M")), "M PerM");
+  EXPECT_EQ(idsOf(engine->getUnitsWithPrimitivePowers({{"P", 1}, {"M", 0}})), "A B P Q");
+  EXPECT_EQ(idsOf(engine->getUnitsWithPrimitivePowers({{"M", -3}})), "PerL");
+  EXPECT_EQ(idsOf(engine->getUnitsWithPrimitivePowers({})), "None");
+}
+
+TEST(UnitQueries, AskForSymbolsAndQuantitiesByUnit) {
+  const auto engine = filledEngine();
+  const auto unit = [&](const char* typeId) { return engine->getUnit(typeId); };
+  engine->addSymbol(Symbol("s1", unit("P"), PrefixOrSuffix("p", Placement::Suffix, true)));
+  engine->addSymbol(Symbol("s2", unit("Q"), PrefixOrSuffix("q", Placement::Suffix, true)));
+  engine->addQuantity(Quantity("q1", "both", {unit("P"), unit("Q"), unit("P")}));
+  engine->addQuantity(Quantity("q2", "one", {unit("P")}));
+  EXPECT_EQ(idsOf(engine->getSymbolsOfUnit("P")), "s1");
+  EXPECT_EQ(idsOf(engine->getSymbolsOfUnit("M")), "");
+  EXPECT_EQ(idsOf(engine->getQuantitiesOfUnit("P")), "q1 q2");
+  EXPECT_EQ(idsOf(engine->getQuantitiesOfUnit("Q")), "q1");
+  EXPECT_EQ(idsOf(engine->getQuantitiesOfUnit("M")), "");
+}
+
+TEST(UnitQueries, RefuseUnknownUnits) {
+  const auto engine = filledEngine();
+  const std::string unknown = "Could not find unit with typeid x.";
+  using E = UnrecognizedIdentifierException;
+  EXPECT_EQ(messageOf<E>([&] { engine->getConvertibleUnits("x"); }), unknown);
+  EXPECT_EQ(messageOf<E>([&] { engine->getSymbolsOfUnit("x"); }), unknown);
+  EXPECT_EQ(messageOf<E>([&] { engine->getQuantitiesOfUnit("x"); }), unknown);
+  EXPECT_EQ(messageOf<E>([&] {
+              engine->getUnitsWithPrimitivePowers({{"M", 1}, {"x", 0}, {"y", 1}});
+            }),
+            unknown);
+
+  const std::unique_ptr<UnitsEngine> empty(CreateUnitsEngine());
+  EXPECT_TRUE(empty->getConvertibleUnits("x").empty());
+  EXPECT_EQ(messageOf<E>([&] { empty->getSymbolsOfUnit("x"); }), unknown);
+}
+
+}  // namespace
+}  // namespace Units

@@ -1,0 +1,194 @@
+#include "engine/Reduction.h"
+
+#include "model/RecordAccess.h"
+#include "tests/engine/ReferenceReduction.h"
+#include "tests/support/Messages.h"
+#include "tests/support/SmallStack.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <limits>
+#include <random>
+
+namespace Units {
+namespace {
+
+Unit primitive(const std::string& typeId) {
+  return Unit(typeId, "name", System::Metric, PrimitiveUnitComponent());
+}
+
+Unit derived(const std::string& typeId, const std::map<std::string, int>& parents,
+             const FactorComponent& factor = {}) {
+  return Unit(typeId, "name", System::Metric, DerivedUnitComponent(parents, factor));
+}
+
+template <class Record>
+void put(RecordMap<Record>& records, const Record& record) {
+  records.emplace(record.getTypeId(), record);
+}
+
+PrimitivePowers asMap(const Powers& powers) {
+  return PrimitivePowers(powers.begin(), powers.end());
+}
+
+TEST(Reduction, AgreesWithTheRecursiveWalkOnRandomGraphs) {
+  std::mt19937 random(1);
+  const auto pick = [&](int limit) { return static_cast<int>(random() % unsigned(limit)); };
+  const int exponents[] = {-3, -2, -1, 1, 1, 2};
+  for (int graph = 0; graph < 2000; ++graph) {
+    RecordMap<Factor> factors;
+    RecordMap<Unit> units;
+    // Ids descend as often as they ascend, so that parents come before and after their children.
+    const auto name = [&](char kind, int i) { return kind + std::to_string((i * 7) % 10); };
+    const auto parentsBelow = [&](char kind, int i) {
+      std::map<std::string, int> parents;
+      for (int n = pick(3); n-- > 0 && i > 0;) parents[name(kind, pick(i))] = exponents[pick(6)];
+      return parents;
+    };
+    const auto number = [&] { return std::ldexp(1 + pick(1 << 20), pick(20) - 30); };
+    for (int i = 0; i < 10; ++i)
+      put(factors, Factor(name('f', i), FactorComponent(number(), parentsBelow('f', i))));
+    for (int i = 0; i < 10; ++i) {
+      const auto parents = parentsBelow('u', i);
+      put(units, parents.empty() ? primitive(name('u', i))
+                                 : derived(name('u', i), parents,
+                                           FactorComponent(number(), parentsBelow('f', pick(10)))));
+    }
+    Reducer reducer(units, factors);
+    const Reference reference{units, factors};
+    for (const auto& [typeId, unit] : units) {
+      double factor;
+      PrimitivePowers powers;
+      reference.reduce(unit, factor, powers);
+      const ReducedUnit reduced = reducer.reduce(unit);
+      EXPECT_EQ(std::memcmp(&reduced.factor, &factor, sizeof factor), 0) << graph << typeId;
+      EXPECT_EQ(asMap(reduced.powers), powers) << graph << typeId;
+      EXPECT_EQ(reduced.offset, 0.0);
+    }
+  }
+}
+
+TEST(Reduction, OfUnitsThatShareParentsCostsTheirNumber) {
+  RecordMap<Factor> factors;
+  RecordMap<Unit> units;
+  put(units, primitive("u00"));
+  put(units, primitive("v00"));
+  put(factors, Factor("f00", FactorComponent(1.0)));
+  put(factors, Factor("g00", FactorComponent(1.0)));
+  const auto level = [](char kind, int i) {
+    return kind + std::string(i < 10 ? "0" : "") + std::to_string(i);
+  };
+  for (int i = 1; i <= 64; ++i) {
+    for (const char kind : {'f', 'g'})
+      put(factors, Factor(level(kind, i),
+                          FactorComponent(1.0, {{level('f', i - 1), 1}, {level('g', i - 1), -1}})));
+    for (const char kind : {'u', 'v'})
+      put(units, derived(level(kind, i), {{level('u', i - 1), 1}, {level('v', i - 1), -1}},
+                         FactorComponent(1.0, {{level('f', i), 1}})));
+  }
+  EXPECT_EQ(Reducer(units, factors).reduce(units.at("u64")).factor, 1.0);
+}
+
+TEST(Reduction, OfALongChainNeedsNoStack) {
+  const int length = 100000;
+  const auto name = [](char kind, int i) {
+    return kind + std::string(6 - std::to_string(i).size(), '0') + std::to_string(i);
+  };
+  RecordMap<Factor> factors;
+  RecordMap<Unit> units;
+  put(factors, Factor(name('f', 0), FactorComponent(1.0)));
+  put(units, primitive(name('u', 0)));
+  for (int i = 1; i < length; ++i) {
+    put(factors,
+        Factor(name('f', i), FactorComponent(i == 1 ? 3.0 : 1.0, {{name('f', i - 1), 1}})));
+    put(units, derived(name('u', i), {{name('u', i - 1), 1}}));
+  }
+  put(units, derived("top", {{name('u', length - 1), 2}},
+                     FactorComponent(1.0, {{name('f', length - 1), 1}})));
+  onSmallStack([&] {
+    Reducer reducer(units, factors);
+    const ReducedUnit reduced = reducer.reduce(units.at("top"));
+    EXPECT_EQ(reduced.factor, 3.0);
+    EXPECT_EQ(asMap(reduced.powers), (PrimitivePowers{{name('u', 0), 2}}));
+  });
+}
+
+TEST(Reduction, KeepsExponentsThatCancelAndStaysWithin32Bits) {
+  const int most = std::numeric_limits<int>::max();
+  const int least = std::numeric_limits<int>::min();
+  RecordMap<Unit> units;
+  for (const Unit& unit :
+       {primitive("m"), derived("M", {{"m", -1}}), derived("none", {{"M", 1}, {"m", 1}}),
+        derived("ofNone", {{"none", 5}}), derived("huge", {{"m", most}}),
+        derived("product", {{"huge", 2}}), derived("negative", {{"huge", -2}}),
+        derived("sum", {{"huge", 1}, {"m", 1}}), derived("least", {{"m", least}}),
+        derived("turned", {{"least", -1}}), derived("wrapped", {{"least", least}})})
+    put(units, unit);
+  const std::pair<const char*, PrimitivePowers> rows[] = {
+      {"none", {{"m", 0}}},         {"ofNone", {}},
+      {"huge", {{"m", most}}},      {"product", {{"m", most}}},
+      {"negative", {{"m", least}}}, {"sum", {{"m", most}}},
+      {"turned", {{"m", most}}},    {"wrapped", {{"m", most}}}};
+  const RecordMap<Factor> factors;
+  Reducer reducer(units, factors);
+  for (const auto& [typeId, powers] : rows)
+    EXPECT_EQ(asMap(reducer.reduce(units.at(typeId)).powers), powers) << typeId;
+}
+
+TEST(Reduction, ReportsTheFirstFaultOnItsWay) {
+  RecordMap<Factor> factors;
+  put(factors, Factor("f", FactorComponent(1.0, {{"gone", 1}})));
+  RecordMap<Unit> units;
+  for (const Unit& unit :
+       {primitive("m"), derived("badFactor", {{"absent", 1}}, FactorComponent(1.0, {{"f", 1}})),
+        derived("badUnit", {{"absent", 1}, {"badFactor", 1}}),
+        Unit("scale", "n", System::Metric, AbsoluteUnitComponent("m", 1.0)),
+        derived("onScale", {{"scale", 1}, {"z", 1}}),
+        Unit("scaleOnScale", "n", System::Metric, AbsoluteUnitComponent("scale", 1.0))})
+    put(units, unit);
+  Reducer reducer(units, factors);
+  const auto refused = [&](auto exception, const char* typeId) {
+    return messageOf<decltype(exception)>([&] { reducer.reduce(units.at(typeId)); });
+  };
+  const UnrecognizedIdentifierException unknown("");
+  const IncompatibleUnitsException incompatible("");
+  EXPECT_EQ(refused(unknown, "badFactor"), "Could not find factor with typeid gone.");
+  EXPECT_EQ(refused(unknown, "badUnit"), "Could not find unit with typeid absent.");
+  for (const char* typeId : {"onScale", "scaleOnScale"})
+    EXPECT_EQ(refused(incompatible, typeId),
+              "Parent unit scale is absolute, but all parent units must be relative.");
+}
+
+struct Comparison {
+  PrimitivePowers a;
+  PrimitivePowers b;
+  bool compatible;
+  bool inverted;
+};
+
+TEST(Powers, AreTheSameOrReciprocalOrNeither) {
+  const int least = std::numeric_limits<int>::min();
+  const Comparison rows[] = {
+      {{}, {}, true, false},
+      {{{"a", 0}}, {}, true, false},
+      {{{"a", 0}, {"b", 2}, {"c", 0}}, {{"b", 2}, {"d", 0}}, true, false},
+      {{{"a", 1}, {"b", -1}}, {{"a", -1}, {"b", 1}}, true, true},
+      {{{"a", 1}, {"b", -1}}, {{"a", 1}, {"b", 1}}, false, false},
+      {{{"a", 1}}, {{"b", 1}}, false, false},
+      {{{"a", 1}}, {{"a", 1}, {"b", 1}}, false, false},
+      {{{"a", 1}, {"b", 1}}, {{"a", 1}}, false, false},
+      {{{"a", 2}}, {{"a", -1}}, false, false},
+      {{{"a", least}}, {{"a", least}}, true, false},
+      {{{"a", least}}, {{"a", least + 1}}, false, false},
+      {{{"a", least}}, {{"a", -(least + 1)}}, false, false},
+  };
+  for (const Comparison& row : rows) {
+    bool inverted = !row.inverted;
+    EXPECT_EQ(arePowersCompatible(row.a, row.b, inverted), row.compatible) << (&row - rows);
+    EXPECT_EQ(inverted, row.inverted) << (&row - rows);
+  }
+}
+
+}  // namespace
+}  // namespace Units
