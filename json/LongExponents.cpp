@@ -1,0 +1,65 @@
+#include "json/LongExponents.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace {
+
+/// Digits of an exponent that the reader may see: sums of 999999999 and a count of places fit.
+constexpr std::size_t kSafeDigits = 9;
+
+/// Digits of an exponent, from `begin` up to `end`; none when both are the end of the text.
+struct Digits {
+  std::size_t begin;
+  std::size_t end;
+};
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+bool isExponent(std::string_view text, std::size_t begin) {
+  if (begin > 0 && (text[begin - 1] == '-' || text[begin - 1] == '+')) --begin;
+  return begin > 0 && (text[begin - 1] == 'e' || text[begin - 1] == 'E');
+}
+
+/// The next exponent that is too long. Ten digits in a row cover every tenth place, so that other
+/// texts cost one look at ten bytes.
+Digits nextLongExponent(std::string_view text, std::size_t from) {
+  for (std::size_t place = from + kSafeDigits; place < text.size(); place += kSafeDigits + 1) {
+    if (!isDigit(text[place])) continue;
+    std::size_t begin = place;
+    std::size_t end = place + 1;
+    while (begin > from && isDigit(text[begin - 1])) --begin;
+    while (end < text.size() && isDigit(text[end])) ++end;
+    if (end - begin > kSafeDigits && isExponent(text, begin)) return {begin, end};
+    place = end;
+  }
+  return {text.size(), text.size()};
+}
+
+void bound(std::string& text, Digits digits) {
+  const auto begin = text.begin() + static_cast<std::ptrdiff_t>(digits.begin);
+  const auto end = text.begin() + static_cast<std::ptrdiff_t>(digits.end);
+  const auto nines = end - static_cast<std::ptrdiff_t>(kSafeDigits);
+  if (std::all_of(begin, nines, [](char c) { return c == '0'; })) return;
+  std::fill(begin, nines, '0');
+  std::fill(nines, end, '9');
+}
+
+}  // namespace
+
+std::optional<std::string> withBoundedExponents(std::string_view text) {
+  Digits digits = nextLongExponent(text, 0);
+  if (digits.begin == digits.end) return std::nullopt;
+
+  std::string bounded(text);
+  bool inString = false;
+  std::size_t place = 0;
+  for (; digits.begin < digits.end; digits = nextLongExponent(text, digits.end)) {
+    for (; place < digits.begin; ++place) {
+      if (text[place] == '"') inString = !inString;
+      if (text[place] == '\\' && inString) ++place;
+    }
+    if (!inString) bound(bounded, digits);
+  }
+  return bounded;
+}
