@@ -98,9 +98,8 @@ class Definition:
         self.source = self.document["source"]
         self.constants = {c["id"]: c for c in self.document["constants"]}
 
-    @property
-    def local(self):
-        return self.id.split(":", 1)[1].rsplit("-", 1)[0]
+        self.namespace = self.id.split(":", 1)[0].removeprefix("trelvon.")
+        self.local = self.id.split(":", 1)[1].rsplit("-", 1)[0]
 
     def value(self, constant, default=None):
         return self.constants.get(constant, {}).get("value", default)
@@ -148,7 +147,7 @@ class Catalogue:
         return [one for one in self.files.values() if one.kind == kind]
 
     def exact_factor(self, definition):
-        """(fraction, power of pi) of a factor, or of what a derived unit multiplies its parents by."""
+        """(fraction, power of pi) of a factor, or of the number that a derived unit begins with."""
         value = definition.value("factor", Number("1")).exact()
         if definition.id == "trelvon.factor:pi-1.0.0":  # its literal is the double nearest to pi
             return Fraction(1), 1

@@ -1,0 +1,247 @@
+"""What the files of the catalogue must satisfy. Each check takes a catalogue, returns complaints.
+
+Values are compared as fractions and powers of pi, so nothing here depends on how a double rounds.
+"""
+
+import json
+import re
+from collections import Counter
+from fractions import Fraction
+
+import catalogue as lib
+
+# Units whose powers cancel on purpose: percentages and their like, see schemas/README.md.
+DIMENSIONLESS = (
+    "unity percent perMille partPerMillion partPerBillion millimeterPerMeter inchPerFoot "
+    "microstrain gramPerKilogram grainPerPound milligramPerKilogram btuPerWattHour"
+).split()
+
+# Units without an exact definition, and quantities that list units and their reciprocals.
+INEXACT = {"dalton": "measured", "horsepowerBoiler": "rounded"}
+RECIPROCALS_MIXED = ["fuelEconomy", "energyPerDistance"]
+
+# The packs that a pack may refer to.
+VISIBLE = {
+    "core": ["core"],
+    "symbols": ["core"],
+    "aliases": ["core"],
+    "legacy": ["core", "legacy"],
+    "gauge": ["core", "gauge"],
+}
+
+# Where files lie, by pack and namespace; * is the group.
+FOLDERS = {
+    ("core", "dimension"): "core/dimensions",
+    ("core", "factor"): "core/factors",
+    ("core", "unit"): "core/units/*",
+    ("core", "quantity"): "core/quantities",
+    ("symbols", "symbol"): "symbols/*/display",
+    ("aliases", "symbolAlias"): "aliases/*/spellings",
+    ("legacy", "unit"): "legacy/units",
+    ("legacy", "symbol"): "legacy/symbols",
+    ("legacy", "quantity"): "legacy/quantities",
+    ("gauge", "unit"): "gauge/units",
+    ("gauge", "symbol"): "gauge/symbols",
+    ("gauge", "symbolAlias"): "gauge/aliases",
+    ("gauge", "quantity"): "gauge/quantities",
+}
+
+# Constants in the order in which the engine writes them.
+CONSTANTS = {
+    "dimension": "",
+    "factor": "factor",
+    "unit.primitive.dimensional": "name unitSystem dimension",
+    "unit.derived": "name unitSystem factor parentFactors? parentUnits",
+    "unit.absolute": "name unitSystem parentUnit offset",
+    "symbol": "unit",
+    "symbol.prefixOrSuffix": "unit text placement space",
+    "quantity": "name units",
+}
+
+# Members of the provenance, in order.
+SOURCES = {
+    "dimension": "document note",
+    "factor": "document exact piPower note",
+    "unit": "document exact piPower exactness note?",
+    "symbol": "document",
+    "symbolAlias": "note",
+    "quantity": "document note?",
+}
+
+PLURALS = {
+    "dimension": "dimensions",
+    "factor": "factors",
+    "unit": "units",
+    "symbol": "symbols",
+    "quantity": "quantities",
+}
+
+# pi to 80 decimals: far more than it takes to find the nearest double.
+PI = Fraction(
+    314159265358979323846264338327950288419716939937510582097494459230781640628620899, 10**80
+)
+
+
+def manifest(catalogue, counts=None):
+    """The records that are there are those that the manifest promises."""
+    counts = counts or json.loads((catalogue.root / "manifest.json").read_text(encoding="utf-8"))
+    promised = {
+        (row["pack"], plural): row[plural] for row in counts["packs"] for plural in PLURALS.values()
+    }
+    found = Counter((one.pack, PLURALS[one.kind]) for one in catalogue.files.values())
+    return [
+        f"{pack}: {found[pack, kind]} {kind}, but {promised.get((pack, kind), 0)} are promised"
+        for pack, kind in sorted(set(found) | set(promised))
+        if found[pack, kind] != promised.get((pack, kind), 0)
+    ]
+
+
+def fits(pattern, words):
+    """Whether words stand as the pattern has them, where ? marks one that may be missing."""
+    expression = "".join(
+        f"(?:{word[:-1]} )?" if word.endswith("?") else f"{word} " for word in pattern.split()
+    )
+    return re.fullmatch(expression, "".join(word + " " for word in words)) is not None
+
+
+def layout(catalogue):
+    """Same members, same order, same formatting in all files."""
+    complaints = []
+    for path, one in catalogue.files.items():
+        if lib.render(one.document) != one.text:
+            complaints.append(f"{path}: is not laid out as the others are")
+        if list(one.document) != ["typeid", "inherits", "constants", "source"]:
+            complaints.append(f"{path}: members {list(one.document)}")
+        constants = [constant["id"] for constant in one.document["constants"]]
+        if not fits(CONSTANTS[one.base], constants):
+            complaints.append(f"{path}: constants {constants}")
+        expected = "note" if one.base == "symbol" else SOURCES[one.namespace]
+        if not fits(expected, one.source):
+            complaints.append(f"{path}: source members {list(one.source)}")
+    return complaints
+
+
+def names(catalogue):
+    """Type ids, file names and folders agree; one version of each; no name is taken twice."""
+    complaints = []
+    ids = Counter(one.id for one in catalogue.files.values())
+    folded = Counter(path.lower() for path in catalogue.files)
+    units = Counter(unit.value("name") for unit in catalogue.of("unit"))
+    for path, one in catalogue.files.items():
+        folder, file = path.rsplit("/", 1)
+        expected = FOLDERS.get((one.pack, one.namespace), "nowhere")
+        if not re.fullmatch(expected.replace("*", "[A-Za-z]+"), folder):
+            complaints.append(f"{path}: belongs into {expected}")
+        if file != one.local + ".json":
+            complaints.append(f"{path}: holds {one.local}")
+        if not re.fullmatch(r"trelvon\.[A-Za-z]+:[A-Za-z0-9_.]+-1\.0\.0", one.id):
+            complaints.append(f"{path}: type id {one.id}")
+        if one.namespace.removesuffix("Alias") != one.kind:
+            complaints.append(f"{path}: a {one.kind} in the namespace {one.namespace}")
+        if ids[one.id] > 1 or folded[path.lower()] > 1:
+            complaints.append(f"{path}: its name is taken by another file")
+        if one.kind == "unit" and units[one.value("name")] > 1:
+            complaints.append(f"{path}: two units are called {one.value('name')}")
+    return complaints
+
+
+def references(catalogue):
+    """A pack refers to itself and to packs above it, and to nothing that is not there."""
+    complaints = []
+    for path, one in catalogue.files.items():
+        for name in one.references():
+            target = catalogue.by_id.get(name)
+            if target is None or target.pack not in VISIBLE[one.pack]:
+                complaints.append(f"{path}: {name} is not in {VISIBLE[one.pack]}")
+    return complaints
+
+
+def documents(catalogue):
+    """Every document that a definition names is described, and the other way round."""
+    known = json.loads((catalogue.root / "sources.json").read_text(encoding="utf-8"))
+    named = {
+        (key, path)
+        for path, one in catalogue.files.items()
+        if one.kind != "symbol"  # whose documents are those of its unit
+        for key in one.source["document"]
+    }
+    # SP 1038 was compared throughout, but never cited: its factors are those of SP 811.
+    unused = set(known) - {key for key, _ in named} - {"1038"}
+    complaints = [f"sources.json: nothing names {key}" for key in sorted(unused)]
+    return complaints + [
+        f"{path}: unknown document {key}" for key, path in sorted(named) if key not in known
+    ]
+
+
+def exactness(catalogue):
+    """Each definition, computed with fractions, gives the value that its source states."""
+    complaints = []
+    for one in catalogue.of("factor") + catalogue.of("unit"):
+        stated = one.stated_value()
+        if one.kind == "factor":
+            computed = catalogue.exact_factor(one)
+            literal = one.value("factor")
+        elif one.base == "unit.absolute":
+            literal = one.value("offset")
+            parent = catalogue.reduce(one.id)[0]
+            computed = (literal.exact(), 0)
+            if one.local.endswith("Gauge"):  # above one standard atmosphere
+                computed = (101325 / parent, 0)
+        else:
+            computed = catalogue.reduce(one.id)[:2]
+            literal = None
+        if computed != stated:
+            complaints.append(f"{one.path}: computes to {computed[0]} pi^{computed[1]}")
+        if literal and float(literal) != float(stated[0] * PI ** stated[1]):
+            complaints.append(f"{one.path}: {literal} is not the double nearest to its value")
+        if one.kind == "unit" and one.source["exactness"] != INEXACT.get(one.local, "exact"):
+            complaints.append(f"{one.path}: is {one.source['exactness']}")
+    return complaints
+
+
+def cancelled_powers(catalogue):
+    """No power cancels to 0, dimensionless units apart: sums in formulas would fail."""
+    complaints = []
+    for unit in catalogue.of("unit"):
+        powers = catalogue.reduce(unit.id)[2]
+        if unit.local in DIMENSIONLESS:
+            if powers != {"trelvon.unit:meter-1.0.0": 0}:
+                complaints.append(f"{unit.path}: reduces to {powers}")
+        elif 0 in powers.values():
+            complaints.append(f"{unit.path}: a power cancels, {powers}")
+    return complaints
+
+
+def quantities(catalogue):
+    """Units of a quantity convert into each other; each unit is in a quantity."""
+    complaints = []
+    listed = set()
+    for quantity in catalogue.of("quantity"):
+        units = quantity.units()
+        listed |= set(units)
+        if len(set(units)) != len(units):
+            complaints.append(f"{quantity.path}: lists a unit twice")
+        if len({catalogue.by_id[unit].base == "unit.absolute" for unit in units}) > 1:
+            complaints.append(f"{quantity.path}: mixes absolute and relative units")
+        first = catalogue.reduce(units[0])[2]
+        allowed = [first]
+        if quantity.local in RECIPROCALS_MIXED:
+            allowed.append({primitive: -power for primitive, power in first.items()})
+        for unit in units:
+            if catalogue.reduce(unit)[2] not in allowed:
+                complaints.append(f"{quantity.path}: {unit} has other powers than the first unit")
+    return complaints + [
+        f"{unit.path}: is in no quantity" for unit in catalogue.of("unit") if unit.id not in listed
+    ]
+
+
+ALL = [
+    manifest,
+    layout,
+    names,
+    references,
+    documents,
+    exactness,
+    cancelled_powers,
+    quantities,
+]

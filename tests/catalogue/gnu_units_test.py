@@ -1,0 +1,94 @@
+"""A second source: GNU units knows the same values, from its own definitions.
+
+Each row of gnu-units.tsv asks it for a unit by the unit's name, in SI units. Rows that are not
+comparable rest on older constants there. Skipped where the program is missing.
+"""
+
+import pathlib
+import shutil
+import subprocess
+import sys
+import unittest
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
+
+import catalogue as lib
+from definition_checks import PI
+
+TABLE = pathlib.Path(__file__).with_name("gnu-units.tsv")
+SKIPPED = 77
+TOLERANCE = 2e-14
+SI = {
+    "meter": "m", "kilogram": "kg", "second": "s", "ampere": "A", "kelvin": "K", "mole": "mol",
+    "candela": "cd", "radian": "radian", "bit": "bit",
+}  # fmt: skip
+
+
+def ask(pairs):
+    """The values of (have, want) pairs, all from one process."""
+    asked = "".join(f"{have}\n{want}\n" for have, want in pairs)
+    command = ["units", "-1", "--strict", "-q", "-o", "%.17g", "-t"]
+    answer = subprocess.run(command, input=asked, capture_output=True, text=True, check=False)
+    numbers = answer.stdout.split("\n")[:-1]
+    if len(numbers) != len(pairs):  # one was not understood: ask for each, to learn which
+        numbers = []
+        for have, want in pairs:
+            single = [*command, have, want]
+            one = subprocess.run(single, capture_output=True, text=True, check=False)
+            numbers.append(one.stdout.strip())
+    return numbers
+
+
+def disagreements(rows, values):
+    """Rows whose value GNU units does not confirm."""
+    found = []
+    for row, answer in zip(rows, ask([row[1:3] for row in rows])):
+        try:
+            good = abs(float(answer) / values[row[0]] - 1) <= TOLERANCE
+        except ValueError:
+            good = False
+        if not good:
+            found.append(f"{row[0]}: {values[row[0]]!r} here, {answer} there")
+    return found
+
+
+class GnuUnits(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        lines = TABLE.read_text(encoding="utf-8").split("\n")[1:-1]
+        cls.rows = [line.split("\t") for line in lines]
+        cls.shipped = lib.Catalogue()
+        cls.values = {}
+        cls.wants = {}
+        for unit in cls.shipped.of("unit"):
+            if unit.base != "unit.absolute" and unit.pack != "gauge":
+                value, pi, powers = cls.shipped.reduce(unit.id)
+                cls.values[unit.local] = float(value * PI**pi)
+                names = {SI[cls.shipped.by_id[one].local]: power for one, power in powers.items()}
+                wants = {f"{name}^{power}" for name, power in names.items() if power}
+                cls.wants[unit.local] = wants or {"1"}
+
+    def test_the_table_asks_for_every_unit_in_its_own_powers(self):
+        self.assertEqual({row[0]: set(row[2].split(" ")) for row in self.rows}, self.wants)
+
+    def test_agrees(self):
+        comparable = [row for row in self.rows if row[3] == "true"]
+        self.assertEqual(len(comparable), len(self.rows) - 1)
+        self.assertEqual(disagreements(comparable, self.values), [])
+
+    def test_knows_the_scales_of_temperature(self):
+        asked = [("tempC(100)", "tempF"), ("tempF(32)", "K"), ("tempC(-40)", "degR")]
+        for pair, expected in zip(asked, (212, 273.15, 419.67)):
+            self.assertAlmostEqual(float(ask([pair])[0]), expected, places=9)
+
+    def test_would_see_a_wrong_value(self):
+        row = next(row for row in self.rows if row[0] == "foot")
+        self.assertEqual(disagreements([row], {"foot": 0.3048 * (1 + 1e-13)})[0][:5], "foot:")
+        self.assertEqual(disagreements([["foot", "foot", "kg", ""]], self.values)[0][:5], "foot:")
+
+
+if __name__ == "__main__":
+    if shutil.which("units") is None:
+        print("GNU units is not installed.")
+        sys.exit(SKIPPED)
+    unittest.main()

@@ -1,0 +1,133 @@
+"""The JSON Schema for editors accepts every shipped file and refuses the usual slips of the pen.
+
+Skipped where the package jsonschema is missing.
+"""
+
+import json
+import pathlib
+import sys
+import unittest
+
+try:
+    import jsonschema
+except ImportError:
+    print("The Python package jsonschema is not installed.")
+    sys.exit(77)
+
+SCHEMAS = pathlib.Path(__file__).resolve().parents[2] / "schemas"
+
+DIMENSION = "core/dimensions/length.json"
+FACTOR = "core/factors/kilo.json"
+PRIMITIVE = "core/units/length/meter.json"
+DERIVED = "core/units/mass/slug.json"
+ABSOLUTE = "core/units/temperature/degreeCelsius.json"
+COMPOSITE = "symbols/composite/display/feetAndInches.json"
+SUFFIX = "symbols/length/display/foot.json"
+QUANTITY = "core/quantities/solidAngle.json"
+
+# file, what stands there, what is put in its place
+FAULTS = [
+    (DERIVED, '"typeid": "trelvon.unit:slug-1.0.0",\n', ""),
+    (DERIVED, '"trelvon.unit:slug-1.0.0"', '""'),
+    (DERIVED, '"trelvon.unit:slug-1.0.0"', "5"),
+    (DERIVED, '"inherits"', '"inherit"'),
+    (DERIVED, '["vellamor.unit:unit.derived-1.0.0"]', "[]"),
+    (DERIVED, '["vellamor.unit:unit.derived-1.0.0"]', '"vellamor.unit:unit.derived-1.0.0"'),
+    (DERIVED, "-1.0.0\"]", "-1.0.0\", \"vellamor.unit:unit.derived-1.0.0\"]"),
+    (DERIVED, "unit.derived-1.0.0", "unit.derived-2.0.0"),
+    (DERIVED, "unit:unit.derived-", "unit:unit.deriven-"),
+    (DERIVED, '"constants"', '"constant"'),
+    (DERIVED, '"source"', '"sources"'),
+    (DERIVED, '"id": "name", ', ""),
+    (DERIVED, '"id": "name"', '"id": "title"'),
+    (DERIVED, '"value": "slug"', '"value": ""'),
+    (DERIVED, '"value": "slug"', '"value": 5'),
+    (DERIVED, '"value": "slug"', '"text": "slug"'),
+    (DERIVED, '"value": "slug"', '"value": "slug", "typedValue": {"typeid": "a"}'),
+    (DERIVED, '"Imperial"', '"imperial"'),
+    (DERIVED, '"factor", "value": 1', '"factor", "value": "1"'),
+    (DERIVED, '"id": "factor"', '"id": "offset"'),
+    (DERIVED, '"id": "parentFactors"', '"id": "parentFactor"'),
+    (DERIVED, '"id": "parentUnits"', '"id": "parentFactors"'),
+    (DERIVED, '"id": "factor", "value": 1', '"id": "name", "value": "again"'),
+    (DERIVED, '{"trelvon.unit:pound-1.0.0": 1}', "{}"),
+    (DERIVED, '"trelvon.unit:pound-1.0.0": 1', '"trelvon.unit:pound-1.0.0": 0'),
+    (DERIVED, '"trelvon.unit:pound-1.0.0": 1', '"trelvon.unit:pound-1.0.0": 0.5'),
+    (DERIVED, '"trelvon.unit:pound-1.0.0": 1', '"trelvon.unit:pound-1.0.0": 3000000000'),
+    (DERIVED, '{"trelvon.unit:pound-1.0.0": 1}', '"trelvon.unit:pound-1.0.0"'),
+    (DERIVED, '["811 B.8"]', '"811 B.8"'),
+    (DERIVED, '["811 B.8"]', "[]"),
+    (DERIVED, '["811 B.8"]', '["811 B.8", "811 B.8"]'),
+    (DERIVED, "8896443230521/609600000000", "14.59"),
+    (DERIVED, '"piPower": 0, ', ""),
+    (DERIVED, '"exactness": "exact"', '"exactness": "roughly"'),
+    (DERIVED, '"document"', '"documents"'),
+    (PRIMITIVE, '{"typeid": "trelvon.dimension:length-1.0.0"}', '"trelvon.dimension:length-1.0.0"'),
+    (PRIMITIVE, '{"typeid": "trelvon.dimension:length-1.0.0"}', '{"typeid": ""}'),
+    (PRIMITIVE, '{"typeid": "trelvon.dimension:length-1.0.0"}', "{}"),
+    (PRIMITIVE, '{"typeid": "trelvon.dimension:length-1.0.0"}', '{"typeid": "a", "power": "1"}'),
+    (PRIMITIVE, "unit.primitive.dimensional", "unit.primitive"),
+    (ABSOLUTE, '"typedValue"', '"value"'),
+    (ABSOLUTE, '"parentUnit"', '"parentUnits"'),
+    (ABSOLUTE, "273.15", "[273.15]"),
+    (FACTOR, '"id": "factor"', '"id": "value"'),
+    (FACTOR, '{"id": "factor", "value": 1e3}',
+     '{"id": "factor", "value": 1e3}, {"id": "factor", "value": 1e2}'),
+    (DIMENSION, '"constants": []', '"constants": [{"id": "name", "value": "length"}]'),
+    (DIMENSION, '"constants": []', '"constants": {}'),
+    (COMPOSITE, "symbol:feetAndInches-1", "symbol:feetAndYards-1"),
+    (COMPOSITE, '"id": "unit"', '"id": "units"'),
+    (SUFFIX, '"value": "ft"', '"value": null'),
+    (SUFFIX, '"Suffix"', '"suffix"'),
+    (SUFFIX, '"value": true', '"value": "true"'),
+    (SUFFIX, '"id": "space"', '"id": "text"'),
+    (QUANTITY, '"solid angle"', '""'),
+    (QUANTITY, '{"typeid": "trelvon.unit:steradian-1.0.0"}', '"trelvon.unit:steradian-1.0.0"'),
+]  # fmt: skip
+
+# What the engine reads and a host may write, though no shipped file does.
+ALLOWED = [
+    (DERIVED, '{\n  "typeid"', '{\n  "$schema": "definition.schema.json",\n  "typeid"'),
+    (DERIVED, '    {"id": "factor", "value": 1},\n', ""),
+    (DERIVED, "vellamor.unit:unit.derived-1.0.0", "a:unit.derived-1.9"),
+    (ABSOLUTE, ',\n    {"id": "offset", "value": 273.15}', ""),
+    (SUFFIX, '"Suffix"', '"Prefix"'),
+    (QUANTITY, '"constants"', '"properties": [{"id": "p"}],\n  "constants"'),
+    (DIMENSION, '  "constants": [],\n', ""),
+]
+
+
+class DefinitionSchema(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        schema = json.loads((SCHEMAS / "definition.schema.json").read_text(encoding="utf-8"))
+        jsonschema.Draft202012Validator.check_schema(schema)
+        cls.validator = jsonschema.Draft202012Validator(schema)
+
+    def complaints(self, text):
+        return [error.message for error in self.validator.iter_errors(json.loads(text))]
+
+    def changed(self, path, old, new):
+        text = (SCHEMAS / path).read_text(encoding="utf-8")
+        self.assertIn(old, text)
+        return text.replace(old, new, 1)
+
+    def test_accepts_every_shipped_file(self):
+        paths = sorted(SCHEMAS.glob("*/**/*.json"))
+        self.assertGreater(len(paths), 2000)
+        for path in paths:
+            self.assertEqual(self.complaints(path.read_text(encoding="utf-8")), [], path)
+
+    def test_refuses_slips_of_the_pen(self):
+        for fault in FAULTS:
+            with self.subTest(fault=fault):
+                self.assertNotEqual(self.complaints(self.changed(*fault)), [])
+
+    def test_accepts_what_hosts_may_write(self):
+        for change in ALLOWED:
+            with self.subTest(change=change):
+                self.assertEqual(self.complaints(self.changed(*change)), [])
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,98 @@
+"""What the texts of symbols must satisfy, so that formulas read them and people can type them."""
+
+import re
+
+# A text that is one of these would shadow a function, or begin as numbers do, or be an inch mark.
+RESERVED = (
+    "sin cos tan asin acos atan exp log sqrt abs pi round roundup rounddown ln e E x inf nan ''"
+).split()
+
+# All that a display text may hold beyond ASCII. Characters that look like these are for input.
+BEYOND_ASCII = "\u00b0\u00b2\u00b3\u00b5\u00b7\u00b9\u00c5\u0394\u03a9\u03b5\u2030\u2032\u2033"
+BEYOND_ASCII += "\u2074\u2076\u207b\u2080\u2082\u2099"
+LOOK_ALIKES = {
+    "\u212a": "K", "\u212b": "\u00c5", "\u2126": "\u03a9", "\u03bc": "\u00b5",
+    "\u2103": "\u00b0C", "\u2109": "\u00b0F",
+}  # fmt: skip
+
+# Texts without a space before them; the empty text of the unit one is among them.
+TIGHT = ["\u00b0", "\u2032", "\u2033", "'", '"', ""]
+
+# Literals are cut after the fifth of these; the sign of an exponent is one, and the fifth ends it.
+OPERATORS = "+-*/^()"
+
+
+def texts(catalogue):
+    return [one for one in catalogue.of("symbol") if one.base == "symbol.prefixOrSuffix"]
+
+
+def form(catalogue):
+    """What the formula reader asks of a single text."""
+    complaints = []
+    for symbol in texts(catalogue):
+        text = symbol.value("text")
+        local = catalogue.by_id[symbol.units()[0]].local
+        faults = {
+            "more than three operators": sum(c in OPERATORS for c in text) > 3,
+            "a space at an end": text != text.strip(),
+            "white space other than single spaces": re.search(r"[^\S ]|  |\u00a0", text),
+            "begins as a number or operator does": re.match(r"[0-9.+\-*/^()]", text),
+            "reserved": text in RESERVED,
+            "empty": not text and local != "unity",
+            "a prefix": symbol.value("placement") != "Suffix",
+            "the space before it": symbol.value("space") != (text not in TIGHT),
+        }
+        complaints += [f"{symbol.path}: {fault}" for fault, found in faults.items() if found]
+    return complaints
+
+
+def characters(catalogue):
+    """Display texts keep to one spelling of each character; aliases may hold the others."""
+    complaints = []
+    for symbol in texts(catalogue):
+        odd = [c for c in symbol.value("text") if not c.isascii() and c not in BEYOND_ASCII]
+        if symbol.namespace == "symbolAlias":
+            odd = [c for c in odd if c not in LOOK_ALIKES]
+        if odd:
+            complaints.append(f"{symbol.path}: U+{ord(odd[0]):04X}")
+    return complaints
+
+
+def twice(catalogue):
+    """No text means two units, the kelvins apart; none is there twice for one unit."""
+    complaints = []
+    owners = {}
+    for symbol in texts(catalogue):
+        before = owners.setdefault(symbol.value("text"), symbol)
+        pair = {catalogue.by_id[one.units()[0]].local for one in (before, symbol)}
+        if before is not symbol and pair != {"kelvin", "kelvinAbsolute"}:
+            complaints.append(f"{symbol.path}: {before.path} has the same text")
+    return complaints
+
+
+def coverage(catalogue):
+    """Every unit has one display text, and one that any keyboard can type."""
+    complaints = []
+    display = {}
+    typed = set()
+    for symbol in texts(catalogue):
+        unit = symbol.units()[0]
+        if symbol.value("text").isascii():
+            typed.add(unit)
+        if symbol.namespace == "symbol":
+            display.setdefault(unit, []).append(symbol)
+        elif catalogue.by_id[unit].local != symbol.local.split(".")[0]:
+            complaints.append(f"{symbol.path}: is an alias of {unit}")
+    for unit in catalogue.of("unit"):
+        shown = [symbol.local for symbol in display.get(unit.id, [])]
+        if shown != [unit.local]:
+            complaints.append(f"{unit.path}: display symbols {shown}")
+        if unit.id not in typed:
+            complaints.append(f"{unit.path}: cannot be typed in ASCII")
+        for symbol in display.get(unit.id, []):
+            if symbol.source.get("document") != unit.source["document"]:
+                complaints.append(f"{symbol.path}: its source is not that of its unit")
+    return complaints
+
+
+ALL = [form, characters, twice, coverage]
