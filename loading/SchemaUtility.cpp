@@ -1,0 +1,105 @@
+#include <TrelvonUnits/SchemaUtility.h>
+
+#include <TrelvonUnits/Exceptions.h>
+
+#include <cstddef>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+#include <system_error>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t kChunkBytes = 65536;
+
+struct CloseFile {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+/// The status behind links. "Not found" is an answer, all else is a failure of `operation`.
+fs::file_status statusOf(const fs::path& path, const char* operation) {
+  std::error_code error;
+  const fs::file_status status = fs::status(path, error);
+  if (status.type() == fs::file_type::none) throw fs::filesystem_error(operation, path, error);
+  return status;
+}
+
+/// A path with a NUL names nothing, but the system would read it up to there.
+bool isFolder(const fs::path& path) {
+  if (path.native().find(fs::path::value_type()) != fs::path::string_type::npos) return false;
+  const fs::file_status status = statusOf(path, "exists");
+  return fs::exists(status) && fs::is_directory(status);
+}
+
+/// Regular, named as a schema and in a folder below `root`, in this order: the status of every
+/// entry is asked for, so that one that cannot be told is never passed over.
+bool isSchemaFile(const fs::path& path, const fs::path& root) {
+  return fs::is_regular_file(statusOf(path, "status")) && path.extension() == ".json" &&
+         path != root / path.filename();
+}
+
+std::FILE* openFile(const std::string& path) {
+#if defined(_WIN32)
+  std::FILE* file = nullptr;
+  return fopen_s(&file, path.c_str(), "rb") == 0 ? file : nullptr;
+#else
+  return std::fopen(path.c_str(), "rb");
+#endif
+}
+
+/// The bytes of a file up to the first NUL. `buffer` is a chunk to read with.
+std::string readText(const fs::path& path, std::vector<char>& buffer) {
+  const std::unique_ptr<std::FILE, CloseFile> file(openFile(path.string()));
+  if (!file) throw std::logic_error("failed to open schema file");
+
+  std::string text;
+  std::size_t length = 0;
+  do {
+    length = std::fread(buffer.data(), 1, buffer.size(), file.get());
+    void* const nul = std::memchr(buffer.data(), '\0', length);
+    if (nul != nullptr) return text.append(buffer.data(), static_cast<char*>(nul));
+    if (std::ferror(file.get())) throw std::logic_error("failed to read schema file");
+    text.append(buffer.data(), length);
+  } while (length == buffer.size());
+  return text;
+}
+
+}  // namespace
+
+namespace Schemas {
+
+void SchemaUtility::addDefinitionsFromFolder(const std::string& folder,
+                                             Units::UnitsEngine& engine) {
+  const fs::path root(folder);
+  if (!isFolder(root)) throw std::logic_error("schema folder not found");
+
+  // The walk's own throwing forms name their operations differently in each standard library.
+  std::error_code error;
+  fs::recursive_directory_iterator walk(root, error);
+  if (error)
+    throw fs::filesystem_error("recursive_directory_iterator::recursive_directory_iterator", root,
+                               error);
+
+  std::vector<char> buffer(kChunkBytes);
+  while (walk != fs::recursive_directory_iterator()) {
+    const fs::path path = walk->path();
+    if (isSchemaFile(path, root)) {
+      const std::string text = readText(path, buffer);
+      try {
+        engine.addDefinition(text);
+      } catch (const Units::ValidationException&) {
+        // No schema, or one whose type id is taken: the file is passed over.
+      }
+    }
+    walk.increment(error);
+    if (error) throw fs::filesystem_error("recursive_directory_iterator::operator++", path, error);
+  }
+  engine.buildSchemas();
+}
+
+}  // namespace Schemas
