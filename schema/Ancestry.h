@@ -1,0 +1,68 @@
+#pragma once
+
+#include "registry/KindRegistry.h"
+
+#include <TrelvonUnits/Exceptions.h>
+
+#include <map>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace Units {
+
+/// How far the walks of one build have come with a record.
+enum class Walk { UnderWay, Finished };
+
+template <class Record>
+using Walks = std::unordered_map<const Record*, Walk>;
+
+/// Walks from a record of the running build depth first over its parents, in type id order. Ends at
+/// stored records, which passed this when they were stored.
+///
+/// Each record is walked once in a build, for all roots together, with the same first fault as a
+/// walk that begins anew at every root: a record is finished when all that it rests on is, without
+/// a fault. No parent below it is missing or refused by `parentsOf`, which no path changes; and
+/// none lies on the path to it, since a record on the path is under way, while those below are
+/// finished.
+///
+/// @param parentsOf  gives the parents of a record, by type id; may refuse it by an exception.
+/// @param walks      of this build, among records of this kind.
+/// @throws ValidationException  a parent is neither stored nor in the build, or is on the path that
+///                              leads to it.
+template <class SchemaData, class Record, class ParentsOf>
+void checkAncestry(const std::string& root, const KindRegistry<SchemaData, Record>& registry,
+                   const ParentsOf& parentsOf, Walks<Record>& walks) {
+  using Parent = std::map<std::string, int>::const_iterator;
+  struct Step {
+    Walk* walk;
+    Parent next;
+    Parent end;
+  };
+  std::vector<Step> path;
+  const auto visit = [&](const std::string& id) {
+    if (registry.objects.count(id) != 0) return;
+    const auto built = registry.built.find(id);
+    if (built == registry.built.end())
+      throw ValidationException("Parent " + id + " has an unexpected type.");
+    const auto [walk, isFirst] = walks.try_emplace(&built->second, Walk::UnderWay);
+    if (!isFirst && walk->second == Walk::Finished) return;
+    if (!isFirst)
+      throw ValidationException("A schema identifies its descendant " + id +
+                                " as one of its parents.");
+    const std::map<std::string, int>& parents = parentsOf(built->second);
+    path.push_back({&walk->second, parents.begin(), parents.end()});
+  };
+  visit(root);
+  while (!path.empty()) {
+    Step& step = path.back();
+    if (step.next != step.end) {
+      visit((step.next++)->first);
+    } else {
+      *step.walk = Walk::Finished;
+      path.pop_back();
+    }
+  }
+}
+
+}  // namespace Units

@@ -1,0 +1,106 @@
+#include "schema/BuildDefinitions.h"
+
+#include "model/RecordAccess.h"
+#include "registry/RecordChecks.h"
+#include "schema/Ancestry.h"
+#include "schema/FactorSchema.h"
+#include "schema/FindDependency.h"
+#include "schema/QuantitySchema.h"
+#include "schema/SymbolSchema.h"
+#include "schema/UnitSchema.h"
+
+#include <map>
+#include <string>
+
+namespace Units {
+
+namespace {
+
+using FactorRegistry = KindRegistry<FactorSchemaData, Factor>;
+using UnitRegistry = KindRegistry<UnitSchemaData, Unit>;
+
+/// Builders put records at the end of `built`: a batch is in type id order, as they are.
+template <class SchemaData, class Record, class Build>
+void buildKind(KindRegistry<SchemaData, Record>& kind, const Build& build) {
+  kind.built.clear();
+  for (const auto& [typeId, data] : kind.batch) build(typeId, data, kind.built);
+}
+
+void buildRecords(Registries& registries) {
+  buildKind(registries.dimensions, [](const auto& typeId, const auto& dimension, auto& built) {
+    built.try_emplace(built.end(), typeId, dimension);
+  });
+  buildKind(registries.factors, buildFactor);
+  buildKind(registries.units, [&](const auto& typeId, const auto& data, auto& built) {
+    buildUnit(typeId, data, registries.dimensions, built);
+  });
+  buildKind(registries.symbols, [&](const auto& typeId, const auto& data, auto& built) {
+    buildSymbol(typeId, data, registries.units, built);
+  });
+  buildKind(registries.quantities, [&](const auto& typeId, const auto& data, auto& built) {
+    buildQuantity(typeId, data, registries.units, built);
+  });
+}
+
+void checkBuiltFactors(const FactorRegistry& factors) {
+  const auto parentsOf = [](const Factor& factor) -> const std::map<std::string, int>& {
+    return RecordAccess::parentFactorPowers(RecordAccess::factorComponent(factor));
+  };
+  Walks<Factor> walks;
+  for (const auto& [typeId, factor] : factors.built)
+    checkAncestry(typeId, factors, parentsOf, walks);
+}
+
+[[noreturn]] void refuseParent(const std::string& parent, const char* kind,
+                               const std::string& unit) {
+  throw ValidationException("Parent unit " + parent + " in " + kind + " unit " + unit +
+                            " is not a relative unit.");
+}
+
+void checkDerived(const std::string& typeId, const DerivedUnitComponent& derived,
+                  const FactorRegistry& factors, const UnitRegistry& units, Walks<Unit>& walks) {
+  const FactorComponent& component = RecordAccess::factorComponent(derived);
+  for (const auto& [parent, exponent] : RecordAccess::parentFactorPowers(component))
+    findDependency(factors, parent, typeId);
+  for (const auto& [parent, exponent] : RecordAccess::parentUnitPowers(derived))
+    if (RecordAccess::absolute(findDependency(units, parent, typeId)))
+      refuseParent(parent, "derived", typeId);
+
+  static const std::map<std::string, int> none;
+  const auto parentsOf = [&](const Unit& unit) -> const std::map<std::string, int>& {
+    if (RecordAccess::absolute(unit)) refuseParent(RecordAccess::typeId(unit), "derived", typeId);
+    const auto* const isDerived = RecordAccess::derived(unit);
+    return isDerived ? RecordAccess::parentUnitPowers(*isDerived) : none;
+  };
+  checkAncestry(typeId, units, parentsOf, walks);
+}
+
+void checkAbsolute(const std::string& typeId, const AbsoluteUnitComponent& absolute,
+                   const UnitRegistry& units) {
+  const std::string& parent = RecordAccess::parentUnit(absolute);
+  const auto built = units.built.find(parent);
+  if (built == units.built.end())
+    checkRelativeUnit(parent, units.objects);
+  else if (RecordAccess::absolute(built->second))
+    refuseParent(parent, "absolute", typeId);
+}
+
+void checkBuiltUnits(const FactorRegistry& factors, const UnitRegistry& units) {
+  Walks<Unit> walks;
+  for (const auto& [typeId, unit] : units.built) {
+    if (const auto* const derived = RecordAccess::derived(unit))
+      checkDerived(typeId, *derived, factors, units, walks);
+    else if (const auto* const absolute = RecordAccess::absolute(unit))
+      checkAbsolute(typeId, *absolute, units);
+  }
+}
+
+}  // namespace
+
+void buildDefinitions(Registries& registries) {
+  buildRecords(registries);
+  checkBuiltFactors(registries.factors);
+  checkBuiltUnits(registries.factors, registries.units);
+}
+
+}  // namespace Units

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "schema/SchemaHeader.h"
+
+#include <TrelvonUnits/Exceptions.h>
+
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+/// Taking the constants of a kind out of a schema header. All failures are ValidationExceptions.
+namespace Units {
+
+/// A constant, as its handler reads it. Constants that nobody asks for are ignored.
+///
+/// @param fallback  what the constant is when the schema does not give it; empty when it must.
+/// @param handler   tests the form of the JSON value and converts it; one of those below.
+template <class T>
+T readConstant(const SchemaHeader& header, const std::string& id, std::optional<T> fallback,
+               T (*handler)(const JSON&)) {
+  const auto constant = header.constants.find(id);
+  if (constant != header.constants.end()) return handler(constant->second);
+  if (!fallback)
+    throw ValidationException("Schema " + header.typeId + " has an undefined " + id + " constant.");
+  return *std::move(fallback);
+}
+
+double readNumber(const JSON& value);
+bool readBoolean(const JSON& value);
+std::string readString(const JSON& value);  ///< May be empty.
+std::string readNonEmptyString(const JSON& value);
+std::map<std::string, int> readIntegerMap(const JSON& value);
+
+/// The type id in an object {"typeid": "..."} that has no other member.
+std::string readTypedValue(const JSON& value);
+
+/// The type ids in an array of such objects, in its order; repeats are kept.
+std::vector<std::string> readTypedValueArray(const JSON& value);
+
+}  // namespace Units

@@ -1,0 +1,157 @@
+#include "schema/Definitions.h"
+
+#include "model/RecordAccess.h"
+#include "registry/Commit.h"
+#include "registry/RecordChecks.h"
+#include "schema/BuildDefinitions.h"
+#include "schema/DimensionSchema.h"
+#include "schema/FactorSchema.h"
+#include "schema/QuantitySchema.h"
+#include "schema/SymbolSchema.h"
+#include "schema/UnitSchema.h"
+#include "schema/ValidationExceptionFactory.h"
+
+#include <TrelvonUnits/Exceptions.h>
+
+#include <iterator>
+#include <map>
+#include <memory>
+#include <utility>
+
+namespace Units {
+
+namespace {
+
+/// Keeps a schema as pending.
+/// @return  those of `dependencies` that are not registered then; a schema that names itself is.
+template <class SchemaData, class Record>
+std::set<std::string> keep(const std::string& typeId, SchemaData&& data,
+                           std::set<std::string> dependencies,
+                           KindRegistry<SchemaData, Record>& kind, Registries& registries) {
+  for (auto id = dependencies.begin(); id != dependencies.end();)
+    id = *id == typeId || isRegistered(*id, registries) ? dependencies.erase(id) : std::next(id);
+  std::map<std::string, SchemaData> made;
+  made.try_emplace(typeId, std::move(data));
+  std::set<std::string> taken = {typeId};
+
+  // From here on nothing allocates or throws.
+  kind.pending.merge(made);
+  registries.pendingTypeIds.merge(taken);
+  return dependencies;
+}
+
+template <class Kind>
+void clear(Kind& kind) {
+  kind.batch.clear();
+  kind.built.clear();
+}
+
+/// Drops the batch of a build, whether it has been stored or not.
+struct BatchDropper {
+  Registries& registries;
+
+  ~BatchDropper() {
+    clear(registries.dimensions);
+    clear(registries.factors);
+    clear(registries.units);
+    clear(registries.symbols);
+    clear(registries.quantities);
+  }
+};
+
+template <class Kind>
+void startBatch(Kind& kind) {
+  kind.batch.clear();
+  kind.batch.swap(kind.pending);
+}
+
+template <class Record>
+const Record* find(const RecordMap<Record>& records, const std::string& typeId) {
+  const auto found = records.find(typeId);
+  return found == records.end() ? nullptr : &found->second;
+}
+
+[[noreturn]] void refuseUnknown(const std::string& typeId) {
+  throw UnrecognizedIdentifierException("Could not find any object with typeid " + typeId + ".");
+}
+
+}  // namespace
+
+std::set<std::string> addDefinition(const std::string& text, Registries& registries) {
+  const SchemaHeader header =
+      readSchemaHeader(std::make_shared<ValidationExceptionFactory>(), text);
+  const std::string& typeId = header.typeId;
+  checkTypeId(typeId, registries);
+  if (auto data = readDimensionSchema(header))
+    return keep(typeId, *std::move(data), {}, registries.dimensions, registries);
+  if (auto data = readFactorSchema(header)) {
+    auto dependencies = factorSchemaDependencies(*data);
+    return keep(typeId, *std::move(data), std::move(dependencies), registries.factors, registries);
+  }
+  if (auto data = readUnitSchema(header)) {
+    auto dependencies = unitSchemaDependencies(*data);
+    return keep(typeId, *std::move(data), std::move(dependencies), registries.units, registries);
+  }
+  if (auto data = readSymbolSchema(header)) {
+    auto dependencies = symbolSchemaDependencies(*data);
+    return keep(typeId, *std::move(data), std::move(dependencies), registries.symbols, registries);
+  }
+  if (auto data = readQuantitySchema(header)) {
+    auto dependencies = quantitySchemaDependencies(*data);
+    return keep(typeId, *std::move(data), std::move(dependencies), registries.quantities,
+                registries);
+  }
+  throw ValidationException("Inheritance from an unrecognized base schema.");
+}
+
+void buildSchemas(Registries& registries) {
+  startBatch(registries.dimensions);
+  startBatch(registries.factors);
+  startBatch(registries.units);
+  startBatch(registries.symbols);
+  startBatch(registries.quantities);
+  RecordBatch made;
+  made.typeIds.swap(registries.pendingTypeIds);
+  const BatchDropper dropper{registries};
+
+  buildDefinitions(registries);
+  made.dimensions.swap(registries.dimensions.built);
+  made.factors.swap(registries.factors.built);
+  made.units.swap(registries.units.built);
+  made.symbols.swap(registries.symbols.built);
+  made.quantities.swap(registries.quantities.built);
+  commit(std::move(made), registries);
+}
+
+std::string getDefinition(const std::string& typeId, const Registries& registries) {
+  if (const auto* const dimension = find(registries.dimensions.objects, typeId))
+    return writeDimensionSchema(*dimension);
+  if (const auto* const factor = find(registries.factors.objects, typeId))
+    return writeFactorSchema(*factor);
+  if (const auto* const unit = find(registries.units.objects, typeId))
+    return writeUnitSchema(*unit);
+  if (const auto* const symbol = find(registries.symbols.objects, typeId))
+    return writeSymbolSchema(*symbol);
+  if (const auto* const quantity = find(registries.quantities.objects, typeId))
+    return writeQuantitySchema(*quantity);
+  refuseUnknown(typeId);
+}
+
+std::set<std::string> getDependencies(const std::string& typeId, const Registries& registries) {
+  const auto& factors = registries.factors.objects;
+  const auto& units = registries.units.objects;
+  References references;
+  if (const auto* const factor = find(factors, typeId))
+    collectParentFactors(RecordAccess::factorComponent(*factor), references, factors);
+  else if (const auto* const unit = find(units, typeId))
+    collectUnitReferences(*unit, references, factors, units);
+  else if (const auto* const symbol = find(registries.symbols.objects, typeId))
+    collectSymbolReferences(*symbol, references, factors, units);
+  else if (const auto* const quantity = find(registries.quantities.objects, typeId))
+    collectQuantityReferences(*quantity, references, factors, units);
+  else if (!isRegistered(typeId, registries))  // else a dimension, or pending
+    refuseUnknown(typeId);
+  return std::move(references.typeIds);
+}
+
+}  // namespace Units

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "model/RecordMap.h"
+#include "registry/KindRegistry.h"
+#include "registry/SchemaData.h"
+#include "schema/References.h"
+#include "schema/SchemaHeader.h"
+
+#include <TrelvonUnits/Quantity.h>
+
+#include <optional>
+#include <set>
+#include <string>
+
+/// Schemas of quantities: "name", a text that is not empty, and "units", an array of typed values
+/// whose order and repeats are kept; none when absent.
+namespace Units {
+
+/// Empty when the schema is not one of a quantity.
+/// @throws ValidationException  a constant is missing or has the wrong form.
+std::optional<QuantitySchemaData> readQuantitySchema(const SchemaHeader& header);
+
+std::set<std::string> quantitySchemaDependencies(const QuantitySchemaData& data);
+
+/// Makes the record where it will stand, at the end of `built` (records copy when they move).
+/// @throws ValidationException  a unit is neither stored nor built; the first in the list's order.
+void buildQuantity(const std::string& typeId, const QuantitySchemaData& data,
+                   const KindRegistry<UnitSchemaData, Unit>& units, RecordMap<Quantity>& built);
+
+/// Adds the quantity's units and all that they rest on.
+/// @throws std::out_of_range  as `collectUnitReferences`.
+void collectQuantityReferences(const Quantity& quantity, References& out,
+                               const RecordMap<Factor>& factors, const RecordMap<Unit>& units);
+
+std::string writeQuantitySchema(const Quantity& quantity);
+
+}  // namespace Units

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "model/RecordMap.h"
+#include "registry/KindRegistry.h"
+#include "registry/SchemaData.h"
+#include "schema/References.h"
+#include "schema/SchemaHeader.h"
+
+#include <TrelvonUnits/Unit.h>
+
+#include <optional>
+#include <set>
+#include <string>
+
+/// Schemas of units, of four kinds. All have "name" and "unitSystem": "Metric" or any other text,
+/// which is read as Imperial.
+///
+///   unit.absolute               "offset": number, 0.0 when absent; "parentUnit": typed value
+///   unit.derived                "factor", "parentFactors": as in a derived factor;
+///                               "parentUnits": {type id: exponent, ...}, at least one
+///   unit.primitive.dimensional  "dimension": typed value
+///   unit.primitive              nothing more
+namespace Units {
+
+/// Empty when the schema is not one of a unit.
+/// @throws ValidationException  a constant is missing or has the wrong form, there are no parent
+///                              units, or an exponent is 0.
+std::optional<UnitSchemaData> readUnitSchema(const SchemaHeader& header);
+
+std::set<std::string> unitSchemaDependencies(const UnitSchemaData& data);
+
+/// Makes the record where it will stand, at the end of `built` (records copy when they move).
+/// Checks no parents: they may be built later.
+/// @throws ValidationException  the dimension is neither stored nor built.
+void buildUnit(const std::string& typeId, const UnitSchemaData& data,
+               const KindRegistry<Dimension, Dimension>& dimensions, RecordMap<Unit>& built);
+
+/// Adds all units, factors and dimensions that a unit rests on, directly or through others.
+/// @throws std::out_of_range  a parent is not stored, which the checks on the way in rule out.
+void collectUnitReferences(const Unit& unit, References& out, const RecordMap<Factor>& factors,
+                           const RecordMap<Unit>& units);
+
+/// @throws ValidationException  the factor or offset is infinite or no number.
+std::string writeUnitSchema(const Unit& unit);
+
+}  // namespace Units
