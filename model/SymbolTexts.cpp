@@ -1,5 +1,6 @@
 #include "model/SymbolTexts.h"
 
+#include "model/Letters.h"
 #include "model/RecordAccess.h"
 
 #include <algorithm>
@@ -10,8 +11,6 @@
 namespace Units {
 
 namespace {
-
-bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 
 std::size_t indexOf(Placement placement) { return placement == Placement::Prefix ? 0 : 1; }
 

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string_view>
+
+namespace Units {
+
+/// Adds inches, in feet, to `feet`: a fraction ("1/2"), a whole number and a fraction ("6 1/2") or
+/// a number ("6", "6.5"), the first that there is. Takes them off the front of the text; on failure
+/// nothing changes.
+bool readInches(std::string_view& text, double& feet);
+
+/// Readers of one composite form each. The whole text must be of the form; then `value` is set,
+/// otherwise nothing changes.
+
+/// Inches alone, which need their mark: `6"`, `1/2 in`. The value is in feet.
+bool readInchesOnly(std::string_view text, double& value);
+
+/// Whole feet, then inches: `5' 6"`, `5 ft 6 1/2 in`, `5-6"`. Between them stands a mark, a hyphen
+/// or a space, and one of the two marks must be there. The value is in feet.
+bool readFeetAndInches(std::string_view text, double& value);
+
+/// Whole degrees, then minutes, seconds or both: `10D 30' 15"`, `10D 15"`, `10 30' 15"`, where D is
+/// the degree mark. Without that mark both must be there, and one of their marks. The value is in
+/// degrees.
+bool readDegreesMinutesSeconds(std::string_view text, double& value);
+
+/// Centimetres alone, which need their mark, or whole metres and centimetres: `35cm`, `2m 35cm`,
+/// `2-35cm`. Between the two stands a mark, a hyphen or a space, and one of the two marks must be
+/// there. The value is in metres.
+bool readMetersAndCentimeters(std::string_view text, double& value);
+
+}  // namespace Units

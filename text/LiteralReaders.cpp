@@ -1,0 +1,60 @@
+#include "text/LiteralReaders.h"
+
+#include "model/Letters.h"
+#include "text/ClassicNumber.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+namespace Units {
+
+namespace {
+
+bool beginsWithWord(std::string_view text, std::string_view word) {
+  if (text.substr(0, word.size()) != word) return false;
+  return text.size() == word.size() || !isLetter(text[word.size()]) || !isLetter(word.back());
+}
+
+}  // namespace
+
+bool stripSpaces(std::string_view& text) {
+  const std::size_t spaces = std::min(text.find_first_not_of(' '), text.size());
+  text.remove_prefix(spaces);
+  return spaces > 0;
+}
+
+bool stripLeadingWord(std::string_view& text, const Words& words) {
+  std::string_view rest = text;
+  stripSpaces(rest);
+  std::size_t longest = 0;
+  for (const std::string_view word : words)
+    if (word.size() > longest && beginsWithWord(rest, word)) longest = word.size();
+  if (longest == 0) return false;
+  text = rest.substr(longest);
+  return true;
+}
+
+bool readWholeNumber(std::string_view& text, double& sum) {
+  std::string_view rest = text;
+  stripSpaces(rest);
+  const LeadingNumber number = readClassicDigits(rest);
+  if (number.length == 0) return false;
+  sum += number.value;
+  text = rest.substr(number.length);
+  return true;
+}
+
+bool readNumber(std::string_view& text, double& sum) {
+  std::string_view rest = text;
+  stripSpaces(rest);
+  const LeadingNumber number = readClassicDouble(rest);
+  if (number.length == 0 || !std::isfinite(number.value)) return false;
+  const double newSum = sum + number.value;
+  if (newSum < 0.0) return false;
+  sum = newSum;
+  text = rest.substr(number.length);
+  return true;
+}
+
+}  // namespace Units
