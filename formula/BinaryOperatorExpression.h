@@ -1,0 +1,26 @@
+#pragma once
+
+#include "formula/Expression.h"
+#include "formula/SpellingTables.h"
+
+#include <memory>
+
+/// Two operands and what joins them.
+class BinaryOperatorExpression final : public Expression {
+ public:
+  static constexpr ExpressionKind nodeKind = ExpressionKind::BinaryOperator;
+
+  explicit BinaryOperatorExpression(FormulaBinaryOperator op) : Expression(nodeKind), op_(op) {}
+  ~BinaryOperatorExpression() override { deleteOperands(); }
+
+  FormulaBinaryOperator getOperator() const { return op_; }
+  void setOperands(std::unique_ptr<Expression> left, std::unique_ptr<Expression> right);
+
+ private:
+  bool apply(EvaluatedValues& values) const override;
+  void removeOperands(Removal& removal) noexcept override;
+
+  const FormulaBinaryOperator op_;
+  std::unique_ptr<Expression> left_;
+  std::unique_ptr<Expression> right_;
+};

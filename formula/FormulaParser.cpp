@@ -1,0 +1,225 @@
+#include "formula/FormulaParser.h"
+
+#include "formula/BinaryOperatorExpression.h"
+#include "formula/FunctionExpression.h"
+#include "formula/NumberConstantExpression.h"
+#include "formula/ParenExpression.h"
+#include "formula/Separators.h"
+#include "formula/SymbolExpression.h"
+#include "formula/UnaryOperatorExpression.h"
+#include "model/RecordAccess.h"
+#include "text/ValueText.h"
+
+#include <TrelvonUnits/Exceptions.h>
+
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+namespace {
+
+[[noreturn]] void throwUnexpectedParseError() {
+  throw std::logic_error("legacy code dbgWarn: Unexpected parse error. Dresmond 9-May-2004");
+}
+
+std::unique_ptr<Expression> pop(ExpressionStack& stack) {
+  if (stack.empty()) throw Units::ParseException("Expected an expression.");
+  std::unique_ptr<Expression> top = std::move(stack.back());
+  stack.pop_back();
+  return top;
+}
+
+std::unique_ptr<Expression> popOperand(ExpressionStack& operands) {
+  if (operands.empty()) throwUnexpectedParseError();
+  return pop(operands);
+}
+
+bool opensParenthesis(const Expression& expression) {
+  return expression.kind() == ExpressionKind::Function ||
+         expression.kind() == ExpressionKind::Paren || expression.kind() == ExpressionKind::Symbol;
+}
+
+/// Whether a literal with this symbol may read otherwise once the separators behind it are cut off.
+bool endsInSeparator(const Units::Symbol* symbol) {
+  const Units::PrefixOrSuffix* const shown =
+      symbol ? Units::RecordAccess::prefixOrSuffix(*symbol) : nullptr;
+  return shown &&
+         tokenSeparators.find(Units::RecordAccess::text(*shown).back()) != std::string_view::npos;
+}
+
+}  // namespace
+
+bool parseFormula(std::string_view text, std::unique_ptr<Expression>& expressionOut,
+                  const Units::SymbolTexts& symbols, const Units::UnitMath& unitMath,
+                  VariableResolver resolver) {
+  FormulaTokenizer tokenizer(text, symbols, unitMath, std::move(resolver));
+  FormulaParser parser(symbols, unitMath);
+  FormulaToken token;
+  while (tokenizer.nextToken(token))
+    if (!parser.take(token)) return false;
+  return parser.finish(expressionOut);
+}
+
+int getPriority(const Expression& expression) {
+  if (expression.kind() == ExpressionKind::UnaryOperator) return 4;
+  const auto* const binary = nodeAs<BinaryOperatorExpression>(&expression);
+  if (!binary)
+    throw std::logic_error(
+        "legacy code dbgWarn: Unknown expresion type in getPriority. Dresmond 10-Apr-2003");
+  switch (binary->getOperator()) {
+    case FormulaBinaryOperator::Add:
+    case FormulaBinaryOperator::Subtract:
+      return 1;
+    case FormulaBinaryOperator::Multiply:
+    case FormulaBinaryOperator::Divide:
+      return 2;
+    case FormulaBinaryOperator::Power:
+      return 3;
+    case FormulaBinaryOperator::None:
+      break;
+  }
+  throw std::logic_error(
+      "legacy code dbgWarn: Unknown binary operator in getPriority. Dresmond 10-Apr-2003");
+}
+
+void reduceOperators(ExpressionStack& operands, ExpressionStack& operators, int priority) {
+  while (!operators.empty() && !opensParenthesis(*operators.back())) {
+    const int priorityOfTop = getPriority(*operators.back());
+    if (priority != 0 && priority > priorityOfTop) return;
+    std::unique_ptr<Expression> top = pop(operators);
+    if (auto* const unary = nodeAs<UnaryOperatorExpression>(top.get())) {
+      unary->setOperand(popOperand(operands));
+    } else if (auto* const binary = nodeAs<BinaryOperatorExpression>(top.get())) {
+      std::unique_ptr<Expression> right = popOperand(operands);
+      binary->setOperands(popOperand(operands), std::move(right));
+    }
+    operands.push_back(std::move(top));
+  }
+}
+
+bool FormulaParser::take(const FormulaToken& token) {
+  if (state_ == State::BeforeOpenParen) {
+    state_ = State::BeforeOperand;
+    return token.type == FormulaTokenType::OpenParen;
+  }
+  switch (token.type) {
+    case FormulaTokenType::Operator:
+      return takeOperator(token.text);
+    case FormulaTokenType::Function:
+      return takeFunction(token.text);
+    case FormulaTokenType::Number:
+      return takeNumber(token);
+    case FormulaTokenType::UnitSymbol:
+      return takeUnitSymbol(token.text);
+    case FormulaTokenType::OpenParen:
+      return takeOpenParen();
+    case FormulaTokenType::CloseParen:
+      return takeCloseParen();
+  }
+  throw std::logic_error("legacy code dbgWarn: Unknown token type. Dresmond 8-May-2004");
+}
+
+bool FormulaParser::finish(std::unique_ptr<Expression>& expressionOut) {
+  if (state_ != State::AfterOperand) return false;
+  reduceOperators(operands_, operators_, 0);
+  if (!operators_.empty()) return false;
+  if (operands_.size() != 1) throwUnexpectedParseError();
+  expressionOut = pop(operands_);
+  return true;
+}
+
+bool FormulaParser::takeOperator(std::string_view spelling) {
+  const FormulaUnaryOperator unary = unitMath_.getUnaryOperatorMap().find(spelling);
+  const FormulaBinaryOperator binary = unitMath_.getBinaryOperatorMap().find(spelling);
+  if (unary == FormulaUnaryOperator::None && binary == FormulaBinaryOperator::None)
+    throwUnexpectedParseError();
+
+  if (state_ == State::AfterOperand) {
+    if (binary == FormulaBinaryOperator::None) return false;
+    auto node = std::make_unique<BinaryOperatorExpression>(binary);
+    reduceOperators(operands_, operators_, getPriority(*node));
+    operators_.push_back(std::move(node));
+    state_ = State::BeforeOperand;
+  } else {
+    if (unary == FormulaUnaryOperator::None) return false;
+    operators_.push_back(std::make_unique<UnaryOperatorExpression>(unary));
+  }
+  return true;
+}
+
+bool FormulaParser::takeFunction(std::string_view name) {
+  if (state_ == State::AfterOperand) return false;
+  const FormulaFunction function = unitMath_.getFunctionMap().find(name);
+  if (function == FormulaFunction::None) throwUnexpectedParseError();
+  operators_.push_back(std::make_unique<FunctionExpression>(function));
+  state_ = State::BeforeOpenParen;
+  return true;
+}
+
+bool FormulaParser::takeNumber(const FormulaToken& token) {
+  if (state_ == State::AfterOperand) return false;
+  double value = token.value;
+  const Units::Symbol* symbol = token.symbol;
+  if (endsInSeparator(symbol) && !Units::parseValueText(token.text, &value, &symbol, symbols_))
+    throwUnexpectedParseError();
+  // The sign belongs to the whole literal: -5' 6" is minus five feet six inches.
+  if (dropUnaryMinus()) value = -value;
+  operands_.push_back(std::make_unique<NumberConstantExpression>(value, symbol, unitMath_));
+  state_ = State::AfterOperand;
+  return true;
+}
+
+bool FormulaParser::dropUnaryMinus() {
+  if (operators_.empty()) return false;
+  const auto* const top = nodeAs<UnaryOperatorExpression>(operators_.back().get());
+  if (!top || top->getOperator() != FormulaUnaryOperator::Negate) return false;
+  operators_.pop_back();
+  return true;
+}
+
+bool FormulaParser::takeUnitSymbol(std::string_view text) {
+  const Units::Symbol* const symbol = symbols_.withText(text);
+  if (!symbol) return false;
+  if (Units::RecordAccess::prefixOrSuffix(*symbol)->getPlacement() == Units::Placement::Suffix) {
+    if (state_ == State::BeforeOperand || operands_.empty()) return false;
+    operands_.push_back(std::make_unique<SymbolExpression>(*symbol, unitMath_, pop(operands_)));
+  } else {
+    if (state_ == State::AfterOperand) return false;
+    operators_.push_back(std::make_unique<SymbolExpression>(*symbol, unitMath_));
+    state_ = State::BeforeOpenParen;
+  }
+  return true;
+}
+
+bool FormulaParser::takeOpenParen() {
+  if (state_ == State::AfterOperand) return false;
+  operators_.push_back(std::make_unique<ParenExpression>());
+  return true;
+}
+
+bool FormulaParser::takeCloseParen() {
+  if (state_ == State::AfterOperand) reduceOperators(operands_, operators_, 0);
+  if (operators_.empty() || !close(*operators_.back())) return false;
+  operands_.push_back(pop(operators_));
+  state_ = State::AfterOperand;
+  return true;
+}
+
+/// Gives what the opener stands before to it. False when the parenthesis is not its own, or empty
+/// where it must not be: only a function may have no input, "pi()".
+bool FormulaParser::close(Expression& opener) {
+  const bool isEmpty = state_ == State::BeforeOperand;
+  if (auto* const paren = nodeAs<ParenExpression>(&opener)) {
+    if (isEmpty) return false;
+    paren->setInner(popOperand(operands_));
+  } else if (auto* const symbol = nodeAs<SymbolExpression>(&opener)) {
+    if (isEmpty) return false;
+    symbol->setOperand(popOperand(operands_));
+  } else if (auto* const function = nodeAs<FunctionExpression>(&opener)) {
+    if (!isEmpty) function->addInput(popOperand(operands_));
+  } else {
+    if (!isEmpty) throwUnexpectedParseError();
+    return false;
+  }
+  return true;
+}

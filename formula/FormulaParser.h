@@ -1,0 +1,68 @@
+#pragma once
+
+#include "formula/Expression.h"
+#include "formula/FormulaTokenizer.h"
+#include "formula/UnitMath.h"
+#include "model/SymbolTexts.h"
+
+#include <TrelvonUnits/VariableResolver.h>
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+/// Builds the tree of a formula.
+///
+/// @param expressionOut  set on success to the root.
+/// @param resolver       gives the text that an identifier stands for.
+/// @return  false when the text is no formula.
+/// @throws Units::ParseException  as FormulaTokenizer::nextToken.
+bool parseFormula(std::string_view text, std::unique_ptr<Expression>& expressionOut,
+                  const Units::SymbolTexts& symbols, const Units::UnitMath& unitMath,
+                  VariableResolver resolver);
+
+using ExpressionStack = std::vector<std::unique_ptr<Expression>>;
+
+/// How tightly an operator binds. All binary operators are left-associative, "^" too.
+/// @throws std::logic_error  the expression is no operator, or one of an unknown kind.
+int getPriority(const Expression& expression);
+
+/// Gives the operators on top of the operator stack their operands, down to one that binds less
+/// tightly than `priority` (0: to the end) or to an open parenthesis.
+/// @throws std::logic_error  there are too few operands.
+void reduceOperators(ExpressionStack& operands, ExpressionStack& operators, int priority);
+
+/// Two stacks that turn tokens, one after the other, into a tree.
+class FormulaParser {
+ public:
+  FormulaParser(const Units::SymbolTexts& symbols, const Units::UnitMath& unitMath)
+      : symbols_(symbols), unitMath_(unitMath) {}
+
+  /// False when no formula goes on like this.
+  bool take(const FormulaToken& token);
+
+  /// Sets the root of the tree. False when no formula ends here.
+  bool finish(std::unique_ptr<Expression>& expressionOut);
+
+ private:
+  enum class State {
+    BeforeOperand,
+    AfterOperand,
+    BeforeOpenParen,  // after a function or a prefix symbol, which stands for the parenthesis
+  };
+
+  bool takeOperator(std::string_view spelling);
+  bool takeFunction(std::string_view name);
+  bool takeNumber(const FormulaToken& token);
+  bool takeUnitSymbol(std::string_view text);
+  bool takeOpenParen();
+  bool takeCloseParen();
+  bool close(Expression& opener);
+  bool dropUnaryMinus();
+
+  const Units::SymbolTexts& symbols_;
+  const Units::UnitMath& unitMath_;
+  State state_ = State::BeforeOperand;
+  ExpressionStack operands_;
+  ExpressionStack operators_;
+};

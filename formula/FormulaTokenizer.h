@@ -1,0 +1,67 @@
+#pragma once
+
+#include "formula/FormulaText.h"
+#include "formula/OperatorSearch.h"
+#include "formula/UnitMath.h"
+#include "model/SymbolTexts.h"
+
+#include <TrelvonUnits/VariableResolver.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+enum class FormulaTokenType : std::int32_t {
+  Operator = 1,
+  Function = 2,
+  Number = 3,
+  UnitSymbol = 4,
+  OpenParen = 5,
+  CloseParen = 6,
+};
+
+struct FormulaToken {
+  FormulaTokenType type = FormulaTokenType::Operator;
+  std::string_view text;                  // valid until the next token is read
+  double value = 0;                       // of a number
+  const Units::Symbol* symbol = nullptr;  // of a number that has one; in the registry
+};
+
+/// Takes a formula apart, from the front, into tokens.
+///
+/// There are no fixed token boundaries: a token runs up to some operator, and the longest text that
+/// is a value literal is one number, so that "1e-5" and "5' - 6\"" are one token each. What is
+/// neither literal, symbol nor function is an identifier: the resolver's text is put in its place,
+/// in parentheses, and reading goes on there.
+///
+/// The cost is linear in the formula and in the texts put into it.
+class FormulaTokenizer {
+ public:
+  /// @param formula  must outlive the tokenizer.
+  FormulaTokenizer(std::string_view formula, const Units::SymbolTexts& symbols,
+                   const Units::UnitMath& unitMath, VariableResolver resolver);
+
+  /// False when no token is left.
+  /// @throws Units::ParseException  an identifier resolves to itself, or a limit of
+  ///                                <TrelvonUnits/Limits.h> is reached. What the resolver throws
+  ///                                passes through.
+  bool nextToken(FormulaToken& token);
+
+ private:
+  void takeOperator(FormulaToken& token, std::size_t length);
+  bool scanValueOrSymbol(FormulaToken& token);
+  bool takeNumber(FormulaToken& token, std::string_view candidate);
+  bool takeSymbol(FormulaToken& token, std::string_view candidate);
+  std::string_view takeTrimmed(std::size_t length);
+  void substitute(std::string_view identifier);
+  void checkSubstitution();
+
+  FormulaText text_;
+  OperatorSearch operators_;
+  const Units::SymbolTexts& symbols_;
+  const Units::UnitMath& unitMath_;
+  VariableResolver resolver_;
+  std::vector<std::size_t> openSubstitutions_;  // where each ends, as a distance from the end
+  int substitutions_ = 0;
+};

@@ -1,0 +1,44 @@
+#include "formula/FunctionExpression.h"
+
+#include "formula/Functions.h"
+
+#include <TrelvonUnits/Exceptions.h>
+
+#include <stdexcept>
+#include <utility>
+
+void FunctionExpression::addInput(std::unique_ptr<Expression> input) {
+  inputs_.push_back(std::move(input));
+  // Inputs that the function does not take are complained of before they are looked at.
+  if (inputs_.size() == 1 && findInputFunction(function_))
+    linkOperand(*inputs_.front());
+  else
+    unlinkOperands();
+}
+
+bool FunctionExpression::apply(EvaluatedValues& values) const {
+  if (function_ == FormulaFunction::Pi) {
+    if (!inputs_.empty())
+      throw Units::ParseException("Expected no inputs to function call \"pi()\".");
+    values.emplace_back(3.14159265358979);  // of 15 digits: seven steps below the nearest double
+    return true;
+  }
+  const InputFunction* const function = findInputFunction(function_);
+  if (!function)
+    throw std::logic_error(
+        "legacy code dbgWarn: Bad FormulaFunction in FunctionExpression::evaluate. "
+        "Dresmond 10-Apr-2003");
+  if (inputs_.size() != 1) throw Units::ParseException("Expected one input to function call.");
+
+  EvaluatedValue& input = values.back();
+  const bool hasUnits = !input.units().empty();
+  if (function->unitRule == UnitRule::Refuse && hasUnits)
+    throw Units::ParseException("Function input must be unitless.");
+  if (!function->compute(input.value)) return false;
+  if (function->unitRule == UnitRule::Root && hasUnits) raisePowers(input.changeableUnits(), 0.5);
+  return true;
+}
+
+void FunctionExpression::removeOperands(Removal& removal) noexcept {
+  for (std::unique_ptr<Expression>& input : inputs_) removal.take(input);
+}

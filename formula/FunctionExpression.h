@@ -1,0 +1,26 @@
+#pragma once
+
+#include "formula/Expression.h"
+#include "formula/SpellingTables.h"
+
+#include <memory>
+#include <vector>
+
+/// A function and its inputs: in practice one, or none for "pi()".
+class FunctionExpression final : public Expression {
+ public:
+  static constexpr ExpressionKind nodeKind = ExpressionKind::Function;
+
+  explicit FunctionExpression(FormulaFunction function)
+      : Expression(nodeKind), function_(function) {}
+  ~FunctionExpression() override { deleteOperands(); }
+
+  void addInput(std::unique_ptr<Expression> input);
+
+ private:
+  bool apply(EvaluatedValues& values) const override;
+  void removeOperands(Removal& removal) noexcept override;
+
+  const FormulaFunction function_;
+  std::vector<std::unique_ptr<Expression>> inputs_;
+};

@@ -1,0 +1,14 @@
+#include "formula/NumberConstantExpression.h"
+
+#include "model/RecordAccess.h"
+
+NumberConstantExpression::NumberConstantExpression(double value, const Units::Symbol* symbol,
+                                                   const Units::UnitMath& unitMath)
+    : Expression(nodeKind), value_(value) {
+  if (symbol) unitMath.reduceValue(Units::RecordAccess::unit(*symbol), value_, units_);
+}
+
+bool NumberConstantExpression::apply(EvaluatedValues& values) const {
+  values.emplace_back(value_, units_);
+  return true;
+}

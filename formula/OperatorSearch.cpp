@@ -1,0 +1,82 @@
+#include "formula/OperatorSearch.h"
+
+#include <algorithm>
+
+namespace {
+
+std::size_t byteAt(std::string_view text, std::size_t position) {
+  return static_cast<unsigned char>(text[position]);
+}
+
+template <class Table>
+std::size_t longestSpelling(const Table& table, std::string_view text) {
+  std::size_t longest = 0;
+  for (const auto& entry : table.spellings()) {
+    const std::string& spelling = entry.first;
+    if (text.substr(0, spelling.size()) == spelling) longest = std::max(longest, spelling.size());
+  }
+  return longest;
+}
+
+}  // namespace
+
+OperatorSearch::OperatorSearch(const Units::UnitMath& unitMath) : unitMath_(unitMath) {
+  const auto take = [this](const std::string& spelling) {
+    std::size_t& longest = longest_[byteAt(spelling, 0)];
+    longest = std::max(longest, spelling.size());
+  };
+  for (const auto& entry : unitMath.getUnaryOperatorMap().spellings()) take(entry.first);
+  for (const auto& entry : unitMath.getBinaryOperatorMap().spellings()) take(entry.first);
+  take("(");
+  take(")");
+}
+
+std::optional<OperatorPosition> OperatorSearch::find(std::size_t index, std::string_view rest) {
+  dropPassed(rest);
+  while (count_ <= index)
+    if (!findNext(rest)) return std::nullopt;
+  return OperatorPosition{rest.size() - found_[index].fromEnd, found_[index].length};
+}
+
+void OperatorSearch::restart() {
+  count_ = 0;
+  foundAll_ = false;
+}
+
+void OperatorSearch::dropPassed(std::string_view rest) {
+  std::size_t passed = 0;
+  while (passed < count_ && found_[passed].fromEnd > rest.size()) ++passed;
+  if (passed == 0) return;
+  // A symbol that holds operators may end inside one.
+  if (found_[passed - 1].fromEnd - found_[passed - 1].length < rest.size()) return restart();
+  std::copy(found_.begin() + passed, found_.begin() + count_, found_.begin());
+  count_ -= passed;
+}
+
+bool OperatorSearch::findNext(std::string_view rest) {
+  if (foundAll_) return false;
+  const std::size_t from =
+      count_ == 0 ? 0 : rest.size() - found_[count_ - 1].fromEnd + found_[count_ - 1].length;
+  const auto next = findFirstOperator(rest, from);
+  if (next) found_[count_++] = {rest.size() - next->position, next->length};
+  foundAll_ = !next;
+  return !foundAll_;
+}
+
+std::optional<OperatorPosition> OperatorSearch::findFirstOperator(std::string_view text,
+                                                                  std::size_t from) const {
+  for (std::size_t position = from; position < text.size(); ++position)
+    if (const std::size_t length = lengthAt(text, position)) return {{position, length}};
+  return std::nullopt;
+}
+
+/// The length of the longest operator or parenthesis at a position; 0 if there is none.
+std::size_t OperatorSearch::lengthAt(std::string_view text, std::size_t position) const {
+  const std::size_t atMost = longest_[byteAt(text, position)];
+  if (atMost <= 1) return atMost;
+  const std::string_view here = text.substr(position);
+  const std::size_t longest = std::max(longestSpelling(unitMath_.getUnaryOperatorMap(), here),
+                                       longestSpelling(unitMath_.getBinaryOperatorMap(), here));
+  if (longest != 0) return longest;
+  return here.front() == '(' || here.front() == ')' ? 1 : 0;
+}

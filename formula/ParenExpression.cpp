@@ -1,0 +1,10 @@
+#include "formula/ParenExpression.h"
+
+#include <utility>
+
+void ParenExpression::setInner(std::unique_ptr<Expression> inner) {
+  inner_ = std::move(inner);
+  linkOperand(*inner_);
+}
+
+bool ParenExpression::apply(EvaluatedValues&) const { return true; }

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "formula/Expression.h"
+#include "formula/UnitMath.h"
+
+#include <TrelvonUnits/Symbol.h>
+
+#include <memory>
+
+/// An expression in parentheses with a unit symbol before or after it.
+class SymbolExpression final : public Expression {
+ public:
+  static constexpr ExpressionKind nodeKind = ExpressionKind::Symbol;
+
+  /// Of a symbol before its operand, which is set later.
+  SymbolExpression(const Units::Symbol& symbol, const Units::UnitMath& unitMath);
+  /// Of a symbol after its operand.
+  SymbolExpression(const Units::Symbol& symbol, const Units::UnitMath& unitMath,
+                   std::unique_ptr<Expression> operand);
+  ~SymbolExpression() override { deleteOperands(); }
+
+  void setOperand(std::unique_ptr<Expression> operand);
+
+ private:
+  bool apply(EvaluatedValues& values) const override;
+  void removeOperands(Removal& removal) noexcept override { removal.take(operand_); }
+
+  const Units::Symbol& symbol_;  // in the registry
+  const Units::UnitMath& unitMath_;
+  std::unique_ptr<Expression> operand_;
+};

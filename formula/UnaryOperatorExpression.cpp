@@ -1,0 +1,19 @@
+#include "formula/UnaryOperatorExpression.h"
+
+#include <stdexcept>
+#include <utility>
+
+void UnaryOperatorExpression::setOperand(std::unique_ptr<Expression> operand) {
+  operand_ = std::move(operand);
+  // An operator that is none is complained of before its operand is looked at.
+  if (op_ == FormulaUnaryOperator::Negate) linkOperand(*operand_);
+}
+
+bool UnaryOperatorExpression::apply(EvaluatedValues& values) const {
+  if (op_ != FormulaUnaryOperator::Negate)
+    throw std::logic_error(
+        "legacy code dbgWarn: Bad FormulaUnaryOperator in UnaryOperatorExpression::evaluate. "
+        "Dresmond 10-Apr-2003");
+  values.back().value = -values.back().value;
+  return true;
+}
