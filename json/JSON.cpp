@@ -160,13 +160,12 @@ void JSON::forEachElement(const std::function<void(const JSON&)>& visit) const {
 std::map<std::string, int> JSON::getStringIntMap() const {
   std::map<std::string, int> map;
   if (!isObject()) return map;
-  ExceptionFactory& errors = *implementation_->exceptionFactory;
   for (const auto& member : implementation_->current->GetObject()) {
     if (!member.name.IsString())
-      raiseError(errors,
+      raiseError(*implementation_->exceptionFactory,
                  "Expected a map with string keys and integer values, but key was not a string.");
     if (!member.value.IsInt())
-      raiseError(errors,
+      raiseError(*implementation_->exceptionFactory,
                  "Expected a map with string keys and integer values, but value was not an "
                  "integer.");
     map.insert_or_assign(std::string(textOf(member.name)), member.value.GetInt());
@@ -177,12 +176,13 @@ std::map<std::string, int> JSON::getStringIntMap() const {
 std::map<std::string, std::string> JSON::getStringStringMap() const {
   std::map<std::string, std::string> map;
   if (!isObject()) return map;
-  ExceptionFactory& errors = *implementation_->exceptionFactory;
   for (const auto& member : implementation_->current->GetObject()) {
     if (!member.name.IsString())
-      raiseError(errors, "Expected a map with string keys and values, but key was not a string.");
+      raiseError(*implementation_->exceptionFactory,
+                 "Expected a map with string keys and values, but key was not a string.");
     if (!member.value.IsString())
-      raiseError(errors, "Expected a map with string keys and values, but value was not a string.");
+      raiseError(*implementation_->exceptionFactory,
+                 "Expected a map with string keys and values, but value was not a string.");
     map.insert_or_assign(std::string(textOf(member.name)), member.value.GetString());
   }
   return map;

@@ -1,0 +1,72 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tests/json/FailingNew.h"
+#include "tests/json/TextExceptions.h"
+
+namespace {
+
+TEST(Allocation, FailsParsesWhole) {
+  std::string text = "{\"a\":[1,2.5e-99999999999,\"longer than what is kept in place\"],\"b\":[";
+  for (int level = 0; level < 300; ++level) text += "[{\"c\":";
+  text += "\"" + std::string(100000, 'x') + "\"";
+  for (int level = 0; level < 300; ++level) text += "}]";
+  text += "]}";
+  const auto factory = std::make_shared<TextErrorFactory>();
+  EXPECT_GT(failEachAllocation([&] { JSON::parse(factory, text); }), 20);
+  text.pop_back();
+  EXPECT_GT(failEachAllocation([&] {
+              try {
+                JSON::parse(factory, text);
+              } catch (const TextError&) {
+              }
+            }),
+            20);
+}
+
+TEST(Allocation, FailsReadsWhole) {
+  const JSON json = parse(
+      "{\"integers\":{\"longer than what is kept in place\":1,\"b\":2},"
+      "\"texts\":{\"a\":\"longer than what is kept in place\"},\"list\":[1,[2],3]}");
+  EXPECT_GT(failEachAllocation([&] { json.getMember("integers").getStringIntMap(); }), 3);
+  EXPECT_GT(failEachAllocation([&] { json.getMember("texts").getStringStringMap(); }), 2);
+  EXPECT_GT(failEachAllocation([&] { json.getMember("list").getArray(); }), 4);
+}
+
+TEST(Allocation, FailsWritesWhole) {
+  const std::string longText(70000, 'x');  // fills a chunk of the pool
+  const auto build = [&] {
+    JSON root = JSON::makeDocument();
+    for (int member = 0; member < 20; ++member) root.setMember(root, longText, JSON(member));
+    std::vector<JSON> items;
+    for (int item = 0; item < 5; ++item) items.push_back(JSON::makeString(root, longText));
+    root.setMember(root, "a", JSON::makeArray(root, std::move(items)));
+    return root;
+  };
+  EXPECT_GT(failEachAllocation(build), 40);
+  const JSON built = build();
+  EXPECT_GT(failEachAllocation([&] { built.toString(); }), 3);
+}
+
+TEST(Allocation, LeavesAnObjectThatCanGrowAgain) {
+  // Members until the object's list no longer fits into its chunk of the pool.
+  JSON root = JSON::makeDocument();
+  bool threw = false;
+  for (int member = 0; !threw; ++member) {
+    const std::string key = "longer than what is kept in place " + std::to_string(member);
+    JSON value(member);
+    const FailingNew failing(0, true);
+    try {
+      root.setMember(root, key, std::move(value));
+    } catch (const std::bad_alloc&) {
+      threw = true;
+    }
+  }
+  for (int member = 0; member < 100; ++member) root.setMember(root, "m", JSON(member));
+  EXPECT_EQ(root.getStringIntMap(), (std::map<std::string, int>{{"m", 99}}));
+}
+
+}  // namespace

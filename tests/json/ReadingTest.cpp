@@ -1,0 +1,276 @@
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstring>
+#include <utility>
+
+#include "tests/json/TextExceptions.h"
+#include "tests/support/Locale.h"
+#include "tests/support/Messages.h"
+#include "tests/support/SmallStack.h"
+
+using namespace std::string_literals;
+
+namespace {
+
+std::uint64_t bitsOf(double value) {
+  std::uint64_t bits;
+  std::memcpy(&bits, &value, sizeof bits);
+  return bits;
+}
+
+struct Refusal {
+  const char* name;
+  std::string text;
+  const char* message;  // behind "JSON parsing error at offset "
+};
+
+class Texts : public testing::TestWithParam<Refusal> {};
+
+TEST_P(Texts, AreRefused) {
+  EXPECT_EQ(messageOf<TextError>([] { parse(GetParam().text); }),
+            std::string("JSON parsing error at offset ") + GetParam().message);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Parse, Texts,
+    testing::Values(
+        Refusal{"Empty", "", "0: The document is empty."},
+        Refusal{"Blank", " \t\r\n", "4: The document is empty."},
+        Refusal{"NulFirst", "\0{}"s, "0: The document is empty."},
+        Refusal{"NulWithin", "[1\0]"s, "2: Missing a comma or ']' after an array element."},
+        Refusal{"TwoRoots", "{} x", "3: The document root must not be followed by other values."},
+        Refusal{"ClosingBracketFirst", "]", "0: Invalid value."},
+        Refusal{"ClosingBraceFirst", " } ", "1: Invalid value."},
+        Refusal{"ColonFirst", "\n\n:", "2: Invalid value."},
+        Refusal{"CommaFirst", ",[]", "0: Invalid value."},
+        Refusal{"Comment", "/* */ {}", "0: Invalid value."},
+        Refusal{"TrailingComma", "[1,]", "3: Invalid value."},
+        Refusal{"TrailingCommaInObject", "{\"a\":1,}", "7: Missing a name for object member."},
+        Refusal{"NaN", "NaN", "0: Invalid value."},
+        Refusal{"Infinity", "[-Infinity]", "2: Invalid value."},
+        Refusal{"ByteOrderMark", "\xEF\xBB\xBF{}", "0: Invalid value."},
+        Refusal{"NameWithoutQuotes", "{a:1}", "1: Missing a name for object member."},
+        Refusal{"NoColon", "{\"a\" 1}", "5: Missing a colon after a name of object member."},
+        Refusal{"NoComma", "{\"a\":1 \"b\":2}",
+                "7: Missing a comma or '}' after an object member."},
+        Refusal{"OpenString", "[\"a", "3: Missing a closing quotation mark in string."},
+        Refusal{"RawControlCharacter", "\"a\nb\"", "2: Invalid escape character in string."},
+        Refusal{"BadEscape", "\"a\\x\"", "2: Invalid escape character in string."},
+        Refusal{"BadHex", "\"\\u12G4\"", "1: Incorrect hex digit after \\u escape in string."},
+        Refusal{"LoneSurrogate", "\"\\uD800\"", "1: The surrogate pair in string is invalid."},
+        Refusal{"NoFraction", "[1.]", "3: Miss fraction part in number."},
+        Refusal{"NoExponent", "[1e+]", "4: Miss exponent in number."},
+        Refusal{"LeadingZero", "[01]", "2: Missing a comma or ']' after an array element."},
+        Refusal{"LeadingPlus", "+1", "0: Invalid value."},
+        Refusal{"TooBig", "[ 1e309]", "2: Number too big to be stored in double."},
+        Refusal{"TooBigByTenDigits", "[ 1e2147483648]",
+                "2: Number too big to be stored in double."},
+        Refusal{"TooBigByManyDigits", "[-0.00E+0099999999999999999999]",
+                "1: Number too big to be stored in double."}),
+    [](const auto& row) { return row.param.name; });
+
+struct Kind {
+  const char* text;
+  const char* kind;
+};
+
+TEST(Reading, TellsTypes) {
+  const Kind kinds[] = {{"{}", "object"},  {"[]", "array"},     {"\"\"", "string"},
+                        {"0", "number"},   {"-1", "number"},    {"18446744073709551615", "number"},
+                        {"1e5", "number"}, {"true", "bool"},    {"false", "bool"},
+                        {"null", "null"},  {"  [1]\n", "array"}};
+  for (const auto& [text, kind] : kinds) {
+    const JSON json = parse(text);
+    EXPECT_EQ(json.isObject(), kind == "object"s) << text;
+    EXPECT_EQ(json.isArray(), kind == "array"s) << text;
+    EXPECT_EQ(json.isString(), kind == "string"s) << text;
+    EXPECT_EQ(json.isNumber(), kind == "number"s) << text;
+    EXPECT_EQ(json.isBool(), kind == "bool"s) << text;
+    EXPECT_EQ(json.getBool(), text == "true"s) << text;
+  }
+}
+
+struct Number {
+  const char* text;
+  double value;
+};
+
+const Number numbers[] = {
+    {"3", 3.0},
+    {"-3", -3.0},
+    {"0", 0.0},
+    {"-0", 0.0},  // an integer
+    {"-0.0", -0.0},
+    {"2147483648", 2147483648.0},
+    {"-2147483649", -2147483649.0},
+    {"9007199254740993", 9007199254740992.0},
+    {"-9223372036854775808", -9223372036854775808.0},
+    {"18446744073709551615", 18446744073709551615.0},
+    {"18446744073709551616", 18446744073709551616.0},
+    {"0.3048", 0.3048},
+    {"1e3", 1000.0},
+    {"25.4E-3", 0.0254},
+    {"1e-400", 0.0},
+    {"5e-324", 5e-324},
+    {"2.2250738585072014e-308", 2.2250738585072014e-308},
+    // Exponents that overflow the reader's int together with the places of the fraction.
+    {"0.11111111111e-2147483639", 0.0},
+    {"-0.11111111111e-2147483639", -0.0},
+    {"0.5e-99999999999999999999", 0.0},
+    {"7E-2147483648", 0.0},
+    {"1.5e+0000000000000000000002", 150.0},
+    {"1.5e-0000000000000000000002", 0.015},
+    {"1.5e-0000000000000000000308", 1.5e-308}};
+
+TEST(Reading, GivesNumbersAsDoubles) {
+  for (const auto& [text, value] : numbers)
+    EXPECT_EQ(bitsOf(parse(text).getNumber()), bitsOf(value)) << text;
+}
+
+TEST(Reading, NeedsNoLocale) {
+  const CommaLocale locale;
+  if (!locale.isSet()) GTEST_SKIP() << CommaLocale::kMissing;
+  EXPECT_EQ(parse("0.3048").getNumber(), 0.3048);
+  EXPECT_EQ(JSON(0.3048).toString(), "0.3048");
+  EXPECT_EQ(messageOf<TextError>([] { parse("[0,3048"); }),
+            "JSON parsing error at offset 7: Missing a comma or ']' after an array element.");
+}
+
+TEST(Reading, CutsStringsAtTheirFirstNul) {
+  const std::pair<const char*, std::string> rows[] = {
+      {"\"\"", ""},
+      {"\"foot\"", "foot"},
+      {"\"longer than what is kept in place\"", "longer than what is kept in place"},
+      {"\"a\\u0000b\"", "a"},
+      {"\"\\u0000\"", ""},
+      {"\"\\\"\\\\\\/\\b\\f\\n\\r\\t\\u00B0\"", "\"\\/\b\f\n\r\t\xC2\xB0"},
+      {"\"\\uD83D\\uDE00\"", "\xF0\x9F\x98\x80"},
+      {"\"\xFF\xC0\"", "\xFF\xC0"},  // not checked
+      {"\"0.11111111111e-2147483639\"", "0.11111111111e-2147483639"},
+      {"\"\\\"1e-2147483648\"", "\"1e-2147483648"},
+      {"\"\\\\\"", "\\"}};
+  for (const auto& [text, value] : rows) {
+    const JSON json = parse(text);
+    EXPECT_EQ(json.getString(), value) << text;
+    EXPECT_EQ(json.getStringView(), value) << text;
+  }
+  const JSON mixed = parse("[\"\\\\\", 1e-2147483648, \"e-2147483648\", 2e-2147483648]");
+  EXPECT_EQ(mixed.getArray()[1].getNumber() + mixed.getArray()[3].getNumber(), 0.0);
+  EXPECT_EQ(mixed.getArray()[2].getString(), "e-2147483648");
+}
+
+TEST(Reading, FindsTheFirstMemberOfExactlyThatName) {
+  const JSON json =
+      parse("{\"a\":1,\"a\":2,\"A\":3,\"\":4,\"n\\u0000x\":5,\"n\":6,\"o\":{\"i\":7}}");
+  const std::pair<std::string, double> rows[] = {
+      {"a", 1}, {"A", 3}, {"", 4}, {"n", 6}, {"n\0x"s, 5}};
+  for (const auto& [key, value] : rows) {
+    EXPECT_TRUE(json.hasMember(key)) << key;
+    EXPECT_EQ(json.getMember(key).getNumber(), value) << key;
+  }
+  EXPECT_EQ(json.getMember("o").getMember("i").getNumber(), 7.0);
+
+  for (const std::string& key : {"b"s, "aa"s, "n\0"s, "n\0y"s}) {
+    EXPECT_FALSE(json.hasMember(key)) << key;
+    const JSON none = json.getMember(key);
+    EXPECT_FALSE(none.isObject() || none.isArray() || none.isString() || none.isNumber() ||
+                 none.isBool() || none.hasMember(""));
+  }
+  for (const char* text : {"[{\"a\":1}]", "[]", "\"a\"", "1", "null", "true"}) {
+    const JSON other = parse(text);
+    EXPECT_FALSE(other.hasMember("a")) << text;
+    EXPECT_FALSE(other.getMember("a").isNumber()) << text;
+    EXPECT_TRUE(other.getStringIntMap().empty() && other.getStringStringMap().empty()) << text;
+  }
+}
+
+TEST(Reading, WalksArraysInOrder) {
+  const JSON json = parse("[1, [2, 3], \"x\", {\"a\": 4}]");
+  const std::vector<JSON> views = json.getArray();
+  ASSERT_EQ(views.size(), 4u);
+  EXPECT_EQ(views[0].getNumber(), 1.0);
+  EXPECT_EQ(views[1].getArray().at(1).getNumber(), 3.0);
+  EXPECT_EQ(views[3].getMember("a").getNumber(), 4.0);
+
+  std::size_t count = 0;
+  json.forEachElement([&](const JSON& element) {
+    EXPECT_EQ(element.toString(), views[count].toString());
+    ++count;
+  });
+  EXPECT_EQ(count, views.size());
+  EXPECT_TRUE(parse("[]").getArray().empty());
+  parse("[]").forEachElement([](const JSON&) { ADD_FAILURE() << "an element of nothing"; });
+}
+
+TEST(Reading, ViewsOutliveTheirJsonButNotItsDocument) {
+  JSON kept = parse("{\"o\":{\"a\":[\"deep\"],\"m\":{\"x\":null}}}");
+  JSON element = kept.getMember("o").getMember("a").getArray().front().getMember("none");
+  element = std::move(kept.getMember("o").getMember("a").getArray().front());
+  JSON document = std::move(kept);
+  EXPECT_EQ(element.getString(), "deep");
+  // The factory goes with every view.
+  EXPECT_EQ(messageOf<TextError>([&] { document.getMember("o").getMember("m").getStringIntMap(); }),
+            "Expected a map with string keys and integer values, but value was not an integer.");
+}
+
+TEST(Reading, KeepsTheLastOfEqualNamesInMaps) {
+  using Integers = std::map<std::string, int>;
+  EXPECT_EQ(parse("{}").getStringIntMap(), Integers());
+  EXPECT_EQ(parse("{\"a\":1,\"b\":-7,\"a\":2}").getStringIntMap(), (Integers{{"a", 2}, {"b", -7}}));
+  EXPECT_EQ(
+      parse("{\"n\\u0000x\":1,\"n\":2147483647,\"z\":-2147483648,\"-0\":-0}").getStringIntMap(),
+      (Integers{{"n\0x"s, 1}, {"n", 2147483647}, {"z", -2147483647 - 1}, {"-0", 0}}));
+  using Strings = std::map<std::string, std::string>;
+  EXPECT_EQ(parse("{\"a\":\"x\",\"\":\"y\\u0000z\",\"a\":\"\"}").getStringStringMap(),
+            (Strings{{"a", ""}, {"", "y"}}));
+}
+
+TEST(Reading, RefusesOtherValuesInMaps) {
+  for (const char* value : {"1.5", "1.0", "1e0", "3000000000", "-2147483649", "4294967296", "\"1\"",
+                            "true", "null", "[]", "{}"})
+    EXPECT_EQ(
+        messageOf<TextError>([&] { parse("{\"a\":1,\"a\":"s + value + "}").getStringIntMap(); }),
+        "Expected a map with string keys and integer values, but value was not an integer.")
+        << value;
+  for (const char* value : {"1", "false", "null", "[]", "{}"})
+    EXPECT_EQ(messageOf<TextError>(
+                  [&] { parse("{\"a\":\"\",\"b\":"s + value + "}").getStringStringMap(); }),
+              "Expected a map with string keys and values, but value was not a string.")
+        << value;
+}
+
+TEST(Reading, TakesAnyDepth) {
+  const std::size_t depth = 1000000;
+  const std::string open(depth, '[');
+  const std::string close(depth, ']');
+  std::string objects;
+  for (std::size_t level = 0; level < depth; ++level) objects += "{\"\":";
+  onSmallStack([&] {
+    EXPECT_EQ(messageOf<TextError>([&] { parse(open); }),
+              "JSON parsing error at offset 1000000: Invalid value.");
+    EXPECT_EQ(messageOf<TextError>([&] { parse(open + close + "]"); }),
+              "JSON parsing error at offset 2000000: The document root must not be followed by "
+              "other values.");
+    EXPECT_EQ(messageOf<TextError>([&] { parse(objects); }),
+              "JSON parsing error at offset 4000000: Invalid value.");
+    const JSON arrays = parse(open + close);
+    EXPECT_TRUE(arrays.getArray().front().isArray());
+    EXPECT_TRUE(parse(objects + "1" + std::string(depth, '}')).getMember("").isObject());
+  });
+}
+
+TEST(Reading, HasALongestText) {
+  std::string text(JSON::kLongestText + 1, ' ');
+  EXPECT_EQ(messageOf<TextError>([&] { parse(text); }),
+            "JSON parsing error at offset 536870912: The text is too long.");
+  JSON root = JSON::makeDocument();
+  EXPECT_THROW(JSON::makeString(root, text), std::length_error);
+  EXPECT_THROW(root.setMember(root, text, JSON(1)), std::length_error);
+  EXPECT_EQ(root.toString(), "{}");
+
+  text.replace(0, 3, "{}\0"s);
+  EXPECT_TRUE(parse(text).isObject());
+}
+
+}  // namespace

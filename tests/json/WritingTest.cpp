@@ -1,0 +1,111 @@
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <random>
+#include <utility>
+
+#include "tests/json/TextExceptions.h"
+
+using namespace std::string_literals;
+
+namespace {
+
+template <class... Items>
+std::vector<JSON> listOf(Items&&... items) {
+  std::vector<JSON> list;
+  (list.push_back(std::forward<Items>(items)), ...);
+  return list;
+}
+
+TEST(Writing, KeepsTheOrderOfMembersAndItems) {
+  JSON root = JSON::makeDocument();
+  EXPECT_EQ(root.toString(), "{}");
+  root.setMember(root, "typeid", JSON::makeString(root, "x"));
+  root.setMember(root, "inherits", JSON::makeArray(root, listOf(JSON::makeString(root, "y"))));
+  EXPECT_EQ(root.toString(), "{\"typeid\":\"x\",\"inherits\":[\"y\"]}");
+  EXPECT_EQ(root.getMember("inherits").getArray().front().getString(), "y");
+
+  JSON inner = JSON::makeObject();
+  for (int member = 20; member > 0; --member)
+    inner.setMember(root, "m" + std::to_string(member), JSON(member));
+  root.setMember(root, "typeid", std::move(inner));
+  root.setMember(root, "", JSON::makeArray(root, {}));
+  EXPECT_EQ(root.toString(),
+            "{\"typeid\":\"x\",\"inherits\":[\"y\"],\"typeid\":{\"m20\":20,\"m19\":19,\"m18\":18,"
+            "\"m17\":17,\"m16\":16,\"m15\":15,\"m14\":14,\"m13\":13,\"m12\":12,\"m11\":11,"
+            "\"m10\":10,\"m9\":9,\"m8\":8,\"m7\":7,\"m6\":6,\"m5\":5,\"m4\":4,\"m3\":3,\"m2\":2,"
+            "\"m1\":1},\"\":[]}");
+}
+
+TEST(Writing, MovesValuesInAndLeavesThemNull) {
+  JSON root = JSON::makeDocument();
+  JSON object = JSON::makeObject();
+  object.setMember(root, "i", JSON(-2147483647 - 1));
+  std::vector<JSON> items = listOf(JSON(true), JSON(false), JSON(0.5), JSON(7), std::move(object));
+  JSON array = JSON::makeArray(root, std::move(items));
+  for (const JSON& item : items) EXPECT_EQ(item.toString(), "null");
+  EXPECT_EQ(array.toString(), "[true,false,0.5,7,{\"i\":-2147483648}]");
+
+  root.setMember(root, "a", std::move(array));
+  EXPECT_EQ(array.toString(), "null");
+  EXPECT_EQ(root.toString(), "{\"a\":[true,false,0.5,7,{\"i\":-2147483648}]}");
+}
+
+TEST(Writing, EscapesWhatJsonDemands) {
+  const std::pair<std::string, const char*> rows[] = {
+      {"", "\"\""},
+      {"a/b \x7F\xC2\xB0", "\"a/b \x7F\xC2\xB0\""},
+      {"\"\\", "\"\\\"\\\\\""},
+      {"\b\f\n\r\t", "\"\\b\\f\\n\\r\\t\""},
+      {"a\0b\x1F"s, "\"a\\u0000b\\u001F\""},
+      {"\xFF", "\"\xFF\""},
+      {"longer than what is kept in place", "\"longer than what is kept in place\""}};
+  for (const auto& [text, written] : rows) {
+    JSON root = JSON::makeDocument();
+    EXPECT_EQ(JSON::makeString(root, text).toString(), written);
+    root.setMember(root, text, JSON::makeObject());
+    EXPECT_EQ(root.toString(), "{"s + written + ":{}}");
+    EXPECT_TRUE(parse(root.toString()).getMember(text).isObject()) << written;
+  }
+}
+
+TEST(Writing, ShowsDoublesInTheirShortestForm) {
+  const std::pair<double, const char*> rows[] = {{0.0, "0.0"},
+                                                 {-0.0, "-0.0"},
+                                                 {1.0, "1.0"},
+                                                 {0.3048, "0.3048"},
+                                                 {-273.15, "-273.15"},
+                                                 {1.0 / 3.0, "0.3333333333333333"},
+                                                 {1e20, "100000000000000000000.0"},
+                                                 {1e21, "1e21"},
+                                                 {1e-6, "0.000001"},
+                                                 {1e-7, "1e-7"},
+                                                 {1.7976931348623157e308, "1.7976931348623157e308"},
+                                                 {5e-324, "5e-324"}};
+  for (const auto& [value, text] : rows) EXPECT_EQ(JSON(value).toString(), text);
+}
+
+TEST(Writing, ShowsDoublesAsACorrectReaderReadsThemBack) {
+  std::mt19937_64 random(3);
+  for (int count = 0; count < 20000; ++count) {
+    const std::uint64_t bits = random();
+    double value;
+    std::memcpy(&value, &bits, sizeof value);
+    if (!(value - value == 0.0)) continue;  // not finite
+    EXPECT_EQ(std::strtod(JSON(value).toString().c_str(), nullptr), value);
+  }
+}
+
+TEST(Writing, HasNoTextForWhatIsNotFinite) {
+  for (const double value :
+       {std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()}) {
+    JSON root = JSON::makeDocument();
+    root.setMember(root, "a", JSON(value));
+    EXPECT_THROW(root.toString(), std::logic_error);
+  }
+}
+
+}  // namespace
