@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <iterator>
 #include <limits>
 #include <system_error>
 
@@ -15,79 +16,53 @@ bool isWhiteSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-char lowerCase(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-bool isHexadecimalDigit(char c) {
-  return isDigit(c) || (lowerCase(c) >= 'a' && lowerCase(c) <= 'f');
-}
-
-std::size_t skipDigits(std::string_view text, std::size_t from, bool (*isWanted)(char)) {
-  while (from < text.size() && isWanted(text[from])) ++from;
-  return from;
-}
-
-/// How much of a text are digits with at most one point among them; 0 when there is no digit.
-std::size_t mantissaLength(std::string_view text, bool (*isWanted)(char)) {
-  const std::size_t whole = skipDigits(text, 0, isWanted);
-  if (whole == text.size() || text[whole] != '.') return whole;
-  const std::size_t all = skipDigits(text, whole + 1, isWanted);
-  return all == 1 ? 0 : all;
-}
-
-/// How much of a text is an exponent with its letter; 0 when there is none or no digit in it.
-std::size_t exponentLength(std::string_view text, char letter) {
-  if (text.empty() || lowerCase(text[0]) != letter) return 0;
-  const std::size_t sign = text.size() > 1 && (text[1] == '+' || text[1] == '-') ? 1 : 0;
-  const std::size_t length = skipDigits(text, 1 + sign, isDigit);
-  return length == 1 + sign ? 0 : length;
-}
-
-/// The value of an exponent, which may be missing. It stops growing where no mantissa is long
-/// enough to make up for it.
-std::int64_t exponentValue(std::string_view exponent) {
-  constexpr std::int64_t enough = std::int64_t{1} << 55;
-  std::int64_t value = 0;
-  for (const char c : exponent)
-    if (isDigit(c)) value = std::min(value * 10 + (c - '0'), enough);
-  return exponent.size() > 1 && exponent[1] == '-' ? -value : value;
-}
-
-/// The place of the first digit that is not 0: 1 for 12.5, -2 for 0.05.
-std::int64_t leadingPlace(std::string_view mantissa) {
-  const auto first = static_cast<std::int64_t>(mantissa.find_first_not_of("0."));
-  const auto point = static_cast<std::int64_t>(std::min(mantissa.find('.'), mantissa.size()));
-  return first < point ? point - first - 1 : point - first;
-}
-
 struct Notation {
-  bool (*isDigit)(char);
-  char exponentLetter;
   std::chars_format format;
-  int exponentsPerPlace;  // what a digit one place to the left adds to the exponent
+  std::string_view firsts;        // what a number may begin with
+  std::string_view exponentMark;  // in both cases
+  int exponentPerDigit;           // what one digit more before the point adds to the exponent
 };
 
-constexpr Notation decimal = {isDigit, 'e', std::chars_format::general, 1};
-constexpr Notation hexadecimal = {isHexadecimalDigit, 'p', std::chars_format::hex, 4};
+constexpr Notation decimal = {std::chars_format::general, ".0123456789", "eE", 1};
+constexpr Notation hexadecimal = {std::chars_format::hex, ".0123456789abcdefABCDEF", "pP", 4};
+
+/// Whether a number too far from 1 for any double is too large, rather than too small.
+bool isTooLarge(std::string_view number, const Notation& notation) {
+  const std::size_t mark = std::min(number.find_first_of(notation.exponentMark), number.size());
+  const std::string_view mantissa = number.substr(0, mark);
+  const auto first = static_cast<std::int64_t>(mantissa.find_first_not_of("0."));
+  const auto point = static_cast<std::int64_t>(std::min(mantissa.find('.'), mantissa.size()));
+
+  // The exponent stops growing where no mantissa is long enough to make up for it.
+  constexpr std::int64_t enough = std::int64_t{1} << 55;
+  std::int64_t exponent = 0;
+  for (const char c : number.substr(mark))
+    if (isDigit(c)) exponent = std::min(exponent * 10 + (c - '0'), enough);
+  if (number.find('-') != std::string_view::npos) exponent = -exponent;
+  return (point - first) * notation.exponentPerDigit + exponent > 0;
+}
 
 LeadingNumber readUnsigned(std::string_view text, const Notation& notation) {
-  const std::size_t mantissa = mantissaLength(text, notation.isDigit);
-  if (mantissa == 0) return {};
-  const std::size_t exponent = exponentLength(text.substr(mantissa), notation.exponentLetter);
-  const std::size_t length = mantissa + exponent;
+  if (text.empty() || notation.firsts.find(text.front()) == std::string_view::npos) return {};
   double value = 0.0;
-  const auto read = std::from_chars(text.data(), text.data() + length, value, notation.format);
-  if (read.ec == std::errc()) return {value, length};
-
-  // No double is near. from_chars does not say on which side, but strtod does.
-  const std::int64_t place = leadingPlace(text.substr(0, mantissa)) * notation.exponentsPerPlace +
-                             exponentValue(text.substr(mantissa, exponent));
-  return {place > 0 ? HUGE_VAL : 0.0, length};
+  const auto [end, error] =
+      std::from_chars(text.data(), text.data() + text.size(), value, notation.format);
+  const auto length = static_cast<std::size_t>(end - text.data());
+  if (error == std::errc::result_out_of_range)
+    value = isTooLarge(text.substr(0, length), notation) ? HUGE_VAL : 0.0;
+  return {value, length};
 }
 
 LeadingNumber readHexadecimal(std::string_view text) {
-  if (text.size() < 2 || text[0] != '0' || lowerCase(text[1]) != 'x') return {};
-  LeadingNumber number = readUnsigned(text.substr(2), hexadecimal);
-  if (number.length > 0) number.length += 2;
+  constexpr std::size_t markLength = 2;
+  if (text.size() < markLength || text[0] != '0' || (text[1] != 'x' && text[1] != 'X')) return {};
+  text.remove_prefix(markLength);
+  LeadingNumber number = readUnsigned(text, hexadecimal);
+  // libstdc++ takes "p+-5" for an exponent, strtod takes none of it.
+  const std::size_t signs = text.substr(0, number.length).find("+-");
+  if (signs != std::string_view::npos)
+    number = readUnsigned(text.substr(0, signs - 1), hexadecimal);
+  if (number.length > 0) number.length += markLength;
   return number;
 }
 
@@ -108,10 +83,25 @@ LeadingNumber readClassicDouble(std::string_view text) {
 
 LeadingNumber readClassicDigits(std::string_view text) {
   constexpr std::int64_t largest = std::numeric_limits<std::int32_t>::max();
-  const std::size_t length = skipDigits(text, 0, isDigit);
   std::int64_t value = 0;
-  for (const char c : text.substr(0, length)) value = std::min(value * 10 + (c - '0'), largest);
+  std::size_t length = 0;
+  for (; length < text.size() && isDigit(text[length]); ++length)
+    value = std::min(value * 10 + (text[length] - '0'), largest);
   return {static_cast<double>(value), length};
+}
+
+void appendFixed(std::string& out, double value, unsigned char decimalPlaces) {
+  constexpr std::size_t mostWholeDigits = std::numeric_limits<double>::max_exponent10 + 1;
+  constexpr std::size_t mostPlaces = std::numeric_limits<unsigned char>::max();
+  char digits[mostWholeDigits + 1 + mostPlaces];
+  const auto written = std::to_chars(std::begin(digits), std::end(digits), std::fabs(value),
+                                     std::chars_format::fixed, decimalPlaces);
+  out.append(digits, written.ptr);
+}
+
+void appendWhole(std::string& out, std::uint64_t value) {
+  char digits[std::numeric_limits<std::uint64_t>::digits10 + 1];
+  out.append(digits, std::to_chars(std::begin(digits), std::end(digits), value).ptr);
 }
 
 }  // namespace Units

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace Units {
@@ -29,5 +31,12 @@ LeadingNumber readClassicDouble(std::string_view text);
 /// The digits that strtol reads at the very start of a text, in base 10 and 32 bits: beyond, the
 /// value stays at 2147483647. No value text has white space or a sign there.
 LeadingNumber readClassicDigits(std::string_view text);
+
+/// Appends the magnitude of a number in fixed notation, every digit of it, as a stream in the
+/// classic locale writes it: "12.50", "inf", "nan".
+void appendFixed(std::string& out, double value, unsigned char decimalPlaces);
+
+/// Appends a whole number in decimal.
+void appendWhole(std::string& out, std::uint64_t value);
 
 }  // namespace Units

@@ -49,12 +49,6 @@ bool stripSeparator(std::string_view& text, const Words& marks, bool& marked) {
   return marked || hyphen || spaces;
 }
 
-/// Whether nothing but spaces is left.
-bool isAtEnd(std::string_view text) {
-  stripSpaces(text);
-  return text.empty();
-}
-
 /// Takes minutes and what ends them, and adds them to `degrees`. A number before a second mark is
 /// not minutes.
 bool readMinutes(std::string_view& text, double& degrees, bool& marked, bool& ended) {

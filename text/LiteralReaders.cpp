@@ -3,7 +3,6 @@
 #include "model/Letters.h"
 #include "text/ClassicNumber.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstddef>
 
@@ -12,21 +11,28 @@ namespace Units {
 namespace {
 
 bool beginsWithWord(std::string_view text, std::string_view word) {
-  if (text.substr(0, word.size()) != word) return false;
+  if (text.front() != word.front() || text.substr(0, word.size()) != word) return false;
   return text.size() == word.size() || !isLetter(text[word.size()]) || !isLetter(word.back());
 }
 
 }  // namespace
 
 bool stripSpaces(std::string_view& text) {
-  const std::size_t spaces = std::min(text.find_first_not_of(' '), text.size());
+  std::size_t spaces = 0;
+  while (spaces < text.size() && text[spaces] == ' ') ++spaces;
   text.remove_prefix(spaces);
   return spaces > 0;
+}
+
+bool isAtEnd(std::string_view text) {
+  stripSpaces(text);
+  return text.empty();
 }
 
 bool stripLeadingWord(std::string_view& text, const Words& words) {
   std::string_view rest = text;
   stripSpaces(rest);
+  if (rest.empty()) return false;
   std::size_t longest = 0;
   for (const std::string_view word : words)
     if (word.size() > longest && beginsWithWord(rest, word)) longest = word.size();

@@ -25,6 +25,9 @@ inline constexpr Words plus = {"+"};
 /// Takes off leading spaces; whether there were any.
 bool stripSpaces(std::string_view& text);
 
+/// Whether nothing but spaces is left.
+bool isAtEnd(std::string_view text);
+
 /// Takes off leading spaces and the longest of the words that comes then. A word that ends in a
 /// letter counts only where no letter follows: "in" is not taken from "inside".
 bool stripLeadingWord(std::string_view& text, const Words& words);

@@ -1,6 +1,7 @@
 #include "text/ValueText.h"
 
 #include "model/RecordAccess.h"
+#include "text/ClassicNumber.h"
 #include "text/CompositeReaders.h"
 #include "text/LiteralReaders.h"
 
@@ -14,16 +15,11 @@ struct Reading {
   const Symbol* symbol = nullptr;
 };
 
-bool isAtEnd(std::string_view text) {
-  stripSpaces(text);
-  return text.empty();
-}
-
 /// `12.5`, `3 ft`
 bool readNumberFirst(std::string_view text, Reading& reading, const SymbolTexts& symbols) {
   Reading read;
   if (!readNumber(text, read.value)) return false;
-  matchLeadingSymbol(text, Placement::Suffix, &read.symbol, symbols);
+  if (!text.empty()) matchLeadingSymbol(text, Placement::Suffix, &read.symbol, symbols);
   if (!isAtEnd(text)) return false;
   reading = read;
   return true;
@@ -51,7 +47,18 @@ constexpr CompositeReader compositeReaders[] = {
     {readMetersAndCentimeters, CompositeForm::MetersAndCentimeters},
 };
 
+/// A cheap look at what follows the first number: without a mark, a hyphen, a slash or another
+/// number there, no form goes on.
+bool mayBeComposite(std::string_view text) {
+  constexpr std::string_view goingOn = "'\"fimc\xC2-/+0123456789.eExX\t\n\v\f\r";
+  stripSpaces(text);
+  text.remove_prefix(readClassicDigits(text).length);
+  stripSpaces(text);
+  return !text.empty() && goingOn.find(text.front()) != std::string_view::npos;
+}
+
 bool readComposite(std::string_view text, Reading& reading, const SymbolTexts& symbols) {
+  if (!mayBeComposite(text)) return false;
   for (const CompositeReader& reader : compositeReaders) {
     if (!reader.read(text, reading.value)) continue;
     reading.symbol = symbols.composite(reader.form);

@@ -1,0 +1,22 @@
+#include "text/NumberRenderer.h"
+
+#include "model/Tolerances.h"
+
+#include <cmath>
+
+namespace Units {
+
+double roundToStep(double value, double step, bool& negative) {
+  negative = false;
+  // Subtracting from zero instead of negating keeps -0.0 out of the result.
+  const double magnitude = value > 0.0 ? value : 0.0 - value;
+  double rounded = std::floor(magnitude / step + 0.5 + roundingTolerance) * step;
+  if (value <= 0.0) rounded = 0.0 - rounded;
+  if (rounded < 0.0) {
+    negative = true;
+    rounded = -rounded;
+  }
+  return rounded;
+}
+
+}  // namespace Units
