@@ -10,34 +10,11 @@
 #include "model/RecordAccess.h"
 #include "text/ValueText.h"
 
-#include <TrelvonUnits/Exceptions.h>
-
 #include <stdexcept>
 #include <string>
 #include <utility>
 
 namespace {
-
-[[noreturn]] void throwUnexpectedParseError() {
-  throw std::logic_error("legacy code dbgWarn: Unexpected parse error. Dresmond 9-May-2004");
-}
-
-std::unique_ptr<Expression> pop(ExpressionStack& stack) {
-  if (stack.empty()) throw Units::ParseException("Expected an expression.");
-  std::unique_ptr<Expression> top = std::move(stack.back());
-  stack.pop_back();
-  return top;
-}
-
-std::unique_ptr<Expression> popOperand(ExpressionStack& operands) {
-  if (operands.empty()) throwUnexpectedParseError();
-  return pop(operands);
-}
-
-bool opensParenthesis(const Expression& expression) {
-  return expression.kind() == ExpressionKind::Function ||
-         expression.kind() == ExpressionKind::Paren || expression.kind() == ExpressionKind::Symbol;
-}
 
 /// Whether a literal with this symbol may read otherwise once the separators behind it are cut off.
 bool endsInSeparator(const Units::Symbol* symbol) {
@@ -58,43 +35,6 @@ bool parseFormula(std::string_view text, std::unique_ptr<Expression>& expression
   while (tokenizer.nextToken(token))
     if (!parser.take(token)) return false;
   return parser.finish(expressionOut);
-}
-
-int getPriority(const Expression& expression) {
-  if (expression.kind() == ExpressionKind::UnaryOperator) return 4;
-  const auto* const binary = nodeAs<BinaryOperatorExpression>(&expression);
-  if (!binary)
-    throw std::logic_error(
-        "legacy code dbgWarn: Unknown expresion type in getPriority. Dresmond 10-Apr-2003");
-  switch (binary->getOperator()) {
-    case FormulaBinaryOperator::Add:
-    case FormulaBinaryOperator::Subtract:
-      return 1;
-    case FormulaBinaryOperator::Multiply:
-    case FormulaBinaryOperator::Divide:
-      return 2;
-    case FormulaBinaryOperator::Power:
-      return 3;
-    case FormulaBinaryOperator::None:
-      break;
-  }
-  throw std::logic_error(
-      "legacy code dbgWarn: Unknown binary operator in getPriority. Dresmond 10-Apr-2003");
-}
-
-void reduceOperators(ExpressionStack& operands, ExpressionStack& operators, int priority) {
-  while (!operators.empty() && !opensParenthesis(*operators.back())) {
-    const int priorityOfTop = getPriority(*operators.back());
-    if (priority != 0 && priority > priorityOfTop) return;
-    std::unique_ptr<Expression> top = pop(operators);
-    if (auto* const unary = nodeAs<UnaryOperatorExpression>(top.get())) {
-      unary->setOperand(popOperand(operands));
-    } else if (auto* const binary = nodeAs<BinaryOperatorExpression>(top.get())) {
-      std::unique_ptr<Expression> right = popOperand(operands);
-      binary->setOperands(popOperand(operands), std::move(right));
-    }
-    operands.push_back(std::move(top));
-  }
 }
 
 bool FormulaParser::take(const FormulaToken& token) {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "formula/Expression.h"
 #include "formula/FormulaTokenizer.h"
+#include "formula/OperatorReduction.h"
 #include "formula/UnitMath.h"
 #include "model/SymbolTexts.h"
 
@@ -9,7 +9,6 @@
 
 #include <memory>
 #include <string_view>
-#include <vector>
 
 /// Builds the tree of a formula.
 ///
@@ -20,17 +19,6 @@
 bool parseFormula(std::string_view text, std::unique_ptr<Expression>& expressionOut,
                   const Units::SymbolTexts& symbols, const Units::UnitMath& unitMath,
                   VariableResolver resolver);
-
-using ExpressionStack = std::vector<std::unique_ptr<Expression>>;
-
-/// How tightly an operator binds. All binary operators are left-associative, "^" too.
-/// @throws std::logic_error  the expression is no operator, or one of an unknown kind.
-int getPriority(const Expression& expression);
-
-/// Gives the operators on top of the operator stack their operands, down to one that binds less
-/// tightly than `priority` (0: to the end) or to an open parenthesis.
-/// @throws std::logic_error  there are too few operands.
-void reduceOperators(ExpressionStack& operands, ExpressionStack& operators, int priority);
 
 /// Two stacks that turn tokens, one after the other, into a tree.
 class FormulaParser {

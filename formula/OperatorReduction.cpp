@@ -1,0 +1,71 @@
+#include "formula/OperatorReduction.h"
+
+#include "formula/BinaryOperatorExpression.h"
+#include "formula/UnaryOperatorExpression.h"
+
+#include <TrelvonUnits/Exceptions.h>
+
+#include <stdexcept>
+#include <utility>
+
+namespace {
+
+bool opensParenthesis(const Expression& expression) {
+  return expression.kind() == ExpressionKind::Function ||
+         expression.kind() == ExpressionKind::Paren || expression.kind() == ExpressionKind::Symbol;
+}
+
+}  // namespace
+
+void throwUnexpectedParseError() {
+  throw std::logic_error("legacy code dbgWarn: Unexpected parse error. Dresmond 9-May-2004");
+}
+
+std::unique_ptr<Expression> pop(ExpressionStack& stack) {
+  if (stack.empty()) throw Units::ParseException("Expected an expression.");
+  std::unique_ptr<Expression> top = std::move(stack.back());
+  stack.pop_back();
+  return top;
+}
+
+std::unique_ptr<Expression> popOperand(ExpressionStack& operands) {
+  if (operands.empty()) throwUnexpectedParseError();
+  return pop(operands);
+}
+
+int getPriority(const Expression& expression) {
+  if (expression.kind() == ExpressionKind::UnaryOperator) return 4;
+  const auto* const binary = nodeAs<BinaryOperatorExpression>(&expression);
+  if (!binary)
+    throw std::logic_error(
+        "legacy code dbgWarn: Unknown expresion type in getPriority. Dresmond 10-Apr-2003");
+  switch (binary->getOperator()) {
+    case FormulaBinaryOperator::Add:
+    case FormulaBinaryOperator::Subtract:
+      return 1;
+    case FormulaBinaryOperator::Multiply:
+    case FormulaBinaryOperator::Divide:
+      return 2;
+    case FormulaBinaryOperator::Power:
+      return 3;
+    case FormulaBinaryOperator::None:
+      break;
+  }
+  throw std::logic_error(
+      "legacy code dbgWarn: Unknown binary operator in getPriority. Dresmond 10-Apr-2003");
+}
+
+void reduceOperators(ExpressionStack& operands, ExpressionStack& operators, int priority) {
+  while (!operators.empty() && !opensParenthesis(*operators.back())) {
+    const int priorityOfTop = getPriority(*operators.back());
+    if (priority != 0 && priority > priorityOfTop) return;
+    std::unique_ptr<Expression> top = pop(operators);
+    if (auto* const unary = nodeAs<UnaryOperatorExpression>(top.get())) {
+      unary->setOperand(popOperand(operands));
+    } else if (auto* const binary = nodeAs<BinaryOperatorExpression>(top.get())) {
+      std::unique_ptr<Expression> right = popOperand(operands);
+      binary->setOperands(popOperand(operands), std::move(right));
+    }
+    operands.push_back(std::move(top));
+  }
+}
