@@ -1,0 +1,252 @@
+#include "schema/Definitions.h"
+#include "tests/json/FailingNew.h"
+#include "tests/schema/SchemaTexts.h"
+#include "tests/support/Messages.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace Units {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+void addAll(const Texts& texts, Registries& registries) {
+  for (const std::string& text : texts) addDefinition(text, registries);
+}
+
+/// One of each, that later schemas may rest on.
+const Texts stored = {dimension("d0"), factor("f0", {}), primitive("u0"), absolute("a0", "u0")};
+
+/// The sizes of all maps and sets, `objects` first.
+std::vector<std::size_t> sizes(const Registries& registries) {
+  std::vector<std::size_t> result;
+  const auto add = [&](const auto& kind) {
+    for (const auto size :
+         {kind.objects.size(), kind.pending.size(), kind.batch.size(), kind.built.size()})
+      result.push_back(size);
+  };
+  add(registries.dimensions);
+  add(registries.factors);
+  add(registries.units);
+  add(registries.symbols);
+  add(registries.quantities);
+  result.push_back(registries.registeredTypeIds.size());
+  result.push_back(registries.pendingTypeIds.size());
+  return result;
+}
+
+struct Fault {
+  const char* name;
+  Texts batch;
+  std::string message;
+};
+
+class FaultyBatch : public testing::TestWithParam<Fault> {};
+
+TEST_P(FaultyBatch, IsDroppedAndNothingElse) {
+  Registries registries;
+  addAll(stored, registries);
+  buildSchemas(registries);
+  const auto before = sizes(registries);
+  for (int round = 0; round != 2; ++round) {  // the type ids are free again
+    addAll(GetParam().batch, registries);
+    EXPECT_EQ(messageOf<ValidationException>([&] { buildSchemas(registries); }),
+              GetParam().message);
+    EXPECT_EQ(sizes(registries), before);
+  }
+  buildSchemas(registries);
+  EXPECT_EQ(sizes(registries), before);
+}
+
+std::string missing(const std::string& dependency, const std::string& schemaTypeId) {
+  return "Dependency " + dependency + " in schema " + schemaTypeId +
+         " is missing or does not represent an object of the expected type.";
+}
+std::string unexpected(const std::string& id) {
+  return "Parent " + id + " has an unexpected type.";
+}
+std::string circle(const std::string& id) {
+  return "A schema identifies its descendant " + id + " as one of its parents.";
+}
+std::string notRelative(const std::string& id, const std::string& kindAndUnit) {
+  return "Parent unit " + id + " in " + kindAndUnit + " is not a relative unit.";
+}
+std::string notFound(const std::string& id) {
+  return "Could not find relative unit with typeid " + id + ".";
+}
+const std::string noDimension = dimensional("z", "x");
+const std::string noSymbolUnit = composite("z:feetAndInches-1", "x");
+const std::string noQuantityUnit = quantity("y", {"u0", "x", "w"});
+const std::string noFactor = factor("fz", {"x"});
+
+Fault fault(const char* name, const Texts& batch, const std::string& message) {
+  return {name, batch, message};
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, FaultyBatch,
+    testing::Values(
+        fault("DimensionMissingFirst", {noQuantityUnit, noSymbolUnit, noDimension},
+              missing("x", "z")),
+        fault("DimensionIsAUnit", {dimensional("y", "u0")}, missing("u0", "y")),
+        fault("DimensionsByUnit", {dimensional("y", "b"), dimensional("x", "c")},
+              missing("c", "x")),
+        fault("SymbolBeforeQuantity", {noFactor, noQuantityUnit, noSymbolUnit},
+              missing("x", "z:feetAndInches-1")),
+        fault("SymbolOfAFactor", {composite("s:feetAndInches-1", "f0")},
+              missing("f0", "s:feetAndInches-1")),
+        fault("QuantityBeforeFactor", {noFactor, noQuantityUnit}, missing("x", "y")),
+        fault("QuantityOfADimension", {quantity("q", {"d0"})}, missing("d0", "q")),
+        fault("FactorMissing", {noFactor}, unexpected("x")),
+        fault("FactorIsAUnit", {factor("f", {"f0", "u0"})}, unexpected("u0")),
+        fault("FactorIsItself", {factor("f", {"f"})}, circle("f")),
+        fault("FactorCircle", {factor("b", {"a"}), factor("a", {"b"})}, circle("a")),
+        fault("FactorCircleBelowTheRoot",
+              {factor("a", {"b"}), factor("b", {"c"}), factor("c", {"b"})}, circle("b")),
+        fault("FactorMissingDeepBeforeCircle",
+              {factor("a", {"b", "c"}), factor("b", {"x"}), factor("c", {"a"})}, unexpected("x")),
+        fault("FactorCircleDeepBeforeMissing", {factor("a", {"b", "x"}), factor("b", {"a"})},
+              circle("a")),
+        fault("FactorBeforeUnits", {derived("a", {"x"}), noFactor}, unexpected("x")),
+
+        fault("UnitFactorBeforeUnit", {derived("u", {"a0"}, {"f0", "x"})}, missing("x", "u")),
+        fault("UnitFactorIsAUnit", {derived("u", {"u0"}, {"u0"})}, missing("u0", "u")),
+        fault("UnitUnitIsAFactor", {derived("u", {"f0"})}, missing("f0", "u")),
+        fault("UnitAbsoluteBeforeMissing", {derived("u", {"a0", "x"})},
+              notRelative("a0", "derived unit u")),
+        fault("UnitAbsoluteOfTheBatch", {derived("u", {"a"}), absolute("a", "u0")},
+              notRelative("a", "derived unit u")),
+        // A walk from an earlier unit comes by first, and names that unit.
+        fault("UnitAbsoluteDeep", {derived("u", {"v"}), derived("v", {"a"}), absolute("a", "u0")},
+              notRelative("a", "derived unit u")),
+        fault("UnitAbsoluteDeepInALaterUnit",
+              {derived("v", {"u"}), derived("u", {"a"}), absolute("a", "u0")},
+              notRelative("a", "derived unit u")),
+        fault("UnitStoredAbsoluteEndsTheWalk", {derived("u", {"v"}), derived("v", {"a0"})},
+              notRelative("a0", "derived unit v")),
+        fault("UnitMissingDeep", {derived("u", {"v"}), derived("v", {"x"})}, unexpected("x")),
+        fault("UnitMissingBeforeTheWalk", {derived("v", {"u"}), derived("u", {"x"})},
+              missing("x", "u")),
+        fault("UnitIsItself", {derived("u", {"u"})}, circle("u")),
+        fault("UnitCircleThroughTwo",
+              {derived("u", {"u0", "v"}), derived("v", {"w"}), derived("w", {"v"})}, circle("v")),
+        fault("UnitDirectParentsBeforeTheWalk", {derived("u", {"v", "x"}), derived("v", {"u"})},
+              missing("x", "u")),
+        fault("UnitWalkBeforeTheNextUnit", {derived("u", {"u"}), absolute("v", "x")}, circle("u")),
+        fault("UnitUnitBeforeTheNextWalk", {absolute("t", "x"), derived("u", {"u"})},
+              notFound("x")),
+        fault("UnitAbsoluteOfAnAbsolute", {absolute("a", "b"), absolute("b", "u0")},
+              notRelative("b", "absolute unit a")),
+        fault("UnitAbsoluteOfItself", {absolute("a", "a")}, notRelative("a", "absolute unit a")),
+        fault("UnitAbsoluteOfAStoredAbsolute", {absolute("a", "a0")}, notFound("a0")),
+        fault("UnitAbsoluteOfAFactorOfTheBatch", {absolute("a", "f"), factor("f", {})},
+              notFound("f"))),
+    [](const auto& row) { return row.param.name; });
+
+/// Parents before and after their children in byte order, of all kinds.
+const Texts soundBatch = {derived("b", {"a", "c"}, {"f"}),
+                          derived("a", {"c", "u0"}),
+                          dimensional("c", "d"),
+                          dimension("d"),
+                          absolute("e", "b"),
+                          factor("f", {"g", "f0"}),
+                          factor("g", {}),
+                          composite("s:feetAndInches-1", "b"),
+                          quantity("q", {"e", "a"})};
+
+TEST(BuildSchemas, GivesTheSameWhateverComesFirst) {
+  const auto image = [](const Texts& texts) {
+    Registries registries;
+    addAll(texts, registries);
+    addAll(stored, registries);
+    buildSchemas(registries);
+    EXPECT_TRUE(registries.pendingTypeIds.empty());
+    std::string result;
+    for (const std::string& typeId : registries.registeredTypeIds)
+      result += getDefinition(typeId, registries) + "\n";
+    return result;
+  };
+  Texts texts = soundBatch;
+  const std::string expected = image(texts);
+  EXPECT_EQ(std::count(expected.begin(), expected.end(), '\n'), 13);
+  for (std::size_t first = 0; first != texts.size(); ++first) {
+    std::rotate(texts.begin(), texts.begin() + 1, texts.end());
+    EXPECT_EQ(image(texts), expected);
+    EXPECT_EQ(image(Texts(texts.rbegin(), texts.rend())), expected);
+  }
+}
+
+TEST(GetDependencies, ListsAllThatADefinitionRestsOn) {
+  Registries registries;
+  addAll(stored, registries);
+  addAll(soundBatch, registries);
+  buildSchemas(registries);
+  const std::set<std::string> ofB = {"a", "c", "d", "f", "f0", "g", "u0"};
+  std::set<std::string> withB = ofB;
+  withB.insert("b");
+  std::set<std::string> ofQuantity = withB;
+  ofQuantity.insert("e");
+  const std::vector<std::pair<std::string, std::set<std::string>>> rows = {
+      {"d", {}},      {"g", {}},         {"f", {"f0", "g"}},          {"u0", {}},
+      {"c", {"d"}},   {"b", ofB},        {"a", {"c", "d", "u0"}},     {"e", withB},
+      {"a0", {"u0"}}, {"q", ofQuantity}, {"s:feetAndInches-1", withB}};
+  for (const auto& [typeId, dependencies] : rows)
+    EXPECT_EQ(getDependencies(typeId, registries), dependencies) << typeId;
+}
+
+/// Runs `action` on fresh registries with each of its allocations failing in turn, alone and with
+/// all that follow; `check` then sees what is left. Returns how many there are.
+template <class Action, class Check>
+long failEach(const Texts& pending, const Action& action, const Check& check) {
+  for (long index = 0;; ++index)
+    for (const bool andAllThatFollow : {false, true}) {
+      Registries registries;
+      addAll(stored, registries);
+      buildSchemas(registries);
+      addAll(pending, registries);
+      const auto before = sizes(registries);
+      {
+        const FailingNew failing(index, andAllThatFollow);
+        try {
+          action(registries);
+        } catch (const std::bad_alloc&) {
+        }
+      }
+      if (!FailingNew::hasFailed()) return index;
+      check(registries, before);
+    }
+}
+
+TEST(Allocation, FailsDefinitionsWhole) {
+  const std::string typeId = "a type id that is longer than what is kept in place";
+  for (const std::string& text :
+       {dimension(typeId), factor(typeId, {"f0", "x"}), derived(typeId, {"u0", "x"}, {"y"}),
+        quantity(typeId, {"u0", "x"}), composite(typeId + ":feetAndInches-1", "x")}) {
+    const auto add = [&](Registries& registries) { addDefinition(text, registries); };
+    EXPECT_GT(failEach({}, add,
+                       [&](const Registries& registries, const auto& before) {
+                         EXPECT_EQ(sizes(registries), before);
+                       }),
+              20);
+  }
+}
+
+TEST(Allocation, FailsBuildsWholeAndDropsTheirBatch) {
+  EXPECT_GT(failEach(soundBatch, buildSchemas,
+                     [&](Registries& registries, const auto&) {
+                       Registries untouched;
+                       addAll(stored, untouched);
+                       buildSchemas(untouched);
+                       EXPECT_EQ(sizes(registries), sizes(untouched));
+                       addAll(soundBatch, registries);
+                       buildSchemas(registries);
+                       EXPECT_EQ(registries.registeredTypeIds.size(), 13u);
+                     }),
+            30);
+}
+
+}  // namespace
+}  // namespace Units
