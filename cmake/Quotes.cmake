@@ -1,0 +1,11 @@
+# Fails when a page does not hold an example as it is, program and output.
+#   cmake -D PAGE=<file> -D "QUOTED=<file>;<file>" -P Quotes.cmake
+file(READ ${PAGE} page)
+foreach(file IN LISTS QUOTED)
+  file(READ ${file} text)
+  string(FIND "${page}" "```cpp\n${text}```" program)
+  string(FIND "${page}" "```\n${text}```" output)
+  if(program EQUAL -1 AND output EQUAL -1)
+    message(FATAL_ERROR "${PAGE} does not hold what is in ${file}")
+  endif()
+endforeach()
