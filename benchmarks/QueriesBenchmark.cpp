@@ -1,0 +1,41 @@
+/// What the unit queries cost beside a bare walk that copies the records that they give.
+#include "benchmarks/Catalogue.h"
+
+#include <benchmark/benchmark.h>
+
+#include <map>
+
+namespace {
+
+using Records = std::map<std::string, Units::Unit>;
+
+Records convertible() { return catalogue().getConvertibleUnits(unit("bar")); }
+Records withPowers() { return catalogue().getUnitsWithPrimitivePowers({{unit("meter"), 1}}); }
+Records primitive() { return catalogue().getPrimitiveUnits(); }
+
+template <Records (*query)()>
+void Query(benchmark::State& state) {
+  for (auto _ : state) benchmark::DoNotOptimize(query());
+}
+
+/// The walk: over all units, copying those that the query gives.
+template <Records (*query)()>
+void CopyOf(benchmark::State& state) {
+  static const Records all = catalogue().getUnits();
+  const Records wanted = query();
+  for (auto _ : state) {
+    Records copied;
+    for (const auto& [typeId, record] : all)
+      if (wanted.count(typeId) != 0) copied.emplace_hint(copied.end(), typeId, record);
+    benchmark::DoNotOptimize(copied);
+  }
+}
+
+BENCHMARK(Query<convertible>);
+BENCHMARK(CopyOf<convertible>);
+BENCHMARK(Query<withPowers>);
+BENCHMARK(CopyOf<withPowers>);
+BENCHMARK(Query<primitive>);
+BENCHMARK(CopyOf<primitive>);
+
+}  // namespace
