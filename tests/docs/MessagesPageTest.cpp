@@ -89,7 +89,7 @@ std::vector<Message> messagesOfAllRooms() {
 
 TEST(MessagesPage, SourcesAreReadRight) {
   const std::vector<Message> messages = messagesIn(R"source(
-#include "a file.h"
+#error "of a directive"
 // "a comment"
 constexpr char word[] = "word", quote = '"';
 if (name != "one") throw Exception("Could not " "find " + id + " in \"it\".");
