@@ -1,0 +1,148 @@
+#include "tests/support/Locale.h"
+#include "text/ClassicNumber.h"
+
+#include <gtest/gtest.h>
+
+#include <cfloat>
+#include <clocale>
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <iomanip>
+#include <limits>
+#include <locale>
+#include <random>
+#include <sstream>
+#include <string>
+
+namespace Units {
+namespace {
+
+std::uint64_t bitsOf(double value) {
+  std::uint64_t bits = 0;
+  std::memcpy(&bits, &value, sizeof bits);
+  return bits;
+}
+
+/// What strtod reads, the words for infinity and not-a-number apart.
+LeadingNumber byStrtod(const std::string& text) {
+  char* end = nullptr;
+  const double value = std::strtod(text.c_str(), &end);
+  const auto length = static_cast<std::size_t>(end - text.c_str());
+  const bool isWord =
+      text.substr(0, length).find_first_of("0123456789") == std::string::npos || std::isnan(value);
+  return isWord ? LeadingNumber() : LeadingNumber{value, length};
+}
+
+TEST(ClassicNumber, ReadsWhatStrtodReads) {
+  const char* const pieces[] = {"0x", "0X", "0",   "1",     "9",   "7fa", "D",    ".",   ".",
+                                "e",  "E",  "p",   "P",     "+",   "-",   " ",    "\t",  "\v",
+                                "e-", "p+", "inf", "NaN",   "(1)", "i",   "308",  "324", "99999",
+                                "f8", "00", "123", "45678", "p-9", "e12", "e-32", "a",   "8"};
+  std::mt19937_64 random(1);
+  for (int round = 0; round < 400000; ++round) {
+    std::string text;
+    for (auto count = random() % 9; count > 0; --count)
+      text += pieces[random() % std::size(pieces)];
+    const LeadingNumber expected = byStrtod(text);
+
+    // What stands behind the end of the view would make any number another one.
+    const std::string longer = text + "1e1p1.5";
+    const LeadingNumber read = readClassicDouble(std::string_view(longer).substr(0, text.size()));
+    EXPECT_EQ(read.length, expected.length) << text;
+    // glibc errs among subnormal hexadecimal numbers.
+    const bool errs = text.find_first_of("xX") < read.length && std::fabs(read.value) < DBL_MIN;
+    EXPECT_TRUE(errs || bitsOf(read.value) == bitsOf(expected.value)) << text;
+  }
+}
+
+TEST(ClassicNumber, ReadsDoublesAtTheirEdges) {
+  const std::string zeros(400, '0');
+  const struct {
+    std::string text;
+    double value;
+    std::size_t length;
+  } rows[] = {
+      {"1e-", 1.0, 1},
+      {"0x", 0.0, 1},
+      {"0x.p1", 0.0, 1},
+      {"0x1p+-5", 1.0, 3},
+      {" \t\n\v\f\r+.5", 0.5, 9},
+      {std::string("1\0002", 3), 1.0, 1},
+      {"-1e999", -HUGE_VAL, 6},
+      {"-1e-999", -0.0, 7},
+      {"0e99999999999999999999", 0.0, 22},
+      {"1" + zeros + "e-400", 1.0, 406},
+      {"1" + zeros, HUGE_VAL, 401},
+      {"0." + zeros + "1", 0.0, 403},
+      {"0." + zeros + "1e401", 1.0, 407},
+      {"2.4703282292062327e-324", 0.0, 23},  // just below half of the smallest double
+      {"2.4703282292062328e-324", DBL_TRUE_MIN, 23},
+      {"0x1p1024", HUGE_VAL, 8},
+      {"0x1p99999999999999999999", HUGE_VAL, 24},
+      {"0x1p-99999999999999999999", 0.0, 25},
+      {"0x1p-1075", 0.0, 9},  // a tie, and zero is even
+      {"0x1.8p-1074", 2 * DBL_TRUE_MIN, 11},
+      {"0xa8c9487cc8752cp-1078", 0x0.a8c9487cc8753p-1022, 22},
+      {"inf", 0.0, 0},
+      {"-nan(5)", 0.0, 0},
+      {"+-5", 0.0, 0},
+      {"", 0.0, 0},
+  };
+  for (const auto& row : rows) {
+    const LeadingNumber read = readClassicDouble(row.text);
+    EXPECT_EQ(bitsOf(read.value), bitsOf(row.value)) << row.text;
+    EXPECT_EQ(read.length, row.length) << row.text;
+  }
+}
+
+TEST(ClassicNumber, SaturatesWholeNumbers) {
+  const struct {
+    const char* text;
+    double value;
+    std::size_t length;
+  } rows[] = {{"007x", 7, 3},
+              {"2147483647", 2147483647, 10},
+              {"2147483648", 2147483647, 10},
+              {"99999999999999999999999999", 2147483647, 26},
+              {"+1", 0, 0},
+              {" 1", 0, 0},
+              {"", 0, 0}};
+  for (const auto& row : rows) {
+    EXPECT_EQ(readClassicDigits(row.text).value, row.value) << row.text;
+    EXPECT_EQ(readClassicDigits(row.text).length, row.length) << row.text;
+  }
+}
+
+TEST(ClassicNumber, WritesWhatAClassicStreamWrites) {
+  std::ostringstream stream;
+  stream.imbue(std::locale::classic());
+  stream << std::fixed;
+  std::mt19937_64 random(2);
+  for (int round = 0; round < 20000; ++round) {
+    const std::uint64_t bits = random();
+    double value = 0;
+    std::memcpy(&value, &bits, sizeof value);
+    if (round % 2 == 0) value = static_cast<double>(bits >> random() % 64) / 1e6;
+    const auto places = static_cast<unsigned char>(random() % 13);
+    stream.str("");
+    stream << std::setprecision(places) << std::fabs(value);
+    std::string text = "=";
+    appendFixed(text, value, places);
+    ASSERT_EQ(text, "=" + stream.str()) << places;
+  }
+}
+
+TEST(ClassicNumber, IsTheSameWhereDecimalsHaveAComma) {
+  const CommaLocale locale;
+  if (!locale.isSet()) GTEST_SKIP() << CommaLocale::kMissing;
+  EXPECT_EQ(readClassicDouble("1.5").value, 1.5);
+  EXPECT_EQ(readClassicDouble("1,5").length, 1u);
+  EXPECT_EQ(readClassicDouble("0x1.8").value, 1.5);
+  std::string text;
+  appendFixed(text, 1234.5, 2);
+  EXPECT_EQ(text, "1234.50");
+}
+
+}  // namespace
+}  // namespace Units

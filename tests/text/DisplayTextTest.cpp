@@ -1,0 +1,118 @@
+#include "tests/json/FailingNew.h"
+#include "tests/support/Messages.h"
+#include "tests/text/TextSymbols.h"
+#include "text/DisplayText.h"
+
+#include <gtest/gtest.h>
+
+#include <cfloat>
+#include <cmath>
+
+namespace Units {
+namespace {
+
+enum class Style { Fixed, Trimmed, Fractional };
+
+struct Call {
+  double value;
+  Style style;
+  unsigned char precision;
+  const char* symbol;  // null for none
+};
+
+class DisplayText : public testing::Test {
+ protected:
+  DisplayText() { symbols_.composite("x:metersAndCentimeters-1:feetAndInches-1.0.0"); }
+
+  std::string write(const Call& call) const {
+    const std::string symbol = call.symbol ? call.symbol : "";
+    const std::string* const typeId = call.symbol ? &symbol : nullptr;
+    return call.style == Style::Fractional
+               ? formatFractional(call.value, call.precision, typeId, symbols_.records())
+               : formatFixedPoint(call.value, call.precision, typeId, call.style == Style::Trimmed,
+                                  symbols_.records());
+  }
+
+  TextSymbols symbols_ = makeTextSymbols();
+};
+
+TEST_F(DisplayText, PutsSymbolsAroundNumbers) {
+  const char* const feet = ":feetAndInches-1";
+  const char* const degrees = ":degreesMinutesSeconds-1";
+  const char* const meters = ":metersAndCentimeters-1";
+  const struct {
+    Call call;
+    const char* text;
+  } rows[] = {
+      {{3.5, Style::Fixed, 1, "meter"}, "3.5m"},
+      {{3.5, Style::Fixed, 1, "kilogram"}, "3.5 kg"},
+      {{-5, Style::Fixed, 0, "dollar"}, "-$ 5"},
+      {{-1.5, Style::Fractional, 1, "euro"}, "-EUR1 1/2"},
+      {{-5, Style::Trimmed, 3, nullptr}, "-5"},
+      {{-5, Style::Fixed, 3, "count"}, "-5.000"},
+      {{-0.001, Style::Fixed, 2, "kilogram"}, "0.00 kg"},
+      {{1.0, Style::Fixed, 12, nullptr}, "1.000000000000"},
+      {{1.0 / 512, Style::Fractional, 9, nullptr}, "1/512"},
+      {{5.5, Style::Fixed, 0, feet}, "5' 6\""},
+      {{-5.5, Style::Fixed, 0, feet}, "-5' 6\""},
+      {{5.5, Style::Fixed, 0, ":feetHyphenInches-1"}, "5' - 6\""},
+      {{0.0, Style::Fixed, 0, feet}, "0' 0\""},
+      {{-0.0, Style::Fixed, 0, feet}, "0' 0\""},
+      {{5.999, Style::Fixed, 0, feet}, "5' 12\""},
+      {{5.53125, Style::Fractional, 4, feet}, "5' 6 3/8\""},
+      {{5.25, Style::Trimmed, 2, feet}, "5' 3\""},
+      {{10.5, Style::Fixed, 0, degrees}, "10\xC2\xB0 30' 0\""},
+      {{0.9999, Style::Fixed, 0, degrees}, "0\xC2\xB0 59' 60\""},
+      {{2.35, Style::Fixed, 0, meters}, "2m 35cm"},
+      {{2.5, Style::Fixed, 0, "x:metersAndCentimeters-1:feetAndInches-1.0.0"}, "2' 6\""},
+      {{-18446744073709551616.0, Style::Fixed, 0, feet}, "-18446744073709551616' 0\""},
+      {{1e25, Style::Fractional, 4, meters}, "10000000000000000905969664m 0cm"},
+      {{-HUGE_VAL, Style::Fixed, 1, degrees}, "-inf\xC2\xB0 0' 0.0\""},
+      {{std::nan(""), Style::Fractional, 1, feet}, "nan' nan\""},
+  };
+  for (const auto& row : rows) EXPECT_EQ(write(row.call), row.text);
+}
+
+TEST_F(DisplayText, RefusesPrecisionsFirst) {
+  symbols_.composite("other");
+  const struct {
+    Call call;
+    const char* message;
+  } rows[] = {{{5, Style::Fixed, 13, "unknown"},
+               "Requested fixed point precision of 13 decimal places, but the maximum is 12."},
+              {{5, Style::Fixed, 255, nullptr},
+               "Requested fixed point precision of 255 decimal places, but the maximum is 12."},
+              {{5, Style::Fractional, 10, "unknown"},
+               "Requested fractional precision of 2^(-10), but the maximum is 2^(-9)."}};
+  for (const auto& row : rows)
+    EXPECT_EQ(messageOf<PrecisionException>([&] { write(row.call); }), row.message);
+  EXPECT_EQ(messageOf<UnrecognizedIdentifierException>([&] {
+              write({5, Style::Fractional, 9, "unknown"});
+            }),
+            "Could not find symbol with typeid unknown.");
+  EXPECT_EQ(messageOf<UnrecognizedIdentifierException>([&] {
+              write({5, Style::Fixed, 12, "other"});
+            }),
+            "Could not find special symbol with typeid other.");
+}
+
+TEST_F(DisplayText, AllocatesNothingButTheText) {
+  symbols_.shown("long", std::string(40, 'x'), Placement::Suffix, true);
+  for (const char* typeId : {"meter", "kilogram", "dollar", "long", ":feetAndInches-1",
+                             ":degreesMinutesSeconds-1", ":metersAndCentimeters-1"})
+    for (const double value : {0.0, 5.5, -12345.678, -999999999.9, 3e15, -1e22, 1e200, DBL_MAX})
+      for (const auto precision : std::initializer_list<unsigned char>{0, 3, 9}) {
+        const std::string symbol = typeId;
+        const auto fixed = [&] {
+          return formatFixedPoint(value, precision, &symbol, false, symbols_.records());
+        };
+        const auto fractional = [&] {
+          return formatFractional(value, precision, &symbol, symbols_.records());
+        };
+        EXPECT_LE(failEachAllocation([&] { fixed(); }), 1) << fixed();
+        EXPECT_LE(failEachAllocation([&] { fractional(); }), 1) << fractional();
+      }
+}
+
+}  // namespace
+}  // namespace Units
