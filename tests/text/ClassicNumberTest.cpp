@@ -96,24 +96,6 @@ TEST(ClassicNumber, ReadsDoublesAtTheirEdges) {
   }
 }
 
-TEST(ClassicNumber, SaturatesWholeNumbers) {
-  const struct {
-    const char* text;
-    double value;
-    std::size_t length;
-  } rows[] = {{"007x", 7, 3},
-              {"2147483647", 2147483647, 10},
-              {"2147483648", 2147483647, 10},
-              {"99999999999999999999999999", 2147483647, 26},
-              {"+1", 0, 0},
-              {" 1", 0, 0},
-              {"", 0, 0}};
-  for (const auto& row : rows) {
-    EXPECT_EQ(readClassicDigits(row.text).value, row.value) << row.text;
-    EXPECT_EQ(readClassicDigits(row.text).length, row.length) << row.text;
-  }
-}
-
 TEST(ClassicNumber, WritesWhatAClassicStreamWrites) {
   std::ostringstream stream;
   stream.imbue(std::locale::classic());

@@ -6,40 +6,27 @@
 #include <optional>
 #include <string>
 
-/// A registry of symbols, all of one unit, by type id.
-class TextSymbols {
- public:
-  TextSymbols& shown(const std::string& typeId, const std::string& text, Units::Placement placement,
-                     bool hasSpace = false) {
-    return add(typeId, Units::PrefixOrSuffix(text, placement, hasSpace));
-  }
-  TextSymbols& composite(const std::string& typeId) { return add(typeId, std::nullopt); }
-
-  const Units::RecordMap<Units::Symbol>& records() const { return records_; }
-
- private:
-  TextSymbols& add(const std::string& typeId,
-                   const std::optional<Units::PrefixOrSuffix>& decoration) {
-    const Units::Unit unit("unit", "unit", Units::System::Metric, Units::PrimitiveUnitComponent());
-    records_.emplace(typeId, Units::Symbol(typeId, unit, decoration));
-    return *this;
-  }
-
-  Units::RecordMap<Units::Symbol> records_;
-};
-
-/// Symbols of every kind; the composite ones bear the key of their layout alone.
-inline TextSymbols makeTextSymbols() {
-  TextSymbols symbols;
-  symbols.shown("kilogram", "kg", Units::Placement::Suffix, true)
-      .shown("meter", "m", Units::Placement::Suffix)
-      .shown("squareMeter", "m^2", Units::Placement::Suffix)
-      .shown("dollar", "$", Units::Placement::Prefix, true)
-      .shown("euro", "EUR", Units::Placement::Prefix)
-      .shown("count", "", Units::Placement::Suffix, true)
-      .composite(":degreesMinutesSeconds-1")
-      .composite(":feetAndInches-1")
-      .composite(":feetHyphenInches-1")
-      .composite(":metersAndCentimeters-1");
+/// Symbols of every kind. The composite ones bear the key of their layout alone, but for one that
+/// bears two and one that bears none.
+inline Units::RecordMap<Units::Symbol> makeTextSymbols() {
+  using Units::Placement;
+  Units::RecordMap<Units::Symbol> symbols;
+  const Units::Unit unit("unit", "unit", Units::System::Metric, Units::PrimitiveUnitComponent());
+  const auto add = [&](const std::string& typeId,
+                       const std::optional<Units::PrefixOrSuffix>& decoration) {
+    symbols.emplace(typeId, Units::Symbol(typeId, unit, decoration));
+  };
+  add("kilogram", Units::PrefixOrSuffix("kg", Placement::Suffix, true));
+  add("meter", Units::PrefixOrSuffix("m", Placement::Suffix, false));
+  add("squareMeter", Units::PrefixOrSuffix("m^2", Placement::Suffix, false));
+  add("dollar", Units::PrefixOrSuffix("$", Placement::Prefix, true));
+  add("euro", Units::PrefixOrSuffix("EUR", Placement::Prefix, false));
+  add("count", Units::PrefixOrSuffix("", Placement::Suffix, true));
+  add("long", Units::PrefixOrSuffix(std::string(40, 'x'), Placement::Suffix, true));
+  for (const char* const key : {":degreesMinutesSeconds-1", ":feetAndInches-1",
+                                ":feetHyphenInches-1", ":metersAndCentimeters-1"})
+    add(key, std::nullopt);
+  add("~:metersAndCentimeters-1:feetAndInches-1.0.0", std::nullopt);
+  add("none", std::nullopt);
   return symbols;
 }
