@@ -52,10 +52,11 @@ TEST(Allocation, FailsWritesWhole) {
 }
 
 TEST(Allocation, LeavesAnObjectThatCanGrowAgain) {
-  // Members until the object's list no longer fits into its chunk of the pool.
+  // The names fill a chunk of the pool until the object's longer list of members has no room there.
   JSON root = JSON::makeDocument();
+  root.setMember(root, "first", JSON(0));
   bool threw = false;
-  for (int member = 0; !threw; ++member) {
+  for (int member = 1; !threw; ++member) {
     const std::string key = "longer than what is kept in place " + std::to_string(member);
     JSON value(member);
     const FailingNew failing(0, true);
@@ -65,6 +66,7 @@ TEST(Allocation, LeavesAnObjectThatCanGrowAgain) {
       threw = true;
     }
   }
+  EXPECT_EQ(root.toString(), "{}");
   for (int member = 0; member < 100; ++member) root.setMember(root, "m", JSON(member));
   EXPECT_EQ(root.getStringIntMap(), (std::map<std::string, int>{{"m", 99}}));
 }

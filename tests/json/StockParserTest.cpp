@@ -5,7 +5,9 @@
 #include <iterator>
 #include <random>
 #include <string>
+#include <utility>
 
+#include "json/LongExponents.h"
 #include "json/ParseText.h"
 #include "json/RapidJson.h"
 
@@ -131,6 +133,24 @@ TEST(StockParser, AgreesOnLongExponents) {
     for (const std::string& text :
          {std::string(number), "["s + number + "]", "{\"e-99999999999\":"s + number + ",\"b\":2}"})
       EXPECT_EQ(ours(text), stock(text)) << text;
+}
+
+TEST(LongExponents, AreBoundedWhereverTheyStand) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"1e1234567890", "1e0999999999"},
+      {"[1e-01000000000,2E+99999999999]", "[1e-00999999999,2E+00999999999]"},
+      {"1e00123456789", "1e00123456789"},
+      {"1e123456789 12345678901 -12345678901", "1e123456789 12345678901 -12345678901"},
+      {"\"e1234567890\\\"e1234567890\\\\\"1e1234567890",
+       "\"e1234567890\\\"e1234567890\\\\\"1e0999999999"},
+      {"\\\"e1234567890\"e1234567890", "\\\"e1234567890\"e0999999999"}};
+  for (const auto& [text, bounded] : rows)
+    for (std::size_t place = 0; place < 11; ++place) {
+      const std::string before(place, ' ');
+      EXPECT_EQ(withBoundedExponents(before + text).value_or(before + text), before + bounded);
+    }
+  EXPECT_FALSE(
+      withBoundedExponents("{\"id\":\"factor\",\"value\":1e308,\"n\":12345678901234567890}"));
 }
 
 }  // namespace
