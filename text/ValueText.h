@@ -10,6 +10,9 @@ namespace Units {
 /// Whether the whole of a text is a value literal: a number with an optional prefix or suffix
 /// symbol, or a composite value such as feet and inches.
 ///
+/// Nothing is allocated or thrown. A text that is no literal costs what its beginning does, up to
+/// where no form goes on, however long it is.
+///
 /// @param value   set on success, in the symbol's unit (a composite one: feet, degrees or metres);
 ///                null when not wanted.
 /// @param symbol  set on success to the symbol, in place, or to null when the literal has none;
