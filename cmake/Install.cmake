@@ -6,7 +6,8 @@ set(schemas_dir ${CMAKE_INSTALL_DATADIR}/TrelvonUnits/schemas)
 install(TARGETS TrelvonUnits EXPORT TrelvonUnitsTargets FILE_SET HEADERS
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(EXPORT TrelvonUnitsTargets NAMESPACE TrelvonUnits:: DESTINATION ${package_dir})
-install(DIRECTORY schemas/ DESTINATION ${schemas_dir} FILES_MATCHING PATTERN *.json)
+install(DIRECTORY schemas/ DESTINATION ${schemas_dir} FILES_MATCHING
+  PATTERN *.json PATTERN README.md)
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 configure_package_config_file(cmake/TrelvonUnitsConfig.cmake.in TrelvonUnitsConfig.cmake
