@@ -4,7 +4,6 @@
 #include "text/ValueText.h"
 
 #include <TrelvonUnits/Exceptions.h>
-#include <TrelvonUnits/Limits.h>
 
 #include <algorithm>
 #include <array>
@@ -26,12 +25,14 @@ std::string_view trim(std::string_view text) {
 }  // namespace
 
 FormulaTokenizer::FormulaTokenizer(std::string_view formula, const Units::SymbolTexts& symbols,
-                                   const Units::UnitMath& unitMath, VariableResolver resolver)
+                                   const Units::UnitMath& unitMath, VariableResolver resolver,
+                                   int mostSubstitutions)
     : text_(formula),
       operators_(unitMath),
       symbols_(symbols),
       unitMath_(unitMath),
-      resolver_(std::move(resolver)) {}
+      resolver_(std::move(resolver)),
+      substitutionsLeft_(mostSubstitutions) {}
 
 bool FormulaTokenizer::nextToken(FormulaToken& token) {
   while (true) {
@@ -120,7 +121,6 @@ void FormulaTokenizer::checkSubstitution() {
     openSubstitutions_.pop_back();
   if (openSubstitutions_.size() >= std::size_t{Units::maximumSubstitutionDepth})
     throw Units::ParseException("Variables are nested too deeply.");
-  if (substitutions_ >= Units::maximumSubstitutions)
-    throw Units::ParseException("Too many variables.");
-  ++substitutions_;
+  if (substitutionsLeft_ <= 0) throw Units::ParseException("Too many variables.");
+  --substitutionsLeft_;
 }

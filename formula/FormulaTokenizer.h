@@ -5,6 +5,7 @@
 #include "formula/UnitMath.h"
 #include "model/SymbolTexts.h"
 
+#include <TrelvonUnits/Limits.h>
 #include <TrelvonUnits/VariableResolver.h>
 
 #include <cstddef>
@@ -38,9 +39,11 @@ struct FormulaToken {
 /// The cost is linear in the formula and in the texts put into it.
 class FormulaTokenizer {
  public:
-  /// @param formula  must outlive the tokenizer.
+  /// @param formula           must outlive the tokenizer.
+  /// @param mostSubstitutions how many identifiers may be replaced.
   FormulaTokenizer(std::string_view formula, const Units::SymbolTexts& symbols,
-                   const Units::UnitMath& unitMath, VariableResolver resolver);
+                   const Units::UnitMath& unitMath, VariableResolver resolver,
+                   int mostSubstitutions = Units::maximumSubstitutions);
 
   /// False when no token is left.
   /// @throws Units::ParseException  an identifier resolves to itself, or a limit of
@@ -63,5 +66,5 @@ class FormulaTokenizer {
   const Units::UnitMath& unitMath_;
   VariableResolver resolver_;
   std::vector<std::size_t> openSubstitutions_;  // where each ends, as a distance from the end
-  int substitutions_ = 0;
+  int substitutionsLeft_;
 };

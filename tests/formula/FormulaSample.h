@@ -22,6 +22,13 @@
 /// Reduces units by a table; all factors are exact, so that results can be written down.
 class SampleUnitMath : public Units::UnitMath {
  public:
+  /// With filled tables, so that no formula's allocations are those of the first use.
+  SampleUnitMath() {
+    functions_.spellings();
+    binaryOperators_.spellings();
+    unaryOperators_.spellings();
+  }
+
   void reduceUnit(const Units::Unit& unit, double& factor, double& offset,
                   Units::PrimitivePowers& powers) const override {
     const Row& row = rows_.at(Units::RecordAccess::typeId(unit));
@@ -87,7 +94,8 @@ class SampleSymbols {
                                      {"gap ", "foot"}})
       add(text, unit, Units::Placement::Suffix);
     add("$", "dollar", Units::Placement::Prefix);
-    add("lb", "dollar", Units::Placement::Prefix);  // hidden by the suffix of the same text
+    add("u", "pound", Units::Placement::Suffix);
+    add("u", "dollar", Units::Placement::Prefix);  // found by literals alone
     addComposite(":feetAndInches-1", "foot");
   }
 

@@ -104,8 +104,10 @@ TEST(Parser, PlacesSymbolsByTheirKind) {
                   {"2*$5", "10 dollar^1"},
                   // Where the whole is no literal, a symbol that begins it goes before literals.
                   {"$5*2", noFormula},
-                  {"lb(2)", noFormula},  // the suffix comes first in the registry
-                  {"(2)lb", "2 pound^1"}});
+                  {"u(2)", noFormula},  // the suffix comes first in the registry
+                  {"(2)u", "2 pound^1"},
+                  {"u+2", "2 dollar^1"},
+                  {"(2)u+2", noFormula}});
 }
 
 TEST(Parser, GivesTheSignToTheWholeLiteral) {
