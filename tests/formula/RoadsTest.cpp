@@ -1,45 +1,42 @@
 /// Two ways to write one formula come to the same.
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <array>
 #include <map>
 #include <random>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "tests/formula/FormulaSample.h"
 
 namespace {
 
-/// A formula in the ways that are compared.
+enum Way : std::size_t {
+  bare,      // with the parentheses that it needs
+  full,      // every operand in parentheses
+  spaced,    // with separators wherever they mean nothing
+  applied,   // suffixes stand behind parentheses and not in literals
+  named,     // parts of it are identifiers
+  replaced,  // those identifiers replaced by hand
+};
+
 struct Written {
-  std::string bare;      // with the parentheses that it needs
-  std::string full;      // every operand in parentheses
-  std::string spaced;    // with separators wherever they mean nothing
-  std::string named;     // parts of it are identifiers
-  std::string replaced;  // those identifiers replaced by hand
-  std::string applied;   // suffixes stand behind parentheses and not in literals
-  int priority = 5;      // of its outermost operator
+  std::array<std::string, 6> ways;
+  int priority = 5;  // of the outermost operator
 };
 
 class RandomFormulas {
  public:
-  explicit RandomFormulas(unsigned seed) : random_(seed) {}
-
-  /// What the identifiers of all formulas stand for.
   std::map<std::string, std::string> variables;
 
   Written make(int depth) {
     const std::size_t kind = pick(depth == 0 ? 2 : 12);
-    Written made;
-    if (kind < 2)
-      made = literal();
-    else if (kind < 8)
-      made = binary(depth);
-    else if (kind < 9)
-      made = unary(make(depth - 1));
-    else
-      made = call(make(depth - 1));
-    return pick(4) == 0 ? name(std::move(made)) : made;
+    Written made = kind < 2    ? literal()
+                   : kind < 8  ? binary(make(depth - 1), make(depth - 1))
+                   : kind == 8 ? unary(make(depth - 1))
+                               : call(make(depth - 1));
+    return pick(4) == 0 ? name(made) : made;
   }
 
   std::size_t pick(std::size_t count) { return random_() % count; }
@@ -47,106 +44,77 @@ class RandomFormulas {
  private:
   // The symbols are none of those whose words and marks make composite literals.
   Written literal() {
-    static const std::vector<std::string> numbers = {"1",  "2",  "3",   "0.5",  "7.25",
-                                                     "10", ".4", "1e3", "2E-2", "0x1.8p1"};
-    static const std::vector<std::string> suffixes = {"lb", "st", "rad"};
-    const std::string number = numbers[pick(numbers.size())];
-    if (pick(3) != 0) return {number, number, gap() + number + spaces(), number, number, number, 5};
-    const std::string suffix = suffixes[pick(suffixes.size())];
-    const std::string bare = number + " " + suffix;
-    return {bare, bare, gap() + number + spaces() + suffix + spaces(),
-            bare, bare, "(" + number + ")" + suffix,
-            5};
+    const std::string number =
+        oneOf({"1", "2", "3", "0.5", "7.25", "10", ".4", "1e3", "2E-2", "0x1.8p1"});
+    const std::string suffix = oneOf({"", "", "lb", "st", "rad"});
+    Written made;
+    made.ways.fill(number + suffix);
+    made.ways[spaced] = gap() + number + spaces() + suffix + spaces();
+    if (!suffix.empty()) made.ways[applied] = "(" + number + ")" + suffix;
+    return made;
   }
 
-  Written binary(int depth) {
+  Written binary(const Written& left, const Written& right) {
     static const std::pair<const char*, int> operators[] = {
         {"+", 1}, {"-", 1}, {"*", 2}, {"/", 2}, {"^", 3}};
     const auto& [spelling, priority] = operators[pick(5)];
-    return join(make(depth - 1), spelling, make(depth - 1), priority);
-  }
-
-  Written join(const Written& left, const std::string& spelling, const Written& right,
-               int priority) {
-    const auto every = [&](std::string Written::*way, const std::string& before) {
-      return enclosed(left, way, left.priority < priority) + before + spelling +
-             enclosed(right, way, right.priority <= priority);
-    };
-    return {every(&Written::bare, ""),
-            "(" + left.full + ")" + spelling + "(" + right.full + ")",
-            every(&Written::spaced, ""),
-            every(&Written::named, ""),
-            every(&Written::replaced, ""),
-            every(&Written::applied, ""),
-            priority};
+    Written made = enclosed(left, left.priority < priority);
+    const Written operand = enclosed(right, right.priority <= priority);
+    for (const Way way : all) made.ways[way] += spelling + operand.ways[way];
+    made.priority = priority;
+    return made;
   }
 
   Written unary(const Written& operand) {
-    const bool needed = operand.priority < 4;
-    const auto one = [&](std::string Written::*way) {
-      return "-" + enclosed(operand, way, needed);
-    };
-    return {one(&Written::bare),
-            "-(" + operand.full + ")",
-            gap() + one(&Written::spaced),
-            one(&Written::named),
-            one(&Written::replaced),
-            one(&Written::applied),
-            4};
+    Written made = enclosed(operand, operand.priority < 4);
+    for (const Way way : all) made.ways[way].insert(0, way == spaced ? gap() + "-" : "-");
+    made.priority = 4;
+    return made;
   }
 
   Written call(const Written& input) {
-    static const std::vector<std::string> names = {"abs", "sqrt", "round", "sin", "exp", ""};
-    const std::string name = names[pick(names.size())];
-    const auto one = [&](std::string Written::*way) { return name + "(" + input.*way + ")"; };
-    return {one(&Written::bare),
-            name + "((" + input.full + "))",
-            gap() + name + gap() + "(" + input.spaced + spaces() + ")" + gap(),
-            one(&Written::named),
-            one(&Written::replaced),
-            one(&Written::applied),
-            5};
+    const std::string name = oneOf({"abs", "sqrt", "round", "sin", "exp", ""});
+    Written made = enclosed(input, true);
+    for (const Way way : all) made.ways[way].insert(0, way == spaced ? gap() + name + gap() : name);
+    return made;
   }
 
   Written name(Written part) {
+    if (part.ways[named] == part.ways[replaced] && pick(8) == 0)
+      part.ways[named] = part.ways[replaced] = spoiled(part.ways[named]);
     const std::string identifier = "v " + std::to_string(variables.size());
-    if (part.named == part.replaced && pick(8) == 0)
-      part.named = part.replaced = spoiled(part.named);
-    variables[identifier] = part.named;
-    part.bare = "(" + part.bare + ")";
-    part.full = "(" + part.full + ")";
-    part.spaced = "(" + part.spaced + spaces() + ")" + gap();
-    part.applied = "(" + part.applied + ")";
-    part.named = identifier;
-    part.replaced = "(" + part.replaced + ")";
-    part.priority = 5;
-    return part;
+    variables[identifier] = part.ways[named];
+    Written made = enclosed(part, true);
+    made.ways[named] = identifier;
+    return made;
+  }
+
+  Written enclosed(const Written& part, bool needed) {
+    Written made;
+    for (const Way way : all)
+      made.ways[way] = needed || way == full ? "(" + part.ways[way] + ")" : part.ways[way];
+    if (needed) made.ways[spaced] = "(" + part.ways[spaced] + spaces() + ")" + gap();
+    return made;
   }
 
   /// A text with a fault in it, most likely.
-  std::string spoiled(std::string text) {
-    static const std::vector<std::string> faults = {"(", ")", "+", "^", " ", "1", "lb", "\"", "-"};
-    const std::size_t place = pick(text.size() + 1);
-    return pick(2) == 0 ? text.insert(place, faults[pick(faults.size())])
-                        : text.substr(0, place) + text.substr(std::min(place + 1, text.size()));
+  std::string spoiled(const std::string& text) {
+    const std::size_t place = pick(text.size());
+    return text.substr(0, place) + oneOf({"", "(", ")", "+", "^", " ", "1", "lb", "\"", "-"}) +
+           text.substr(place + pick(2));
   }
 
-  static std::string enclosed(const Written& part, std::string Written::*way, bool needed) {
-    return needed ? "(" + part.*way + ")" : part.*way;
-  }
-
-  std::string gap() {
-    static const std::string separators[] = {"", "", "", " ", "  ", "\n", "\t ", " \n"};
-    return separators[pick(8)];
-  }
+  std::string oneOf(const std::vector<std::string>& texts) { return texts[pick(texts.size())]; }
+  std::string gap() { return oneOf({"", "", "", " ", "  ", "\n", "\t ", " \n"}); }
   std::string spaces() { return std::string(pick(3), ' '); }
 
-  std::mt19937 random_;
+  static constexpr Way all[] = {bare, full, spaced, applied, named, replaced};
+  std::mt19937 random_{1};
 };
 
 TEST(Roads, LeadToTheSame) {
   const Sample sample;
-  RandomFormulas random(1);
+  RandomFormulas random;
   const auto resolver = [&](const std::string& name) {
     const auto found = random.variables.find(name);
     return found == random.variables.end() ? rejectIdentifier(name) : found->second;
@@ -154,15 +122,13 @@ TEST(Roads, LeadToTheSame) {
   int values = 0;
   for (int count = 0; count < 60000; ++count) {
     random.variables.clear();
-    const Written written = random.make(static_cast<int>(random.pick(5)));
-    const std::string outcome = sample.outcome(written.bare);
+    const auto ways = random.make(static_cast<int>(random.pick(5))).ways;
+    const std::string outcome = sample.outcome(ways[bare]);
+    for (const Way way : {bare, full, spaced, applied})
+      ASSERT_EQ(sample.outcome(ways[way]), outcome) << testing::PrintToString(ways);
+    ASSERT_EQ(sample.outcome(ways[named], resolver), sample.outcome(ways[replaced]))
+        << testing::PrintToString(ways);
     values += outcome.find_first_not_of("0123456789.") == std::string::npos;
-    ASSERT_EQ(sample.outcome(written.bare), outcome) << written.bare;
-    ASSERT_EQ(sample.outcome(written.full), outcome) << written.bare;
-    ASSERT_EQ(sample.outcome(written.spaced), outcome) << testing::PrintToString(written.spaced);
-    ASSERT_EQ(sample.outcome(written.applied), outcome) << written.applied;
-    ASSERT_EQ(sample.outcome(written.named, resolver), sample.outcome(written.replaced))
-        << written.named << " or " << written.replaced;
   }
   EXPECT_GT(values, 10000);
 }

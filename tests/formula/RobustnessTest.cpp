@@ -75,12 +75,12 @@ TEST(Resolvers, AreBoundedInDepth) {
 }
 
 TEST(Resolvers, AreBoundedInNumber) {
-  const SampleSymbols symbols;
-  const SampleUnitMath math;
+  const Sample sample;
   EXPECT_EQ(Units::maximumSubstitutions, 10000000);
   int asked = 0;
   FormulaTokenizer tokenizer(
-      "a-b-c-d-e-f", symbols.texts(), math, [&](const std::string&) { return ++asked, "1"; }, 5);
+      "a-b-c-d-e-f", sample.texts(), sample.engine,
+      [&](const std::string&) { return ++asked, "1"; }, 5);
   EXPECT_EQ(messageOf<Units::ParseException>([&] {
               for (FormulaToken token; tokenizer.nextToken(token);) continue;
             }),
@@ -103,7 +103,7 @@ TEST(Resolvers, MayChangeAndUseWhatTheFormulaIsReadWith) {
   const auto resolver = [&](const std::string& name) -> std::string {
     if (name == "inner") return sample.outcome("2^3");
     for (int made = 0; made < 100; ++made)
-      sample.symbols.add(name + std::to_string(made), "foot", Units::Placement::Suffix);
+      sample.add(name + std::to_string(made), "foot", Units::Placement::Suffix);
     return "2 " + name + "7";
   };
   EXPECT_EQ(sample.outcome("1 ft + c + 1 c8 + (2) c99 + inner * d", resolver), "264 inch^1");
