@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <memory>
 #include <new>
 #include <set>
 #include <utility>
@@ -158,6 +159,38 @@ TEST(FolderLoading, DropsNothingButRefusedSchemas) {
   EXPECT_EQ(engine.texts.size(), 3u);
   EXPECT_EQ(engine.builds, 0);
   EXPECT_EQ(openFiles(), filesBefore);
+}
+
+TEST(FolderLoading, FillsAnEngineInAnyOrder) {
+  const auto factor = [](const std::string& typeId, const std::string& base,
+                         const std::string& more) {
+    return "{\"typeid\":\"" + typeId + "\",\"inherits\":[\"" + base +
+           "\"],\"constants\":[{\"id\":\"factor\",\"value\":2}" + more + "]}";
+  };
+  const std::string plain = "x:factor-1.0.0";
+  const std::string parents = ",{\"id\":\"parentFactors\",\"value\":{\"z\":1}}";
+  const FolderTree tree;
+  tree.write("a/derived.json", factor("a", "x:factor.derived-1.0.0", parents));
+  tree.write("a/z.json", factor("z", plain, ""));
+  tree.write("b/again.json", factor("z", plain, ""));
+  tree.write("b/bad.json", "no JSON");
+  tree.write("b/unknown.json", factor("u", "x:nothing-1.0.0", ""));
+  tree.write("direct.json", factor("d", plain, ""));
+
+  const std::unique_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());
+  engine->addDefinition(factor("pending", plain, ""));
+  Schemas::SchemaUtility::addDefinitionsFromFolder(tree.path(), *engine);
+  std::string stored;
+  for (const auto& [typeId, record] : engine->getFactors()) stored += typeId + " ";
+  EXPECT_EQ(stored, "a pending z ");
+  EXPECT_FALSE(engine->isRegistered("u") || engine->isRegistered("d"));
+
+  tree.write("c/orphan.json", factor("o", "x:factor.derived-1.0.0",
+                                     ",{\"id\":\"parentFactors\",\"value\":{\"none\":1}}"));
+  EXPECT_THROW(Schemas::SchemaUtility::addDefinitionsFromFolder(tree.path(), *engine),
+               Units::ValidationException);
+  EXPECT_EQ(engine->getFactors().size(), 3u);
+  EXPECT_FALSE(engine->isRegistered("o"));
 }
 
 TEST(FolderLoading, AsksForEveryStatusFirst) {
