@@ -97,7 +97,7 @@ void useRecords(UnitsEngine& engine) {
   engine.addSymbol(Symbol("ft.sign", foot, PrefixOrSuffix("ft", Placement::Suffix, true)));
   engine.addQuantity(Quantity("height", "height", {metre, foot}));
 
-  expect(engine.convert(1.0, "ft", "m") == 0.3048, "a foot is 0.3048 m");
+  expect(engine.convert(1.0, "ft", "m") == 0.0254 * 12.0, "a foot is twelve inches");
   expect(engine.getUnit("ft") == foot && foot < metre, "units are compared by type id");
   expect(engine.getUnitsWithPrimitivePowers({{"m", 1}}).count("ft") == 1, "a foot is a length");
   expect(engine.getSymbolsOfUnit("ft").at("ft.sign").getPrefixOrSuffix()->getText() == "ft",
