@@ -25,9 +25,11 @@ struct ConversionRule {
 };
 
 /// The rule of two units that convert into each other; nothing for others.
-std::optional<ConversionRule> findRule(const Unit& from, const Unit& to, Reducer& reducer) {
+std::optional<ConversionRule> findRule(const RecordNode<Unit>& from, const RecordNode<Unit>& to,
+                                       Reducer& reducer) {
   // An absolute unit has a zero of its own, so it never meets a relative one.
-  if (!RecordAccess::absolute(from) != !RecordAccess::absolute(to)) return std::nullopt;
+  if (!RecordAccess::absolute(*from.record) != !RecordAccess::absolute(*to.record))
+    return std::nullopt;
   const ReducedUnit reducedFrom = reducer.reduce(from);
   const ReducedUnit reducedTo = reducer.reduce(to);
   bool inverted = false;
@@ -39,15 +41,15 @@ std::optional<ConversionRule> findRule(const Unit& from, const Unit& to, Reducer
 std::optional<ConversionRule> findRule(const std::string& fromUnitTypeId,
                                        const std::string& toUnitTypeId,
                                        const Registries& registries) {
-  const Unit& from = lookUp(registries.units.objects, fromUnitTypeId);
-  const Unit& to = lookUp(registries.units.objects, toUnitTypeId);
-  Reducer reducer(registries.units.objects, registries.factors.objects);
+  const auto& from = lookUpNode(registries.units.objects, fromUnitTypeId);
+  const auto& to = lookUpNode(registries.units.objects, toUnitTypeId);
+  Reducer reducer;
   return findRule(from, to, reducer);
 }
 
 }  // namespace
 
-bool areConvertible(const Unit& from, const Unit& to, Reducer& reducer) {
+bool areConvertible(const RecordNode<Unit>& from, const RecordNode<Unit>& to, Reducer& reducer) {
   return findRule(from, to, reducer).has_value();
 }
 

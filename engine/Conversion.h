@@ -9,7 +9,7 @@ namespace Units {
 
 /// Whether two units convert into each other: both absolute or both relative, and of the same or
 /// exactly reciprocal dimension.
-bool areConvertible(const Unit& from, const Unit& to, Reducer& reducer);
+bool areConvertible(const RecordNode<Unit>& from, const RecordNode<Unit>& to, Reducer& reducer);
 
 /// The operations of the engine's interface, which says what they do and throw.
 double convertValue(double value, const std::string& fromUnitTypeId,

@@ -1,7 +1,10 @@
 #include "engine/Powers.h"
 
+#include "model/RecordAccess.h"
+
 #include <algorithm>
 #include <cstdint>
+#include <functional>
 #include <limits>
 
 namespace Units {
@@ -15,17 +18,28 @@ int saturated(std::int64_t exponent) {
 
 }  // namespace
 
-void multiplyBy(Powers& powers, const Powers& parent, int exponent) {
-  auto place = powers.begin();
-  for (const auto& [primitive, parentExponent] : parent) {
-    if (parentExponent == 0) continue;
-    place = std::lower_bound(
-        place, powers.end(), primitive,
-        [](const auto& power, std::string_view typeId) { return power.first < typeId; });
-    if (place == powers.end() || place->first != primitive)
-      place = powers.insert(place, {primitive, 0});
-    place->second = saturated(place->second + std::int64_t{parentExponent} * exponent);
+int multiplyExponents(int a, int b) { return saturated(std::int64_t{a} * b); }
+
+void sumUp(Powers& powers, std::size_t first) {
+  if (powers.size() - first < 2) return;
+  const auto begin = powers.begin() + static_cast<std::ptrdiff_t>(first);
+  std::sort(begin, powers.end(),
+            [](const auto& a, const auto& b) { return std::less<>()(a.first, b.first); });
+  auto end = begin;
+  for (auto next = begin; next != powers.end();) {
+    const auto* const unit = next->first;
+    std::int64_t sum = 0;  // of 32 bits each: no count of them that fits in memory overflows it
+    for (; next != powers.end() && next->first == unit; ++next) sum += next->second;
+    *end++ = {unit, saturated(sum)};
   }
+  powers.erase(end, powers.end());
+}
+
+PrimitivePowers toPrimitivePowers(const Powers& powers) {
+  PrimitivePowers byTypeId;
+  for (const auto& [unit, exponent] : powers)
+    byTypeId.emplace(RecordAccess::typeId(*unit->record), exponent);
+  return byTypeId;
 }
 
 }  // namespace Units

@@ -1,26 +1,34 @@
 #pragma once
 
-#include <string_view>
+#include "model/RecordNode.h"
+
+#include <TrelvonUnits/PrimitivePowers.h>
+
+#include <cstddef>
+#include <memory_resource>
 #include <utility>
 #include <vector>
 
 namespace Units {
 
-/// Primitive units and their exponents as the engine computes with them: ordered by type id, each
-/// once. The texts belong to the stored records.
-using Powers = std::vector<std::pair<std::string_view, int>>;
+/// Primitive units and their exponents as the engine computes with them: each unit once, ordered by
+/// its address, which is quick to compare and, within an engine, as good an order as any.
+using Powers = std::pmr::vector<std::pair<const RecordNode<Unit>*, int>>;
 
-/// Adds `exponent` times every non-zero entry of `parent` to `powers`. An entry that cancels stays,
-/// with exponent 0.
-///
-/// Exponents have 32 bits; a sum beyond them stays at the limit. (Wrapped around, it could come out
-/// as 0 and make a length out of nothing.)
-void multiplyBy(Powers& powers, const Powers& parent, int exponent);
+/// The product of two exponents. They have 32 bits; a product or sum beyond stays at the limit.
+/// (Wrapped around, it could come out as 0 and make a length out of nothing.)
+int multiplyExponents(int a, int b);
 
-/// Whether two dimensions are the same or, with `inverted` set, exactly reciprocal. Both maps or
-/// vectors are ordered by type id; entries of 0 are ignored.
-template <class PowersA, class PowersB>
-bool arePowersCompatible(const PowersA& a, const PowersB& b, bool& inverted) {
+/// Brings the powers from `first` to the end into order and adds up the exponents of each unit. A
+/// unit that cancels stays, with exponent 0.
+void sumUp(Powers& powers, std::size_t first);
+
+PrimitivePowers toPrimitivePowers(const Powers& powers);
+
+/// Whether two dimensions are the same or, with `inverted` set, exactly reciprocal. Both are in the
+/// same order; entries of 0 are ignored.
+template <class SomePowers>
+bool arePowersCompatible(const SomePowers& a, const SomePowers& b, bool& inverted) {
   inverted = false;
   bool same = false;
   bool opposite = false;

@@ -1,9 +1,13 @@
 #pragma once
 
 #include "engine/Powers.h"
-#include "model/RecordMap.h"
+#include "model/RecordNode.h"
 
+#include <array>
+#include <cstddef>
+#include <memory_resource>
 #include <unordered_map>
+#include <vector>
 
 namespace Units {
 
@@ -11,40 +15,56 @@ namespace Units {
 struct ReducedUnit {
   double factor;
   double offset;
-  const Powers& powers;  // valid as long as the reducer and the records
+  Powers powers;  // in the reducer's memory
 };
 
-/// Reduces units to primitive terms.
+/// Reduces stored units to primitive terms.
 ///
 /// It remembers what it has reduced for as long as it lives, which is one call of the engine, so
 /// that definitions that share parents cost their number and not the number of paths through them.
-/// Records are told apart by their address. Nothing recurses: definitions may be chained at any
-/// length.
+/// Nothing recurses: definitions may be chained at any length. As long as it needs little memory,
+/// that is its own.
 class Reducer {
  public:
-  Reducer(const RecordMap<Unit>& units, const RecordMap<Factor>& factors)
-      : units_(units), factors_(factors) {}
+  Reducer() = default;
+  Reducer(const Reducer&) = delete;
 
-  /// @throws UnrecognizedIdentifierException  a parent unit or factor is not stored.
-  /// @throws IncompatibleUnitsException       a parent unit is absolute.
-  ReducedUnit reduce(const Unit& unit);
+  /// @throws IncompatibleUnitsException  a parent unit is absolute. The reducer is of no use then.
+  ReducedUnit reduce(const RecordNode<Unit>& unit);
 
  private:
   struct RelativeUnit {
     double factor;
     Powers powers;
   };
-  struct FactorStep;
-  struct UnitStep;
 
-  double factorOf(const FactorComponent& component);
-  const RelativeUnit& reduceRelative(const Unit& unit);
-  const RelativeUnit* known(const Unit& unit) const;
+  /// A record on the way down: its parents before `next` are multiplied in.
+  struct UnitStep {
+    const RecordNode<Unit>* unit;
+    double factor;
+    std::size_t next;
+    std::size_t firstPower;  // its powers so far are those from here on
+    bool isDeep;             // a parent of it has parents, or it has many: worth remembering
+  };
+  struct FactorStep {
+    const RecordNode<Factor>* factor;
+    double value;
+    std::size_t next;
+  };
 
-  const RecordMap<Unit>& units_;
-  const RecordMap<Factor>& factors_;
-  std::unordered_map<const Factor*, double> reducedFactors_;
-  std::unordered_map<const Unit*, RelativeUnit> reducedUnits_;
+  double reduceRelative(const RecordNode<Unit>& unit);
+  void enter(const RecordNode<Unit>& unit);
+  void takeNextParent();
+  double finish();
+  double valueOf(const RecordNode<Factor>& factor);
+
+  std::array<std::byte, 1536> buffer_;
+  std::pmr::monotonic_buffer_resource memory_{buffer_.data(), buffer_.size()};
+  std::pmr::unordered_map<const RecordNode<Unit>*, RelativeUnit> units_{&memory_};
+  std::pmr::unordered_map<const RecordNode<Factor>*, double> factors_{&memory_};
+  std::pmr::vector<UnitStep> path_{&memory_};
+  std::pmr::vector<FactorStep> factorPath_{&memory_};
+  Powers powers_{&memory_};  // of the units on the path, one after the other
 };
 
 }  // namespace Units

@@ -11,15 +11,19 @@ namespace {
 
 /// Copies of the records that a predicate accepts.
 template <class Record, class Predicate>
-RecordMap<Record> select(const RecordMap<Record>& records, Predicate accepts) {
+RecordMap<Record> select(const RecordStore<Record>& records, Predicate accepts) {
   RecordMap<Record> selected;
-  for (const auto& [typeId, record] : records)
+  for (const auto& [typeId, record] : records.records())
     if (accepts(record)) selected.emplace_hint(selected.end(), typeId, record);
   return selected;
 }
 
-Reducer reducerOf(const Registries& registries) {
-  return Reducer(registries.units.objects, registries.factors.objects);
+/// Copies of the units whose nodes a predicate accepts.
+template <class Predicate>
+RecordMap<Unit> selectUnits(const RecordStore<Unit>& units, Predicate accepts) {
+  return select(units, [&](const Unit& unit) {
+    return accepts(*units.findNode(RecordAccess::typeId(unit)));
+  });
 }
 
 }  // namespace
@@ -38,21 +42,25 @@ RecordMap<Unit> primitiveUnitsOfDimension(const std::optional<Dimension>& dimens
 }
 
 RecordMap<Unit> convertibleUnits(const std::string& unitTypeId, const Registries& registries) {
-  const RecordMap<Unit>& units = registries.units.objects;
+  const RecordStore<Unit>& units = registries.units.objects;
   if (units.empty()) return {};  // without a unit to compare with, the id is not looked up
-  const Unit& from = lookUp(units, unitTypeId);
-  Reducer reducer = reducerOf(registries);
-  return select(units, [&](const Unit& unit) { return areConvertible(from, unit, reducer); });
+  const RecordNode<Unit>& from = lookUpNode(units, unitTypeId);
+  Reducer reducer;
+  return selectUnits(
+      units, [&](const RecordNode<Unit>& unit) { return areConvertible(from, unit, reducer); });
 }
 
 RecordMap<Unit> unitsWithPrimitivePowers(const PrimitivePowers& powers,
                                          const Registries& registries) {
-  const RecordMap<Unit>& units = registries.units.objects;
-  for (const auto& [typeId, exponent] : powers) lookUp(units, typeId);
-  Reducer reducer = reducerOf(registries);
-  return select(units, [&](const Unit& unit) {
+  const RecordStore<Unit>& units = registries.units.objects;
+  Powers wanted;
+  for (const auto& [typeId, exponent] : powers)
+    wanted.emplace_back(&lookUpNode(units, typeId), exponent);
+  sumUp(wanted, 0);
+  Reducer reducer;
+  return selectUnits(units, [&](const RecordNode<Unit>& unit) {
     bool inverted = false;
-    return arePowersCompatible(powers, reducer.reduce(unit).powers, inverted) && !inverted;
+    return arePowersCompatible(wanted, reducer.reduce(unit).powers, inverted) && !inverted;
   });
 }
 

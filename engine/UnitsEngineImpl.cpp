@@ -4,6 +4,7 @@
 #include "engine/Reduction.h"
 #include "engine/UnitQueries.h"
 #include "formula/Evaluation.h"
+#include "model/RecordAccess.h"
 #include "registry/AddRecord.h"
 #include "schema/Definitions.h"
 #include "text/DisplayText.h"
@@ -81,21 +82,23 @@ Quantity UnitsEngineImpl::getQuantity(std::string typeId) const {
 }
 
 std::map<std::string, Dimension> UnitsEngineImpl::getDimensions() const {
-  return registries_.dimensions.objects;
+  return registries_.dimensions.objects.records();
 }
 
 std::map<std::string, Factor> UnitsEngineImpl::getFactors() const {
-  return registries_.factors.objects;
+  return registries_.factors.objects.records();
 }
 
-std::map<std::string, Unit> UnitsEngineImpl::getUnits() const { return registries_.units.objects; }
+std::map<std::string, Unit> UnitsEngineImpl::getUnits() const {
+  return registries_.units.objects.records();
+}
 
 std::map<std::string, Symbol> UnitsEngineImpl::getSymbols() const {
-  return registries_.symbols.objects;
+  return registries_.symbols.objects.records();
 }
 
 std::map<std::string, Quantity> UnitsEngineImpl::getQuantities() const {
-  return registries_.quantities.objects;
+  return registries_.quantities.objects.records();
 }
 
 std::map<std::string, Unit> UnitsEngineImpl::getPrimitiveUnits() const {
@@ -156,13 +159,12 @@ bool UnitsEngineImpl::isRegistered(std::string typeId) const {
 
 void UnitsEngineImpl::reduceUnit(const Unit& unit, double& factor, double& offset,
                                  PrimitivePowers& powers) const {
-  Reducer reducer(registries_.units.objects, registries_.factors.objects);
-  const ReducedUnit reduced = reducer.reduce(unit);
+  Reducer reducer;
+  const ReducedUnit reduced =
+      reducer.reduce(lookUpNode(registries_.units.objects, RecordAccess::typeId(unit)));
   factor = reduced.factor;
   offset = reduced.offset;
-  powers.clear();
-  for (const auto& [primitive, exponent] : reduced.powers)
-    powers.emplace_hint(powers.end(), primitive, exponent);
+  powers = toPrimitivePowers(reduced.powers);
 }
 
 bool UnitsEngineImpl::arePowersCompatible(PrimitivePowers a, PrimitivePowers b,
@@ -171,12 +173,13 @@ bool UnitsEngineImpl::arePowersCompatible(PrimitivePowers a, PrimitivePowers b,
 }
 
 void UnitsEngineImpl::reduceValue(const Unit& unit, double& value, UnitPowerMap& powers) const {
-  double factor = 1.0;
-  double offset = 0.0;
-  PrimitivePowers reducedPowers;
-  reduceUnit(unit, factor, offset, reducedPowers);
-  value = (offset + value) * factor;
-  powers = UnitPowerMap(reducedPowers.begin(), reducedPowers.end());
+  Reducer reducer;
+  const ReducedUnit reduced =
+      reducer.reduce(lookUpNode(registries_.units.objects, RecordAccess::typeId(unit)));
+  value = (reduced.offset + value) * reduced.factor;
+  powers.clear();
+  for (const auto& [primitive, exponent] : reduced.powers)
+    powers.emplace(RecordAccess::typeId(*primitive->record), exponent);
 }
 
 const FunctionMap& UnitsEngineImpl::getFunctionMap() const { return functionMap_; }

@@ -29,6 +29,8 @@ struct RecordAccess {
     return component.parentFactorPowers_;
   }
 
+  static double factor(const FactorComponent& component) { return component.factor_; }
+
   static const FactorComponent& factorComponent(const Factor& factor) {
     return factor.factorComponent_;
   }
@@ -43,6 +45,8 @@ struct RecordAccess {
   static const std::string& parentUnit(const AbsoluteUnitComponent& component) {
     return component.parentUnit_;
   }
+
+  static double offset(const AbsoluteUnitComponent& component) { return component.offset_; }
 
   static const std::optional<Dimension>& dimension(const PrimitiveUnitComponent& component) {
     return component.dimension_;

@@ -21,6 +21,8 @@ struct RecordBatch {
 /// them. When it throws (std::bad_alloc), nothing is stored.
 ///
 /// @param batch  its type ids name nothing stored yet.
+/// @throws UnrecognizedIdentifierException  a record rests on one that is neither stored nor in the
+///                                          batch, which no record that has passed its checks does.
 void commit(RecordBatch&& batch, Registries& registries);
 
 }  // namespace Units

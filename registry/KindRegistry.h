@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/RecordMap.h"
+#include "model/RecordStore.h"
 
 #include <map>
 #include <string>
@@ -13,7 +14,7 @@ struct KindRegistry {
   std::map<std::string, SchemaData> pending;  // read, waiting for a build
   std::map<std::string, SchemaData> batch;    // what the running build works on
   RecordMap<Record> built;                    // what the running build has made
-  RecordMap<Record> objects;                  // what the engine serves
+  RecordStore<Record> objects;                // what the engine serves
 };
 
 }  // namespace Units

@@ -25,9 +25,9 @@ void checkDerived(const Unit& unit, const DerivedUnitComponent& derived,
 }
 
 void checkPrimitive(const Unit& unit, const PrimitiveUnitComponent& primitive,
-                    const RecordMap<Dimension>& dimensions) {
+                    const RecordStore<Dimension>& dimensions) {
   const auto& dimension = RecordAccess::dimension(primitive);
-  if (dimension && dimensions.count(RecordAccess::typeId(*dimension)) == 0)
+  if (dimension && !dimensions.find(RecordAccess::typeId(*dimension)))
     throw ValidationException("Could not find dimension " + RecordAccess::typeId(*dimension) +
                               " for primitive unit " + RecordAccess::typeId(unit) + ".");
 }
@@ -46,21 +46,20 @@ void checkExponents(const std::map<std::string, int>& powers) {
     throw ValidationException("A parent may not be raised to a zero exponent.");
 }
 
-void checkFactorParents(const FactorComponent& component, const RecordMap<Factor>& factors) {
+void checkFactorParents(const FactorComponent& component, const RecordStore<Factor>& factors) {
   const auto& parents = RecordAccess::parentFactorPowers(component);
   checkExponents(parents);
   for (const auto& [parent, exponent] : parents)
-    if (factors.count(parent) == 0)
-      throw ValidationException("Parent factor " + parent + " not found.");
+    if (!factors.find(parent)) throw ValidationException("Parent factor " + parent + " not found.");
 }
 
-void checkFactorParents(const Factor& factor, const RecordMap<Factor>& factors) {
+void checkFactorParents(const Factor& factor, const RecordStore<Factor>& factors) {
   checkFactorParents(RecordAccess::factorComponent(factor), factors);
 }
 
-void checkRelativeUnit(const std::string& unitTypeId, const RecordMap<Unit>& units) {
-  const auto found = units.find(unitTypeId);
-  if (found == units.end() || RecordAccess::absolute(found->second))
+void checkRelativeUnit(const std::string& unitTypeId, const RecordStore<Unit>& units) {
+  const Unit* const unit = units.find(unitTypeId);
+  if (!unit || RecordAccess::absolute(*unit))
     throw ValidationException("Could not find relative unit with typeid " + unitTypeId + ".");
 }
 
@@ -83,28 +82,28 @@ void checkSpecialSymbol(const std::string& symbolTypeId) {
     throw ValidationException("Symbol " + symbolTypeId + " must be a prefix or suffix.");
 }
 
-Symbol checkSymbol(const Symbol& symbol, const RecordMap<Unit>& units) {
+Symbol checkSymbol(const Symbol& symbol, const RecordStore<Unit>& units) {
   const std::string& typeId = RecordAccess::typeId(symbol);
   if (!RecordAccess::prefixOrSuffix(symbol)) checkSpecialSymbol(typeId);
   const std::string& unit = RecordAccess::typeId(RecordAccess::unit(symbol));
-  const auto stored = units.find(unit);
-  if (stored == units.end())
+  const Unit* const stored = units.find(unit);
+  if (!stored)
     throw ValidationException("Could not find unit " + unit + " for symbol " + typeId + ".");
-  return Symbol(typeId, stored->second, symbol.getPrefixOrSuffix());
+  return Symbol(typeId, *stored, symbol.getPrefixOrSuffix());
 }
 
-Quantity checkQuantity(const Quantity& quantity, const RecordMap<Unit>& units) {
+Quantity checkQuantity(const Quantity& quantity, const RecordStore<Unit>& units) {
   const std::string& typeId = RecordAccess::typeId(quantity);
   if (RecordAccess::name(quantity).empty())
     throw ValidationException("Quantity " + typeId + " has an empty name.");
   std::vector<Unit> storedUnits;
   storedUnits.reserve(RecordAccess::units(quantity).size());
   for (const Unit& unit : RecordAccess::units(quantity)) {
-    const auto stored = units.find(RecordAccess::typeId(unit));
-    if (stored == units.end())
+    const Unit* const stored = units.find(RecordAccess::typeId(unit));
+    if (!stored)
       throw ValidationException("Could not find unit " + RecordAccess::typeId(unit) +
                                 " for quantity " + typeId + ".");
-    storedUnits.push_back(stored->second);
+    storedUnits.push_back(*stored);
   }
   return Quantity(typeId, RecordAccess::name(quantity), storedUnits);
 }

@@ -16,11 +16,11 @@ void checkTypeId(const std::string& typeId, const Registries& registries);
 void checkExponents(const std::map<std::string, int>& powers);
 
 /// No exponent is 0; every parent is a stored factor.
-void checkFactorParents(const FactorComponent& component, const RecordMap<Factor>& factors);
-void checkFactorParents(const Factor& factor, const RecordMap<Factor>& factors);
+void checkFactorParents(const FactorComponent& component, const RecordStore<Factor>& factors);
+void checkFactorParents(const Factor& factor, const RecordStore<Factor>& factors);
 
 /// The id names a stored unit that is not absolute.
-void checkRelativeUnit(const std::string& unitTypeId, const RecordMap<Unit>& units);
+void checkRelativeUnit(const std::string& unitTypeId, const RecordStore<Unit>& units);
 
 /// The name is not empty; parents and dimension are stored and fit the unit's component.
 void checkUnit(const Unit& unit, const Registries& registries);
@@ -30,10 +30,10 @@ void checkSpecialSymbol(const std::string& symbolTypeId);
 
 /// The symbol may stand without prefix or suffix if it does; its unit is stored.
 /// @return  the symbol to store, with the stored unit.
-Symbol checkSymbol(const Symbol& symbol, const RecordMap<Unit>& units);
+Symbol checkSymbol(const Symbol& symbol, const RecordStore<Unit>& units);
 
 /// The name is not empty; all units are stored.
 /// @return  the quantity to store, with the stored units.
-Quantity checkQuantity(const Quantity& quantity, const RecordMap<Unit>& units);
+Quantity checkQuantity(const Quantity& quantity, const RecordStore<Unit>& units);
 
 }  // namespace Units

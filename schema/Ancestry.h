@@ -41,7 +41,7 @@ void checkAncestry(const std::string& root, const KindRegistry<SchemaData, Recor
   };
   std::vector<Step> path;
   const auto visit = [&](const std::string& id) {
-    if (registry.objects.count(id) != 0) return;
+    if (registry.objects.find(id)) return;
     const auto built = registry.built.find(id);
     if (built == registry.built.end())
       throw ValidationException("Parent " + id + " has an unexpected type.");

@@ -65,13 +65,7 @@ void startBatch(Kind& kind) {
   kind.batch.swap(kind.pending);
 }
 
-template <class Record>
-const Record* find(const RecordMap<Record>& records, const std::string& typeId) {
-  const auto found = records.find(typeId);
-  return found == records.end() ? nullptr : &found->second;
-}
-
-[[noreturn]] void refuseUnknown(const std::string& typeId) {
+[[noreturn]] void refuse(const std::string& typeId) {
   throw UnrecognizedIdentifierException("Could not find any object with typeid " + typeId + ".");
 }
 
@@ -124,33 +118,32 @@ void buildSchemas(Registries& registries) {
 }
 
 std::string getDefinition(const std::string& typeId, const Registries& registries) {
-  if (const auto* const dimension = find(registries.dimensions.objects, typeId))
+  if (const auto* const dimension = registries.dimensions.objects.find(typeId))
     return writeDimensionSchema(*dimension);
-  if (const auto* const factor = find(registries.factors.objects, typeId))
+  if (const auto* const factor = registries.factors.objects.find(typeId))
     return writeFactorSchema(*factor);
-  if (const auto* const unit = find(registries.units.objects, typeId))
-    return writeUnitSchema(*unit);
-  if (const auto* const symbol = find(registries.symbols.objects, typeId))
+  if (const auto* const unit = registries.units.objects.find(typeId)) return writeUnitSchema(*unit);
+  if (const auto* const symbol = registries.symbols.objects.find(typeId))
     return writeSymbolSchema(*symbol);
-  if (const auto* const quantity = find(registries.quantities.objects, typeId))
+  if (const auto* const quantity = registries.quantities.objects.find(typeId))
     return writeQuantitySchema(*quantity);
-  refuseUnknown(typeId);
+  refuse(typeId);
 }
 
 std::set<std::string> getDependencies(const std::string& typeId, const Registries& registries) {
   const auto& factors = registries.factors.objects;
   const auto& units = registries.units.objects;
   References references;
-  if (const auto* const factor = find(factors, typeId))
+  if (const auto* const factor = factors.find(typeId))
     collectParentFactors(RecordAccess::factorComponent(*factor), references, factors);
-  else if (const auto* const unit = find(units, typeId))
+  else if (const auto* const unit = units.find(typeId))
     collectUnitReferences(*unit, references, factors, units);
-  else if (const auto* const symbol = find(registries.symbols.objects, typeId))
+  else if (const auto* const symbol = registries.symbols.objects.find(typeId))
     collectSymbolReferences(*symbol, references, factors, units);
-  else if (const auto* const quantity = find(registries.quantities.objects, typeId))
+  else if (const auto* const quantity = registries.quantities.objects.find(typeId))
     collectQuantityReferences(*quantity, references, factors, units);
   else if (!isRegistered(typeId, registries))  // else a dimension, or pending
-    refuseUnknown(typeId);
+    refuse(typeId);
   return std::move(references.typeIds);
 }
 

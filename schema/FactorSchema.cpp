@@ -47,14 +47,14 @@ void buildFactor(const std::string& typeId, const FactorSchemaData& data,
 }
 
 void collectParentFactors(const FactorComponent& component, References& out,
-                          const RecordMap<Factor>& factors) {
+                          const RecordStore<Factor>& factors) {
   std::vector<const FactorComponent*> waiting = {&component};
   while (!waiting.empty()) {
     const FactorComponent& current = *waiting.back();
     waiting.pop_back();
     for (const auto& [parent, exponent] : RecordAccess::parentFactorPowers(current)) {
       out.typeIds.insert(parent);
-      const Factor& factor = factors.at(parent);
+      const Factor& factor = storedParent(factors, parent);
       if (out.walkedFactors.insert(&factor).second)
         waiting.push_back(&RecordAccess::factorComponent(factor));
     }

@@ -2,6 +2,7 @@
 
 #include "json/JSON.h"
 #include "model/RecordMap.h"
+#include "model/RecordStore.h"
 #include "registry/SchemaData.h"
 #include "schema/References.h"
 #include "schema/SchemaHeader.h"
@@ -32,7 +33,7 @@ void buildFactor(const std::string& typeId, const FactorSchemaData& data, Record
 /// Adds all factors that a component rests on, directly or through others.
 /// @throws std::out_of_range  a parent is not stored, which the checks on the way in rule out.
 void collectParentFactors(const FactorComponent& component, References& out,
-                          const RecordMap<Factor>& factors);
+                          const RecordStore<Factor>& factors);
 
 /// A factor without parents is written as a simple one, whatever it was read as.
 /// @throws ValidationException  the number is infinite or none.

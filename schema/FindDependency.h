@@ -16,8 +16,7 @@ namespace Units {
 template <class SchemaData, class Record>
 const Record& findDependency(const KindRegistry<SchemaData, Record>& registry,
                              const std::string& dependency, const std::string& schemaTypeId) {
-  const auto stored = registry.objects.find(dependency);
-  if (stored != registry.objects.end()) return stored->second;
+  if (const Record* const stored = registry.objects.find(dependency)) return *stored;
   const auto built = registry.built.find(dependency);
   if (built != registry.built.end()) return built->second;
   throw ValidationException("Dependency " + dependency + " in schema " + schemaTypeId +

@@ -32,7 +32,7 @@ void buildQuantity(const std::string& typeId, const QuantitySchemaData& data,
 }
 
 void collectQuantityReferences(const Quantity& quantity, References& out,
-                               const RecordMap<Factor>& factors, const RecordMap<Unit>& units) {
+                               const RecordStore<Factor>& factors, const RecordStore<Unit>& units) {
   for (const Unit& unit : RecordAccess::units(quantity)) {
     out.typeIds.insert(RecordAccess::typeId(unit));
     collectUnitReferences(unit, out, factors, units);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/RecordMap.h"
+#include "model/RecordStore.h"
 #include "registry/KindRegistry.h"
 #include "registry/SchemaData.h"
 #include "schema/References.h"
@@ -30,7 +31,7 @@ void buildQuantity(const std::string& typeId, const QuantitySchemaData& data,
 /// Adds the quantity's units and all that they rest on.
 /// @throws std::out_of_range  as `collectUnitReferences`.
 void collectQuantityReferences(const Quantity& quantity, References& out,
-                               const RecordMap<Factor>& factors, const RecordMap<Unit>& units);
+                               const RecordStore<Factor>& factors, const RecordStore<Unit>& units);
 
 std::string writeQuantitySchema(const Quantity& quantity);
 

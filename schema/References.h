@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/RecordStore.h"
+
 #include <TrelvonUnits/Factor.h>
 #include <TrelvonUnits/Unit.h>
 
@@ -19,5 +21,12 @@ struct References {
   std::unordered_set<const Factor*> walkedFactors;
   std::unordered_set<const Unit*> walkedUnits;
 };
+
+/// A parent of a stored record. All parents are stored: another one is the standard library's
+/// std::out_of_range, as of a map.
+template <class Record>
+const Record& storedParent(const RecordStore<Record>& records, const std::string& typeId) {
+  return records.records().at(typeId);
+}
 
 }  // namespace Units

@@ -53,7 +53,7 @@ void buildSymbol(const std::string& typeId, const SymbolSchemaData& data,
 }
 
 void collectSymbolReferences(const Symbol& symbol, References& out,
-                             const RecordMap<Factor>& factors, const RecordMap<Unit>& units) {
+                             const RecordStore<Factor>& factors, const RecordStore<Unit>& units) {
   const Unit& unit = RecordAccess::unit(symbol);
   out.typeIds.insert(RecordAccess::typeId(unit));
   collectUnitReferences(unit, out, factors, units);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/RecordMap.h"
+#include "model/RecordStore.h"
 #include "registry/KindRegistry.h"
 #include "registry/SchemaData.h"
 #include "schema/References.h"
@@ -34,7 +35,7 @@ void buildSymbol(const std::string& typeId, const SymbolSchemaData& data,
 /// Adds the symbol's unit and all that it rests on.
 /// @throws std::out_of_range  as `collectUnitReferences`.
 void collectSymbolReferences(const Symbol& symbol, References& out,
-                             const RecordMap<Factor>& factors, const RecordMap<Unit>& units);
+                             const RecordStore<Factor>& factors, const RecordStore<Unit>& units);
 
 std::string writeSymbolSchema(const Symbol& symbol);
 

@@ -129,12 +129,12 @@ void buildUnit(const std::string& typeId, const UnitSchemaData& data,
   std::visit(Component{typeId, dimensions, built}, data);
 }
 
-void collectUnitReferences(const Unit& unit, References& out, const RecordMap<Factor>& factors,
-                           const RecordMap<Unit>& units) {
+void collectUnitReferences(const Unit& unit, References& out, const RecordStore<Factor>& factors,
+                           const RecordStore<Unit>& units) {
   std::vector<const Unit*> waiting = {&unit};
   const auto add = [&](const std::string& parent) {
     out.typeIds.insert(parent);
-    const Unit& stored = units.at(parent);
+    const Unit& stored = storedParent(units, parent);
     if (out.walkedUnits.insert(&stored).second) waiting.push_back(&stored);
   };
   while (!waiting.empty()) {

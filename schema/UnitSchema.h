@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/RecordMap.h"
+#include "model/RecordStore.h"
 #include "registry/KindRegistry.h"
 #include "registry/SchemaData.h"
 #include "schema/References.h"
@@ -37,8 +38,8 @@ void buildUnit(const std::string& typeId, const UnitSchemaData& data,
 
 /// Adds all units, factors and dimensions that a unit rests on, directly or through others.
 /// @throws std::out_of_range  a parent is not stored, which the checks on the way in rule out.
-void collectUnitReferences(const Unit& unit, References& out, const RecordMap<Factor>& factors,
-                           const RecordMap<Unit>& units);
+void collectUnitReferences(const Unit& unit, References& out, const RecordStore<Factor>& factors,
+                           const RecordStore<Unit>& units);
 
 /// @throws ValidationException  the factor or offset is infinite or no number.
 std::string writeUnitSchema(const Unit& unit);

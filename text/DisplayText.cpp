@@ -8,7 +8,7 @@ namespace Units {
 
 std::string formatFixedPoint(double value, unsigned char decimalPlaces,
                              const std::string* symbolTypeId, bool trimTrailingZeros,
-                             const RecordMap<Symbol>& symbols) {
+                             const RecordStore<Symbol>& symbols) {
   constexpr unsigned char maximum = FixedPointNumberRenderer::maximumPrecision;
   if (decimalPlaces > maximum)
     throw PrecisionException("Requested fixed point precision of " + std::to_string(decimalPlaces) +
@@ -19,7 +19,7 @@ std::string formatFixedPoint(double value, unsigned char decimalPlaces,
 }
 
 std::string formatFractional(double value, unsigned char precision, const std::string* symbolTypeId,
-                             const RecordMap<Symbol>& symbols) {
+                             const RecordStore<Symbol>& symbols) {
   constexpr unsigned char maximum = FractionalNumberRenderer::maximumPrecision;
   if (precision > maximum)
     throw PrecisionException("Requested fractional precision of 2^(-" + std::to_string(precision) +

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/RecordMap.h"
+#include "model/RecordStore.h"
 
 #include <string>
 
@@ -11,12 +11,12 @@ namespace Units {
 /// @throws UnrecognizedIdentifierException  the type id names no symbol that can be written.
 std::string formatFixedPoint(double value, unsigned char decimalPlaces,
                              const std::string* symbolTypeId, bool trimTrailingZeros,
-                             const RecordMap<Symbol>& symbols);
+                             const RecordStore<Symbol>& symbols);
 
 /// A number as a whole number and a binary fraction, and a symbol unless `symbolTypeId` is null.
 /// @throws PrecisionException               a precision over 9; tested first.
 /// @throws UnrecognizedIdentifierException  the type id names no symbol that can be written.
 std::string formatFractional(double value, unsigned char precision, const std::string* symbolTypeId,
-                             const RecordMap<Symbol>& symbols);
+                             const RecordStore<Symbol>& symbols);
 
 }  // namespace Units

@@ -29,7 +29,7 @@ std::string roomyText(double value, std::size_t around) {
 }  // namespace
 
 std::string formatWithSymbol(double value, const std::string* symbolTypeId,
-                             const INumberRenderer& renderer, const RecordMap<Symbol>& symbols) {
+                             const INumberRenderer& renderer, const RecordStore<Symbol>& symbols) {
   if (!symbolTypeId)
     return formatWithPrefixOrSuffix(value, PrefixOrSuffix("", Placement::Suffix, false), renderer);
   const Symbol& symbol = lookUp(symbols, *symbolTypeId);

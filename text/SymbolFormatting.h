@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/RecordMap.h"
+#include "model/RecordStore.h"
 #include "text/CompositeSymbolTable.h"
 #include "text/NumberRenderer.h"
 
@@ -20,7 +20,7 @@ namespace Units {
 /// @throws UnrecognizedIdentifierException  no symbol has that type id, or it has neither a prefix,
 ///                                          a suffix nor a composite layout.
 std::string formatWithSymbol(double value, const std::string* symbolTypeId,
-                             const INumberRenderer& renderer, const RecordMap<Symbol>& symbols);
+                             const INumberRenderer& renderer, const RecordStore<Symbol>& symbols);
 
 /// The number with a prefix or suffix; its sign stands before everything: `-$ 5`.
 std::string formatWithPrefixOrSuffix(double value, const PrefixOrSuffix& decoration,
