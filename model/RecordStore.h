@@ -5,7 +5,7 @@
 
 #include <TrelvonUnits/Exceptions.h>
 
-#include <algorithm>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -25,6 +25,10 @@ class RecordStore {
     RecordMap<Record> records;
     Nodes nodes;  // keys are views of the records' type ids
   };
+
+  RecordStore() = default;
+
+  explicit RecordStore(RecordMap<Record>&& records) { add(prepare(std::move(records))); }
 
   const RecordMap<Record>& records() const { return records_; }
   bool empty() const { return records_.empty(); }
@@ -47,10 +51,11 @@ class RecordStore {
     addition.nodes.reserve(addition.records.size());
     for (const auto& [typeId, record] : addition.records)
       addition.nodes.emplace(typeId, RecordNode<Record>{&record});
-    // Doubled, since records often come one by one.
+    // Doubled, since records often come one by one. An empty map has less room than it says.
     const std::size_t size = nodes_.size() + addition.nodes.size();
-    if (static_cast<float>(size) > nodes_.max_load_factor() * static_cast<float>(buckets()))
-      nodes_.reserve(std::max(size, 2 * nodes_.size()));
+    const auto room = static_cast<std::size_t>(nodes_.max_load_factor() *
+                                               static_cast<float>(nodes_.bucket_count()));
+    if (size >= room) nodes_.reserve(2 * size);
     return addition;
   }
 
@@ -61,8 +66,6 @@ class RecordStore {
   }
 
  private:
-  std::size_t buckets() const { return nodes_.bucket_count(); }
-
   RecordMap<Record> records_;
   Nodes nodes_;
 };

@@ -1,6 +1,6 @@
 #include "engine/Reduction.h"
 
-#include "model/RecordAccess.h"
+#include "registry/Commit.h"
 #include "tests/engine/ReferenceReduction.h"
 #include "tests/support/Messages.h"
 #include "tests/support/SmallStack.h"
@@ -28,8 +28,14 @@ void put(RecordMap<Record>& records, const Record& record) {
   records.emplace(record.getTypeId(), record);
 }
 
-PrimitivePowers asMap(const Powers& powers) {
-  return PrimitivePowers(powers.begin(), powers.end());
+Registries stored(const RecordMap<Unit>& units, const RecordMap<Factor>& factors = {}) {
+  Registries registries;
+  commit({{}, factors, units, {}, {}, {}}, registries);
+  return registries;
+}
+
+ReducedUnit reduce(Reducer& reducer, const Registries& registries, const std::string& typeId) {
+  return reducer.reduce(lookUpNode(registries.units.objects, typeId));
 }
 
 TEST(Reduction, AgreesWithTheRecursiveWalkOnRandomGraphs) {
@@ -55,15 +61,16 @@ TEST(Reduction, AgreesWithTheRecursiveWalkOnRandomGraphs) {
                                  : derived(name('u', i), parents,
                                            FactorComponent(number(), parentsBelow('f', pick(10)))));
     }
-    Reducer reducer(units, factors);
+    const Registries registries = stored(units, factors);
+    Reducer reducer;
     const Reference reference{units, factors};
     for (const auto& [typeId, unit] : units) {
       double factor;
       PrimitivePowers powers;
       reference.reduce(unit, factor, powers);
-      const ReducedUnit reduced = reducer.reduce(unit);
+      const ReducedUnit reduced = reduce(reducer, registries, typeId);
       EXPECT_EQ(std::memcmp(&reduced.factor, &factor, sizeof factor), 0) << graph << typeId;
-      EXPECT_EQ(asMap(reduced.powers), powers) << graph << typeId;
+      EXPECT_EQ(toPrimitivePowers(reduced.powers), powers) << graph << typeId;
       EXPECT_EQ(reduced.offset, 0.0);
     }
   }
@@ -87,7 +94,8 @@ TEST(Reduction, OfUnitsThatShareParentsCostsTheirNumber) {
       put(units, derived(level(kind, i), {{level('u', i - 1), 1}, {level('v', i - 1), -1}},
                          FactorComponent(1.0, {{level('f', i), 1}})));
   }
-  EXPECT_EQ(Reducer(units, factors).reduce(units.at("u64")).factor, 1.0);
+  Reducer reducer;
+  EXPECT_EQ(reduce(reducer, stored(units, factors), "u64").factor, 1.0);
 }
 
 TEST(Reduction, OfALongChainNeedsNoStack) {
@@ -107,10 +115,11 @@ TEST(Reduction, OfALongChainNeedsNoStack) {
   put(units, derived("top", {{name('u', length - 1), 2}},
                      FactorComponent(1.0, {{name('f', length - 1), 1}})));
   onSmallStack([&] {
-    Reducer reducer(units, factors);
-    const ReducedUnit reduced = reducer.reduce(units.at("top"));
+    const Registries registries = stored(units, factors);
+    Reducer reducer;
+    const ReducedUnit reduced = reduce(reducer, registries, "top");
     EXPECT_EQ(reduced.factor, 3.0);
-    EXPECT_EQ(asMap(reduced.powers), (PrimitivePowers{{name('u', 0), 2}}));
+    EXPECT_EQ(toPrimitivePowers(reduced.powers), (PrimitivePowers{{name('u', 0), 2}}));
   });
 }
 
@@ -130,34 +139,36 @@ TEST(Reduction, KeepsExponentsThatCancelAndStaysWithin32Bits) {
       {"huge", {{"m", most}}},      {"product", {{"m", most}}},
       {"negative", {{"m", least}}}, {"sum", {{"m", most}}},
       {"turned", {{"m", most}}},    {"wrapped", {{"m", most}}}};
-  const RecordMap<Factor> factors;
-  Reducer reducer(units, factors);
+  const Registries registries = stored(units);
+  Reducer reducer;
   for (const auto& [typeId, powers] : rows)
-    EXPECT_EQ(asMap(reducer.reduce(units.at(typeId)).powers), powers) << typeId;
+    EXPECT_EQ(toPrimitivePowers(reduce(reducer, registries, typeId).powers), powers) << typeId;
 }
 
-TEST(Reduction, ReportsTheFirstFaultOnItsWay) {
-  RecordMap<Factor> factors;
-  put(factors, Factor("f", FactorComponent(1.0, {{"gone", 1}})));
+TEST(Reduction, RefusesAbsoluteParents) {
   RecordMap<Unit> units;
   for (const Unit& unit :
-       {primitive("m"), derived("badFactor", {{"absent", 1}}, FactorComponent(1.0, {{"f", 1}})),
-        derived("badUnit", {{"absent", 1}, {"badFactor", 1}}),
+       {primitive("m"), derived("onScale", {{"scale", 1}}),
         Unit("scale", "n", System::Metric, AbsoluteUnitComponent("m", 1.0)),
-        derived("onScale", {{"scale", 1}, {"z", 1}}),
         Unit("scaleOnScale", "n", System::Metric, AbsoluteUnitComponent("scale", 1.0))})
     put(units, unit);
-  Reducer reducer(units, factors);
-  const auto refused = [&](auto exception, const char* typeId) {
-    return messageOf<decltype(exception)>([&] { reducer.reduce(units.at(typeId)); });
-  };
-  const UnrecognizedIdentifierException unknown("");
-  const IncompatibleUnitsException incompatible("");
-  EXPECT_EQ(refused(unknown, "badFactor"), "Could not find factor with typeid gone.");
-  EXPECT_EQ(refused(unknown, "badUnit"), "Could not find unit with typeid absent.");
+  const Registries registries = stored(units);
   for (const char* typeId : {"onScale", "scaleOnScale"})
-    EXPECT_EQ(refused(incompatible, typeId),
+    EXPECT_EQ(messageOf<IncompatibleUnitsException>([&] {
+                Reducer reducer;
+                reduce(reducer, registries, typeId);
+              }),
               "Parent unit scale is absolute, but all parent units must be relative.");
+}
+
+TEST(Commit, TakesNoRecordThatRestsOnNothing) {
+  RecordMap<Unit> units;
+  put(units, derived("unit", {{"gone", 1}}));
+  RecordMap<Factor> factors;
+  put(factors, Factor("factor", FactorComponent(1.0, {{"gone", 1}})));
+  using E = UnrecognizedIdentifierException;
+  EXPECT_EQ(messageOf<E>([&] { stored(units); }), "Could not find unit with typeid gone.");
+  EXPECT_EQ(messageOf<E>([&] { stored({}, factors); }), "Could not find factor with typeid gone.");
 }
 
 struct Comparison {

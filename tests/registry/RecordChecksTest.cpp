@@ -46,11 +46,11 @@ TEST_P(RefusedRecords, LeaveNoTrace) {
             GetParam().message);
 
   const Registries before = filled();
-  EXPECT_EQ(registries.dimensions.objects, before.dimensions.objects);
-  EXPECT_EQ(registries.factors.objects, before.factors.objects);
-  EXPECT_EQ(registries.units.objects, before.units.objects);
-  EXPECT_EQ(registries.symbols.objects, before.symbols.objects);
-  EXPECT_EQ(registries.quantities.objects, before.quantities.objects);
+  EXPECT_EQ(registries.dimensions.objects.records(), before.dimensions.objects.records());
+  EXPECT_EQ(registries.factors.objects.records(), before.factors.objects.records());
+  EXPECT_EQ(registries.units.objects.records(), before.units.objects.records());
+  EXPECT_EQ(registries.symbols.objects.records(), before.symbols.objects.records());
+  EXPECT_EQ(registries.quantities.objects.records(), before.quantities.objects.records());
   EXPECT_EQ(registries.registeredTypeIds, before.registeredTypeIds);
 }
 
@@ -129,9 +129,9 @@ TEST(AddRecord, StoresTheEnginesOwnUnits) {
   addSymbol(Symbol("a:metersAndCentimeters-1.0.0", impostor, {}), registries);
   addQuantity(Quantity("twice", "name", {impostor, metre, impostor}), registries);
 
-  const Symbol& symbol = registries.symbols.objects.at("a:metersAndCentimeters-1.0.0");
+  const Symbol& symbol = registries.symbols.objects.records().at("a:metersAndCentimeters-1.0.0");
   EXPECT_EQ(symbol.getUnit().getName(), "metre");
-  const auto units = registries.quantities.objects.at("twice").getUnits();
+  const auto units = registries.quantities.objects.records().at("twice").getUnits();
   ASSERT_EQ(units.size(), 3u);
   for (const Unit& unit : units) EXPECT_EQ(unit.getName(), "metre");
 }

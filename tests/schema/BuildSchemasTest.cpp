@@ -22,7 +22,7 @@ const Texts stored = {dimension("d0"), factor("f0", {}), primitive("u0"), absolu
 
 template <class... Kinds>
 std::vector<std::size_t> sizesOf(const Kinds&... kinds) {
-  return {kinds.objects.size()..., kinds.pending.size()..., kinds.batch.size()...,
+  return {kinds.objects.records().size()..., kinds.pending.size()..., kinds.batch.size()...,
           kinds.built.size()...};
 }
 std::vector<std::size_t> sizes(const Registries& all) {

@@ -97,20 +97,20 @@ TEST(Definitions, ServeRecordsOfWhatTheySay) {
                 value("space", "true")}),
         quantity("q", {"x", "u"})});
 
-  const Unit& unit = registries.units.objects.at("x");
+  const Unit& unit = registries.units.objects.records().at("x");
   EXPECT_EQ(unit.getTypeId() + unit.getName(), "xex");
   EXPECT_EQ(unit.getUnitSystem(), System::Imperial);
   EXPECT_EQ(unit.getDerivedUnitComponent()->getParentUnitPowers(), (Powers{{"u", 3}}));
   const FactorComponent component = unit.getDerivedUnitComponent()->getFactorComponent();
   EXPECT_EQ(component.getFactor(), 0.25);
   EXPECT_EQ(component.getParentFactorPowers(), (Powers{{"f", -1}}));
-  const auto scale = registries.units.objects.at("a").getAbsoluteUnitComponent();
+  const auto scale = registries.units.objects.records().at("a").getAbsoluteUnitComponent();
   EXPECT_EQ(scale->getParentUnit(), "x");
   EXPECT_EQ(scale->getOffset(), 0.0);
-  const Symbol& symbol = registries.symbols.objects.at("s");
+  const Symbol& symbol = registries.symbols.objects.records().at("s");
   EXPECT_EQ(symbol.getUnit().getName() + symbol.getPrefixOrSuffix()->getText(), "ext");
   EXPECT_TRUE(symbol.getPrefixOrSuffix()->hasSpace());
-  const Quantity& quantity = registries.quantities.objects.at("q");
+  const Quantity& quantity = registries.quantities.objects.records().at("q");
   ASSERT_EQ(quantity.getUnits().size(), 2u);
   EXPECT_EQ(quantity.getName() + quantity.getUnits()[0].getName(), "nex");
   EXPECT_EQ(quantity.getUnits()[1].getPrimitiveUnitComponent()->getDimension(), Dimension("d"));
@@ -142,9 +142,9 @@ TEST(Definitions, KeepNumbersToTheBit) {
   }
   EXPECT_GT(second.pendingTypeIds.size(), 18000u);
   buildSchemas(second);
-  for (const auto& [typeId, factor] : second.factors.objects)
+  for (const auto& [typeId, factor] : second.factors.objects.records())
     EXPECT_EQ(bits(factor.getFactorComponent().getFactor()),
-              bits(first.factors.objects.at(typeId).getFactorComponent().getFactor()));
+              bits(first.factors.objects.records().at(typeId).getFactorComponent().getFactor()));
 }
 
 TEST(Definitions, AreNotWrittenWithNumbersThatJsonCannotHold) {

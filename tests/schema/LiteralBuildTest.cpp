@@ -41,7 +41,7 @@ class LiteralBuild {
  private:
   template <class Kind>
   static void depend(const Kind& kind, const std::string& id, const std::string& schema) {
-    if (kind.objects.count(id) + kind.pending.count(id) == 0)
+    if (kind.objects.records().count(id) + kind.pending.count(id) == 0)
       throw ValidationException(
           "Dependency " + id + " in schema " + schema +
           " is missing or does not represent an object of the expected type.");
@@ -49,7 +49,7 @@ class LiteralBuild {
 
   template <class Kind, class ParentsOf>
   static void visit(const Ids& path, const Kind& kind, const ParentsOf& parentsOf) {
-    if (kind.objects.count(path.back()) != 0) return;
+    if (kind.objects.records().count(path.back()) != 0) return;
     if (kind.pending.count(path.back()) == 0)
       throw ValidationException("Parent " + path.back() + " has an unexpected type.");
     for (const auto& [parent, exponent] : parentsOf(path.back())) {
@@ -63,8 +63,8 @@ class LiteralBuild {
   }
 
   bool isAbsolute(const std::string& id) const {
-    if (all_.units.objects.count(id) != 0)
-      return all_.units.objects.at(id).getAbsoluteUnitComponent().has_value();
+    if (all_.units.objects.records().count(id) != 0)
+      return all_.units.objects.records().at(id).getAbsoluteUnitComponent().has_value();
     return std::holds_alternative<AbsoluteUnitSchemaData>(all_.units.pending.at(id));
   }
 
@@ -89,7 +89,7 @@ class LiteralBuild {
   void checkAbsolute(const std::string& id, const std::string& parent) const {
     if (all_.units.pending.count(parent) != 0)
       refuseAbsolute(parent, "absolute unit " + id);
-    else if (all_.units.objects.count(parent) == 0 || isAbsolute(parent))
+    else if (all_.units.objects.records().count(parent) == 0 || isAbsolute(parent))
       throw ValidationException("Could not find relative unit with typeid " + parent + ".");
   }
 
@@ -100,9 +100,9 @@ class LiteralBuild {
 class RandomBatch {
  public:
   RandomBatch(std::mt19937& random, Registries& registries) : random_(random), all_(registries) {
-    for (const auto& [id, record] : all_.dimensions.objects) dimensions_.push_back(id);
-    for (const auto& [id, record] : all_.factors.objects) factors_.push_back(id);
-    for (const auto& [id, record] : all_.units.objects) units_.push_back(id);
+    for (const auto& [id, record] : all_.dimensions.objects.records()) dimensions_.push_back(id);
+    for (const auto& [id, record] : all_.factors.objects.records()) factors_.push_back(id);
+    for (const auto& [id, record] : all_.units.objects.records()) units_.push_back(id);
     for (int count = 0; count != 15; ++count) {
       const std::string id = std::to_string(below(20));
       if (!isRegistered(id, all_)) add(id);

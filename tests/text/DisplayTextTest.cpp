@@ -31,7 +31,7 @@ class DisplayText : public testing::Test {
                             symbols_);
   }
 
-  const RecordMap<Symbol> symbols_ = makeTextSymbols();
+  const RecordStore<Symbol> symbols_{makeTextSymbols()};
 };
 
 TEST_F(DisplayText, PutsSymbolsAroundNumbers) {

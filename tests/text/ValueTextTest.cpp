@@ -30,8 +30,8 @@ class ValueText : public testing::Test {
     return true;
   }
 
-  const RecordMap<Symbol> symbols_ = makeTextSymbols();
-  const SymbolTexts texts_{symbols_};
+  const RecordStore<Symbol> symbols_{makeTextSymbols()};
+  const SymbolTexts texts_{symbols_.records()};
 };
 
 TEST_F(ValueText, IsReadAsAWhole) {
@@ -130,7 +130,7 @@ TEST_F(ValueText, IsWhatAnyCompositeReaderAccepts) {
 TEST_F(ValueText, GivesWhatIsWanted) {
   EXPECT_TRUE(parseValueText("3 m", nullptr, nullptr, texts_));
   const SymbolTexts none;
-  const Symbol* symbol = &symbols_.begin()->second;
+  const Symbol* symbol = &symbols_.records().begin()->second;
   EXPECT_TRUE(parseValueText("5' 6\"", nullptr, &symbol, none));
   EXPECT_EQ(symbol, nullptr);
 }
