@@ -11,51 +11,40 @@ namespace Units {
 
 namespace {
 
+/// What turns a value in one unit into a value in another.
 struct ConversionRule {
-  double fromOffset;
-  double fromFactor;
+  ReducedUnit from;
+  ReducedUnit to;
   bool inverted;
-  double toFactor;
-  double toOffset;
 
   double apply(double value) const {
-    const double primitive = (fromOffset + value) * fromFactor;
-    return (inverted ? std::pow(primitive, -1.0) : primitive) / toFactor - toOffset;
+    const double primitive = (from.offset + value) * from.factor;
+    return (inverted ? std::pow(primitive, -1.0) : primitive) / to.factor - to.offset;
   }
 };
 
 /// The rule of two units that convert into each other; nothing for others.
-std::optional<ConversionRule> findRule(const RecordNode<Unit>& from, const RecordNode<Unit>& to,
-                                       Reducer& reducer) {
-  // An absolute unit has a zero of its own, so it never meets a relative one.
-  if (!RecordAccess::absolute(*from.record) != !RecordAccess::absolute(*to.record))
-    return std::nullopt;
-  const ReducedUnit reducedFrom = reducer.reduce(from);
-  const ReducedUnit reducedTo = reducer.reduce(to);
-  bool inverted = false;
-  if (!arePowersCompatible(reducedFrom.powers, reducedTo.powers, inverted)) return std::nullopt;
-  return ConversionRule{reducedFrom.offset, reducedFrom.factor, inverted, reducedTo.factor,
-                        reducedTo.offset};
-}
-
 std::optional<ConversionRule> findRule(const std::string& fromUnitTypeId,
-                                       const std::string& toUnitTypeId,
+                                       const std::string& toUnitTypeId, Reducer& reducer,
                                        const Registries& registries) {
   const auto& from = lookUpNode(registries.units.objects, fromUnitTypeId);
   const auto& to = lookUpNode(registries.units.objects, toUnitTypeId);
-  Reducer reducer;
-  return findRule(from, to, reducer);
+  if (!areOfOneSort(*from.record, *to.record)) return std::nullopt;
+  ConversionRule rule{reducer.reduce(from), reducer.reduce(to), false};
+  if (!arePowersCompatible(rule.from.powers, rule.to.powers, rule.inverted)) return std::nullopt;
+  return rule;
 }
 
 }  // namespace
 
-bool areConvertible(const RecordNode<Unit>& from, const RecordNode<Unit>& to, Reducer& reducer) {
-  return findRule(from, to, reducer).has_value();
+bool areOfOneSort(const Unit& a, const Unit& b) {
+  return !RecordAccess::absolute(a) == !RecordAccess::absolute(b);
 }
 
 double convertValue(double value, const std::string& fromUnitTypeId,
                     const std::string& toUnitTypeId, const Registries& registries) {
-  const auto rule = findRule(fromUnitTypeId, toUnitTypeId, registries);
+  Reducer reducer;
+  const auto rule = findRule(fromUnitTypeId, toUnitTypeId, reducer, registries);
   if (!rule)
     throw IncompatibleUnitsException("Cannot convert between units " + fromUnitTypeId + " and " +
                                      toUnitTypeId + ".");
@@ -64,7 +53,8 @@ double convertValue(double value, const std::string& fromUnitTypeId,
 
 bool canConvertUnits(const std::string& fromUnitTypeId, const std::string& toUnitTypeId,
                      const Registries& registries) {
-  return findRule(fromUnitTypeId, toUnitTypeId, registries).has_value();
+  Reducer reducer;
+  return findRule(fromUnitTypeId, toUnitTypeId, reducer, registries).has_value();
 }
 
 }  // namespace Units

@@ -7,9 +7,9 @@
 
 namespace Units {
 
-/// Whether two units convert into each other: both absolute or both relative, and of the same or
-/// exactly reciprocal dimension.
-bool areConvertible(const RecordNode<Unit>& from, const RecordNode<Unit>& to, Reducer& reducer);
+/// Whether two units are both absolute or both relative. An absolute unit has a zero of its own, so
+/// that it never converts into a relative one.
+bool areOfOneSort(const Unit& a, const Unit& b);
 
 /// The operations of the engine's interface, which says what they do and throw.
 double convertValue(double value, const std::string& fromUnitTypeId,

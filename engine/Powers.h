@@ -4,7 +4,10 @@
 
 #include <TrelvonUnits/PrimitivePowers.h>
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <limits>
 #include <memory_resource>
 #include <utility>
 #include <vector>
@@ -15,9 +18,12 @@ namespace Units {
 /// its address, which is quick to compare and, within an engine, as good an order as any.
 using Powers = std::pmr::vector<std::pair<const RecordNode<Unit>*, int>>;
 
-/// The product of two exponents. They have 32 bits; a product or sum beyond stays at the limit.
-/// (Wrapped around, it could come out as 0 and make a length out of nothing.)
-int multiplyExponents(int a, int b);
+/// Exponents have 32 bits; a product or sum beyond stays at the limit. (Wrapped around, it could
+/// come out as 0 and make a length out of nothing.)
+inline int saturate(std::int64_t exponent) {
+  return static_cast<int>(std::clamp<std::int64_t>(exponent, std::numeric_limits<int>::min(),
+                                                   std::numeric_limits<int>::max()));
+}
 
 /// Brings the powers from `first` to the end into order and adds up the exponents of each unit. A
 /// unit that cancels stays, with exponent 0.

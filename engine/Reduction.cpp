@@ -5,6 +5,7 @@
 #include <TrelvonUnits/Exceptions.h>
 
 #include <cmath>
+#include <cstdint>
 #include <utility>
 
 namespace Units {
@@ -16,11 +17,24 @@ double power(double base, int exponent) {
   return exponent == 1 || base == 1.0 ? base : std::pow(base, static_cast<double>(exponent));
 }
 
-double ownFactor(const RecordNode<Factor>& factor) {
+double ownValue(const RecordNode<Factor>& factor) {
   return RecordAccess::factor(RecordAccess::factorComponent(*factor.record));
 }
 
+/// Adds powers, each `exponent` times, to the end of a list. Those of 0 are gone.
+template <class SomePowers>
+void append(Powers& powers, const SomePowers& more, int exponent) {
+  for (const auto& [primitive, power] : more)
+    if (power != 0) powers.emplace_back(primitive, saturate(std::int64_t{power} * exponent));
+}
+
 }  // namespace
+
+Reducer::Reducer() {
+  // Room for nearly all units that there are, of the reducer's own memory.
+  path_.reserve(8);
+  powers_.reserve(24);
+}
 
 ReducedUnit Reducer::reduce(const RecordNode<Unit>& unit) {
   const auto* const absolute = RecordAccess::absolute(*unit.record);
@@ -45,68 +59,60 @@ double Reducer::reduceRelative(const RecordNode<Unit>& root) {
 }
 
 void Reducer::enter(const RecordNode<Unit>& unit) {
-  constexpr std::size_t many = 8;
   if (RecordAccess::absolute(*unit.record))
     throw IncompatibleUnitsException("Parent unit " + RecordAccess::typeId(*unit.record) +
                                      " is absolute, but all parent units must be relative.");
-  double factor = 1.0;
-  if (const auto* const derived = RecordAccess::derived(*unit.record)) {
-    factor = RecordAccess::factor(RecordAccess::factorComponent(*derived));
-    for (const auto& [parent, exponent] : unit.parentFactors)
-      factor *= power(valueOf(*parent), exponent);
-  }
-  const bool hasMany = unit.parents.size() + unit.parentFactors.size() > many;
-  path_.push_back({&unit, factor, 0, powers_.size(), hasMany});
-  if (RecordAccess::primitive(*unit.record)) powers_.emplace_back(&unit, 1);
+  path_.push_back({&unit, ownFactor(unit), 0, powers_.size()});
 }
 
 /// Multiplies the next parent of the last unit on the path in, or puts it on the path.
 void Reducer::takeNextParent() {
   UnitStep& step = path_.back();
   const auto& [parent, exponent] = step.unit->parents[step.next];
-  if (RecordAccess::primitive(*parent->record)) {  // its factor is 1
-    powers_.emplace_back(parent, exponent);
+  if (parent->isSimple) {  // reduced as quickly as remembered
     ++step.next;
+    step.factor = power(ownFactor(*parent), exponent) * step.factor;
+    append(powers_, parent->parents, exponent);
     return;
   }
-  step.isDeep = true;
   const auto known = units_.find(parent);
   if (known == units_.end()) return enter(*parent);
   ++step.next;
   step.factor = power(known->second.factor, exponent) * step.factor;
-  for (const auto& [primitive, parentExponent] : known->second.powers)
-    if (parentExponent != 0)
-      powers_.emplace_back(primitive, multiplyExponents(parentExponent, exponent));
+  append(powers_, known->second.powers, exponent);
 }
 
-/// Takes the last unit, which has all its parents, off the path, and multiplies it into the one
-/// that it is a parent of.
+/// Takes the last unit, which has all its parents, off the path and remembers it, unless it is the
+/// one asked for: that one leaves its powers in `powers_`.
 /// @return  its factor.
 double Reducer::finish() {
   const UnitStep step = path_.back();
-  path_.pop_back();
   sumUp(powers_, step.firstPower);
+  path_.pop_back();
   if (path_.empty()) return step.factor;
 
   const auto first = powers_.begin() + static_cast<std::ptrdiff_t>(step.firstPower);
-  if (step.isDeep)
-    units_.emplace(step.unit, RelativeUnit{step.factor, Powers(first, powers_.end(), &memory_)});
-  UnitStep& child = path_.back();
-  const int exponent = child.unit->parents[child.next++].exponent;
-  child.factor = power(step.factor, exponent) * child.factor;
-  auto end = first;
-  for (auto next = first; next != powers_.end(); ++next)
-    if (next->second != 0) *end++ = {next->first, multiplyExponents(next->second, exponent)};
-  powers_.erase(end, powers_.end());
+  units_.emplace(step.unit, RelativeUnit{step.factor, Powers(first, powers_.end(), &memory_)});
+  powers_.erase(first, powers_.end());
   return step.factor;
 }
 
+/// The factor of a unit beside those of its parents.
+double Reducer::ownFactor(const RecordNode<Unit>& unit) {
+  const auto* const derived = RecordAccess::derived(*unit.record);
+  if (!derived) return 1.0;
+  double factor = RecordAccess::factor(RecordAccess::factorComponent(*derived));
+  for (const auto& [parent, exponent] : unit.parentFactors)
+    factor *= power(valueOf(*parent), exponent);
+  return factor;
+}
+
 double Reducer::valueOf(const RecordNode<Factor>& root) {
-  if (root.parents.empty()) return ownFactor(root);
+  if (root.parents.empty()) return ownValue(root);
   const auto known = factors_.find(&root);
   if (known != factors_.end()) return known->second;
 
-  factorPath_.push_back({&root, ownFactor(root), 0});
+  factorPath_.push_back({&root, ownValue(root), 0});
   while (true) {
     FactorStep& step = factorPath_.back();
     const auto& parents = step.factor->parents;
@@ -114,9 +120,9 @@ double Reducer::valueOf(const RecordNode<Factor>& root) {
       const auto& [parent, exponent] = parents[step.next];
       const auto found = factors_.find(parent);
       if (!parent->parents.empty() && found == factors_.end()) {
-        factorPath_.push_back({parent, ownFactor(*parent), 0});
+        factorPath_.push_back({parent, ownValue(*parent), 0});
       } else {
-        step.value *= power(parent->parents.empty() ? ownFactor(*parent) : found->second, exponent);
+        step.value *= power(parent->parents.empty() ? ownValue(*parent) : found->second, exponent);
         ++step.next;
       }
       continue;

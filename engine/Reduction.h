@@ -26,7 +26,7 @@ struct ReducedUnit {
 /// that is its own.
 class Reducer {
  public:
-  Reducer() = default;
+  Reducer();
   Reducer(const Reducer&) = delete;
 
   /// @throws IncompatibleUnitsException  a parent unit is absolute. The reducer is of no use then.
@@ -44,7 +44,6 @@ class Reducer {
     double factor;
     std::size_t next;
     std::size_t firstPower;  // its powers so far are those from here on
-    bool isDeep;             // a parent of it has parents, or it has many: worth remembering
   };
   struct FactorStep {
     const RecordNode<Factor>* factor;
@@ -56,6 +55,7 @@ class Reducer {
   void enter(const RecordNode<Unit>& unit);
   void takeNextParent();
   double finish();
+  double ownFactor(const RecordNode<Unit>& unit);
   double valueOf(const RecordNode<Factor>& factor);
 
   std::array<std::byte, 1536> buffer_;

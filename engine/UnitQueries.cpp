@@ -46,8 +46,12 @@ RecordMap<Unit> convertibleUnits(const std::string& unitTypeId, const Registries
   if (units.empty()) return {};  // without a unit to compare with, the id is not looked up
   const RecordNode<Unit>& from = lookUpNode(units, unitTypeId);
   Reducer reducer;
-  return selectUnits(
-      units, [&](const RecordNode<Unit>& unit) { return areConvertible(from, unit, reducer); });
+  const ReducedUnit reduced = reducer.reduce(from);
+  return selectUnits(units, [&](const RecordNode<Unit>& unit) {
+    bool inverted = false;
+    return areOfOneSort(*from.record, *unit.record) &&
+           arePowersCompatible(reduced.powers, reducer.reduce(unit).powers, inverted);
+  });
 }
 
 RecordMap<Unit> unitsWithPrimitivePowers(const PrimitivePowers& powers,

@@ -34,8 +34,9 @@ struct RecordNode<Factor> {
 template <>
 struct RecordNode<Unit> {
   const Unit* record;
-  std::vector<ParentPower<Unit>> parents = {};  // in type id order; an absolute unit has one
+  std::vector<ParentPower<Unit>> parents = {};  // in type id order; a primitive unit has itself
   std::vector<ParentPower<Factor>> parentFactors = {};
+  bool isSimple = false;  // relative, with few parents and all of them primitive
 };
 
 }  // namespace Units

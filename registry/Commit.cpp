@@ -2,6 +2,8 @@
 
 #include "model/RecordAccess.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <map>
 #include <utility>
 #include <vector>
@@ -40,19 +42,30 @@ void linkFactors(Addition<Factor>& factors, const RecordStore<Factor>& stored) {
              stored);
 }
 
+bool isSimple(const RecordNode<Unit>& unit) {
+  constexpr std::size_t few = 8;
+  return !RecordAccess::absolute(*unit.record) &&
+         unit.parents.size() + unit.parentFactors.size() <= few &&
+         std::all_of(unit.parents.begin(), unit.parents.end(), [](const auto& power) {
+           return RecordAccess::primitive(*power.parent->record) != nullptr;
+         });
+}
+
 void linkUnits(Addition<Unit>& units, const Addition<Factor>& factors,
                const Registries& registries) {
+  const RecordStore<Unit>& stored = registries.units.objects;
   for (auto& [typeId, node] : units.nodes) {
-    if (const auto* const absolute = RecordAccess::absolute(*node.record))
-      node.parents =
-          link({{RecordAccess::parentUnit(*absolute), 1}}, units, registries.units.objects);
-    if (const auto* const derived = RecordAccess::derived(*node.record)) {
+    if (const auto* const absolute = RecordAccess::absolute(*node.record)) {
+      node.parents = link({{RecordAccess::parentUnit(*absolute), 1}}, units, stored);
+    } else if (const auto* const derived = RecordAccess::derived(*node.record)) {
       const FactorComponent& component = RecordAccess::factorComponent(*derived);
-      node.parents =
-          link(RecordAccess::parentUnitPowers(*derived), units, registries.units.objects);
+      node.parents = link(RecordAccess::parentUnitPowers(*derived), units, stored);
       node.parentFactors =
           link(RecordAccess::parentFactorPowers(component), factors, registries.factors.objects);
+    } else {
+      node.parents = {{&node, 1}};
     }
+    node.isSimple = isSimple(node);
   }
 }
 
