@@ -6,7 +6,6 @@
 #include <TrelvonUnits/Exceptions.h>
 
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <string>
 #include <utility>
@@ -39,14 +38,14 @@ bool FormulaTokenizer::nextToken(FormulaToken& token) {
     text_.skip(countLeadingSeparators(text_.rest()));
     if (text_.rest().empty()) return false;
 
-    const auto first = operators_.find(0, text_.rest());
-    if (first && first->position == 0) {
-      takeOperator(token, first->length);
+    if (const std::size_t length = operators_.lengthAtStart(text_.rest())) {
+      takeOperator(token, length);
       return true;
     }
-    if (scanValueOrSymbol(token)) return true;
+    const Units::LiteralEnds ends = operators_.findEnds(text_.rest());
+    if (scanValueOrSymbol(token, ends)) return true;
 
-    const std::string_view name = takeTrimmed(first ? first->position : text_.rest().size());
+    const std::string_view name = takeTrimmed(ends.ends.front());
     if (unitMath_.getFunctionMap().find(name) != FormulaFunction::None) {
       token = {FormulaTokenType::Function, name};
       return true;
@@ -64,37 +63,21 @@ void FormulaTokenizer::takeOperator(FormulaToken& token, std::size_t length) {
            text};
 }
 
-bool FormulaTokenizer::scanValueOrSymbol(FormulaToken& token) {
-  const std::string_view rest = text_.rest();
-  std::array<std::size_t, OperatorSearch::reach> ends = {};
-  std::size_t count = 0;
-  for (bool isLast = false; count < ends.size() && !isLast; ++count) {
-    const auto found = operators_.find(count, rest);
-    ends[count] = found ? found->position : rest.size();
-    isLast = !found;
+bool FormulaTokenizer::scanValueOrSymbol(FormulaToken& token, const Units::LiteralEnds& ends) {
+  const std::string_view longest = text_.rest().substr(0, ends.ends[ends.count - 1]);
+  const auto literal = Units::parseLongestValueText(longest, ends, symbols_);
+  // A symbol comes before a literal that is shorter than can be. It is looked for once: one that
+  // begins a shorter text begins the longest one too, since what follows it there, an operator, is
+  // no letter.
+  if (!literal || literal->length < longest.size()) {
+    std::string_view after = longest;
+    if (Units::matchLeadingSymbol(after, std::nullopt, nullptr, symbols_)) {
+      token = {FormulaTokenType::UnitSymbol, takeTrimmed(longest.size() - after.size())};
+      return true;
+    }
   }
-
-  if (takeNumber(token, rest.substr(0, ends[--count]))) return true;
-  // Looked for once: a symbol that begins a shorter text begins the longest one too, since what
-  // follows it there, an operator, is no letter.
-  if (takeSymbol(token, rest.substr(0, ends[count]))) return true;
-  while (count-- > 0)
-    if (takeNumber(token, rest.substr(0, ends[count]))) return true;
-  return false;
-}
-
-bool FormulaTokenizer::takeNumber(FormulaToken& token, std::string_view candidate) {
-  double value = 0;
-  const Units::Symbol* symbol = nullptr;
-  if (!Units::parseValueText(candidate, &value, &symbol, symbols_)) return false;
-  token = {FormulaTokenType::Number, takeTrimmed(candidate.size()), value, symbol};
-  return true;
-}
-
-bool FormulaTokenizer::takeSymbol(FormulaToken& token, std::string_view candidate) {
-  std::string_view after = candidate;
-  if (!Units::matchLeadingSymbol(after, std::nullopt, nullptr, symbols_)) return false;
-  token = {FormulaTokenType::UnitSymbol, takeTrimmed(candidate.size() - after.size())};
+  if (!literal) return false;
+  token = {FormulaTokenType::Number, takeTrimmed(literal->length), literal->value, literal->symbol};
   return true;
 }
 

@@ -53,9 +53,7 @@ class FormulaTokenizer {
 
  private:
   void takeOperator(FormulaToken& token, std::size_t length);
-  bool scanValueOrSymbol(FormulaToken& token);
-  bool takeNumber(FormulaToken& token, std::string_view candidate);
-  bool takeSymbol(FormulaToken& token, std::string_view candidate);
+  bool scanValueOrSymbol(FormulaToken& token, const Units::LiteralEnds& ends);
   std::string_view takeTrimmed(std::size_t length);
   void substitute(std::string_view identifier);
   void checkSubstitution();

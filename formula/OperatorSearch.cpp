@@ -31,11 +31,20 @@ OperatorSearch::OperatorSearch(const Units::UnitMath& unitMath) : unitMath_(unit
   take(")");
 }
 
-std::optional<OperatorPosition> OperatorSearch::find(std::size_t index, std::string_view rest) {
+std::size_t OperatorSearch::lengthAtStart(std::string_view rest) {
   dropPassed(rest);
-  while (count_ <= index)
-    if (!findNext(rest)) return std::nullopt;
-  return OperatorPosition{rest.size() - found_[index].fromEnd, found_[index].length};
+  if (count_ == 0 && !foundAll_) findNext(rest);
+  return count_ > 0 && found_[0].fromEnd == rest.size() ? found_[0].length : 0;
+}
+
+Units::LiteralEnds OperatorSearch::findEnds(std::string_view rest) {
+  dropPassed(rest);
+  while (count_ < reach && !foundAll_) findNext(rest);
+  Units::LiteralEnds all;
+  for (; all.count < count_; ++all.count)
+    all.ends[all.count] = rest.size() - found_[all.count].fromEnd;
+  if (foundAll_ && all.count < all.ends.size()) all.ends[all.count++] = rest.size();
+  return all;
 }
 
 void OperatorSearch::restart() {
@@ -53,21 +62,16 @@ void OperatorSearch::dropPassed(std::string_view rest) {
   count_ -= passed;
 }
 
-bool OperatorSearch::findNext(std::string_view rest) {
-  if (foundAll_) return false;
-  const std::size_t from =
+void OperatorSearch::findNext(std::string_view rest) {
+  std::size_t position =
       count_ == 0 ? 0 : rest.size() - found_[count_ - 1].fromEnd + found_[count_ - 1].length;
-  const auto next = findFirstOperator(rest, from);
-  if (next) found_[count_++] = {rest.size() - next->position, next->length};
-  foundAll_ = !next;
-  return !foundAll_;
-}
-
-std::optional<OperatorPosition> OperatorSearch::findFirstOperator(std::string_view text,
-                                                                  std::size_t from) const {
-  for (std::size_t position = from; position < text.size(); ++position)
-    if (const std::size_t length = lengthAt(text, position)) return {{position, length}};
-  return std::nullopt;
+  for (; position < rest.size(); ++position) {
+    const std::size_t length = lengthAt(rest, position);
+    if (length == 0) continue;
+    found_[count_++] = {rest.size() - position, length};
+    return;
+  }
+  foundAll_ = true;
 }
 
 /// The length of the longest operator or parenthesis at a position; 0 if there is none.

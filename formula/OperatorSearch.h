@@ -1,17 +1,11 @@
 #pragma once
 
 #include "formula/UnitMath.h"
+#include "text/ValueText.h"
 
 #include <array>
 #include <cstddef>
-#include <optional>
 #include <string_view>
-
-/// An operator or parenthesis in a text.
-struct OperatorPosition {
-  std::size_t position;
-  std::size_t length;
-};
 
 /// Finds operators and parentheses ahead in the unread text of a formula, each of them once.
 ///
@@ -19,15 +13,15 @@ struct OperatorPosition {
 /// token, by their distance from the end, keeps reading linear.
 class OperatorSearch {
  public:
-  /// How many operators ahead may be asked for.
-  static constexpr std::size_t reach = 5;
-
   /// The tables of `unitMath` must not change from here on.
   explicit OperatorSearch(const Units::UnitMath& unitMath);
 
-  /// The first operator, at `index` 0, or one of those that follow it. `rest` must be what is left
-  /// of the text of the call before, unless `restart` was called.
-  std::optional<OperatorPosition> find(std::size_t index, std::string_view rest);
+  /// The length of the operator that a text begins with; 0 if it does not. `rest` must be what is
+  /// left of the text of the call before, unless `restart` was called; so for the next function.
+  std::size_t lengthAtStart(std::string_view rest);
+
+  /// Where a literal at the front may end: at the first operators, or else at the end of the text.
+  Units::LiteralEnds findEnds(std::string_view rest);
 
   /// Another text follows.
   void restart();
@@ -38,9 +32,10 @@ class OperatorSearch {
     std::size_t length;
   };
 
+  static constexpr std::size_t reach = Units::LiteralEnds::most;
+
   void dropPassed(std::string_view rest);
-  bool findNext(std::string_view rest);
-  std::optional<OperatorPosition> findFirstOperator(std::string_view text, std::size_t from) const;
+  void findNext(std::string_view rest);
   std::size_t lengthAt(std::string_view text, std::size_t position) const;
 
   const Units::UnitMath& unitMath_;

@@ -1,7 +1,6 @@
 #include "text/LiteralReaders.h"
 
 #include "model/Letters.h"
-#include "text/ClassicNumber.h"
 
 #include <cmath>
 #include <cstddef>
@@ -51,15 +50,26 @@ bool readWholeNumber(std::string_view& text, double& sum) {
   return true;
 }
 
-bool readNumber(std::string_view& text, double& sum) {
+LeadingNumber stripNumber(std::string_view& text) {
   std::string_view rest = text;
   stripSpaces(rest);
   const LeadingNumber number = readClassicDouble(rest);
-  if (number.length == 0 || !std::isfinite(number.value)) return false;
-  const double newSum = sum + number.value;
-  if (newSum < 0.0) return false;
+  if (number.length > 0) text = rest.substr(number.length);
+  return number;
+}
+
+bool addNumber(double number, double& sum) {
+  const double newSum = sum + number;
+  if (!std::isfinite(number) || newSum < 0.0) return false;
   sum = newSum;
-  text = rest.substr(number.length);
+  return true;
+}
+
+bool readNumber(std::string_view& text, double& sum) {
+  std::string_view rest = text;
+  const LeadingNumber number = stripNumber(rest);
+  if (number.length == 0 || !addNumber(number.value, sum)) return false;
+  text = rest;
   return true;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "text/ClassicNumber.h"
+
 #include <array>
 #include <string_view>
 
@@ -36,8 +38,15 @@ bool stripLeadingWord(std::string_view& text, const Words& words);
 /// it counts as that.
 bool readWholeNumber(std::string_view& text, double& sum);
 
-/// Takes off leading spaces and a number as strtod reads it in the classic locale, and adds it to
-/// `sum`. A number that is not finite is refused, and so is one that would make the sum negative.
+/// Takes off leading spaces and a number as strtod reads it in the classic locale; without one
+/// nothing changes.
+LeadingNumber stripNumber(std::string_view& text);
+
+/// Adds a number to `sum`. One that is not finite is refused, and so is one that would make the sum
+/// negative.
+bool addNumber(double number, double& sum);
+
+/// Takes a number off and adds it to `sum`.
 bool readNumber(std::string_view& text, double& sum);
 
 }  // namespace Units
