@@ -3,7 +3,7 @@
 cmake_minimum_required(VERSION 3.25)
 
 # Every room sees itself and include/TrelvonUnits, and beyond them only what stands here.
-set(rooms model registry json text formula schema engine loading)
+set(rooms model registry json text formula schema engine loading prepared)
 set(registry_sees model)
 set(json_sees rapidjson)
 set(text_sees model)

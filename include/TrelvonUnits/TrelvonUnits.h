@@ -12,9 +12,11 @@
 #include <TrelvonUnits/Limits.h>
 #include <TrelvonUnits/Placement.h>
 #include <TrelvonUnits/PrefixOrSuffix.h>
+#include <TrelvonUnits/PreparedConversion.h>
 #include <TrelvonUnits/PrimitivePowers.h>
 #include <TrelvonUnits/PrimitiveUnitComponent.h>
 #include <TrelvonUnits/Quantity.h>
+#include <TrelvonUnits/SchemaBundle.h>
 #include <TrelvonUnits/SchemaUtility.h>
 #include <TrelvonUnits/Symbol.h>
 #include <TrelvonUnits/System.h>

@@ -1,7 +1,7 @@
 # Fails when the library exports a symbol that is not of the public interface.
 #   cmake -D NM=<nm> -D LIBRARY=<file> -P Exports.cmake
 set(records Dimension Factor FactorComponent AbsoluteUnitComponent DerivedUnitComponent
-  PrimitiveUnitComponent Unit PrefixOrSuffix Symbol Quantity)
+  PrimitiveUnitComponent Unit PrefixOrSuffix Symbol Quantity PreparedConversion)
 set(polymorphic UnitsEngine IncompatibleUnitsException ParseException PrecisionException
   UnrecognizedIdentifierException ValidationException)
 list(JOIN records | records)
@@ -20,7 +20,7 @@ foreach(symbol IN LISTS symbols)
   if(NOT symbol MATCHES "^Units::(${records}|${polymorphic})::"
      AND NOT symbol MATCHES "^(vtable|typeinfo|typeinfo name) for Units::(${polymorphic})$"
      AND NOT symbol STREQUAL "Units::CreateUnitsEngine()"
-     AND NOT symbol MATCHES "^Schemas::SchemaUtility::addDefinitionsFromFolder")
+     AND NOT symbol MATCHES "^Schemas::Schema(Utility|Bundle)::addDefinitionsFrom")
     message(SEND_ERROR "Exported without being of the interface: ${symbol}")
   endif()
 endforeach()

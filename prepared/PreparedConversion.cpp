@@ -1,0 +1,52 @@
+#include <TrelvonUnits/PreparedConversion.h>
+
+#include "prepared/CoherentTwins.h"
+#include "prepared/ConversionLoops.h"
+
+#include <cmath>
+
+namespace Units {
+
+namespace {
+
+/// A unit as a conversion sees it: what it adds, and the relative unit that it scales by.
+struct Scale {
+  double offset;
+  std::string relativeUnit;
+};
+
+Scale scaleOf(const UnitsEngine& engine, const std::string& unitTypeId) {
+  const auto absolute = engine.getUnit(unitTypeId).getAbsoluteUnitComponent();
+  return absolute ? Scale{absolute->getOffset(), absolute->getParentUnit()}
+                  : Scale{0.0, unitTypeId};
+}
+
+}  // namespace
+
+PreparedConversion::PreparedConversion(const UnitsEngine& engine, const std::string& fromUnitTypeId,
+                                       const std::string& toUnitTypeId) {
+  engine.convert(0.0, fromUnitTypeId, toUnitTypeId);  // refuses what it refuses
+  const Scale from = scaleOf(engine, fromUnitTypeId);
+  const Scale to = scaleOf(engine, toUnitTypeId);
+  CoherentTwins twins(engine);
+  fromOffset_ = from.offset;
+  fromFactor_ = twins.factorOf(from.relativeUnit);
+  toFactor_ = twins.factorOf(to.relativeUnit);
+  toOffset_ = to.offset;
+  inverted_ = twins.areReciprocal(from.relativeUnit, to.relativeUnit);
+}
+
+double PreparedConversion::operator()(double value) const {
+  const double primitive = (fromOffset_ + value) * fromFactor_;
+  return (inverted_ ? std::pow(primitive, -1.0) : primitive) / toFactor_ - toOffset_;
+}
+
+void PreparedConversion::convert(const double* values, double* converted, std::size_t count) const {
+  if (inverted_) {
+    for (std::size_t i = 0; i < count; ++i) converted[i] = (*this)(values[i]);
+  } else {
+    convertAll(values, converted, count, fromOffset_, fromFactor_, toFactor_, toOffset_);
+  }
+}
+
+}  // namespace Units
