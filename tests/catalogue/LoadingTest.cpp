@@ -1,17 +1,13 @@
-#include "tests/catalogue/Describe.h"
 #include "tests/catalogue/Packs.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <memory>
-#include <optional>
 #include <random>
-#include <set>
+#include <regex>
 
 namespace Units {
 namespace {
@@ -34,40 +30,14 @@ std::string textOf(const fs::path& file) {
 /// Loads a pack file by file, and fails where a file is refused or what it asks for stays away.
 void loadFiles(const std::vector<fs::path>& files, UnitsEngine& engine) {
   std::set<std::string> asked;
-  for (const fs::path& file : files) {
-    try {
-      asked.merge(engine.addDefinition(textOf(file)));
-    } catch (const std::exception& refusal) {
-      ADD_FAILURE() << file << ": " << refusal.what();
-    }
-  }
+  for (const fs::path& file : files)
+    EXPECT_NO_THROW(asked.merge(engine.addDefinition(textOf(file)))) << file;
   engine.buildSchemas();
   for (const std::string& typeId : asked) EXPECT_TRUE(engine.isRegistered(typeId)) << typeId;
 }
 
-/// The factor or offset of a definition, correctly rounded.
-std::optional<double> numberOf(const std::string& definition) {
-  for (const std::string before : {"\"factor\",\"value\":", "\"offset\",\"value\":"}) {
-    const std::size_t at = definition.find(before);
-    if (at != std::string::npos)
-      return std::strtod(definition.c_str() + at + before.size(), nullptr);
-  }
-  return std::nullopt;
-}
-
-class Catalogue : public testing::Test {
- protected:
-  static void SetUpTestSuite() {
-    engine_.reset(CreateUnitsEngine());
-    loadPacks(*engine_);
-  }
-  static void TearDownTestSuite() { engine_.reset(); }
-
-  inline static std::unique_ptr<UnitsEngine> engine_;
-};
-
-TEST_F(Catalogue, IsTheSameInAnyOrderOfItsFilesAndNoneIsDropped) {
-  const auto served = describeAll(*engine_);
+TEST(Catalogue, IsTheSameInAnyOrderOfItsFilesAndNoneIsDropped) {
+  const auto served = definitionsOf(catalogue());
   std::mt19937 random(20260101);
   for (int order = 0; order < 3; ++order) {
     const std::unique_ptr<UnitsEngine> engine(CreateUnitsEngine());
@@ -78,13 +48,13 @@ TEST_F(Catalogue, IsTheSameInAnyOrderOfItsFilesAndNoneIsDropped) {
       if (order == 2) std::shuffle(files.begin(), files.end(), random);
       loadFiles(files, *engine);
       count += files.size();
-      EXPECT_EQ(describeAll(*engine).size(), count) << pack;
     }
-    EXPECT_EQ(describeAll(*engine), served);
+    EXPECT_EQ(count, served.size());
+    EXPECT_EQ(definitionsOf(*engine), served);
   }
 }
 
-TEST_F(Catalogue, GivesEachGroupOfSymbolsToHostsThatWantNoOther) {
+TEST(Catalogue, GivesEachGroupOfSymbolsToHostsThatWantNoOther) {
   const std::unique_ptr<UnitsEngine> engine(CreateUnitsEngine());
   for (const char* folder : {"core", "symbols/composite", "symbols/length", "aliases/length"})
     Schemas::SchemaUtility::addDefinitionsFromFolder(kSchemas + "/" + folder, *engine);
@@ -92,33 +62,23 @@ TEST_F(Catalogue, GivesEachGroupOfSymbolsToHostsThatWantNoOther) {
   EXPECT_TRUE(engine->getSymbolsOfUnit("trelvon.unit:pound-1.0.0").empty());
 }
 
-TEST_F(Catalogue, HoldsItsUnitsAsTheirSymbolsAndQuantitiesDo) {
-  const auto copies = copiesOf(*engine_);
-  EXPECT_GT(copies.size(), engine_->getUnits().size());
-  for (const Unit& copy : copies)
-    EXPECT_EQ(describe(copy), describe(engine_->getUnit(copy.getTypeId())));
-}
-
-TEST_F(Catalogue, IsWrittenOutAndLoadedAfresh) {
-  const auto served = describeAll(*engine_);
+TEST(Catalogue, IsWrittenOutAndLoadedAfresh) {
+  const auto served = definitionsOf(catalogue());
   const std::unique_ptr<UnitsEngine> again(CreateUnitsEngine());
-  for (const auto& [typeId, description] : served)
-    again->addDefinition(engine_->getDefinition(typeId));
+  for (const std::string& definition : served) again->addDefinition(definition);
   again->buildSchemas();
-  const auto reread = describeAll(*again);
+  const auto reread = definitionsOf(*again);
   ASSERT_EQ(reread.size(), served.size());
-
   // Spelled in their files so that the parser reads them right, which the shortest form is not.
-  const std::set<std::string> unsafe = {"trelvon.unit:electronvolt-1.0.0",
-                                        "trelvon.unit:barn-1.0.0", "trelvon.factor:yocto-1.0.0",
-                                        "trelvon.factor:quecto-1.0.0"};
-  for (const auto& [typeId, description] : served) {
-    EXPECT_EQ(reread.at(typeId) == description, unsafe.count(typeId) == 0) << description;
-    // The drift of these four is the parser's: what was written is the number to the bit.
-    if (const auto number = numberOf(engine_->getDefinition(typeId))) {
-      EXPECT_NE(description.find(bitsOf(*number)), std::string::npos) << description;
-    }
+  const std::regex unsafe(
+      "^.\"typeid\":\"trelvon.(unit:(electronvolt|barn)|factor:(yocto|quecto))-1.*");
+  std::size_t drifted = 0;
+  for (std::size_t at = 0; at < served.size(); ++at) {
+    const bool isUnsafe = std::regex_match(served[at], unsafe);
+    EXPECT_EQ(reread[at] == served[at], !isUnsafe) << served[at];
+    drifted += isUnsafe;
   }
+  EXPECT_EQ(drifted, 4u);
 }
 
 }  // namespace

@@ -1,10 +1,11 @@
 """What the engine serves is what the files say: every field, every literal to the bit, and every
 reduced factor within two units in the last place of its exact value.
 
-Usage: records_test.py DUMP, where DUMP prints the records of the loaded catalogue. The doubles
-are judged with fractions; the literals are read by Python, which rounds them correctly.
+Usage: records_test.py DUMP, where DUMP prints the records of the loaded catalogue as definitions.
+The doubles are judged with fractions; numbers are read by Python, which rounds them correctly.
 """
 
+import json
 import pathlib
 import struct
 import subprocess
@@ -49,12 +50,42 @@ def expected_fields(one):
     return names + ["primitive", one.reference("dimension")]
 
 
+def served_fields(definition):
+    """The same of a record that the engine has written."""
+    base = definition["inherits"][0].split(":")[1].split("-")[0]
+    kind = base.split(".")[0]
+    constants = definition.get("constants", [])
+    of = {one["id"]: one.get("value", one.get("typedValue")) for one in constants}
+    fields = [kind, definition["typeid"]]
+    if kind == "factor":
+        return fields + [bits(of["factor"]), powers(of.get("parentFactors", {}))]
+    if kind == "symbol":
+        decoration = [of.get("text"), of.get("placement"), str(of.get("space")).lower()]
+        shown = base == "symbol.prefixOrSuffix"
+        return fields + [of["unit"]["typeid"]] + (decoration if shown else [])
+    if kind == "quantity":
+        return fields + [of["name"]] + [unit["typeid"] for unit in of["units"]]
+    if kind == "unit":
+        fields += [of["name"], of["unitSystem"]]
+        if base == "unit.absolute":
+            return fields + ["absolute", of["parentUnit"]["typeid"], bits(of["offset"])]
+        if base == "unit.derived":
+            parents = [powers(of.get("parentFactors", {})), powers(of["parentUnits"])]
+            return fields + ["derived", bits(of["factor"]), *parents]
+        return fields + ["primitive", of["dimension"]["typeid"]]
+    return fields
+
+
 class Served:
     def __init__(self):
         output = subprocess.run([DUMP], capture_output=True, check=True).stdout.decode("utf-8")
-        lines = [line.split("\t") for line in output.split("\n")[:-1]]
-        self.reductions = {line[1]: line[2:] for line in lines if line[0] == "reduction"}
-        self.records = {line[1]: line for line in lines if line[0] != "reduction"}
+        lines = output.split("\n")[:-1]
+        reductions = [line.split("\t") for line in lines if line.startswith("reduction\t")]
+        self.reductions = {
+            line[1]: [bits(line[2]), bits(line[3]), line[4]] for line in reductions
+        }
+        records = [served_fields(json.loads(line)) for line in lines if line.startswith("{")]
+        self.records = {record[1]: record for record in records}
 
     def ulps(self, catalogue, unit):
         """How far the served factor is from the double nearest to its exact value."""

@@ -1,15 +1,12 @@
 #include "engine/Reduction.h"
 
 #include "registry/Commit.h"
-#include "tests/engine/ReferenceReduction.h"
 #include "tests/support/Messages.h"
 #include "tests/support/SmallStack.h"
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <limits>
-#include <random>
 
 namespace Units {
 namespace {
@@ -36,44 +33,6 @@ Registries stored(const RecordMap<Unit>& units, const RecordMap<Factor>& factors
 
 ReducedUnit reduce(Reducer& reducer, const Registries& registries, const std::string& typeId) {
   return reducer.reduce(lookUpNode(registries.units.objects, typeId));
-}
-
-TEST(Reduction, AgreesWithTheRecursiveWalkOnRandomGraphs) {
-  std::mt19937 random(1);
-  const auto pick = [&](int limit) { return static_cast<int>(random() % unsigned(limit)); };
-  const int exponents[] = {-3, -2, -1, 1, 1, 2};
-  for (int graph = 0; graph < 2000; ++graph) {
-    RecordMap<Factor> factors;
-    RecordMap<Unit> units;
-    // Ids descend as often as they ascend, so that parents come before and after their children.
-    const auto name = [&](char kind, int i) { return kind + std::to_string((i * 7) % 10); };
-    const auto parentsBelow = [&](char kind, int i) {
-      std::map<std::string, int> parents;
-      for (int n = pick(3); n-- > 0 && i > 0;) parents[name(kind, pick(i))] = exponents[pick(6)];
-      return parents;
-    };
-    const auto number = [&] { return std::ldexp(1 + pick(1 << 20), pick(20) - 30); };
-    for (int i = 0; i < 10; ++i)
-      put(factors, Factor(name('f', i), FactorComponent(number(), parentsBelow('f', i))));
-    for (int i = 0; i < 10; ++i) {
-      const auto parents = parentsBelow('u', i);
-      put(units, parents.empty() ? primitive(name('u', i))
-                                 : derived(name('u', i), parents,
-                                           FactorComponent(number(), parentsBelow('f', pick(10)))));
-    }
-    const Registries registries = stored(units, factors);
-    Reducer reducer;
-    const Reference reference{units, factors};
-    for (const auto& [typeId, unit] : units) {
-      double factor;
-      PrimitivePowers powers;
-      reference.reduce(unit, factor, powers);
-      const ReducedUnit reduced = reduce(reducer, registries, typeId);
-      EXPECT_EQ(std::memcmp(&reduced.factor, &factor, sizeof factor), 0) << graph << typeId;
-      EXPECT_EQ(toPrimitivePowers(reduced.powers), powers) << graph << typeId;
-      EXPECT_EQ(reduced.offset, 0.0);
-    }
-  }
 }
 
 TEST(Reduction, OfUnitsThatShareParentsCostsTheirNumber) {

@@ -12,7 +12,7 @@
 #include "formula/FunctionExpression.h"
 #include "formula/NumberConstantExpression.h"
 #include "formula/UnaryOperatorExpression.h"
-#include "tests/formula/FormulaSample.h"
+#include "tests/formula/FormulaRows.h"
 #include "tests/support/Messages.h"
 
 namespace {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <TrelvonUnits/TrelvonUnits.h>
-#include <gtest/gtest.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -104,17 +103,3 @@ class Sample {
   Units::RecordMap<Units::Symbol> symbols_;
   Units::SymbolTexts texts_;
 };
-
-/// Rows as "formula = outcome".
-inline void expectOutcomes(const std::vector<std::string>& rows) {
-  const Sample sample;
-  for (const std::string& row : rows) {
-    const std::string formula = row.substr(0, row.find(" = "));
-    EXPECT_EQ(formula + " = " + sample.outcome(formula), row);
-  }
-}
-
-inline void expectEach(const std::vector<const char*>& formulas, const std::string& outcome) {
-  const Sample sample;
-  for (const char* formula : formulas) EXPECT_EQ(sample.outcome(formula), outcome) << formula;
-}

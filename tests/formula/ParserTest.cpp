@@ -5,7 +5,7 @@
 #include "formula/BinaryOperatorExpression.h"
 #include "formula/ParenExpression.h"
 #include "formula/UnaryOperatorExpression.h"
-#include "tests/formula/FormulaSample.h"
+#include "tests/formula/FormulaRows.h"
 #include "tests/support/Messages.h"
 
 namespace {

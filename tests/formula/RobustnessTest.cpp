@@ -6,7 +6,7 @@
 
 #include "TrelvonUnits/Limits.h"
 #include "tests/formula/FormulaSample.h"
-#include "tests/json/FailingNew.h"
+#include "tests/support/FailingNew.h"
 #include "tests/support/Messages.h"
 #include "tests/support/SmallStack.h"
 

@@ -4,8 +4,8 @@
 #include <utility>
 #include <vector>
 
-#include "tests/json/FailingNew.h"
 #include "tests/json/TextExceptions.h"
+#include "tests/support/FailingNew.h"
 
 namespace {
 

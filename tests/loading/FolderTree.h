@@ -2,7 +2,6 @@
 #pragma once
 
 #include <grp.h>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -17,7 +16,7 @@
 class FolderTree {
  public:
   FolderTree() {
-    std::string pattern = testing::TempDir() + "trelvon-XXXXXX";
+    std::string pattern = std::filesystem::temp_directory_path() / "trelvon-XXXXXX";
     if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no folder for tests");
     root_ = pattern;
     std::filesystem::permissions(root_, std::filesystem::perms(0755));

@@ -1,6 +1,6 @@
 #include "schema/Definitions.h"
-#include "tests/json/FailingNew.h"
 #include "tests/schema/SchemaTexts.h"
+#include "tests/support/FailingNew.h"
 #include "tests/support/Messages.h"
 
 #include <gtest/gtest.h>

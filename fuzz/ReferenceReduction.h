@@ -1,0 +1,61 @@
+/// The reduction of units as one would write it first: recursive, nothing remembered.
+#pragma once
+
+#include <TrelvonUnits/TrelvonUnits.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <map>
+#include <string>
+
+namespace Units {
+
+struct ReferenceReduction {
+  const std::map<std::string, Unit>& units;
+  const std::map<std::string, Factor>& factors;
+  int stepsLeft = 20000;  // of an exponential walk; the rest is worth nothing where they run out
+
+  double factorOf(const FactorComponent& component) {
+    double result = component.getFactor();
+    if (--stepsLeft < 0) return result;
+    for (const auto& [id, exponent] : component.getParentFactorPowers())
+      result = result * std::pow(factorOf(factors.at(id).getFactorComponent()),
+                                 static_cast<double>(exponent));
+    return result;
+  }
+
+  void reduce(const Unit& unit, double& factor, double& offset, PrimitivePowers& powers) {
+    factor = 1.0;
+    offset = 0.0;
+    powers.clear();
+    if (--stepsLeft < 0) return;
+    if (const auto absolute = unit.getAbsoluteUnitComponent()) {
+      reduce(units.at(absolute->getParentUnit()), factor, offset, powers);
+      offset = absolute->getOffset();
+    } else if (const auto derived = unit.getDerivedUnitComponent()) {
+      std::map<std::string, std::int64_t> sums;
+      factor = factorOf(derived->getFactorComponent());
+      for (const auto& [id, exponent] : derived->getParentUnitPowers()) {
+        double parentFactor = 0;
+        double none = 0;
+        PrimitivePowers parentPowers;
+        reduce(units.at(id), parentFactor, none, parentPowers);
+        factor = std::pow(parentFactor, static_cast<double>(exponent)) * factor;
+        for (const auto& [primitive, power] : parentPowers)
+          if (power != 0) sums[primitive] += limited(std::int64_t{power} * exponent);
+      }
+      for (const auto& [primitive, sum] : sums) powers[primitive] = limited(sum);
+    } else {
+      powers[unit.getTypeId()] = 1;
+    }
+  }
+
+  static int limited(std::int64_t exponent) {
+    return static_cast<int>(std::clamp<std::int64_t>(exponent, std::numeric_limits<int>::min(),
+                                                     std::numeric_limits<int>::max()));
+  }
+};
+
+}  // namespace Units
