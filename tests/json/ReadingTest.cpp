@@ -20,66 +20,39 @@ std::uint64_t bitsOf(double value) {
 }
 
 struct Refusal {
-  const char* name;
   std::string text;
   const char* message;  // behind "JSON parsing error at offset "
 };
 
-class Texts : public testing::TestWithParam<Refusal> {};
-
-TEST_P(Texts, AreRefused) {
-  EXPECT_EQ(messageOf<TextError>([] { parse(GetParam().text); }),
-            std::string("JSON parsing error at offset ") + GetParam().message);
+TEST(Reading, RefusesWhatIsNotJson) {
+  const Refusal rows[] = {
+      {"", "0: The document is empty."},
+      {" \t\r\n", "4: The document is empty."},
+      {"[1\0]"s, "2: Missing a comma or ']' after an array element."},
+      {"{} x", "3: The document root must not be followed by other values."},
+      {"]", "0: Invalid value."},
+      {",[]", "0: Invalid value."},
+      {"\xEF\xBB\xBF{}", "0: Invalid value."},
+      {"{\"a\":1,}", "7: Missing a name for object member."},
+      {"{\"a\" 1}", "5: Missing a colon after a name of object member."},
+      {"{\"a\":1 \"b\":2}", "7: Missing a comma or '}' after an object member."},
+      {"[\"a", "3: Missing a closing quotation mark in string."},
+      {"\"a\nb\"", "2: Invalid escape character in string."},
+      {"\"\\u12G4\"", "1: Incorrect hex digit after \\u escape in string."},
+      {"\"\\uD800\"", "1: The surrogate pair in string is invalid."},
+      {"[1.]", "3: Miss fraction part in number."},
+      {"[1e+]", "4: Miss exponent in number."},
+      {"[ 1e309]", "2: Number too big to be stored in double."},
+      {"[-0.00E+0099999999999999999999]", "1: Number too big to be stored in double."}};
+  for (const auto& [text, message] : rows)
+    EXPECT_EQ(messageOf<TextError>([&, &bytes = text] { parse(bytes); }),
+              std::string("JSON parsing error at offset ") + message);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Parse, Texts,
-    testing::Values(
-        Refusal{"Empty", "", "0: The document is empty."},
-        Refusal{"Blank", " \t\r\n", "4: The document is empty."},
-        Refusal{"NulFirst", "\0{}"s, "0: The document is empty."},
-        Refusal{"NulWithin", "[1\0]"s, "2: Missing a comma or ']' after an array element."},
-        Refusal{"TwoRoots", "{} x", "3: The document root must not be followed by other values."},
-        Refusal{"ClosingBracketFirst", "]", "0: Invalid value."},
-        Refusal{"ClosingBraceFirst", " } ", "1: Invalid value."},
-        Refusal{"ColonFirst", "\n\n:", "2: Invalid value."},
-        Refusal{"CommaFirst", ",[]", "0: Invalid value."},
-        Refusal{"Comment", "/* */ {}", "0: Invalid value."},
-        Refusal{"TrailingComma", "[1,]", "3: Invalid value."},
-        Refusal{"TrailingCommaInObject", "{\"a\":1,}", "7: Missing a name for object member."},
-        Refusal{"NaN", "NaN", "0: Invalid value."},
-        Refusal{"Infinity", "[-Infinity]", "2: Invalid value."},
-        Refusal{"ByteOrderMark", "\xEF\xBB\xBF{}", "0: Invalid value."},
-        Refusal{"NameWithoutQuotes", "{a:1}", "1: Missing a name for object member."},
-        Refusal{"NoColon", "{\"a\" 1}", "5: Missing a colon after a name of object member."},
-        Refusal{"NoComma", "{\"a\":1 \"b\":2}",
-                "7: Missing a comma or '}' after an object member."},
-        Refusal{"OpenString", "[\"a", "3: Missing a closing quotation mark in string."},
-        Refusal{"RawControlCharacter", "\"a\nb\"", "2: Invalid escape character in string."},
-        Refusal{"BadEscape", "\"a\\x\"", "2: Invalid escape character in string."},
-        Refusal{"BadHex", "\"\\u12G4\"", "1: Incorrect hex digit after \\u escape in string."},
-        Refusal{"LoneSurrogate", "\"\\uD800\"", "1: The surrogate pair in string is invalid."},
-        Refusal{"NoFraction", "[1.]", "3: Miss fraction part in number."},
-        Refusal{"NoExponent", "[1e+]", "4: Miss exponent in number."},
-        Refusal{"LeadingZero", "[01]", "2: Missing a comma or ']' after an array element."},
-        Refusal{"LeadingPlus", "+1", "0: Invalid value."},
-        Refusal{"TooBig", "[ 1e309]", "2: Number too big to be stored in double."},
-        Refusal{"TooBigByTenDigits", "[ 1e2147483648]",
-                "2: Number too big to be stored in double."},
-        Refusal{"TooBigByManyDigits", "[-0.00E+0099999999999999999999]",
-                "1: Number too big to be stored in double."}),
-    [](const auto& row) { return row.param.name; });
-
-struct Kind {
-  const char* text;
-  const char* kind;
-};
-
 TEST(Reading, TellsTypes) {
-  const Kind kinds[] = {{"{}", "object"},  {"[]", "array"},     {"\"\"", "string"},
-                        {"0", "number"},   {"-1", "number"},    {"18446744073709551615", "number"},
-                        {"1e5", "number"}, {"true", "bool"},    {"false", "bool"},
-                        {"null", "null"},  {"  [1]\n", "array"}};
+  const std::pair<const char*, const char*> kinds[] = {
+      {"{}", "object"},  {"  [1]\n", "array"}, {"\"\"", "string"}, {"-1", "number"},
+      {"1e5", "number"}, {"true", "bool"},     {"false", "bool"},  {"null", "null"}};
   for (const auto& [text, kind] : kinds) {
     const JSON json = parse(text);
     EXPECT_EQ(json.isObject(), kind == "object"s) << text;
@@ -91,40 +64,24 @@ TEST(Reading, TellsTypes) {
   }
 }
 
-struct Number {
-  const char* text;
-  double value;
-};
-
-const Number numbers[] = {
-    {"3", 3.0},
-    {"-3", -3.0},
-    {"0", 0.0},
-    {"-0", 0.0},  // an integer
-    {"-0.0", -0.0},
-    {"2147483648", 2147483648.0},
-    {"-2147483649", -2147483649.0},
-    {"9007199254740993", 9007199254740992.0},
-    {"-9223372036854775808", -9223372036854775808.0},
-    {"18446744073709551615", 18446744073709551615.0},
-    {"18446744073709551616", 18446744073709551616.0},
-    {"0.3048", 0.3048},
-    {"1e3", 1000.0},
-    {"25.4E-3", 0.0254},
-    {"1e-400", 0.0},
-    {"5e-324", 5e-324},
-    {"2.2250738585072014e-308", 2.2250738585072014e-308},
-    // Exponents that overflow the reader's int together with the places of the fraction.
-    {"0.11111111111e-2147483639", 0.0},
-    {"-0.11111111111e-2147483639", -0.0},
-    {"0.5e-99999999999999999999", 0.0},
-    {"7E-2147483648", 0.0},
-    {"1.5e+0000000000000000000002", 150.0},
-    {"1.5e-0000000000000000000002", 0.015},
-    {"1.5e-0000000000000000000308", 1.5e-308}};
-
 TEST(Reading, GivesNumbersAsDoubles) {
-  for (const auto& [text, value] : numbers)
+  const std::pair<const char*, double> rows[] = {
+      {"-3", -3.0},
+      {"-0", 0.0},  // an integer
+      {"-0.0", -0.0},
+      {"-2147483649", -2147483649.0},
+      {"9007199254740993", 9007199254740992.0},
+      {"18446744073709551615", 18446744073709551615.0},
+      {"18446744073709551616", 18446744073709551616.0},
+      {"25.4E-3", 0.0254},
+      {"5e-324", 5e-324},
+      // Exponents that overflow the reader's int together with the places of the fraction.
+      {"0.11111111111e-2147483639", 0.0},
+      {"-0.11111111111e-2147483639", -0.0},
+      {"0.5e-99999999999999999999", 0.0},
+      {"1.5e+0000000000000000000002", 150.0},
+      {"1.5e-0000000000000000000308", 1.5e-308}};
+  for (const auto& [text, value] : rows)
     EXPECT_EQ(bitsOf(parse(text).getNumber()), bitsOf(value)) << text;
 }
 
@@ -140,15 +97,11 @@ TEST(Reading, NeedsNoLocale) {
 TEST(Reading, CutsStringsAtTheirFirstNul) {
   const std::pair<const char*, std::string> rows[] = {
       {"\"\"", ""},
-      {"\"foot\"", "foot"},
-      {"\"longer than what is kept in place\"", "longer than what is kept in place"},
       {"\"a\\u0000b\"", "a"},
       {"\"\\u0000\"", ""},
       {"\"\\\"\\\\\\/\\b\\f\\n\\r\\t\\u00B0\"", "\"\\/\b\f\n\r\t\xC2\xB0"},
       {"\"\\uD83D\\uDE00\"", "\xF0\x9F\x98\x80"},
       {"\"\xFF\xC0\"", "\xFF\xC0"},  // not checked
-      {"\"0.11111111111e-2147483639\"", "0.11111111111e-2147483639"},
-      {"\"\\\"1e-2147483648\"", "\"1e-2147483648"},
       {"\"\\\\\"", "\\"}};
   for (const auto& [text, value] : rows) {
     const JSON json = parse(text);
@@ -189,18 +142,13 @@ TEST(Reading, WalksArraysInOrder) {
   const JSON json = parse("[1, [2, 3], \"x\", {\"a\": 4}]");
   const std::vector<JSON> views = json.getArray();
   ASSERT_EQ(views.size(), 4u);
-  EXPECT_EQ(views[0].getNumber(), 1.0);
   EXPECT_EQ(views[1].getArray().at(1).getNumber(), 3.0);
   EXPECT_EQ(views[3].getMember("a").getNumber(), 4.0);
-
   std::size_t count = 0;
-  json.forEachElement([&](const JSON& element) {
-    EXPECT_EQ(element.toString(), views[count].toString());
-    ++count;
-  });
+  json.forEachElement(
+      [&](const JSON& element) { EXPECT_EQ(element.toString(), views[count++].toString()); });
   EXPECT_EQ(count, views.size());
   EXPECT_TRUE(parse("[]").getArray().empty());
-  parse("[]").forEachElement([](const JSON&) { ADD_FAILURE() << "an element of nothing"; });
 }
 
 TEST(Reading, ViewsOutliveTheirJsonButNotItsDocument) {

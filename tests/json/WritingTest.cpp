@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -19,21 +20,17 @@ std::vector<JSON> listOf(Items&&... items) {
 TEST(Writing, KeepsTheOrderOfMembersAndItems) {
   JSON root = JSON::makeDocument();
   EXPECT_EQ(root.toString(), "{}");
-  root.setMember(root, "typeid", JSON::makeString(root, "x"));
-  root.setMember(root, "inherits", JSON::makeArray(root, listOf(JSON::makeString(root, "y"))));
-  EXPECT_EQ(root.toString(), "{\"typeid\":\"x\",\"inherits\":[\"y\"]}");
-  EXPECT_EQ(root.getMember("inherits").getArray().front().getString(), "y");
-
+  root.setMember(root, "t", JSON::makeString(root, "x"));
+  root.setMember(root, "i", JSON::makeArray(root, listOf(JSON::makeString(root, "y"))));
+  EXPECT_EQ(root.getMember("i").getArray().front().getString(), "y");
   JSON inner = JSON::makeObject();
-  for (int member = 20; member > 0; --member)
+  std::string written;
+  for (int member = 20; member > 0; --member) {  // more than an object has room for at first
     inner.setMember(root, "m" + std::to_string(member), JSON(member));
-  root.setMember(root, "typeid", std::move(inner));
-  root.setMember(root, "", JSON::makeArray(root, {}));
-  EXPECT_EQ(root.toString(),
-            "{\"typeid\":\"x\",\"inherits\":[\"y\"],\"typeid\":{\"m20\":20,\"m19\":19,\"m18\":18,"
-            "\"m17\":17,\"m16\":16,\"m15\":15,\"m14\":14,\"m13\":13,\"m12\":12,\"m11\":11,"
-            "\"m10\":10,\"m9\":9,\"m8\":8,\"m7\":7,\"m6\":6,\"m5\":5,\"m4\":4,\"m3\":3,\"m2\":2,"
-            "\"m1\":1},\"\":[]}");
+    written += ",\"m" + std::to_string(member) + "\":" + std::to_string(member);
+  }
+  root.setMember(root, "t", std::move(inner));
+  EXPECT_EQ(root.toString(), "{\"t\":\"x\",\"i\":[\"y\"],\"t\":{" + written.substr(1) + "}}");
 }
 
 TEST(Writing, MovesValuesInAndLeavesThemNull) {
@@ -69,28 +66,23 @@ TEST(Writing, EscapesWhatJsonDemands) {
 }
 
 TEST(Writing, ShowsDoublesInTheirShortestForm) {
-  const std::pair<double, const char*> rows[] = {{0.0, "0.0"},
-                                                 {-0.0, "-0.0"},
-                                                 {1.0, "1.0"},
-                                                 {0.3048, "0.3048"},
-                                                 {-273.15, "-273.15"},
-                                                 {1.0 / 3.0, "0.3333333333333333"},
-                                                 {1e20, "100000000000000000000.0"},
-                                                 {1e21, "1e21"},
-                                                 {1e-6, "0.000001"},
-                                                 {1e-7, "1e-7"},
-                                                 {1.7976931348623157e308, "1.7976931348623157e308"},
-                                                 {5e-324, "5e-324"}};
+  const std::pair<double, const char*> rows[] = {
+      {-0.0, "-0.0"},
+      {1.0, "1.0"},
+      {0.3048, "0.3048"},
+      {1.0 / 3.0, "0.3333333333333333"},
+      {1e20, "100000000000000000000.0"},
+      {1e21, "1e21"},
+      {1e-6, "0.000001"},
+      {1e-7, "1e-7"},
+      {5e-324, "5e-324"},
+      {-1.7976931348623157e308, "-1.7976931348623157e308"}};
   for (const auto& [value, text] : rows) EXPECT_EQ(JSON(value).toString(), text);
 }
 
 TEST(Writing, HasNoTextForWhatIsNotFinite) {
-  for (const double value :
-       {std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()}) {
-    JSON root = JSON::makeDocument();
-    root.setMember(root, "a", JSON(value));
-    EXPECT_THROW(root.toString(), std::logic_error);
-  }
+  for (const double value : {std::numeric_limits<double>::infinity(), std::nan("")})
+    EXPECT_THROW(JSON(value).toString(), std::logic_error);
 }
 
 }  // namespace
