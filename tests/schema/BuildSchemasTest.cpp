@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <vector>
 
 namespace Units {
@@ -20,15 +19,15 @@ void addAll(const Texts& texts, Registries& registries) {
 /// One of each, that later schemas may rest on.
 const Texts stored = {dimension("d0"), factor("f0", {}), primitive("u0"), absolute("a0", "u0")};
 
-template <class... Kinds>
-std::vector<std::size_t> sizesOf(const Kinds&... kinds) {
-  return {kinds.objects.records().size()..., kinds.pending.size()..., kinds.batch.size()...,
-          kinds.built.size()...};
-}
+/// How much there is of everything.
 std::vector<std::size_t> sizes(const Registries& all) {
-  auto result = sizesOf(all.dimensions, all.factors, all.units, all.symbols, all.quantities);
-  result.push_back(all.registeredTypeIds.size());
-  result.push_back(all.pendingTypeIds.size());
+  std::vector<std::size_t> result = {all.registeredTypeIds.size(), all.pendingTypeIds.size()};
+  const auto add = [&](const auto& kind) {
+    for (const std::size_t size :
+         {kind.objects.records().size(), kind.pending.size(), kind.batch.size(), kind.built.size()})
+      result.push_back(size);
+  };
+  add(all.dimensions), add(all.factors), add(all.units), add(all.symbols), add(all.quantities);
   return result;
 }
 
@@ -60,42 +59,29 @@ struct Fault {
 const Fault faults[] = {
     {{noQuantityUnit, noSymbolUnit, noDimension}, missing("x", "z")},
     {{dimensional("y", "u0")}, missing("u0", "y")},
-    {{dimensional("y", "b"), dimensional("x", "c")}, missing("c", "x")},
     {{noFactor, noQuantityUnit, noSymbolUnit}, missing("x", "z:feetAndInches-1")},
     {{composite("s:feetAndInches-1", "f0")}, missing("f0", "s:feetAndInches-1")},
     {{noFactor, noQuantityUnit}, missing("x", "y")},
-    {{quantity("q", {"d0"})}, missing("d0", "q")},
     {{noFactor}, unexpected("x")},
-    {{factor("f", {"f0", "u0"})}, unexpected("u0")},
-    {{factor("f", {"f"})}, circle("f")},
     {{factor("b", {"a"}), factor("a", {"b"})}, circle("a")},
-    {{factor("a", {"b"}), factor("b", {"c"}), factor("c", {"b"})}, circle("b")},
     {{factor("a", {"b", "c"}), factor("b", {"x"}), factor("c", {"a"})}, unexpected("x")},
     {{factor("a", {"b", "x"}), factor("b", {"a"})}, circle("a")},
     {{derived("a", {"x"}), noFactor}, unexpected("x")},
 
     {{derived("u", {"a0"}, {"f0", "x"})}, missing("x", "u")},
-    {{derived("u", {"u0"}, {"u0"})}, missing("u0", "u")},
-    {{derived("u", {"f0"})}, missing("f0", "u")},
     {{derived("u", {"a0", "x"})}, notRelative("a0", "derived unit u")},
     {{derived("u", {"a"}), absolute("a", "u0")}, notRelative("a", "derived unit u")},
     // A walk from an earlier unit comes by first, and names that unit.
     {{derived("u", {"v"}), derived("v", {"a"}), absolute("a", "u0")},
      notRelative("a", "derived unit u")},
-    {{derived("v", {"u"}), derived("u", {"a"}), absolute("a", "u0")},
-     notRelative("a", "derived unit u")},
     {{derived("u", {"v"}), derived("v", {"a0"})}, notRelative("a0", "derived unit v")},
-    {{derived("u", {"v"}), derived("v", {"x"})}, unexpected("x")},
     {{derived("v", {"u"}), derived("u", {"x"})}, missing("x", "u")},
     {{derived("u", {"u"})}, circle("u")},
-    {{derived("u", {"u0", "v"}), derived("v", {"w"}), derived("w", {"v"})}, circle("v")},
     {{derived("u", {"v", "x"}), derived("v", {"u"})}, missing("x", "u")},
     {{derived("u", {"u"}), absolute("v", "x")}, circle("u")},
     {{absolute("t", "x"), derived("u", {"u"})}, notFound("x")},
     {{absolute("a", "b"), absolute("b", "u0")}, notRelative("b", "absolute unit a")},
-    {{absolute("a", "a")}, notRelative("a", "absolute unit a")},
-    {{absolute("a", "a0")}, notFound("a0")},
-    {{absolute("a", "f"), factor("f", {})}, notFound("f")}};
+    {{absolute("a", "a0")}, notFound("a0")}};
 
 TEST(BuildSchemas, DropsAFaultyBatchAndNothingElse) {
   for (const auto& [batch, message] : faults) {
@@ -124,23 +110,6 @@ const Texts soundBatch = {derived("b", {"a", "c"}, {"f"}),
                           factor("g", {}),
                           composite("s:feetAndInches-1", "b"),
                           quantity("q", {"e", "a"})};
-
-TEST(BuildSchemas, GivesTheSameWhateverComesFirst) {
-  const auto image = [](const Texts& texts) {
-    Registries registries;
-    addAll(texts, registries);
-    addAll(stored, registries);
-    buildSchemas(registries);
-    EXPECT_TRUE(registries.pendingTypeIds.empty());
-    std::string result;
-    for (const std::string& typeId : registries.registeredTypeIds)
-      result += getDefinition(typeId, registries) + "\n";
-    return result;
-  };
-  const std::string expected = image(soundBatch);
-  EXPECT_EQ(std::count(expected.begin(), expected.end(), '\n'), 13);
-  EXPECT_EQ(image(Texts(soundBatch.rbegin(), soundBatch.rend())), expected);
-}
 
 TEST(GetDependencies, ListsAllThatADefinitionRestsOn) {
   Registries registries;
@@ -185,22 +154,21 @@ TEST(Allocation, FailsDefinitionsWhole) {
   const std::string typeId = "a type id that is longer than what is kept in place";
   for (const std::string& text :
        {dimension(typeId), factor(typeId, {"f0", "x"}), derived(typeId, {"u0", "x"}, {"y"}),
-        quantity(typeId, {"u0", "x"}), composite(typeId + ":feetAndInches-1", "x")}) {
-    const auto add = [&](Registries& registries) { addDefinition(text, registries); };
-    EXPECT_GT(failEach({}, add,
-                       [&](const Registries& registries, const auto& before) {
-                         EXPECT_EQ(sizes(registries), before);
-                       }),
+        quantity(typeId, {"u0", "x"}), composite(typeId + ":feetAndInches-1", "x")})
+    EXPECT_GT(failEach(
+                  {}, [&](Registries& registries) { addDefinition(text, registries); },
+                  [](const Registries& registries, const auto& before) {
+                    EXPECT_EQ(sizes(registries), before);
+                  }),
               20);
-  }
 }
 
 TEST(Allocation, FailsBuildsWholeAndDropsTheirBatch) {
+  Registries untouched;
+  addAll(stored, untouched);
+  buildSchemas(untouched);
   EXPECT_GT(failEach(soundBatch, buildSchemas,
                      [&](Registries& registries, const auto&) {
-                       Registries untouched;
-                       addAll(stored, untouched);
-                       buildSchemas(untouched);
                        EXPECT_EQ(sizes(registries), sizes(untouched));
                        addAll(soundBatch, registries);
                        buildSchemas(registries);

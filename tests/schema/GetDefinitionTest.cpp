@@ -43,21 +43,14 @@ const Definition definitions[] = {
     {dimension("\\\"\xC3\xA4\\u0001\xFF"), dimension("\\\"\xC3\xA4\\u0001\xFF"),
      "\"\xC3\xA4\x01\xFF"},
     {schema("x", "factor", {}), number("1.0")},
-    {number("3"), number("3.0")},
     {number("-0.0"), number("-0.0")},
     {factor("x", {}), number("1.0")},
     {schema("x", "factor.derived", {ofF, value("factor", "1e300")}),
      schema("x", "factor.derived", {value("factor", "1e300"), ofF})},
-    {primitive("x"), primitive("x")},
-    {family("'Imperial'"), family("'Imperial'")},
     {family("'metric'"), family("'Imperial'")},
     {dimensional("x", "d"), dimensional("x", "d")},
-    {schema("x", "unit.derived", {twoToTheV, named}),
-     schema("x", "unit.derived", {named, factorOne, twoToTheV})},
     {schema("x", "unit.derived", {twoToTheV, ofF, named}),
      schema("x", "unit.derived", {named, factorOne, ofF, twoToTheV})},
-    {absolute("x", "u"),
-     schema("x", "unit.absolute", {named, typed("parentUnit", "u"), value("offset", "0.0")})},
     {quoted("{'properties':[{'id':'p'}],'constants':[{'typedValue':{'typeid':'u'},"
             "'id':'parentUnit'},{'id':'offset','value':-273.15},{'id':'','value':[]},"
             "{'id':'unitSystem','value':'Metric'},{'id':'name','value':'n'}],"
@@ -90,24 +83,20 @@ TEST(Definitions, ServeRecordsOfWhatTheySay) {
                {typed("unit", "x"), value("text", "'t'"), value("placement", "'Prefix'"),
                 value("space", "true")}),
         quantity("q", {"x", "u"})});
-
-  const Unit& unit = registries.units.objects.records().at("x");
-  EXPECT_EQ(unit.getTypeId() + unit.getName(), "xex");
-  EXPECT_EQ(unit.getUnitSystem(), System::Imperial);
-  EXPECT_EQ(unit.getDerivedUnitComponent()->getParentUnitPowers(), (Powers{{"u", 3}}));
-  const FactorComponent component = unit.getDerivedUnitComponent()->getFactorComponent();
-  EXPECT_EQ(component.getFactor(), 0.25);
-  EXPECT_EQ(component.getParentFactorPowers(), (Powers{{"f", -1}}));
-  const auto scale = registries.units.objects.records().at("a").getAbsoluteUnitComponent();
-  EXPECT_EQ(scale->getParentUnit(), "x");
-  EXPECT_EQ(scale->getOffset(), 0.0);
+  const auto& units = registries.units.objects.records();
+  EXPECT_EQ(units.at("x").getName(), "ex");
+  EXPECT_EQ(units.at("x").getUnitSystem(), System::Imperial);
+  const auto component = units.at("x").getDerivedUnitComponent();
+  EXPECT_EQ(component->getParentUnitPowers(), (Powers{{"u", 3}}));
+  EXPECT_EQ(component->getFactorComponent().getFactor(), 0.25);
+  EXPECT_EQ(component->getFactorComponent().getParentFactorPowers(), (Powers{{"f", -1}}));
+  EXPECT_EQ(units.at("a").getAbsoluteUnitComponent()->getParentUnit(), "x");
+  EXPECT_EQ(units.at("a").getAbsoluteUnitComponent()->getOffset(), 0.0);
+  EXPECT_EQ(units.at("u").getPrimitiveUnitComponent()->getDimension(), Dimension("d"));
   const Symbol& symbol = registries.symbols.objects.records().at("s");
   EXPECT_EQ(symbol.getUnit().getName() + symbol.getPrefixOrSuffix()->getText(), "ext");
   EXPECT_TRUE(symbol.getPrefixOrSuffix()->hasSpace());
-  const Quantity& quantity = registries.quantities.objects.records().at("q");
-  ASSERT_EQ(quantity.getUnits().size(), 2u);
-  EXPECT_EQ(quantity.getName() + quantity.getUnits()[0].getName(), "nex");
-  EXPECT_EQ(quantity.getUnits()[1].getPrimitiveUnitComponent()->getDimension(), Dimension("d"));
+  EXPECT_EQ(registries.quantities.objects.records().at("q").getUnits()[0].getName(), "ex");
 }
 
 TEST(Definitions, AreNotWrittenWithNumbersThatJsonCannotHold) {
