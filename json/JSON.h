@@ -104,8 +104,8 @@ class JSON {
   /// @throws std::bad_alloc     this object is empty then.
   void setMember(JSON& owner, const std::string& key, JSON&& value);
 
-  /// Compact text: no spaces, members in order, doubles in the shortest form that reads back as the
-  /// same double. Recurses over the value's depth, so it is for documents that we built.
+  /// Compact text: no spaces, members in order, doubles in a short form that names no other
+  /// double. Recurses over the value's depth, so it is for documents that we built.
   ///
   /// @throws std::logic_error  a number is infinite or not a number, which JSON cannot hold.
   std::string toString() const;

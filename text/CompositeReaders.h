@@ -24,9 +24,9 @@ bool readFeetAndInches(std::string_view text, double& value);
 /// degrees.
 bool readDegreesMinutesSeconds(std::string_view text, double& value);
 
-/// Centimetres alone, which need their mark, or whole metres and centimetres: `35cm`, `2m 35cm`,
+/// Centimeters alone, which need their mark, or whole meters and centimeters: `35cm`, `2m 35cm`,
 /// `2-35cm`. Between the two stands a mark, a hyphen or a space, and one of the two marks must be
-/// there. The value is in metres.
+/// there. The value is in meters.
 bool readMetersAndCentimeters(std::string_view text, double& value);
 
 }  // namespace Units

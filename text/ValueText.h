@@ -15,7 +15,7 @@ namespace Units {
 /// Nothing is allocated or thrown. A text that is no literal costs what its beginning does, up to
 /// where no form goes on, however long it is.
 ///
-/// @param value   set on success, in the symbol's unit (a composite one: feet, degrees or metres);
+/// @param value   set on success, in the symbol's unit (a composite one: feet, degrees or meters);
 ///                null when not wanted.
 /// @param symbol  set on success to the symbol, in place, or to null when the literal has none;
 ///                null when not wanted.

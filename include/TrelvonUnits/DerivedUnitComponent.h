@@ -10,7 +10,7 @@ namespace Units {
 
 /// How a unit is built from others: a factor times a product of integer powers of parent units.
 ///
-/// A kilometre per hour is {kilometre: 1, hour: -1} times 1.0.
+/// A kilometer per hour is {kilometer: 1, hour: -1} times 1.0.
 class TRELVONUNITS_API DerivedUnitComponent {
  public:
   /// @param parentUnitPowers  type id of a relative unit to its exponent. Kept as given: an engine

@@ -37,8 +37,8 @@ class TRELVONUNITS_API UnitsEngine {
 
   /// Converts a number from one unit to another.
   ///
-  /// The units must measure the same dimension or exactly reciprocal ones (metres per litre, litres
-  /// per metre). A unit with an offset, such as a temperature scale, converts only to another such.
+  /// The units must measure the same dimension or exactly reciprocal ones (meters per liter, liters
+  /// per meter). A unit with an offset, such as a temperature scale, converts only to another such.
   ///
   ///   pow((fromOffset + value) * fromFactor, 1 or -1) / toFactor - toOffset
   ///
@@ -62,14 +62,15 @@ class TRELVONUNITS_API UnitsEngine {
   /// Writes a number with a fixed count of decimal places, and a symbol if one is given.
   ///
   /// The number is not converted: it is taken to be in the symbol's unit (for a composite symbol,
-  /// in feet, degrees or metres). Halves round away from zero, and a number that rounds to zero has
+  /// in feet, degrees or meters). Halves round away from zero, and a number that rounds to zero has
   /// no sign. The sign stands before everything: `-$ 5.00`.
   ///
   ///   formatFixedPoint(12.5, 2, &kilogramSymbol, false)        "12.50 kg"
   ///   formatFixedPoint(12.5, 2, nullptr, true)                 "12.5"
   ///   formatFixedPoint(-5.5, 0, &feetAndInchesSymbol, false)   "-5' 6\""
   ///
-  /// @param value              any double.
+  /// @param value              any double; infinity is written as "inf", what is not a number as
+  ///                           "nan".
   /// @param decimalPlaces      0 to 12.
   /// @param symbolTypeId       type id of a stored symbol, or null for the bare number.
   /// @param trimTrailingZeros  drops zeros at the end, and the point when nothing follows it.
@@ -227,7 +228,8 @@ class TRELVONUNITS_API UnitsEngine {
 
   /// A stored definition as schema text.
   ///
-  /// @return  compact JSON, doubles in the shortest form that names them.
+  /// @return  compact JSON, each double in a short form whose nearest double it is. (Read again, it
+  ///          may come out a unit in the last place off: the reader does not always round right.)
   /// @throws UnrecognizedIdentifierException  nothing stored has this type id.
   /// @throws ValidationException  a factor or offset is infinite or not a number, which JSON cannot
   ///                              hold.

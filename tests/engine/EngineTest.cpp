@@ -32,7 +32,7 @@ TEST(Engine, HandsOutCopiesOfWhatItHolds) {
   std::unique_ptr<UnitsEngine> engine(CreateUnitsEngine());
   engine->addDimension(Dimension("length"));
   engine->addFactor(Factor("kilo", FactorComponent(1000.0)));
-  engine->addUnit(Unit("m", "metre", System::Metric, PrimitiveUnitComponent(Dimension("length"))));
+  engine->addUnit(Unit("m", "meter", System::Metric, PrimitiveUnitComponent(Dimension("length"))));
   engine->addSymbol(
       Symbol("sm", engine->getUnit("m"), PrefixOrSuffix("m", Placement::Suffix, true)));
   engine->addQuantity(Quantity("ql", "length", {engine->getUnit("m")}));
@@ -49,7 +49,7 @@ TEST(Engine, HandsOutCopiesOfWhatItHolds) {
 
   engine.reset();
   EXPECT_EQ(units.at("m").getPrimitiveUnitComponent()->getDimension()->getTypeId(), "length");
-  EXPECT_EQ(symbol.getUnit().getName(), "metre");
+  EXPECT_EQ(symbol.getUnit().getName(), "meter");
 }
 
 }  // namespace

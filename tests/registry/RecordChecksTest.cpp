@@ -11,7 +11,7 @@ namespace Units {
 namespace {
 
 const FactorComponent one;
-const Unit metre("metre", "metre", System::Metric, PrimitiveUnitComponent());
+const Unit meter("meter", "meter", System::Metric, PrimitiveUnitComponent());
 
 Unit derivedFrom(const std::map<std::string, int>& parents, const FactorComponent& factor = one,
                  const std::string& name = "name") {
@@ -23,11 +23,11 @@ Registries filled() {
   Registries registries;
   addDimension(Dimension("dimension"), registries);
   addFactor(Factor("factor", one), registries);
-  addUnit(metre, registries);
-  addUnit(Unit("absolute", "scale", System::Metric, AbsoluteUnitComponent("metre", 1.0)),
+  addUnit(meter, registries);
+  addUnit(Unit("absolute", "scale", System::Metric, AbsoluteUnitComponent("meter", 1.0)),
           registries);
-  addSymbol(Symbol("symbol", metre, PrefixOrSuffix("m", Placement::Suffix, true)), registries);
-  addQuantity(Quantity("quantity", "length", {metre}), registries);
+  addSymbol(Symbol("symbol", meter, PrefixOrSuffix("m", Placement::Suffix, true)), registries);
+  addQuantity(Quantity("quantity", "length", {meter}), registries);
   registries.pendingTypeIds.insert("pending");
   return registries;
 }
@@ -68,8 +68,8 @@ INSTANTIATE_TEST_SUITE_P(
         REFUSED("EmptyTypeId", Dimension, Dimension(""), "Typeid must not be empty."),
         REFUSED("TakenByItself", Dimension, Dimension("dimension"),
                 "Schema with typeid dimension is already registered."),
-        REFUSED("TakenByAnotherKind", Factor, Factor("metre", one),
-                "Schema with typeid metre is already registered."),
+        REFUSED("TakenByAnotherKind", Factor, Factor("meter", one),
+                "Schema with typeid meter is already registered."),
         REFUSED("TakenByAPendingSchema", Quantity, Quantity("pending", "name", {}),
                 "Schema with typeid pending is already registered."),
         REFUSED("FactorZeroExponentBeforeMissing", Factor,
@@ -80,8 +80,8 @@ INSTANTIATE_TEST_SUITE_P(
         REFUSED("FactorParentBeforeTypeId", Factor,
                 Factor("factor", FactorComponent(Powers{{"a", 1}})), "Parent factor a not found."),
         REFUSED("FactorParentOfAnotherKind", Factor,
-                Factor("new", FactorComponent(Powers{{"metre", 1}})),
-                "Parent factor metre not found."),
+                Factor("new", FactorComponent(Powers{{"meter", 1}})),
+                "Parent factor meter not found."),
         REFUSED("UnitNameFirst", Unit, derivedFrom({}, one, ""), "Unit new has an empty name."),
         REFUSED("AbsoluteOnUnknown", Unit,
                 Unit("new", "name", System::Metric, AbsoluteUnitComponent("x", 0.0)),
@@ -99,17 +99,17 @@ INSTANTIATE_TEST_SUITE_P(
                 derivedFrom({{"b", 1}}, FactorComponent(Powers{{"factor", 0}})),
                 "Could not find relative unit with typeid b."),
         REFUSED("DerivedFactorZeroExponent", Unit,
-                derivedFrom({{"metre", 1}}, FactorComponent(Powers{{"a", 1}, {"factor", 0}})),
+                derivedFrom({{"meter", 1}}, FactorComponent(Powers{{"a", 1}, {"factor", 0}})),
                 zeroExponent),
         REFUSED("DerivedFactorMissing", Unit,
-                derivedFrom({{"metre", 1}}, FactorComponent(Powers{{"factor", 1}, {"g", 1}})),
+                derivedFrom({{"meter", 1}}, FactorComponent(Powers{{"factor", 1}, {"g", 1}})),
                 "Parent factor g not found."),
         REFUSED("UnknownDimension", Unit,
-                Unit("new", "name", System::Metric, PrimitiveUnitComponent(Dimension("metre"))),
-                "Could not find dimension metre for primitive unit new."),
+                Unit("new", "name", System::Metric, PrimitiveUnitComponent(Dimension("meter"))),
+                "Could not find dimension meter for primitive unit new."),
         REFUSED("SymbolMustBeSpecialBeforeItsUnit", Symbol, Symbol("new", derivedFrom({}), {}),
                 "Symbol new must be a prefix or suffix."),
-        REFUSED("SpecialKeyIsCaseSensitive", Symbol, Symbol(":feetandInches-1.0", metre, {}),
+        REFUSED("SpecialKeyIsCaseSensitive", Symbol, Symbol(":feetandInches-1.0", meter, {}),
                 "Symbol :feetandInches-1.0 must be a prefix or suffix."),
         REFUSED("SymbolOfUnknownUnit", Symbol, Symbol("a:feetHyphenInches-1", derivedFrom({}), {}),
                 "Could not find unit new for symbol a:feetHyphenInches-1."),
@@ -119,27 +119,27 @@ INSTANTIATE_TEST_SUITE_P(
         REFUSED("QuantityNameFirst", Quantity, Quantity("", "", {derivedFrom({})}),
                 "Quantity  has an empty name."),
         REFUSED("QuantityFirstUnknownUnit", Quantity,
-                Quantity("new", "name", {metre, derivedFrom({})}),
+                Quantity("new", "name", {meter, derivedFrom({})}),
                 "Could not find unit new for quantity new.")),
     [](const auto& row) { return row.param.name; });
 
 TEST(AddRecord, StoresTheEnginesOwnUnits) {
   Registries registries = filled();
-  const Unit impostor("metre", "impostor", System::Imperial, AbsoluteUnitComponent("x", 1.0));
+  const Unit impostor("meter", "impostor", System::Imperial, AbsoluteUnitComponent("x", 1.0));
   addSymbol(Symbol("a:metersAndCentimeters-1.0.0", impostor, {}), registries);
-  addQuantity(Quantity("twice", "name", {impostor, metre, impostor}), registries);
+  addQuantity(Quantity("twice", "name", {impostor, meter, impostor}), registries);
 
   const Symbol& symbol = registries.symbols.objects.records().at("a:metersAndCentimeters-1.0.0");
-  EXPECT_EQ(symbol.getUnit().getName(), "metre");
+  EXPECT_EQ(symbol.getUnit().getName(), "meter");
   const auto units = registries.quantities.objects.records().at("twice").getUnits();
   ASSERT_EQ(units.size(), 3u);
-  for (const Unit& unit : units) EXPECT_EQ(unit.getName(), "metre");
+  for (const Unit& unit : units) EXPECT_EQ(unit.getName(), "meter");
 }
 
 TEST(AddRecord, AcceptsWhatRestsOnStoredRecords) {
   Registries registries = filled();
   addFactor(Factor("f", FactorComponent(-0.0, {{"factor", -2}})), registries);
-  addUnit(derivedFrom({{"metre", -2147483647 - 1}}, FactorComponent(Powers{{"f", 3}})), registries);
+  addUnit(derivedFrom({{"meter", -2147483647 - 1}}, FactorComponent(Powers{{"f", 3}})), registries);
   addUnit(Unit("scale", "scale", System::Metric, AbsoluteUnitComponent("new", -1.0)), registries);
   addUnit(Unit("p", "p", System::Imperial, PrimitiveUnitComponent(Dimension("dimension"))),
           registries);

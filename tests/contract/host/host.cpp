@@ -85,20 +85,20 @@ struct CountingEngine : UnitsEngine {
 void useRecords(UnitsEngine& engine) {
   engine.addDimension(Dimension("length"));
   engine.addFactor(Factor("dozen", FactorComponent(12.0)));
-  const Unit metre("m", "metre", System::Metric,
+  const Unit meter("m", "meter", System::Metric,
                    PrimitiveUnitComponent(engine.getDimension("length")));
   const Unit inch("in", "inch", System::Imperial,
                   DerivedUnitComponent({{"m", 1}}, FactorComponent(0.0254)));
   const Unit foot("ft", "foot", System::Imperial,
                   DerivedUnitComponent({{"in", 1}}, FactorComponent({{"dozen", 1}})));
-  const Unit gauge("above", "metre above the quay", System::Metric,
+  const Unit gauge("above", "meter above the quay", System::Metric,
                    AbsoluteUnitComponent("m", 2.0));
-  for (const Unit& unit : {metre, inch, foot, gauge}) engine.addUnit(unit);
+  for (const Unit& unit : {meter, inch, foot, gauge}) engine.addUnit(unit);
   engine.addSymbol(Symbol("ft.sign", foot, PrefixOrSuffix("ft", Placement::Suffix, true)));
-  engine.addQuantity(Quantity("height", "height", {metre, foot}));
+  engine.addQuantity(Quantity("height", "height", {meter, foot}));
 
   expect(engine.convert(1.0, "ft", "m") == 0.0254 * 12.0, "a foot is twelve inches");
-  expect(engine.getUnit("ft") == foot && foot < metre, "units are compared by type id");
+  expect(engine.getUnit("ft") == foot && foot < meter, "units are compared by type id");
   expect(engine.getUnitsWithPrimitivePowers({{"m", 1}}).count("ft") == 1, "a foot is a length");
   expect(engine.getSymbolsOfUnit("ft").at("ft.sign").getPrefixOrSuffix()->getText() == "ft",
          "a symbol shows its text");
