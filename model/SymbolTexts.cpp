@@ -31,29 +31,39 @@ std::size_t commonLength(std::string_view a, std::string_view b) {
       a.begin());
 }
 
-/// The entry with the longest key that `text` begins with and that no letter follows there.
-///
-/// The greatest key that is not above `text` is that entry, or shares with `text` a beginning that
-/// is no shorter than the entry's key: so the search goes on with that beginning alone.
-const Symbol* longestEntry(const std::map<std::string_view, const Symbol*>& entries,
-                           std::string_view text) {
+std::size_t firstByte(std::string_view text) { return static_cast<unsigned char>(text.front()); }
+
+}  // namespace
+
+SymbolTexts::Key::Key(std::string_view shown) : text(shown) {
+  for (std::size_t i = 0; i < sizeof head; ++i)
+    head = head << 8 | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0u);
+}
+
+bool SymbolTexts::Key::operator<(const Key& other) const {
+  return head != other.head ? head < other.head : text < other.text;
+}
+
+/// The greatest key that is not above `text` is the one looked for, or shares with `text` a
+/// beginning that is no shorter than that one: so the search goes on with that beginning alone.
+const Symbol* SymbolTexts::Texts::longestAtStart(std::string_view text) const {
+  if (text.empty() || !firstBytes[firstByte(text)]) return nullptr;
   std::string_view beginning = text;
   while (true) {
-    const auto above = entries.upper_bound(beginning);
+    const auto above = entries.upper_bound(Key(beginning));
     if (above == entries.begin()) return nullptr;
     const auto& [key, symbol] = *std::prev(above);
-    const std::size_t common = commonLength(key, beginning);
-    if (common < key.size()) {
+    const std::size_t length = key.text.size();
+    const std::size_t common = commonLength(key.text, beginning);
+    if (common < length) {
       beginning = beginning.substr(0, common);
-    } else if (key.size() < text.size() && isLetter(text[key.size()])) {
-      beginning = beginning.substr(0, key.size() - 1);
+    } else if (length < text.size() && isLetter(text[length])) {
+      beginning = beginning.substr(0, length - 1);
     } else {
       return symbol;
     }
   }
 }
-
-}  // namespace
 
 SymbolTexts::SymbolTexts(const RecordMap<Symbol>& symbols) {
   for (const auto& [typeId, symbol] : symbols) add(symbol);
@@ -63,8 +73,10 @@ void SymbolTexts::add(const Symbol& symbol) {
   if (const PrefixOrSuffix* const decoration = RecordAccess::prefixOrSuffix(symbol)) {
     const std::string_view text = RecordAccess::text(*decoration);
     if (text.empty()) return;
-    const Symbol*& entry = texts_[indexOf(decoration->getPlacement())][text];
+    Texts& texts = texts_[indexOf(decoration->getPlacement())];
+    const Symbol*& entry = texts.entries[Key(text)];
     entry = earlier(entry, &symbol);
+    texts.firstBytes.set(firstByte(text));
     return;
   }
   for (std::size_t form = 0; form < composites_.size(); ++form)
@@ -74,13 +86,17 @@ void SymbolTexts::add(const Symbol& symbol) {
 
 void SymbolTexts::merge(SymbolTexts&& other) noexcept {
   for (std::size_t placement = 0; placement < texts_.size(); ++placement) {
-    texts_[placement].merge(other.texts_[placement]);
+    Texts& texts = texts_[placement];
+    Texts& added = other.texts_[placement];
+    texts.firstBytes |= added.firstBytes;
+    texts.entries.merge(added.entries);
     // What stayed behind shows a text that is here already.
-    for (const auto& [text, symbol] : other.texts_[placement]) {
-      const Symbol*& entry = texts_[placement].find(text)->second;
+    for (const auto& [key, symbol] : added.entries) {
+      const Symbol*& entry = texts.entries.find(key)->second;
       entry = earlier(entry, symbol);
     }
-    other.texts_[placement].clear();
+    added.entries.clear();
+    added.firstBytes.reset();
   }
   for (std::size_t form = 0; form < composites_.size(); ++form) {
     composites_[form] = earlier(composites_[form], other.composites_[form]);
@@ -90,9 +106,9 @@ void SymbolTexts::merge(SymbolTexts&& other) noexcept {
 
 const Symbol* SymbolTexts::longestAtStart(std::string_view text,
                                           std::optional<Placement> placement) const {
-  if (placement) return longestEntry(texts_[indexOf(*placement)], text);
-  const Symbol* const prefix = longestEntry(texts_[0], text);
-  const Symbol* const suffix = longestEntry(texts_[1], text);
+  if (placement) return texts_[indexOf(*placement)].longestAtStart(text);
+  const Symbol* const prefix = texts_[0].longestAtStart(text);
+  const Symbol* const suffix = texts_[1].longestAtStart(text);
   if (!prefix || !suffix) return prefix ? prefix : suffix;
   const std::size_t prefixLength = textOf(*prefix).size();
   const std::size_t suffixLength = textOf(*suffix).size();
@@ -103,8 +119,8 @@ const Symbol* SymbolTexts::longestAtStart(std::string_view text,
 const Symbol* SymbolTexts::withText(std::string_view text) const {
   const Symbol* found = nullptr;
   for (const Texts& texts : texts_) {
-    const auto entry = texts.find(text);
-    if (entry != texts.end()) found = earlier(found, entry->second);
+    const auto entry = texts.entries.find(Key(text));
+    if (entry != texts.entries.end()) found = earlier(found, entry->second);
   }
   return found;
 }

@@ -4,6 +4,9 @@
 #include "model/SpecialSymbols.h"
 
 #include <array>
+#include <bitset>
+#include <cstddef>
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <string_view>
@@ -40,11 +43,26 @@ class SymbolTexts {
   const Symbol* composite(CompositeForm form) const;
 
  private:
-  using Texts = std::map<std::string_view, const Symbol*>;
+  /// A text in byte order. Most comparisons end with its first bytes, read as one number.
+  struct Key {
+    explicit Key(std::string_view shown);
+    bool operator<(const Key& other) const;
+
+    std::uint64_t head = 0;  // the first eight bytes; zeros for those that there are not
+    std::string_view text;
+  };
+
+  /// What the symbols of one placement show.
+  struct Texts {
+    const Symbol* longestAtStart(std::string_view text) const;
+
+    std::map<Key, const Symbol*> entries;  // keys are views of the records' texts
+    std::bitset<256> firstBytes;           // of all of them
+  };
 
   void add(const Symbol& symbol);
 
-  std::array<Texts, 2> texts_;  // by placement; keys are views of the records' texts
+  std::array<Texts, 2> texts_;  // by placement
   std::array<const Symbol*, specialSymbolKeys.size()> composites_ = {};
 };
 
