@@ -78,8 +78,14 @@ JSON resolvePropertyValue(const JSON& property, ExceptionFactory& factory) {
   return property.getMember("typedValue");
 }
 
-bool isOfKind(const SchemaHeader& header, const std::string& kindWord) {
-  return header.baseTypeId.find(":" + kindWord + "-1.") != std::string::npos;
+bool isOfKind(const SchemaHeader& header, std::string_view kindWord) {
+  constexpr std::string_view version = "-1.";
+  const std::string_view base = header.baseTypeId;
+  for (auto word = base.find(kindWord); word != base.npos; word = base.find(kindWord, word + 1))
+    if (word > 0 && base[word - 1] == ':' &&
+        base.substr(word + kindWord.size(), version.size()) == version)
+      return true;
+  return false;
 }
 
 }  // namespace Units

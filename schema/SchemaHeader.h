@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// What all schema documents have in common, whatever kind of definition they hold:
@@ -44,6 +45,6 @@ JSON resolvePropertyValue(const JSON& property, ExceptionFactory& factory);
 
 /// Whether a schema instantiates the base of a kind: its base id contains ":" + kindWord + "-1.",
 /// whatever stands before, and whatever minor version follows.
-bool isOfKind(const SchemaHeader& header, const std::string& kindWord);
+bool isOfKind(const SchemaHeader& header, std::string_view kindWord);
 
 }  // namespace Units
