@@ -44,7 +44,8 @@ std::string UnitsEngineImpl::formatFractional(double value, unsigned char precis
 double UnitsEngineImpl::evaluateExpressionInUnit(std::string unitTypeId, std::string formula,
                                                  VariableResolver resolver) const {
   const Unit& unit = lookUp(registries_.units.objects, unitTypeId);
-  return ::evaluateExpressionInUnit(unit, formula, resolver, registries_.symbolTexts, *this);
+  return ::evaluateExpressionInUnit(unit, formula, std::move(resolver), registries_.symbolTexts,
+                                    *this);
 }
 
 double UnitsEngineImpl::evaluateExpressionInUnit(std::string unitTypeId,
@@ -54,7 +55,7 @@ double UnitsEngineImpl::evaluateExpressionInUnit(std::string unitTypeId,
 
 double UnitsEngineImpl::evaluateUnitlessExpression(std::string formula,
                                                    VariableResolver resolver) const {
-  return ::evaluateUnitlessExpression(formula, resolver, registries_.symbolTexts, *this);
+  return ::evaluateUnitlessExpression(formula, std::move(resolver), registries_.symbolTexts, *this);
 }
 
 double UnitsEngineImpl::evaluateUnitlessExpression(std::string formula) const {
@@ -173,13 +174,9 @@ bool UnitsEngineImpl::arePowersCompatible(PrimitivePowers a, PrimitivePowers b,
 }
 
 void UnitsEngineImpl::reduceValue(const Unit& unit, double& value, UnitPowerMap& powers) const {
-  Reducer reducer;
-  const ReducedUnit reduced =
-      reducer.reduce(lookUpNode(registries_.units.objects, RecordAccess::typeId(unit)));
-  value = (reduced.offset + value) * reduced.factor;
-  powers.clear();
-  for (const auto& [primitive, exponent] : reduced.powers)
-    powers.emplace(RecordAccess::typeId(*primitive->record), exponent);
+  UnitPowers inPlace;
+  value = reduceToPrimitives(value, unit, *this, inPlace);
+  powers = toUnitPowerMap(inPlace);
 }
 
 const FunctionMap& UnitsEngineImpl::getFunctionMap() const { return functionMap_; }
@@ -189,5 +186,19 @@ const BinaryOperatorMap& UnitsEngineImpl::getBinaryOperatorMap() const {
 }
 
 const UnaryOperatorMap& UnitsEngineImpl::getUnaryOperatorMap() const { return unaryOperatorMap_; }
+
+void UnitsEngineImpl::reduceInPlace(const Unit& unit, double& factor, double& offset,
+                                    UnitPowers& powers) const {
+  Reducer reducer;
+  const ReducedUnit reduced =
+      reducer.reduce(lookUpNode(registries_.units.objects, RecordAccess::typeId(unit)));
+  factor = reduced.factor;
+  offset = reduced.offset;
+  powers.clear();
+  powers.reserve(reduced.powers.size());
+  for (const auto& [primitive, exponent] : reduced.powers)
+    powers.push_back({&RecordAccess::typeId(*primitive->record), static_cast<double>(exponent)});
+  orderPowers(powers);
+}
 
 }  // namespace Units

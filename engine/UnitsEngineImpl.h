@@ -63,6 +63,8 @@ class UnitsEngineImpl final : public UnitsEngine, public UnitMath {
   const FunctionMap& getFunctionMap() const override;
   const BinaryOperatorMap& getBinaryOperatorMap() const override;
   const UnaryOperatorMap& getUnaryOperatorMap() const override;
+  void reduceInPlace(const Unit& unit, double& factor, double& offset,
+                     UnitPowers& powers) const override;
 
  private:
   Registries registries_;

@@ -12,11 +12,11 @@
 class EvaluatedValue {
  public:
   explicit EvaluatedValue(double number) : value(number) {}
-  EvaluatedValue(double number, const UnitPowerMap& lender) : value(number), lent_(&lender) {}
+  EvaluatedValue(double number, const UnitPowers& lender) : value(number), lent_(&lender) {}
 
-  const UnitPowerMap& units() const { return lent_ ? *lent_ : owned_; }
+  const UnitPowers& units() const { return lent_ ? *lent_ : owned_; }
 
-  UnitPowerMap& changeableUnits() {
+  UnitPowers& changeableUnits() {
     if (lent_) {
       owned_ = *lent_;
       lent_ = nullptr;
@@ -27,8 +27,8 @@ class EvaluatedValue {
   double value;
 
  private:
-  const UnitPowerMap* lent_ = nullptr;
-  UnitPowerMap owned_;  // empty while units are borrowed
+  const UnitPowers* lent_ = nullptr;
+  UnitPowers owned_;  // empty while units are borrowed
 };
 
 /// The operands that wait for their operator, the last one on top.

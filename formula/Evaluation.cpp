@@ -1,11 +1,13 @@
 #include "formula/Evaluation.h"
 
 #include "formula/FormulaParser.h"
+#include "model/CompatiblePowers.h"
 
 #include <TrelvonUnits/Exceptions.h>
 
 #include <cmath>
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -14,15 +16,19 @@ namespace {
   throw Units::ParseException("Unable to parse expression.");
 }
 
-double evaluate(std::string_view formula, VariableResolver resolver,
-                const Units::SymbolTexts& symbols, const Units::UnitMath& unitMath,
-                UnitPowerMap& units) {
+/// A formula's value, whose units may be borrowed from its tree.
+struct Evaluated {
   std::unique_ptr<Expression> root;
-  double value = 0;
-  if (!parseFormula(formula, root, symbols, unitMath, std::move(resolver)) ||
-      !root->evaluate(value, units))
-    throwUnableToParse();
-  return value;
+  EvaluatedValue result;
+};
+
+Evaluated evaluate(std::string_view formula, VariableResolver resolver,
+                   const Units::SymbolTexts& symbols, const Units::UnitMath& unitMath) {
+  std::unique_ptr<Expression> root;
+  if (!parseFormula(formula, root, symbols, unitMath, std::move(resolver))) throwUnableToParse();
+  std::optional<EvaluatedValue> result = root->compute();
+  if (!result) throwUnableToParse();
+  return {std::move(root), std::move(*result)};
 }
 
 }  // namespace
@@ -30,16 +36,17 @@ double evaluate(std::string_view formula, VariableResolver resolver,
 double evaluateExpressionInUnit(const Units::Unit& unit, std::string_view formula,
                                 VariableResolver resolver, const Units::SymbolTexts& symbols,
                                 const Units::UnitMath& unitMath) {
-  UnitPowerMap units;
-  const double value = evaluate(formula, std::move(resolver), symbols, unitMath, units);
+  const Evaluated evaluated = evaluate(formula, std::move(resolver), symbols, unitMath);
+  const double value = evaluated.result.value;
+  const UnitPowers& units = evaluated.result.units();
   if (units.empty()) return value;
 
   double factor = 1;
   double offset = 0;
-  Units::PrimitivePowers powers;
-  unitMath.reduceUnit(unit, factor, offset, powers);
+  UnitPowers powers;
+  unitMath.reduceInPlace(unit, factor, offset, powers);
   bool inverted = false;
-  if (!unitMath.arePowersCompatible(truncatePowers(units), std::move(powers), inverted))
+  if (!Units::arePowersCompatible(truncatePowers(units), truncatePowers(powers), inverted))
     throwUnableToParse();
   return (inverted ? std::pow(value, -1.0) : value) / factor - offset;
 }
@@ -47,10 +54,10 @@ double evaluateExpressionInUnit(const Units::Unit& unit, std::string_view formul
 double evaluateUnitlessExpression(std::string_view formula, VariableResolver resolver,
                                   const Units::SymbolTexts& symbols,
                                   const Units::UnitMath& unitMath) {
-  UnitPowerMap units;
-  const double value = evaluate(formula, std::move(resolver), symbols, unitMath, units);
-  if (!units.empty()) throw Units::ParseException("Expression must be unitless.");
-  return value;
+  const Evaluated evaluated = evaluate(formula, std::move(resolver), symbols, unitMath);
+  if (!evaluated.result.units().empty())
+    throw Units::ParseException("Expression must be unitless.");
+  return evaluated.result.value;
 }
 
 std::string rejectIdentifier(const std::string& identifier) {

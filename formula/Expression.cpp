@@ -3,15 +3,20 @@
 #include <utility>
 
 bool Expression::evaluate(double& value, UnitPowerMap& units) const {
+  const std::optional<EvaluatedValue> result = compute();
+  if (!result) return false;
+  value = result->value;
+  units = toUnitPowerMap(result->units());
+  return true;
+}
+
+std::optional<EvaluatedValue> Expression::compute() const {
   EvaluatedValues values;
   values.reserve(4);  // as many as most formulas need at once
   for (const Expression* node = first_;; node = node->next_) {
-    if (!node->apply(values)) return false;
-    if (node == this) break;
+    if (!node->apply(values)) return std::nullopt;
+    if (node == this) return std::move(values.back());
   }
-  value = values.back().value;
-  units = std::move(values.back().changeableUnits());
-  return true;
 }
 
 void Expression::linkOperand(Expression& operand) {

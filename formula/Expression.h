@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 /// Which class a node is of.
 enum class ExpressionKind : std::int32_t {
@@ -33,6 +34,9 @@ class Expression {
   ///          an argument outside a function's domain, an overflow.
   /// @throws Units::ParseException  a rule that the formula's author must be told about is broken.
   virtual bool evaluate(double& value, UnitPowerMap& units) const;
+
+  /// The same in one result, which may borrow from the tree: empty for false.
+  std::optional<EvaluatedValue> compute() const;
 
   Expression(const Expression&) = delete;
   Expression& operator=(const Expression&) = delete;

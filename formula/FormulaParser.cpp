@@ -20,8 +20,7 @@ namespace {
 bool endsInSeparator(const Units::Symbol* symbol) {
   const Units::PrefixOrSuffix* const shown =
       symbol ? Units::RecordAccess::prefixOrSuffix(*symbol) : nullptr;
-  return shown &&
-         tokenSeparators.find(Units::RecordAccess::text(*shown).back()) != std::string_view::npos;
+  return shown && isSeparator(Units::RecordAccess::text(*shown).back());
 }
 
 }  // namespace
@@ -69,21 +68,32 @@ bool FormulaParser::finish(std::unique_ptr<Expression>& expressionOut) {
 }
 
 bool FormulaParser::takeOperator(std::string_view spelling) {
-  const FormulaUnaryOperator unary = unitMath_.getUnaryOperatorMap().find(spelling);
-  const FormulaBinaryOperator binary = unitMath_.getBinaryOperatorMap().find(spelling);
-  if (unary == FormulaUnaryOperator::None && binary == FormulaBinaryOperator::None)
-    throwUnexpectedParseError();
+  const bool isBinary = state_ == State::AfterOperand;
+  return isBinary ? takeBinaryOperator(spelling) : takeUnaryOperator(spelling);
+}
 
-  if (state_ == State::AfterOperand) {
-    if (binary == FormulaBinaryOperator::None) return false;
-    auto node = std::make_unique<BinaryOperatorExpression>(binary);
-    reduceOperators(operands_, operators_, getPriority(*node));
-    operators_.push_back(std::move(node));
-    state_ = State::BeforeOperand;
-  } else {
-    if (unary == FormulaUnaryOperator::None) return false;
-    operators_.push_back(std::make_unique<UnaryOperatorExpression>(unary));
+bool FormulaParser::takeBinaryOperator(std::string_view spelling) {
+  const FormulaBinaryOperator op = unitMath_.getBinaryOperatorMap().find(spelling);
+  if (op == FormulaBinaryOperator::None) {
+    if (unitMath_.getUnaryOperatorMap().find(spelling) == FormulaUnaryOperator::None)
+      throwUnexpectedParseError();
+    return false;
   }
+  auto node = std::make_unique<BinaryOperatorExpression>(op);
+  reduceOperators(operands_, operators_, getPriority(*node));
+  operators_.push_back(std::move(node));
+  state_ = State::BeforeOperand;
+  return true;
+}
+
+bool FormulaParser::takeUnaryOperator(std::string_view spelling) {
+  const FormulaUnaryOperator op = unitMath_.getUnaryOperatorMap().find(spelling);
+  if (op == FormulaUnaryOperator::None) {
+    if (unitMath_.getBinaryOperatorMap().find(spelling) == FormulaBinaryOperator::None)
+      throwUnexpectedParseError();
+    return false;
+  }
+  operators_.push_back(std::make_unique<UnaryOperatorExpression>(op));
   return true;
 }
 

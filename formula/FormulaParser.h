@@ -7,6 +7,7 @@
 
 #include <TrelvonUnits/VariableResolver.h>
 
+#include <cstddef>
 #include <memory>
 #include <string_view>
 
@@ -24,7 +25,11 @@ bool parseFormula(std::string_view text, std::unique_ptr<Expression>& expression
 class FormulaParser {
  public:
   FormulaParser(const Units::SymbolTexts& symbols, const Units::UnitMath& unitMath)
-      : symbols_(symbols), unitMath_(unitMath) {}
+      : symbols_(symbols), unitMath_(unitMath) {
+    constexpr std::size_t many = 8;  // as many as most formulas need at once
+    operands_.reserve(many);
+    operators_.reserve(many);
+  }
 
   /// False when no formula goes on like this.
   bool take(const FormulaToken& token);
@@ -40,6 +45,8 @@ class FormulaParser {
   };
 
   bool takeOperator(std::string_view spelling);
+  bool takeBinaryOperator(std::string_view spelling);
+  bool takeUnaryOperator(std::string_view spelling);
   bool takeFunction(std::string_view name);
   bool takeNumber(const FormulaToken& token);
   bool takeUnitSymbol(std::string_view text);

@@ -5,7 +5,6 @@
 
 #include <TrelvonUnits/Exceptions.h>
 
-#include <algorithm>
 #include <optional>
 #include <string>
 #include <utility>
@@ -13,12 +12,15 @@
 namespace {
 
 std::size_t countLeadingSeparators(std::string_view text) {
-  return std::min(text.find_first_not_of(tokenSeparators), text.size());
+  std::size_t count = 0;
+  while (count < text.size() && isSeparator(text[count])) ++count;
+  return count;
 }
 
 std::string_view trim(std::string_view text) {
   text.remove_prefix(countLeadingSeparators(text));
-  return text.substr(0, text.find_last_not_of(tokenSeparators) + 1);
+  while (!text.empty() && isSeparator(text.back())) text.remove_suffix(1);
+  return text;
 }
 
 }  // namespace

@@ -5,7 +5,8 @@
 NumberConstantExpression::NumberConstantExpression(double value, const Units::Symbol* symbol,
                                                    const Units::UnitMath& unitMath)
     : Expression(nodeKind), value_(value) {
-  if (symbol) unitMath.reduceValue(Units::RecordAccess::unit(*symbol), value_, units_);
+  if (symbol)
+    value_ = reduceToPrimitives(value, Units::RecordAccess::unit(*symbol), unitMath, units_);
 }
 
 bool NumberConstantExpression::apply(EvaluatedValues& values) const {

@@ -20,5 +20,5 @@ class NumberConstantExpression final : public Expression {
   void removeOperands(Removal&) noexcept override {}
 
   double value_;
-  UnitPowerMap units_;
+  UnitPowers units_;
 };

@@ -22,8 +22,8 @@ std::size_t longestSpelling(const Table& table, std::string_view text) {
 
 OperatorSearch::OperatorSearch(const Units::UnitMath& unitMath) : unitMath_(unitMath) {
   const auto take = [this](const std::string& spelling) {
-    std::size_t& longest = longest_[byteAt(spelling, 0)];
-    longest = std::max(longest, spelling.size());
+    Begins& begins = begins_[byteAt(spelling, 0)];
+    begins = std::max(begins, spelling.size() > 1 ? Begins::Longer : Begins::Byte);
   };
   for (const auto& entry : unitMath.getUnaryOperatorMap().spellings()) take(entry.first);
   for (const auto& entry : unitMath.getBinaryOperatorMap().spellings()) take(entry.first);
@@ -76,8 +76,8 @@ void OperatorSearch::findNext(std::string_view rest) {
 
 /// The length of the longest operator or parenthesis at a position; 0 if there is none.
 std::size_t OperatorSearch::lengthAt(std::string_view text, std::size_t position) const {
-  const std::size_t atMost = longest_[byteAt(text, position)];
-  if (atMost <= 1) return atMost;
+  const Begins begins = begins_[byteAt(text, position)];
+  if (begins != Begins::Longer) return begins == Begins::Byte ? 1 : 0;
   const std::string_view here = text.substr(position);
   const std::size_t longest = std::max(longestSpelling(unitMath_.getUnaryOperatorMap(), here),
                                        longestSpelling(unitMath_.getBinaryOperatorMap(), here));

@@ -27,6 +27,9 @@ class OperatorSearch {
   void restart();
 
  private:
+  /// By first byte: whether there are spellings, and whether any is longer than that byte.
+  enum class Begins : unsigned char { None, Byte, Longer };
+
   struct Found {
     std::size_t fromEnd;  // distance from the end of the text
     std::size_t length;
@@ -39,7 +42,7 @@ class OperatorSearch {
   std::size_t lengthAt(std::string_view text, std::size_t position) const;
 
   const Units::UnitMath& unitMath_;
-  std::array<std::size_t, 256> longest_ = {};  // by first byte, the length of the longest spelling
+  std::array<Begins, 256> begins_ = {};
   std::array<Found, reach> found_ = {};
   std::size_t count_ = 0;
   bool foundAll_ = false;

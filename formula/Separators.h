@@ -1,6 +1,4 @@
 #pragma once
 
-#include <string_view>
-
-/// What stands between tokens.
-inline constexpr std::string_view tokenSeparators = "\n \t";
+/// Whether a byte stands between tokens.
+inline bool isSeparator(char c) { return c == '\n' || c == ' ' || c == '\t'; }

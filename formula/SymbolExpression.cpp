@@ -24,7 +24,7 @@ bool SymbolExpression::apply(EvaluatedValues& values) const {
   EvaluatedValue& operand = values.back();
   if (!operand.units().empty())
     throw Units::ParseException("Unit symbol may be applied only to a unitless expression.");
-  unitMath_.reduceValue(Units::RecordAccess::unit(symbol_), operand.value,
-                        operand.changeableUnits());
+  operand.value = reduceToPrimitives(operand.value, Units::RecordAccess::unit(symbol_), unitMath_,
+                                     operand.changeableUnits());
   return true;
 }

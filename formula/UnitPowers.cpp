@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <stdexcept>
 
@@ -13,16 +14,19 @@ bool isGone(double exponent) {
   return !(std::fabs(exponent) >= Units::exponentEpsilon);  // holds for what is no number too
 }
 
-void addExponent(UnitPowerMap& powers, const std::string& typeId, double exponent) {
-  const auto place = powers.lower_bound(typeId);
-  const bool known = place != powers.end() && place->first == typeId;
-  const double sum = exponent + (known ? place->second : 0.0);
+void addExponent(UnitPowers& powers, const std::string* typeId, double exponent) {
+  const auto place = std::lower_bound(powers.begin(), powers.end(), typeId,
+                                      [](const UnitPower& power, const std::string* id) {
+                                        return std::less<>()(power.typeId, id);
+                                      });
+  const bool known = place != powers.end() && place->typeId == typeId;
+  const double sum = exponent + (known ? place->exponent : 0.0);
   if (isGone(sum)) {
     if (known) powers.erase(place);
   } else if (known) {
-    place->second = sum;
+    place->exponent = sum;
   } else {
-    powers.emplace_hint(place, typeId, sum);
+    powers.insert(place, {typeId, sum});
   }
 }
 
@@ -36,37 +40,49 @@ int truncate(double exponent) {
 
 }  // namespace
 
-bool doPowersMatch(const UnitPowerMap& a, const UnitPowerMap& b) {
-  return a.size() == b.size() &&
-         std::equal(a.begin(), a.end(), b.begin(), [](const auto& left, const auto& right) {
-           return left.first == right.first && Units::areNearlyEqual(left.second, right.second);
-         });
+void orderPowers(UnitPowers& powers) {
+  std::sort(powers.begin(), powers.end(), [](const UnitPower& a, const UnitPower& b) {
+    return std::less<>()(a.typeId, b.typeId);
+  });
 }
 
-void multiplyPowers(UnitPowerMap& left, const UnitPowerMap& right) {
+UnitPowerMap toUnitPowerMap(const UnitPowers& powers) {
+  UnitPowerMap byTypeId;
+  for (const auto& [typeId, exponent] : powers) byTypeId.emplace(*typeId, exponent);
+  return byTypeId;
+}
+
+bool doPowersMatch(const UnitPowers& a, const UnitPowers& b) {
+  return std::equal(
+      a.begin(), a.end(), b.begin(), b.end(), [](const UnitPower& left, const UnitPower& right) {
+        return left.typeId == right.typeId && Units::areNearlyEqual(left.exponent, right.exponent);
+      });
+}
+
+void multiplyPowers(UnitPowers& left, const UnitPowers& right) {
   for (const auto& [typeId, exponent] : right) addExponent(left, typeId, exponent);
 }
 
-void dividePowers(UnitPowerMap& left, const UnitPowerMap& right) {
+void dividePowers(UnitPowers& left, const UnitPowers& right) {
   for (const auto& [typeId, exponent] : right) addExponent(left, typeId, -exponent);
 }
 
-void raisePowers(UnitPowerMap& powers, double exponent) {
+void raisePowers(UnitPowers& powers, double exponent) {
   if (Units::isNearZero(exponent)) {
     powers.clear();
     return;
   }
-  for (auto& entry : powers) {
-    entry.second *= exponent;
-    if (isGone(entry.second))
+  for (UnitPower& power : powers) {
+    power.exponent *= exponent;
+    if (isGone(power.exponent))
       throw std::logic_error(
           "legacy code dbgWarn: Something funny is going on with units. Dresmond 22-Apr-2003");
   }
 }
 
-Units::PrimitivePowers truncatePowers(const UnitPowerMap& powers) {
-  Units::PrimitivePowers truncated;
-  for (const auto& [typeId, exponent] : powers)
-    truncated.emplace_hint(truncated.end(), typeId, truncate(exponent));
+std::vector<std::pair<const std::string*, int>> truncatePowers(const UnitPowers& powers) {
+  std::vector<std::pair<const std::string*, int>> truncated;
+  truncated.reserve(powers.size());
+  for (const auto& [typeId, exponent] : powers) truncated.emplace_back(typeId, truncate(exponent));
   return truncated;
 }

@@ -1,27 +1,40 @@
 #pragma once
 
-#include <TrelvonUnits/PrimitivePowers.h>
-
 #include <map>
 #include <string>
+#include <utility>
+#include <vector>
 
 /// The units of a formula's value: type id of a primitive unit to its exponent, which a root may
 /// make fractional. Empty means unitless.
 using UnitPowerMap = std::map<std::string, double>;
 
+/// The same while a formula is computed: each unit once, by its type id in the registry, where it
+/// stays, and ordered by that one's address, which is quick to compare.
+struct UnitPower {
+  const std::string* typeId;
+  double exponent;
+};
+using UnitPowers = std::vector<UnitPower>;
+
+/// Brings powers of different units into order.
+void orderPowers(UnitPowers& powers);
+
+UnitPowerMap toUnitPowerMap(const UnitPowers& powers);
+
 /// Whether values in these units may be added: the same entries, their exponents nearly equal.
-bool doPowersMatch(const UnitPowerMap& a, const UnitPowerMap& b);
+bool doPowersMatch(const UnitPowers& a, const UnitPowers& b);
 
 /// Adds the exponents of `right` to those of `left`. An exponent that cancels is taken out.
-void multiplyPowers(UnitPowerMap& left, const UnitPowerMap& right);
+void multiplyPowers(UnitPowers& left, const UnitPowers& right);
 
 /// Subtracts the exponents of `right` from those of `left`. An exponent that cancels is taken out.
-void dividePowers(UnitPowerMap& left, const UnitPowerMap& right);
+void dividePowers(UnitPowers& left, const UnitPowers& right);
 
 /// Multiplies every exponent by `exponent`; one that is near zero leaves no units.
 /// @throws std::logic_error  an exponent comes out as zero or as no number.
-void raisePowers(UnitPowerMap& powers, double exponent);
+void raisePowers(UnitPowers& powers, double exponent);
 
 /// Cuts exponents to integers, toward zero. One beyond 32 bits becomes the nearest that they hold;
 /// what is no number becomes 0.
-Units::PrimitivePowers truncatePowers(const UnitPowerMap& powers);
+std::vector<std::pair<const std::string*, int>> truncatePowers(const UnitPowers& powers);

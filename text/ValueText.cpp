@@ -24,7 +24,9 @@ struct Reading {
 };
 
 std::size_t countSpaces(std::string_view text) {
-  return std::min(text.find_first_not_of(' '), text.size());
+  std::size_t count = 0;
+  while (count < text.size() && text[count] == ' ') ++count;
+  return count;
 }
 
 /// `12.5`, `3 ft`
