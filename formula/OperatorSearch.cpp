@@ -66,6 +66,7 @@ void OperatorSearch::findNext(std::string_view rest) {
   std::size_t position =
       count_ == 0 ? 0 : rest.size() - found_[count_ - 1].fromEnd + found_[count_ - 1].length;
   for (; position < rest.size(); ++position) {
+    if (begins_[byteAt(rest, position)] == Begins::None) continue;
     const std::size_t length = lengthAt(rest, position);
     if (length == 0) continue;
     found_[count_++] = {rest.size() - position, length};
@@ -74,10 +75,10 @@ void OperatorSearch::findNext(std::string_view rest) {
   foundAll_ = true;
 }
 
-/// The length of the longest operator or parenthesis at a position; 0 if there is none.
+/// The length of the longest operator or parenthesis at a position where one may begin; 0 if there
+/// is none.
 std::size_t OperatorSearch::lengthAt(std::string_view text, std::size_t position) const {
-  const Begins begins = begins_[byteAt(text, position)];
-  if (begins != Begins::Longer) return begins == Begins::Byte ? 1 : 0;
+  if (begins_[byteAt(text, position)] == Begins::Byte) return 1;
   const std::string_view here = text.substr(position);
   const std::size_t longest = std::max(longestSpelling(unitMath_.getUnaryOperatorMap(), here),
                                        longestSpelling(unitMath_.getBinaryOperatorMap(), here));

@@ -16,15 +16,21 @@ bool isWhiteSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
+bool beginsDecimal(char c) { return isDigit(c) || c == '.'; }
+
+bool beginsHexadecimal(char c) {
+  return beginsDecimal(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+}
+
 struct Notation {
   std::chars_format format;
-  std::string_view firsts;        // what a number may begin with
+  bool (*mayBegin)(char c);       // whether a number may begin so
   std::string_view exponentMark;  // in both cases
   int exponentPerDigit;           // what one digit more before the point adds to the exponent
 };
 
-constexpr Notation decimal = {std::chars_format::general, ".0123456789", "eE", 1};
-constexpr Notation hexadecimal = {std::chars_format::hex, ".0123456789abcdefABCDEF", "pP", 4};
+constexpr Notation decimal = {std::chars_format::general, beginsDecimal, "eE", 1};
+constexpr Notation hexadecimal = {std::chars_format::hex, beginsHexadecimal, "pP", 4};
 
 /// Whether a number too far from 1 for any double is too large, rather than too small.
 bool isTooLarge(std::string_view number, const Notation& notation) {
@@ -43,7 +49,7 @@ bool isTooLarge(std::string_view number, const Notation& notation) {
 }
 
 LeadingNumber readUnsigned(std::string_view text, const Notation& notation) {
-  if (text.empty() || notation.firsts.find(text.front()) == std::string_view::npos) return {};
+  if (text.empty() || !notation.mayBegin(text.front())) return {};
   double value = 0.0;
   const auto [end, error] =
       std::from_chars(text.data(), text.data() + text.size(), value, notation.format);
@@ -96,12 +102,13 @@ void appendFixed(std::string& out, double value, unsigned char decimalPlaces) {
   char digits[mostWholeDigits + 1 + mostPlaces];
   const auto written = std::to_chars(std::begin(digits), std::end(digits), std::fabs(value),
                                      std::chars_format::fixed, decimalPlaces);
-  out.append(digits, written.ptr);
+  out.append(digits, static_cast<std::size_t>(written.ptr - digits));
 }
 
 void appendWhole(std::string& out, std::uint64_t value) {
   char digits[std::numeric_limits<std::uint64_t>::digits10 + 1];
-  out.append(digits, std::to_chars(std::begin(digits), std::end(digits), value).ptr);
+  const auto written = std::to_chars(std::begin(digits), std::end(digits), value);
+  out.append(digits, static_cast<std::size_t>(written.ptr - digits));
 }
 
 }  // namespace Units

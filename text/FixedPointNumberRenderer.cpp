@@ -2,14 +2,13 @@
 
 #include "text/ClassicNumber.h"
 
-#include <cmath>
 #include <cstddef>
 
 namespace Units {
 
 void FixedPointNumberRenderer::render(std::string& out, double value, bool& negative) const {
   const std::size_t start = out.size();
-  appendFixed(out, roundToStep(value, std::pow(10.0, -precision_), negative), precision_);
+  appendFixed(out, roundToStep(value, steps[precision_], negative), precision_);
   if (!trimTrailingZeros_ || out.find('.', start) == std::string::npos) return;
   out.erase(out.find_last_not_of('0') + 1);
   if (out.back() == '.') out.pop_back();

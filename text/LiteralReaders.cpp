@@ -33,8 +33,10 @@ bool stripLeadingWord(std::string_view& text, const Words& words) {
   stripSpaces(rest);
   if (rest.empty()) return false;
   std::size_t longest = 0;
-  for (const std::string_view word : words)
+  for (const std::string_view word : words) {
+    if (word.empty()) break;
     if (word.size() > longest && beginsWithWord(rest, word)) longest = word.size();
+  }
   if (longest == 0) return false;
   text = rest.substr(longest);
   return true;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 namespace Units {
 
@@ -75,7 +76,10 @@ std::string formatCompositeSymbol(double value, const std::string& symbolTypeId,
   for (std::size_t i = 0; i + 1 < split.count; ++i) {
     const CompositePart& part = split.parts[i];
     if (part.negative) text += '-';
-    appendFixed(text, part.whole, 0);
+    if (part.whole < 0x1p64)
+      appendWhole(text, static_cast<std::uint64_t>(part.whole));
+    else
+      appendFixed(text, part.whole, 0);
     text += part.mark;
     text += ' ';
   }

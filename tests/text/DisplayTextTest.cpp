@@ -2,6 +2,7 @@
 #include "tests/support/Messages.h"
 #include "tests/text/TextSymbols.h"
 #include "text/DisplayText.h"
+#include "text/FixedPointNumberRenderer.h"
 
 #include <gtest/gtest.h>
 
@@ -105,6 +106,11 @@ TEST_F(DisplayText, RefusesPrecisionsFirst) {
             "Could not find symbol with typeid unknown.");
   EXPECT_EQ(missing({5, Style::Fixed, 12, "none"}),
             "Could not find special symbol with typeid none.");
+}
+
+TEST(FixedPointNumberRenderer, StepsByPowersOfTen) {
+  for (int places = 0; places <= FixedPointNumberRenderer::maximumPrecision; ++places)
+    EXPECT_EQ(FixedPointNumberRenderer::steps[places], std::pow(10.0, -places));
 }
 
 TEST_F(DisplayText, AllocatesNothingButTheText) {
