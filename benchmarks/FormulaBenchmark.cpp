@@ -1,9 +1,13 @@
-/// Typical formulas, and how the cost of one grows with its length.
+/// Typical formulas, how the cost of one grows with its length, and display text. Beside them stand
+/// what they are measured by: reading the numbers of a formula alone, and writing a number alone.
 #include "benchmarks/Catalogue.h"
 
 #include <benchmark/benchmark.h>
 
 #include <cstddef>
+#include <cstdio>
+#include <cstdlib>
+#include <iterator>
 
 namespace {
 
@@ -34,15 +38,68 @@ void Typical(benchmark::State& state) {
 }
 BENCHMARK(Typical)->DenseRange(0, std::size(rows) - 1);
 
-/// A sum of as many terms; the counter is nanoseconds a term.
-void Sum(benchmark::State& state) {
-  std::string formula = "1";
-  for (auto terms = state.range(0); terms > 1; --terms) formula += "+1";
+void NumbersAlone(benchmark::State& state) {
+  const Row& row = rows[static_cast<std::size_t>(state.range(0))];
+  state.SetLabel(row.formula);
+  for (auto _ : state)
+    for (const char* next = row.formula; *next != '\0';) {
+      char* end = nullptr;
+      benchmark::DoNotOptimize(std::strtod(next, &end));
+      next = end == next ? next + 1 : end;
+      while (*next != '\0' && (*next < '0' || *next > '9')) ++next;
+    }
+}
+BENCHMARK(NumbersAlone)->DenseRange(0, std::size(rows) - 1);
+
+void Literal(benchmark::State& state) {
+  const std::string in = unit("foot");
+  for (auto _ : state) benchmark::DoNotOptimize(catalogue().evaluateExpressionInUnit(in, "2.5 ft"));
+}
+BENCHMARK(Literal);
+
+/// The counter is nanoseconds for each of as many repeated parts.
+void evaluateRepeated(benchmark::State& state, const std::string& formula) {
   for (auto _ : state) benchmark::DoNotOptimize(catalogue().evaluateUnitlessExpression(formula));
-  state.counters["perTerm"] = benchmark::Counter(
+  state.counters["each"] = benchmark::Counter(
       static_cast<double>(state.range(0)),
       benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
+
+void Sum(benchmark::State& state) {
+  std::string formula = "1";
+  for (auto terms = state.range(0); terms > 1; --terms) formula += "+1";
+  evaluateRepeated(state, formula);
+}
 BENCHMARK(Sum)->RangeMultiplier(10)->Range(1000, 1000000);
+
+void Parentheses(benchmark::State& state) {
+  const auto depth = static_cast<std::size_t>(state.range(0));
+  evaluateRepeated(state, std::string(depth, '(') + "1" + std::string(depth, ')'));
+}
+BENCHMARK(Parentheses)->RangeMultiplier(10)->Range(1000, 1000000);
+
+void FormatFixedPoint(benchmark::State& state) {
+  const std::string symbol = "trelvon.symbol:foot-1.0.0";
+  for (auto _ : state)
+    benchmark::DoNotOptimize(catalogue().formatFixedPoint(1234.5678, 2, &symbol, true));
+}
+BENCHMARK(FormatFixedPoint);
+
+void FormatFeetAndInches(benchmark::State& state) {
+  const std::string symbol = "trelvon.symbol:feetAndInches-1.0.0";
+  for (auto _ : state)
+    benchmark::DoNotOptimize(catalogue().formatFractional(1234.53125, 4, &symbol));
+}
+BENCHMARK(FormatFeetAndInches);
+
+void NumberAlone(benchmark::State& state) {
+  double value = 1234.5678;
+  for (auto _ : state) {
+    char text[32];
+    benchmark::DoNotOptimize(value);
+    benchmark::DoNotOptimize(std::snprintf(text, sizeof text, "%.2f", value));
+  }
+}
+BENCHMARK(NumberAlone);
 
 }  // namespace
