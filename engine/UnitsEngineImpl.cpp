@@ -1,6 +1,7 @@
 #include "engine/UnitsEngineImpl.h"
 
 #include "engine/Conversion.h"
+#include "engine/FormulaMath.h"
 #include "engine/Reduction.h"
 #include "engine/UnitQueries.h"
 #include "formula/Evaluation.h"
@@ -45,7 +46,7 @@ double UnitsEngineImpl::evaluateExpressionInUnit(std::string unitTypeId, std::st
                                                  VariableResolver resolver) const {
   const Unit& unit = lookUp(registries_.units.objects, unitTypeId);
   return ::evaluateExpressionInUnit(unit, formula, std::move(resolver), registries_.symbolTexts,
-                                    *this);
+                                    FormulaMath(*this, registries_.units.objects));
 }
 
 double UnitsEngineImpl::evaluateExpressionInUnit(std::string unitTypeId,
@@ -55,7 +56,8 @@ double UnitsEngineImpl::evaluateExpressionInUnit(std::string unitTypeId,
 
 double UnitsEngineImpl::evaluateUnitlessExpression(std::string formula,
                                                    VariableResolver resolver) const {
-  return ::evaluateUnitlessExpression(formula, std::move(resolver), registries_.symbolTexts, *this);
+  return ::evaluateUnitlessExpression(formula, std::move(resolver), registries_.symbolTexts,
+                                      FormulaMath(*this, registries_.units.objects));
 }
 
 double UnitsEngineImpl::evaluateUnitlessExpression(std::string formula) const {
@@ -194,11 +196,7 @@ void UnitsEngineImpl::reduceInPlace(const Unit& unit, double& factor, double& of
       reducer.reduce(lookUpNode(registries_.units.objects, RecordAccess::typeId(unit)));
   factor = reduced.factor;
   offset = reduced.offset;
-  powers.clear();
-  powers.reserve(reduced.powers.size());
-  for (const auto& [primitive, exponent] : reduced.powers)
-    powers.push_back({&RecordAccess::typeId(*primitive->record), static_cast<double>(exponent)});
-  orderPowers(powers);
+  toUnitPowers(reduced.powers, powers);
 }
 
 }  // namespace Units
