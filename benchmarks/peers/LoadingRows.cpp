@@ -1,0 +1,98 @@
+/// What a start costs: schema texts, folders, and the memory that definitions take.
+#include "benchmarks/SchemaTexts.h"
+#include "benchmarks/peers/Turns.h"
+
+#include <malloc.h>
+#include <rapidjson/document.h>
+
+#include <cstddef>
+#include <utility>
+
+namespace peers {
+
+namespace {
+
+std::shared_ptr<Units::UnitsEngine> loadFolders() {
+  std::shared_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());
+  Schemas::SchemaUtility::addDefinitionsFromFolder(TRELVON_SCHEMAS, *engine);
+  return engine;
+}
+
+std::size_t countIn(const Units::UnitsEngine& engine) {
+  return engine.getDimensions().size() + engine.getFactors().size() + engine.getUnits().size() +
+         engine.getSymbols().size() + engine.getQuantities().size();
+}
+
+Side loading(Texts texts) {
+  const auto count = static_cast<double>(texts.size());
+  check(countIn(*load(texts)) == texts.size(), "a load that leaves out definitions");
+  return {[texts = std::move(texts)] { return load(texts); }, count};
+}
+
+Sides besideRapidJson() {
+  const Texts texts = readCatalogue();
+  return {loading(texts),
+          {[texts] {
+             for (const std::string& text : texts) {
+               rapidjson::Document document;
+               document.Parse(text.c_str());
+               keep(&document);
+             }
+             return Leftover();
+           },
+           static_cast<double>(texts.size())}};
+}
+
+/// Units in chains of ten.
+Texts manyTexts(int count) {
+  const auto name = [](int number) {
+    return "company.unit:ours" + std::to_string(number) + "-1.0.0";
+  };
+  Texts texts = {R"({"typeid":")" + name(0) +
+                 R"(","inherits":["vellamor.unit:unit.primitive-1.0.0"],"constants":[)"
+                 R"({"id":"name","value":"ours"},{"id":"unitSystem","value":"Metric"}]})"};
+  for (int number = 1; number < count; ++number)
+    texts.push_back(R"({"typeid":")" + name(number) +
+                    R"(","inherits":["vellamor.unit:unit.derived-1.0.0"],"constants":[)"
+                    R"({"id":"name","value":"ours"},{"id":"unitSystem","value":"Metric"},)"
+                    R"({"id":"factor","value":2.5},{"id":"parentUnits","value":{")" +
+                    name(number % 10 == 0 ? 0 : number - 1) + R"(":1}}]})");
+  return texts;
+}
+
+Sides fromFolders() {
+  const Texts texts = readCatalogue();
+  check(countIn(*loadFolders()) == texts.size(), "folders that are not loaded whole");
+  return {{[] { return loadFolders(); }},
+          {[] { return std::make_shared<Texts>(readCatalogue()); }}};
+}
+
+Sides memory() {
+  const Texts texts = readCatalogue();
+  const auto inUse = [] {
+    const auto info = mallinfo2();
+    return static_cast<double>(info.uordblks + info.hblkhd);
+  };
+  const double before = inUse();
+  const auto engine = load(texts);
+  const double bytes = (inUse() - before) / static_cast<double>(texts.size());
+  return {{}, {}, bytes / 7000};
+}
+
+}  // namespace
+
+std::vector<Row> loadingRows() {
+  return {
+      {"loading schema texts, building included", "RapidJSON parsing the same bytes", Bound::AtMost,
+       5, 3.5, besideRapidJson},
+      {"loading, per schema, 100,000 schemas", "1,000 schemas", Bound::AtMost, 4, 2.5,
+       [] {
+         return Sides{loading(manyTexts(100000)), loading(manyTexts(1000))};
+       }},
+      {"the whole catalogue from its folders", "reading the same files alone", Bound::AtMost, 2.2,
+       1.7, fromFolders},
+      {"memory per definition", "7,000 bytes", Bound::AtMost, 1, 0.5, memory},
+  };
+}
+
+}  // namespace peers

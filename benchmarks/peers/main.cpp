@@ -1,0 +1,61 @@
+/// Times each work in turns with what it is held against, and prints a table.
+///   peers [PART OF A WORK'S NAME]
+#include "benchmarks/peers/Turns.h"
+
+#include <cstdio>
+#include <exception>
+
+namespace {
+
+constexpr int kRounds = 9;
+
+std::string limit(peers::Bound bound, double times) {
+  char text[64];
+  std::snprintf(text, sizeof text, bound == peers::Bound::Faster ? "%.3g times faster" : "%.3g",
+                times);
+  return text;
+}
+
+std::string duration(double nanoseconds) {
+  const char* const names[] = {"ns", "\xC2\xB5s", "ms"};
+  int scale = 0;
+  for (; scale < 2 && nanoseconds >= 1000; ++scale) nanoseconds /= 1000;
+  char text[64];
+  std::snprintf(text, sizeof text, "%.3g %s", nanoseconds, names[scale]);
+  return nanoseconds > 0 ? text : "";
+}
+
+void print(const peers::Row& row) {
+  std::string reached, ours, theirs;
+  try {
+    const peers::Reached result = peers::takeTurns(row.prepare(), kRounds);
+    const bool isFaster = row.bound == peers::Bound::Faster;
+    const double ratio = isFaster ? 1 / result.ratio : result.ratio;
+    const auto meets = [&](double times) { return isFaster ? ratio >= times : ratio <= times; };
+    reached = limit(row.bound, ratio) + (meets(row.aim)    ? ", the aim"
+                                         : meets(row.must) ? ", the must"
+                                                           : ", MISSED");
+    ours = duration(result.ours);
+    theirs = duration(result.theirs);
+  } catch (const peers::Skipped& reason) {
+    reached = std::string("skipped: ") + reason.what();
+  }
+  std::printf("| %s | %s | %s | %s | %s | %s | %s |\n", row.work.c_str(), row.against.c_str(),
+              limit(row.bound, row.must).c_str(), limit(row.bound, row.aim).c_str(),
+              reached.c_str(), ours.c_str(), theirs.c_str());
+  std::fflush(stdout);
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  const std::string part = count > 1 ? arguments[1] : "";
+  std::puts("| work | against | must | aim | reached | ours | theirs |\n|-|-|-|-|-|-|-|");
+  try {
+    for (const peers::Row& row : peers::allRows())
+      if (row.work.find(part) != std::string::npos) print(row);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return 1;
+  }
+}
