@@ -36,7 +36,7 @@ double median(std::vector<double> values) {
 }  // namespace
 
 Reached takeTurns(const Sides& sides, int rounds) {
-  if (sides.counted) return {*sides.counted, 0, 0};
+  if (sides.counted) return *sides.counted;
   const std::size_t ourCalls = callsOfARound(sides.ours);
   const std::size_t theirCalls = callsOfARound(sides.theirs);
   const double ourPieces = static_cast<double>(ourCalls) * sides.ours.pieces;

@@ -20,11 +20,18 @@ struct Side {
   double pieces = 1;
 };
 
+struct Reached {
+  double ratio;  // ours to theirs
+  double ours;   // a piece
+  double theirs;
+  const char* unit = "ns";
+};
+
 /// Both sides of a row, their answers already checked against each other.
 struct Sides {
   Side ours;
   Side theirs;
-  std::optional<double> counted = {};  // a ratio that is counted, not timed
+  std::optional<Reached> counted = {};  // there is nothing to time
 };
 
 /// How a row is judged: so many times faster than the other side, or at most so many of its times.
@@ -42,12 +49,6 @@ struct Row {
 /// Thrown by `prepare` when the other side is not installed.
 struct Skipped : std::runtime_error {
   using runtime_error::runtime_error;
-};
-
-struct Reached {
-  double ratio;  // ours to theirs
-  double ours;   // nanoseconds a piece
-  double theirs;
 };
 
 /// The medians of as many rounds, taken in turns.

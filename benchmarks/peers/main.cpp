@@ -16,13 +16,15 @@ std::string limit(peers::Bound bound, double times) {
   return text;
 }
 
-std::string duration(double nanoseconds) {
-  const char* const names[] = {"ns", "\xC2\xB5s", "ms"};
-  int scale = 0;
-  for (; scale < 2 && nanoseconds >= 1000; ++scale) nanoseconds /= 1000;
+std::string quantity(double amount, std::string unit) {
+  for (const char* larger : {"\xC2\xB5s", "ms"})
+    if (unit != "bytes" && amount >= 1000) {
+      amount /= 1000;
+      unit = larger;
+    }
   char text[64];
-  std::snprintf(text, sizeof text, "%.3g %s", nanoseconds, names[scale]);
-  return nanoseconds > 0 ? text : "";
+  std::snprintf(text, sizeof text, unit == "bytes" ? "%.0f " : "%.3g ", amount);
+  return text + unit;
 }
 
 void print(const peers::Row& row) {
@@ -35,8 +37,8 @@ void print(const peers::Row& row) {
     reached = limit(row.bound, ratio) + (meets(row.aim)    ? ", the aim"
                                          : meets(row.must) ? ", the must"
                                                            : ", MISSED");
-    ours = duration(result.ours);
-    theirs = duration(result.theirs);
+    ours = quantity(result.ours, result.unit);
+    theirs = quantity(result.theirs, result.unit);
   } catch (const peers::Skipped& reason) {
     reached = std::string("skipped: ") + reason.what();
   }

@@ -1,0 +1,71 @@
+/// Works and what each is held against, under callgrind: each leaves a dump that bears its name.
+/// cmake/Guard.cmake runs it and compares the instructions.
+#include "benchmarks/Catalogue.h"
+#include "benchmarks/SchemaTexts.h"
+#include "benchmarks/peers/BareConversion.h"
+#include "benchmarks/peers/Pairs.h"
+
+#include <rapidjson/document.h>
+#include <valgrind/callgrind.h>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kTimes = 100;
+
+/// The instructions of the second call: the first resolves symbols and fills what is filled once.
+template <class Work>
+void count(const char* name, const Work& work) {
+  work();
+  CALLGRIND_START_INSTRUMENTATION;
+  CALLGRIND_ZERO_STATS;
+  work();
+  CALLGRIND_DUMP_STATS_AT(name);
+  CALLGRIND_STOP_INSTRUMENTATION;
+}
+
+void keep(double value) { asm volatile("" : : "x"(value) : "memory"); }
+void keep(const void* value) { asm volatile("" : : "r"(value) : "memory"); }
+
+}  // namespace
+
+int main() {
+  const Units::UnitsEngine& engine = catalogue();
+  count("convert", [&] {
+    for (const peers::UnitPair& pair : peers::mixedPairs())
+      keep(engine.convert(2.5, pair.from, pair.to));
+  });
+  count("lookups", [] {
+    for (const peers::UnitPair& pair : peers::mixedPairs())
+      keep(peers::bareConvert(2.5, pair.from, pair.to));
+  });
+
+  const std::string newton = unit("newton"), kilogram = "trelvon.symbol:kilogram-1.0.0";
+  count("formula", [&] {
+    for (int time = 0; time < kTimes; ++time)
+      keep(engine.evaluateExpressionInUnit(newton, "1.2 kg/m^3 * (30 m/s)^2 * 2.2 m^2 + 150 N"));
+  });
+  count("format", [&] {
+    for (int time = 0; time < kTimes; ++time)
+      keep(engine.formatFixedPoint(1234.5 + time, 2, &kilogram, false).data());
+  });
+  count("snprintf", [] {
+    char text[64];
+    for (int time = 0; time < kTimes; ++time) {
+      std::snprintf(text, sizeof text, "%.2f", 1234.5 + time);
+      keep(text);
+    }
+  });
+
+  Texts texts = readCatalogue();
+  std::sort(texts.begin(), texts.end());  // the file system's order is another everywhere
+  count("load", [&] { keep(load(texts).get()); });
+  count("parse", [&] {
+    for (const std::string& text : texts) {
+      rapidjson::Document document;
+      document.Parse(text.c_str());
+      keep(&document);
+    }
+  });
+}
