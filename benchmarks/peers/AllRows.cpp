@@ -4,7 +4,7 @@ namespace peers {
 
 std::vector<Row> allRows() {
   std::vector<Row> all;
-  for (const auto group : {conversionRows, formulaRows, textRows, loadingRows})
+  for (const auto group : {conversionRows, preparedRows, formulaRows, textRows, loadingRows})
     for (Row& row : group()) all.push_back(std::move(row));
   return all;
 }

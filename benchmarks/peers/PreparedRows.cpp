@@ -7,6 +7,7 @@
 
 #include <TrelvonUnits/PreparedConversion.h>
 
+#include <cmath>
 #include <cstddef>
 
 namespace peers {
