@@ -2,6 +2,8 @@
 ///   allocations
 #include "benchmarks/Catalogue.h"
 
+#include <TrelvonUnits/PreparedConversion.h>
+
 #include <malloc.h>
 
 #include <cstddef>
@@ -63,6 +65,8 @@ int main() {
   });
   count("`convert`", [&] { engine.convert(2.5, from, to); });
   count("`canConvert`, of what does not", [&] { engine.canConvert(from, newton); });
+  const Units::PreparedConversion prepared(engine, from, to);
+  count("a prepared conversion, a value", [&] { prepared(2.5); });
   count("`evaluateExpressionInUnit`, 11 characters",
         [&] { engine.evaluateExpressionInUnit(meter, sum); });
   count("`evaluateExpressionInUnit`, 51 characters",
