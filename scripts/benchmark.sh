@@ -65,8 +65,8 @@ END
 \`\`\`
 ./scripts/benchmark.sh                        # all of this page
 ./scripts/guard.sh                            # instructions; --update writes them down
-$build/benchmarks/peers/peers sum       # the rows that say "sum"
-$build/benchmarks/FormulaBenchmark      # formula by formula; QueriesBenchmark beside it
+$build/benchmarks/peers/peers sum    # the rows that say "sum"
+$build/benchmarks/FormulaBenchmark   # formula by formula; QueriesBenchmark beside it
 \`\`\`
 END
 }
