@@ -53,7 +53,7 @@ double convertValue(double value, const std::string& fromUnitTypeId,
 
 bool canConvertUnits(const std::string& fromUnitTypeId, const std::string& toUnitTypeId,
                      const Registries& registries) {
-  Reducer reducer;
+  Reducer reducer(Reducer::Wanted::PowersAlone);
   return findRule(fromUnitTypeId, toUnitTypeId, reducer, registries).has_value();
 }
 

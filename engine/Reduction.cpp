@@ -30,23 +30,28 @@ void append(Powers& powers, const SomePowers& more, int exponent) {
 
 }  // namespace
 
-Reducer::Reducer() {
-  // Room for nearly all units that there are, of the reducer's own memory.
-  path_.reserve(8);
-  powers_.reserve(24);
-}
-
 ReducedUnit Reducer::reduce(const RecordNode<Unit>& unit) {
   const auto* const absolute = RecordAccess::absolute(*unit.record);
-  const double offset = absolute ? RecordAccess::offset(*absolute) : 0.0;
-  const double factor = reduceRelative(absolute ? *unit.parents.front().parent : unit);
-  ReducedUnit reduced{factor, offset, Powers(powers_.begin(), powers_.end(), &memory_)};
-  powers_.clear();
+  const RecordNode<Unit>& relative = absolute ? *unit.parents.front().parent : unit;
+  ReducedUnit reduced{1.0, absolute ? RecordAccess::offset(*absolute) : 0.0, Powers(&memory_)};
+  if (relative.isSimple) {  // no way down: its parents' factors are all 1
+    reduced.factor = ownFactor(relative);
+    reduced.powers.reserve(relative.parents.size());
+    append(reduced.powers, relative.parents, 1);
+    sumUp(reduced.powers, 0);
+  } else {
+    reduced.factor = reduceRelative(relative);
+    reduced.powers.assign(powers_.begin(), powers_.end());
+    powers_.clear();
+  }
   return reduced;
 }
 
 /// The factor of a relative unit, whose powers are left in `powers_`.
 double Reducer::reduceRelative(const RecordNode<Unit>& root) {
+  // Room for nearly all units that there are, of the reducer's own memory.
+  path_.reserve(8);
+  powers_.reserve(24);
   enter(root);
   while (true) {
     if (path_.back().next < path_.back().unit->parents.size()) {
@@ -100,7 +105,7 @@ double Reducer::finish() {
 /// The factor of a unit beside those of its parents.
 double Reducer::ownFactor(const RecordNode<Unit>& unit) {
   const auto* const derived = RecordAccess::derived(*unit.record);
-  if (!derived) return 1.0;
+  if (!derived || wanted_ == Wanted::PowersAlone) return 1.0;
   double factor = RecordAccess::factor(RecordAccess::factorComponent(*derived));
   for (const auto& [parent, exponent] : unit.parentFactors)
     factor *= power(valueOf(*parent), exponent);

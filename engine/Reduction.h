@@ -26,7 +26,10 @@ struct ReducedUnit {
 /// that is its own.
 class Reducer {
  public:
-  Reducer();
+  /// What a reduction is asked for: a listing compares powers alone, and no factor is computed.
+  enum class Wanted { All, PowersAlone };
+
+  explicit Reducer(Wanted wanted = Wanted::All) : wanted_(wanted) {}
   Reducer(const Reducer&) = delete;
 
   /// @throws IncompatibleUnitsException  a parent unit is absolute. The reducer is of no use then.
@@ -58,6 +61,7 @@ class Reducer {
   double ownFactor(const RecordNode<Unit>& unit);
   double valueOf(const RecordNode<Factor>& factor);
 
+  const Wanted wanted_;
   std::array<std::byte, 1536> buffer_;
   std::pmr::monotonic_buffer_resource memory_{buffer_.data(), buffer_.size()};
   std::pmr::unordered_map<const RecordNode<Unit>*, RelativeUnit> units_{&memory_};

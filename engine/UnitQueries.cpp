@@ -21,9 +21,10 @@ RecordMap<Record> select(const RecordStore<Record>& records, Predicate accepts) 
 /// Copies of the units whose nodes a predicate accepts.
 template <class Predicate>
 RecordMap<Unit> selectUnits(const RecordStore<Unit>& units, Predicate accepts) {
-  return select(units, [&](const Unit& unit) {
-    return accepts(*units.findNode(RecordAccess::typeId(unit)));
-  });
+  RecordMap<Unit> selected;
+  for (const auto& [typeId, node] : units.nodes())
+    if (accepts(node)) selected.emplace(typeId, *node.record);
+  return selected;
 }
 
 }  // namespace
@@ -45,7 +46,7 @@ RecordMap<Unit> convertibleUnits(const std::string& unitTypeId, const Registries
   const RecordStore<Unit>& units = registries.units.objects;
   if (units.empty()) return {};  // without a unit to compare with, the id is not looked up
   const RecordNode<Unit>& from = lookUpNode(units, unitTypeId);
-  Reducer reducer;
+  Reducer reducer(Reducer::Wanted::PowersAlone);
   const ReducedUnit reduced = reducer.reduce(from);
   return selectUnits(units, [&](const RecordNode<Unit>& unit) {
     bool inverted = false;
@@ -61,7 +62,7 @@ RecordMap<Unit> unitsWithPrimitivePowers(const PrimitivePowers& powers,
   for (const auto& [typeId, exponent] : powers)
     wanted.emplace_back(&lookUpNode(units, typeId), exponent);
   sumUp(wanted, 0);
-  Reducer reducer;
+  Reducer reducer(Reducer::Wanted::PowersAlone);
   return selectUnits(units, [&](const RecordNode<Unit>& unit) {
     bool inverted = false;
     return arePowersCompatible(wanted, reducer.reduce(unit).powers, inverted) && !inverted;

@@ -21,10 +21,9 @@ struct CloseFile {
   void operator()(std::FILE* file) const { std::fclose(file); }
 };
 
-/// The status behind links. "Not found" is an answer, all else is a failure of `operation`.
-fs::file_status statusOf(const fs::path& path, const char* operation) {
-  std::error_code error;
-  const fs::file_status status = fs::status(path, error);
+/// A status, where "not found" is an answer. All else is a failure of `operation`.
+fs::file_status checked(fs::file_status status, const std::error_code& error, const fs::path& path,
+                        const char* operation) {
   if (status.type() == fs::file_type::none) throw fs::filesystem_error(operation, path, error);
   return status;
 }
@@ -32,15 +31,19 @@ fs::file_status statusOf(const fs::path& path, const char* operation) {
 /// A path with a NUL names nothing, but the system would read it up to there.
 bool isFolder(const fs::path& path) {
   if (path.native().find(fs::path::value_type()) != fs::path::string_type::npos) return false;
-  const fs::file_status status = statusOf(path, "exists");
+  std::error_code error;
+  const fs::file_status status = checked(fs::status(path, error), error, path, "exists");
   return fs::exists(status) && fs::is_directory(status);
 }
 
-/// Regular, named as a schema and in a folder below `root`, in this order: the status of every
-/// entry is asked for, so that one that cannot be told is never passed over.
-bool isSchemaFile(const fs::path& path, const fs::path& root) {
-  return fs::is_regular_file(statusOf(path, "status")) && path.extension() == ".json" &&
-         path != root / path.filename();
+/// Regular, named as a schema and in a sub folder, in this order: the status of every entry is
+/// asked for, so that one that cannot be told is never passed over. What the folder itself says of
+/// an entry that is no link is its status.
+bool isSchemaFile(const fs::recursive_directory_iterator& walk) {
+  std::error_code error;
+  const fs::path& path = walk->path();
+  const fs::file_status status = checked(walk->status(error), error, path, "status");
+  return fs::is_regular_file(status) && path.extension() == ".json" && walk.depth() > 0;
 }
 
 std::FILE* openFile(const std::string& path) {
@@ -88,7 +91,7 @@ void SchemaUtility::addDefinitionsFromFolder(const std::string& folder,
   std::vector<char> buffer(kChunkBytes);
   while (walk != fs::recursive_directory_iterator()) {
     const fs::path path = walk->path();
-    if (isSchemaFile(path, root)) {
+    if (isSchemaFile(walk)) {
       const std::string text = readText(path, buffer);
       try {
         engine.addDefinition(text);

@@ -31,6 +31,7 @@ class RecordStore {
   explicit RecordStore(RecordMap<Record>&& records) { add(prepare(std::move(records))); }
 
   const RecordMap<Record>& records() const { return records_; }
+  const Nodes& nodes() const { return nodes_; }  // in no order
   bool empty() const { return records_.empty(); }
 
   /// Null when no record has that type id.

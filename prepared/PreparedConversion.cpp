@@ -36,10 +36,7 @@ PreparedConversion::PreparedConversion(const UnitsEngine& engine, const std::str
   inverted_ = twins.areReciprocal(from.relativeUnit, to.relativeUnit);
 }
 
-double PreparedConversion::operator()(double value) const {
-  const double primitive = (fromOffset_ + value) * fromFactor_;
-  return (inverted_ ? std::pow(primitive, -1.0) : primitive) / toFactor_ - toOffset_;
-}
+double PreparedConversion::reciprocalOf(double value) { return std::pow(value, -1.0); }
 
 void PreparedConversion::convert(const double* values, double* converted, std::size_t count) const {
   if (inverted_) {

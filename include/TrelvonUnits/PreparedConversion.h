@@ -31,7 +31,10 @@ class TRELVONUNITS_API PreparedConversion {
 
   /// @param value  counted in the first unit; any double. A reciprocal of 0 is infinite.
   /// @return  counted in the second unit.
-  double operator()(double value) const;
+  double operator()(double value) const {
+    const double primitive = (fromOffset_ + value) * fromFactor_;
+    return (inverted_ ? reciprocalOf(primitive) : primitive) / toFactor_ - toOffset_;
+  }
 
   /// Converts an array.
   ///
@@ -41,6 +44,9 @@ class TRELVONUNITS_API PreparedConversion {
   void convert(const double* values, double* converted, std::size_t count) const;
 
  private:
+  static double reciprocalOf(
+      double value);  // in the library: pow(value, -1.0), which is not 1 / value
+
   double fromOffset_;
   double fromFactor_;
   double toFactor_;
