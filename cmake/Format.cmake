@@ -14,7 +14,7 @@ endif()
 
 set(sources)
 foreach(folder IN ITEMS include model registry json text formula schema engine loading
-                        tests fuzz examples benchmarks)
+                        tests fuzz robustness examples benchmarks)
   file(GLOB_RECURSE found ${ROOT}/${folder}/*.h ${ROOT}/${folder}/*.cpp)
   list(APPEND sources ${found})
 endforeach()

@@ -59,6 +59,8 @@ std::FILE* openFile(const std::string& path) {
 std::string readText(const fs::path& path, std::vector<char>& buffer) {
   const std::unique_ptr<std::FILE, CloseFile> file(openFile(path.string()));
   if (!file) throw std::logic_error("failed to open schema file");
+  // Without memory for a buffer of its own the C library would read byte by byte.
+  std::setvbuf(file.get(), nullptr, _IONBF, 0);
 
   std::string text;
   std::size_t length = 0;

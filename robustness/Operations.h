@@ -1,0 +1,27 @@
+/// Every operation of an engine, as a row, for those who make it fail.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "robustness/Sample.h"
+
+struct Operation {
+  std::string name;
+  std::function<std::string(Units::UnitsEngine&)> run;
+
+  /// The engine that it runs on.
+  std::function<Engine()> start;
+
+  /// Where the operation drops what was pending when it fails: what is left, and how to add the
+  /// rest again.
+  bool isBuild = false;
+  std::function<std::string()> dropped = [] { return std::string(); };
+  std::function<void(Units::UnitsEngine&)> refill = [](Units::UnitsEngine&) {};
+
+  bool isFolderLoad = false;
+  bool mayNeedNone = false;  // answers without an allocation
+};
+
+std::vector<Operation> allOperations();

@@ -1,0 +1,33 @@
+/// Inputs of any size, each of a form in which something might cost more than its length: time,
+/// memory or stack.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "robustness/Sample.h"
+
+/// What a shape does with an engine, once all that it needs is prepared.
+struct Work {
+  std::function<void()> run;
+  std::size_t bytes = 0;  // of the texts that go in
+};
+
+struct Shape {
+  std::string name;
+  enum Kind { Formula, Text, Definitions } kind;
+
+  /// @param size    how often the form repeats itself.
+  /// @param engine  a sample engine. It must outlive the work.
+  std::function<Work(int size, Units::UnitsEngine& engine)> prepare;
+};
+
+const std::vector<Shape>& allShapes();
+
+// Those of one kind each, in files of their own.
+std::vector<Shape> formulaShapes();
+std::vector<Shape> textShapes();
+std::vector<Shape> definitionShapes();
+
+std::string repeated(const std::string& text, int count);

@@ -1,0 +1,51 @@
+#!/usr/bin/env python3
+"""Counts the instructions of each shape at a size and at twice that size, with callgrind.
+
+    growth.py PROGRAM SIZE [SHAPE...]
+
+PROGRAM is robustness_Growth. Prints a table and fails where twice the size costs more than 2.3 times
+the instructions. Without shapes it takes them all.
+"""
+import concurrent.futures
+import os
+import re
+import subprocess
+import sys
+
+BUDGET = 2.3
+
+
+def instructions(program, shape, size):
+    run = subprocess.run(
+        ["valgrind", "--tool=callgrind", "--callgrind-out-file=/dev/null", "--collect-atstart=no",
+         "--toggle-collect=measured", program, shape, str(size)],
+        capture_output=True, text=True, check=False)
+    count = re.search(r"Collected *: *(\d+)", run.stderr)
+    if run.returncode != 0 or not count or int(count[1]) == 0:
+        sys.exit(f"{shape}: nothing was counted\n{run.stdout}{run.stderr}")
+    return int(count[1])
+
+
+def main(program, size, shapes):
+    if not shapes:
+        shapes = subprocess.run([program], capture_output=True, text=True,
+                                check=True).stdout.splitlines()
+    size = int(size)
+    # Two counts of a shape are two processes: all cores have work.
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        counts = [[pool.submit(instructions, program, shape, many) for many in (size, 2 * size)]
+                  for shape in shapes]
+    print(f"{'shape':42} {'n = ' + str(size):>15} {'2n':>15}  ratio")
+    findings = 0
+    for shape, (single, double) in zip(shapes, counts):
+        ratio = double.result() / single.result()
+        finding = ratio > BUDGET
+        findings += finding
+        print(f"{shape:42} {single.result():15,} {double.result():15,} {ratio:6.3f}"
+              + ("  FINDING" if finding else ""))
+    print(f"{len(shapes)} shapes, {findings} findings")
+    return 1 if findings else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1], sys.argv[2], sys.argv[3:]))
