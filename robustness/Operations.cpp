@@ -155,10 +155,15 @@ void addRefused(UnitsEngine& engine) {
 
 }  // namespace
 
-std::vector<Operation> allOperations() {
+std::vector<Operation> readingOperations() {
   std::vector<Operation> all;
   addNumbers(all);
   addReading(all);
+  return all;
+}
+
+std::vector<Operation> allOperations() {
+  std::vector<Operation> all = readingOperations();
   addAdding(all);
   addDefining(all);
   all.push_back(building("buildSchemas of one", sampleEngine, addWaiting));

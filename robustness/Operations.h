@@ -24,4 +24,5 @@ struct Operation {
   bool mayNeedNone = false;  // answers without an allocation
 };
 
+std::vector<Operation> readingOperations();
 std::vector<Operation> allOperations();

@@ -1,0 +1,165 @@
+/// A host's resolver or engine that throws, adds records, builds or evaluates again at its k-th
+/// call, for every k: the result that the records stored at each token give, or its own exception,
+/// and a whole engine.
+#include <functional>
+#include <stdexcept>
+
+#include "robustness/Findings.h"
+#include "robustness/FolderLoad.h"
+#include "robustness/HostEngine.h"
+#include "robustness/Sample.h"
+
+namespace {
+
+using Units::UnitsEngine;
+
+/// The host's own; no class of ours.
+struct HostFault {
+  int call;
+};
+
+struct Action {
+  const char* name;
+  std::function<void(UnitsEngine&)> run;
+  bool addsSymbol = false;  // "zz", of a foot
+};
+
+Units::Symbol anotherFoot(const UnitsEngine& engine) {
+  return Units::Symbol("new", engine.getUnit("foot"),
+                       Units::PrefixOrSuffix("zz", Units::Placement::Suffix, true));
+}
+
+void addMany(UnitsEngine& engine) {
+  for (int number = 0; number < 1000; ++number)
+    engine.addUnit(Units::Unit("u" + std::to_string(number), "n", Units::System::Metric,
+                               Units::DerivedUnitComponent({{"foot", 1}}, {})));
+}
+
+const Action actions[] = {
+    {"adds a symbol", [](UnitsEngine& e) { e.addSymbol(anotherFoot(e)); }, true},
+    {"adds units", addMany},
+    {"adds a refused record",
+     [](UnitsEngine& e) {
+       outcome([&] { return e.addDimension(Units::Dimension("")), std::string(); });
+     }},
+    {"builds a symbol",
+     [](UnitsEngine& e) {
+       e.addDefinition(schema("new", "symbol.prefixOrSuffix",
+                              "{'id':'unit','typedValue':{'typeid':'foot'}},{'id':'text','value':"
+                              "'zz'},{'id':'placement','value':'Suffix'},"
+                              "{'id':'space','value':true}"));
+       e.buildSchemas();
+     },
+     true},
+    {"builds in vain",
+     [](UnitsEngine& e) {
+       e.addDefinition(schema("new", "factor.derived", "{'id':'parentFactors','value':{'q':1}}"));
+       outcome([&] { return e.buildSchemas(), std::string(); });
+     }},
+    {"evaluates again",
+     [](UnitsEngine& e) {
+       const auto resolver = [](const std::string&) { return "3 ft"; };
+       check(e.evaluateExpressionInUnit("inch", "y + 2 * y", resolver) == 108,
+             "an evaluation within another");
+     }},
+    {"asks and formats",
+     [](UnitsEngine& e) {
+       const std::string symbol = "x:feetAndInches-1";
+       check(e.formatFixedPoint(5.5, 0, &symbol, false) == "5' 6\"", "a text within a formula");
+       describe(e);
+     }},
+};
+
+const std::string formula = "x+1 zz+2*(1 zz+x)+(1) zz+x+1 zz";
+constexpr int tokens = 7;
+
+/// In inches. The resolver gives 2 for x and 5 for what is no symbol yet.
+double expected(int k, bool addsSymbol) {
+  int call = 0;
+  const auto x = [&] { return ++call, 2.0; };
+  const auto zz = [&] { return addsSymbol && call >= k ? 12.0 : (++call, 5.0); };
+  double sum = x();
+  sum += zz();
+  const double inner = zz();
+  sum += 2 * (inner + x());
+  // After a parenthesis an unknown symbol has no operator before it: no formula.
+  if (!addsSymbol || call < k) return -1;
+  sum += 12.0;
+  sum += x();
+  return sum + zz();
+}
+
+void evaluateWith(const Action& action, int k) {
+  const std::string where = "a resolver that " + (action.name + (" at call " + std::to_string(k)));
+  const Engine engine = sampleEngine();
+  int calls = 0;
+  const auto resolver = [&](const std::string& name) -> std::string {
+    if (++calls == k) action.run(*engine);
+    return name == "x" ? "2 in" : "5 in";
+  };
+  const double value = expected(k, action.addsSymbol);
+  const std::string result =
+      outcome([&] { return bits(engine->evaluateExpressionInUnit("inch", formula, resolver)); });
+  const std::string right = value < 0 ? "ParseException: Unable to parse expression." : bits(value);
+  check(result == right, where + ": " + result + ", not " + right);
+  const Engine same = sampleEngine();
+  if (calls >= k) action.run(*same);
+  check(describe(*engine) == describe(*same), where + ": the engine is another");
+}
+
+void throwAt(int k) {
+  const Engine engine = sampleEngine();
+  const std::string before = describe(*engine);
+  int calls = 0;
+  try {
+    engine->evaluateUnitlessExpression("x+abs(2*(x-(1 ft/1 in)*x))+x+x+x+x+x",
+                                       [&](const std::string&) -> std::string {
+                                         if (++calls == k) throw HostFault{k};
+                                         return "2";
+                                       });
+    check(false, "a resolver that throws is not heard");
+  } catch (const HostFault& fault) {
+    check(fault.call == k, "another fault than the resolver's");
+  }
+  check(describe(*engine) == before, "the engine has changed after a resolver's fault");
+}
+
+void load(const FolderLoad& folder, UnitsEngine& engine) { folder.operation().run(engine); }
+
+/// Whatever happened in between, loading the folder again makes it complete.
+void loadWith(const FolderLoad& folder, const std::string& name, int k,
+              const std::function<void(HostEngine&)>& action) {
+  HostEngine engine;
+  engine.onDefinition = [&](int call) {
+    if (call == k) action(engine);
+  };
+  try {
+    outcome([&] { return load(folder, engine), std::string(); });
+  } catch (const HostFault& fault) {
+    check(fault.call == k, "another fault than the engine's");
+  }
+  load(folder, *engine.inner);
+  check(describe(*engine.inner) == describe(*sampleEngine()),
+        "an engine that " + name + " at call " + std::to_string(k) + " is not whole");
+}
+
+}  // namespace
+
+int main() {
+  for (const Action& action : actions)
+    for (int k = 1; k <= tokens; ++k) evaluateWith(action, k);
+  for (int k = 1; k <= tokens; ++k) throwAt(k);
+
+  const FolderLoad folder;
+  const int files = static_cast<int>(sampleSchemas().size());
+  for (int k = 1; k <= files; ++k) {
+    loadWith(folder, "throws", k, [k](HostEngine&) { throw HostFault{k}; });
+    loadWith(folder, "throws what no one expects", k,
+             [](HostEngine&) { throw std::logic_error("passes"); });
+    loadWith(folder, "builds", k, [](HostEngine& engine) { engine.inner->buildSchemas(); });
+    loadWith(folder, "loads again", k, [&](HostEngine& engine) { load(folder, *engine.inner); });
+  }
+  report(std::to_string(std::size(actions) * tokens + tokens) + " evaluations, " +
+         std::to_string(4 * files) + " loads");
+  return verdict();
+}

@@ -1,0 +1,68 @@
+/// Four threads read one engine with every reading operation, from its first call on, and give what
+/// one thread gives; then each of them fills an engine of its own. For ThreadSanitizer to watch.
+#include <atomic>
+#include <cstdlib>
+#include <functional>
+#include <thread>
+#include <vector>
+
+#include "robustness/Findings.h"
+#include "robustness/Operations.h"
+
+namespace {
+
+constexpr int threadCount = 4;
+
+void onAllThreads(const std::function<void(int)>& action) {
+  std::atomic<int> waiting{threadCount};
+  std::vector<std::thread> threads;
+  for (int number = 0; number < threadCount; ++number)
+    threads.emplace_back([&, number] {
+      --waiting;
+      while (waiting > 0) std::this_thread::yield();  // so that first calls meet
+      action(number);
+    });
+  for (std::thread& thread : threads) thread.join();
+}
+
+std::vector<std::string> resultsOn(Units::UnitsEngine& engine, std::size_t first) {
+  static const std::vector<Operation> operations = readingOperations();
+  std::vector<std::string> results(operations.size());
+  for (std::size_t i = 0; i < operations.size(); ++i) {
+    // Each thread begins elsewhere, so that different operations meet.
+    const std::size_t at = (first + i) % operations.size();
+    results[at] = outcome([&] { return operations[at].run(engine); });
+  }
+  return results;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  const int rounds = count > 1 ? std::atoi(arguments[1]) : 100;
+  std::vector<std::vector<std::string>> results(threadCount);
+  for (int round = 0; round < rounds; ++round) {
+    const Engine shared = sampleEngine();
+    onAllThreads([&](int number) {
+      const auto index = static_cast<std::size_t>(number);
+      results[index] = resultsOn(*shared, index * 5);
+    });
+    const std::vector<std::string> alone = resultsOn(*sampleEngine(), 0);
+    for (const auto& result : results) check(result == alone, "threads that share an engine");
+  }
+
+  std::vector<std::string> described(threadCount);
+  onAllThreads([&](int number) {
+    const auto index = static_cast<std::size_t>(number);
+    for (int round = 0; round < rounds; ++round) {
+      const Engine own = sampleEngine();
+      for (const Operation& operation : allOperations())
+        outcome([&] { return operation.run(*operation.start()); });
+      described[index] = describe(*own);
+    }
+  });
+  for (const std::string& text : described)
+    check(text == describe(*sampleEngine()), "threads with engines of their own");
+  report(std::to_string(rounds) + " rounds on " + std::to_string(threadCount) + " threads");
+  return verdict();
+}
