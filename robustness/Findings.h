@@ -14,6 +14,7 @@ inline void check(bool holds, const std::string& what) {
   if (holds) return;
   ++findings();
   std::printf("FINDING %s\n", what.c_str());
+  std::fflush(stdout);  // the next step may end the process
 }
 
 inline void report(const std::string& figure) { std::printf("%s\n", figure.c_str()); }
