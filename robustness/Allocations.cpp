@@ -20,7 +20,7 @@ Attempt attempt(const Operation& operation, Units::UnitsEngine& engine, long ind
                 bool andAllThatFollow) {
   Attempt made;
   heap::fail(index, andAllThatFollow);
-  heap::pause(operation.isFolderLoad);
+  heap::pause(operation.startsPaused);
   try {
     made.result = outcome([&] { return operation.run(engine); });
   } catch (const std::bad_alloc&) {
@@ -62,8 +62,9 @@ long failEach(const Operation& operation) {
         check(isAsPromised(made, expected), where + ": " + made.result);
         if (made.threw) {
           const std::string now = describe(*engine);
-          check(operation.isFolderLoad || now == (operation.isBuild ? operation.dropped() : before),
-                where + ": the engine has changed");
+          check(
+              operation.leavesPending || now == (operation.isBuild ? operation.dropped() : before),
+              where + ": the engine has changed");
           operation.refill(*engine);
           check(outcome([&] { return operation.run(*engine); }) == expected,
                 where + ": the repeat fails");

@@ -53,6 +53,7 @@ Operation FolderLoad::operation() const {
     Schemas::SchemaUtility::addDefinitionsFromFolder(root, engine);
     return std::string();
   };
-  load.isFolderLoad = true;
+  load.leavesPending = true;
+  load.startsPaused = true;
   return load;
 }

@@ -34,6 +34,12 @@ void addNumbers(std::vector<Operation>& all) {
   all.push_back(row("convert", [](auto& e) { return bits(e.convert(2, "foot", "perInch")); }));
   all.push_back(
       row("convert, refused", [](auto& e) { return bits(e.convert(2, "foot", "celsius")); }));
+  all.push_back(row("PreparedConversion", [](auto& e) {
+    return bits(Units::PreparedConversion(e, "foot", "perInch")(2));
+  }));
+  all.push_back(row("PreparedConversion, refused", [](auto& e) {
+    return bits(Units::PreparedConversion(e, "foot", "celsius")(2));
+  }));
   all.push_back(row("canConvert", [](auto& e) { return bits(e.canConvert("area", "foot")); }));
   all.back().mayNeedNone = true;
   all.push_back(row("formatFixedPoint",
@@ -153,6 +159,18 @@ void addRefused(UnitsEngine& engine) {
       schema("new", "unit.derived", named + ",{'id':'parentUnits','value':{'new':2}}"));
 }
 
+Operation bundle() {
+  std::string content = "TrelvonUnits-schema-bundle-1\n";
+  for (const std::string& text : sampleSchemas()) content.append(text).push_back('\0');
+  Operation load = row("addDefinitionsFromBuffer", [content](auto& engine) {
+    Schemas::SchemaBundle::addDefinitionsFromBuffer(content, engine);
+    return std::string();
+  });
+  load.start = makeEngine;
+  load.leavesPending = true;
+  return load;
+}
+
 }  // namespace
 
 std::vector<Operation> readingOperations() {
@@ -169,5 +187,6 @@ std::vector<Operation> allOperations() {
   all.push_back(building("buildSchemas of one", sampleEngine, addWaiting));
   all.push_back(building("buildSchemas of all", makeEngine, addSample));
   all.push_back(building("buildSchemas, refused", sampleEngine, addRefused));
+  all.push_back(bundle());
   return all;
 }

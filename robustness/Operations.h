@@ -20,7 +20,12 @@ struct Operation {
   std::function<std::string()> dropped = [] { return std::string(); };
   std::function<void(Units::UnitsEngine&)> refill = [](Units::UnitsEngine&) {};
 
-  bool isFolderLoad = false;
+  /// What it has read before it fails stays pending, as its contract says.
+  bool leavesPending = false;
+
+  /// No allocation fails before `heap::pause(false)`.
+  bool startsPaused = false;
+
   bool mayNeedNone = false;  // answers without an allocation
 };
 
