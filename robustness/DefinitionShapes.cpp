@@ -130,9 +130,11 @@ Work batch(const Tree& tree, TextOf textOf, Units::UnitsEngine& engine) {
 
 template <class Add>
 Work addition(const Tree& tree, Add add, Units::UnitsEngine& engine) {
-  return {[tree, add, &engine] {
+  Work work;
+  work.run = [tree, add, &engine] {
     for (const auto& [typeId, parents] : tree.nodes) add(engine, typeId, parents);
-  }};
+  };
+  return work;
 }
 
 Work factorQueries(const Tree& tree, Units::UnitsEngine& engine) {
@@ -141,12 +143,14 @@ Work factorQueries(const Tree& tree, Units::UnitsEngine& engine) {
   engine.addUnit(Units::Unit(
       "over", "n", Units::System::Metric,
       Units::DerivedUnitComponent({{"inch", 1}}, Units::FactorComponent(1, {{last, 1}}))));
-  return {[&engine, last] {
+  Work work;
+  work.run = [&engine, last] {
     engine.convert(1, "over", "inch");
     engine.getDependencies("over");
     engine.getDefinition(last);
     engine.getFactors();
-  }};
+  };
+  return work;
 }
 
 Work unitQueries(const Tree& tree, Units::UnitsEngine& engine) {
@@ -158,7 +162,8 @@ Work unitQueries(const Tree& tree, Units::UnitsEngine& engine) {
   std::vector<Units::Unit> units;
   for (const auto& [typeId, unit] : engine.getUnits()) units.push_back(unit);
   engine.addQuantity(Units::Quantity("all", "n", units));
-  return {[=, &engine] {
+  Work work;
+  work.run = [=, &engine] {
     engine.canConvert(last, first);
     outcome([&] { return bits(engine.convert(1, last, first)); });
     outcome([&] { return bits(engine.evaluateExpressionInUnit(last, "2 over + 3 over")); });
@@ -169,7 +174,8 @@ Work unitQueries(const Tree& tree, Units::UnitsEngine& engine) {
     engine.getPrimitiveUnits();
     engine.getQuantitiesOfUnit(last);
     engine.getSymbolsOfUnit(last);
-  }};
+  };
+  return work;
 }
 
 void addForm(const Form& form, std::vector<Shape>& shapes) {

@@ -1,7 +1,5 @@
 #include <TrelvonUnits/Limits.h>
 
-#include <algorithm>
-
 #include "robustness/Shapes.h"
 
 namespace {
@@ -60,28 +58,25 @@ constexpr Row rows[] = {
 std::string resolve(const std::string& name) { return name == "x" ? "1" : "(1 + x)"; }
 
 Work evaluation(const std::string& formula, Units::UnitsEngine& engine,
-                const VariableResolver& resolver, std::size_t substituted = 0) {
+                const VariableResolver& resolver) {
   Work work;
-  work.bytes = formula.size() + substituted;
+  work.bytes = formula.size();
+  const auto counted = [resolver, substituted = work.substituted](const std::string& name) {
+    std::string text = resolver(name);
+    *substituted += text.size();
+    return text;
+  };
   work.run = [=, &engine] {
-    outcome([&] { return bits(engine.evaluateExpressionInUnit("foot", formula, resolver)); });
+    outcome([&] { return bits(engine.evaluateExpressionInUnit("foot", formula, counted)); });
   };
   return work;
-}
-
-std::size_t substitutedBytes(const std::string& formula) {
-  const auto count = [&](char name) {
-    return static_cast<std::size_t>(std::count(formula.begin(), formula.end(), name));
-  };
-  return count('x') * 3 + count('y') * 12;
 }
 
 Shape inOneText() {
   return {"an identifier that stands for it all", Shape::Formula,
           [](int size, Units::UnitsEngine& engine) {
             const std::string text = repeated("1+(2*3)-", size) + "1";
-            return evaluation(
-                "x", engine, [text](const std::string&) { return text; }, text.size());
+            return evaluation("x", engine, [text](const std::string&) { return text; });
           }};
 }
 
@@ -94,8 +89,7 @@ Shape nestedTexts() {
               const int left = std::stoi(name.substr(1));
               return left == 1 ? std::string("1") : "n" + std::to_string(left - 1);
             };
-            return evaluation(formula + "1", engine, resolver,
-                              static_cast<std::size_t>(size + most) * 7);
+            return evaluation(formula + "1", engine, resolver);
           }};
 }
 
@@ -122,7 +116,7 @@ std::vector<Shape> formulaShapes() {
     shapes.push_back({row.name, Shape::Formula, [&row](int size, Units::UnitsEngine& engine) {
                         const std::string formula =
                             repeated(row.before, size) + row.middle + repeated(row.after, size);
-                        return evaluation(formula, engine, resolve, substitutedBytes(formula));
+                        return evaluation(formula, engine, resolve);
                       }});
   shapes.push_back(inOneText());
   shapes.push_back(nestedTexts());

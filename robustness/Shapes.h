@@ -2,7 +2,9 @@
 /// memory or stack.
 #pragma once
 
+#include <cstddef>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -12,6 +14,9 @@
 struct Work {
   std::function<void()> run;
   std::size_t bytes = 0;  // of the texts that go in
+
+  /// Bytes of the texts that have been put in for identifiers, once it has run.
+  std::shared_ptr<std::size_t> substituted = std::make_shared<std::size_t>(0);
 };
 
 struct Shape {
