@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The long forms of the tests that try to break the library: scripts/soak.sh [MINUTES]
-# MINUTES (60 unless given) are what the fuzz doors share; what comes before takes about 40 more on
+# MINUTES (60 unless given) are what the fuzz doors share; what comes before takes about 15 more on
 # two cores. Prints its figures, and fails on any finding.
 set -euo pipefail
 cd "$(dirname "$0")/.."
