@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # The long forms of the tests that try to break the library: scripts/soak.sh [MINUTES]
-# MINUTES (60 unless given) are what the fuzz doors share; what comes before takes about 15 more on
-# two cores. Prints its figures, and fails on any finding.
+# MINUTES (60 unless given) are how long the fuzz doors run, as many side by side as there are cores;
+# what comes before takes about 15 more on two cores. Prints its figures and what each part took, and
+# fails on any finding.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/setup.sh
@@ -11,11 +12,15 @@ jobs=$(nproc)
 work=$PWD/build/soak
 mkdir -p "$work"
 findings=()
+times=()
 
 # step TITLE COMMAND...: goes on after a failure, which is told at the end.
 step() {
+  local start=$SECONDS
   heading "$1"
   "${@:2}" || findings+=("$1")
+  local seconds=$((SECONDS - start))
+  times+=("$(printf '%3dm%02ds  %s' $((seconds / 60)) $((seconds % 60)) "$1")")
 }
 
 build() {  # PRESET
@@ -41,13 +46,37 @@ memcheck() {
     build/release/tests/units_tests --gtest_brief=1 --gtest_filter='-*Deep*:*Alloc*:*Memory*'
 }
 
-fuzz() {  # DOOR
-  local door=$1 corpus=$work/corpus/$1
+fuzz() {  # DOOR LANE
+  local corpus=$work/corpus/$1 log=$work/fuzz.$1.$2
   mkdir -p "$corpus"
-  build/fuzz/fuzz/fuzz_"$door" "$corpus" fuzz/corpus/"$door" -rss_limit_mb=4096 -timeout=60 -detect_leaks=0 \
-    -max_total_time="$seconds" -artifact_prefix="$work/$door-" -print_final_stats=1 \
-    >"$work/fuzz.$door" 2>&1 || { tail -40 "$work/fuzz.$door"; return 1; }
-  grep -E 'number_of_executed_units|peak_rss_mb' "$work/fuzz.$door"
+  build/fuzz/fuzz/fuzz_"$1" "$corpus" fuzz/corpus/"$1" -rss_limit_mb=4096 -timeout=60 -detect_leaks=0 \
+    -max_total_time="$seconds" -artifact_prefix="$work/$1-" -print_final_stats=1 \
+    >"$log" 2>&1 || echo "FINDING: the door ended with $?" >>"$log"
+}
+
+# Every door in turn. No lane begins where another does, so that none meets in a door.
+lane() {  # LANE
+  local turn
+  for turn in "${!doors[@]}"; do
+    fuzz "${doors[($1 * ${#doors[@]} / jobs + turn) % ${#doors[@]}]}" "$1"
+  done
+}
+
+# The figures of all lanes in one line a door.
+fuzz_doors() {
+  local number door log
+  rm -f "$work"/fuzz.*.*
+  for ((number = 0; number < jobs; ++number)); do lane "$number" & done
+  wait
+  for door in "${doors[@]}"; do
+    awk -v door="$door" '/number_of_executed_units/ { inputs += $2 }
+      /peak_rss_mb/ { if ($2 > peak) peak = $2 }
+      END { printf "%-12s %12d inputs, at most %5d MB\n", door, inputs, peak }' "$work"/fuzz."$door".*
+    for log in $(grep -l '^FINDING' "$work"/fuzz."$door".*); do
+      findings+=("$log")
+      tail -40 "$log"
+    done
+  done
 }
 
 install_packages demo test soak
@@ -68,11 +97,13 @@ step "The suite under the sanitizers, g++" suite asan
 step "The suite under the sanitizers, clang++" suite asan-clang
 
 step "Fuzz doors: build" build fuzz
-doors=(fuzz/corpus/*/)
-seconds=$((minutes * 60 / ${#doors[@]}))
-for door in "${doors[@]}"; do
-  step "Fuzzing $(basename "$door") for $seconds s" fuzz "$(basename "$door")"
-done
+mapfile -t doors < <(ls fuzz/corpus)
+seconds=$((minutes * 60 / ${#doors[@]} + 1))  # 0 would be for ever
+trap 'trap - INT TERM; kill 0' INT TERM  # the lanes as well
+step "Fuzzing ${#doors[@]} doors for $((seconds * jobs)) s each, $jobs at a time" fuzz_doors
+
+heading "Times"
+printf '%s\n' "${times[@]}"
 
 heading "${#findings[@]} findings"
 for finding in "${findings[@]}"; do echo "$finding"; done
