@@ -11,6 +11,6 @@ endfunction()
 ask(--cflags cflags)
 ask(--libs libs)
 ask(--variable=schemasdir schemas_dir)
-execute_process(COMMAND ${COMPILER} -std=c++17 ${cflags} -I ${CMAKE_CURRENT_LIST_DIR}/../.. -D "SCHEMAS_DIR=\"${schemas_dir}\""
-  ${HOST} -o ${PROGRAM} ${libs} -Wl,-rpath,${LIBDIR} COMMAND_ERROR_IS_FATAL ANY)
-execute_process(COMMAND ${PROGRAM} COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND ${COMPILER} -std=c++17 -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
+  ${cflags} ${HOST} -o ${PROGRAM} ${libs} -Wl,-rpath,${LIBDIR} COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND ${PROGRAM} ${schemas_dir} COMMAND_ERROR_IS_FATAL ANY)

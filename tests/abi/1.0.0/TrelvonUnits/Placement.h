@@ -1,0 +1,13 @@
+#pragma once
+
+#include <cstdint>
+
+namespace Units {
+
+/// Which side of a number a symbol's text stands on.
+enum class Placement : std::int32_t {
+  Prefix = 0,  ///< "Prefix" in schema texts: `$ 5`.
+  Suffix = 1,  ///< "Suffix" in schema texts: `5 kg`; any text but "Prefix" is read as this.
+};
+
+}  // namespace Units

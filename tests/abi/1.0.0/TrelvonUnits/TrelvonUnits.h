@@ -1,0 +1,25 @@
+#pragma once
+
+/// Everything that a host sees of the library.
+
+#include <TrelvonUnits/AbsoluteUnitComponent.h>
+#include <TrelvonUnits/DerivedUnitComponent.h>
+#include <TrelvonUnits/Dimension.h>
+#include <TrelvonUnits/Exceptions.h>
+#include <TrelvonUnits/Export.h>
+#include <TrelvonUnits/Factor.h>
+#include <TrelvonUnits/FactorComponent.h>
+#include <TrelvonUnits/Limits.h>
+#include <TrelvonUnits/Placement.h>
+#include <TrelvonUnits/PrefixOrSuffix.h>
+#include <TrelvonUnits/PreparedConversion.h>
+#include <TrelvonUnits/PrimitivePowers.h>
+#include <TrelvonUnits/PrimitiveUnitComponent.h>
+#include <TrelvonUnits/Quantity.h>
+#include <TrelvonUnits/SchemaBundle.h>
+#include <TrelvonUnits/SchemaUtility.h>
+#include <TrelvonUnits/Symbol.h>
+#include <TrelvonUnits/System.h>
+#include <TrelvonUnits/Unit.h>
+#include <TrelvonUnits/UnitsEngine.h>
+#include <TrelvonUnits/VariableResolver.h>
