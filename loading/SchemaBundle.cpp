@@ -2,8 +2,10 @@
 
 #include <TrelvonUnits/Exceptions.h>
 
+#include "loading/OpenFile.h"
+
 #include <cstddef>
-#include <fstream>
+#include <cstdio>
 #include <stdexcept>
 #include <vector>
 
@@ -13,15 +15,16 @@ constexpr std::string_view header = "TrelvonUnits-schema-bundle-1\n";
 constexpr std::size_t chunkBytes = 65536;
 
 std::string readFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
+  const Schemas::OpenedFile file = Schemas::openFile(path);
   if (!file) throw std::logic_error("failed to open schema bundle");
   std::string content;
   std::vector<char> chunk(chunkBytes);
+  std::size_t length = 0;
   do {
-    file.read(chunk.data(), static_cast<std::streamsize>(chunk.size()));
-    content.append(chunk.data(), static_cast<std::size_t>(file.gcount()));
-  } while (file);
-  if (file.bad()) throw std::logic_error("failed to read schema bundle");
+    length = std::fread(chunk.data(), 1, chunk.size(), file.get());
+    content.append(chunk.data(), length);
+  } while (length == chunk.size());
+  if (std::ferror(file.get())) throw std::logic_error("failed to read schema bundle");
   return content;
 }
 

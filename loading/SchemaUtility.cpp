@@ -2,11 +2,12 @@
 
 #include <TrelvonUnits/Exceptions.h>
 
+#include "loading/OpenFile.h"
+
 #include <cstddef>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
-#include <memory>
 #include <stdexcept>
 #include <system_error>
 #include <vector>
@@ -16,10 +17,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t kChunkBytes = 65536;
-
-struct CloseFile {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
 
 /// A status, where "not found" is an answer. All else is a failure of `operation`.
 fs::file_status checked(fs::file_status status, const std::error_code& error, const fs::path& path,
@@ -46,22 +43,10 @@ bool isSchemaFile(const fs::recursive_directory_iterator& walk) {
   return fs::is_regular_file(status) && path.extension() == ".json" && walk.depth() > 0;
 }
 
-std::FILE* openFile(const std::string& path) {
-#if defined(_WIN32)
-  std::FILE* file = nullptr;
-  return fopen_s(&file, path.c_str(), "rb") == 0 ? file : nullptr;
-#else
-  return std::fopen(path.c_str(), "rb");
-#endif
-}
-
 /// The bytes of a file up to the first NUL. `buffer` is a chunk to read with.
 std::string readText(const fs::path& path, std::vector<char>& buffer) {
-  const std::unique_ptr<std::FILE, CloseFile> file(openFile(path.string()));
+  const Schemas::OpenedFile file = Schemas::openFile(path.string());
   if (!file) throw std::logic_error("failed to open schema file");
-  // Without memory for a buffer of its own the C library would read byte by byte.
-  std::setvbuf(file.get(), nullptr, _IONBF, 0);
-
   std::string text;
   std::size_t length = 0;
   do {

@@ -1,10 +1,10 @@
 /// Fails every allocation of every operation, once alone and once with all that follow, and looks
 /// whether the engine is then what its contract says.
-#include <algorithm>
+#include <iterator>
 #include <new>
 
+#include "robustness/FileLoads.h"
 #include "robustness/Findings.h"
-#include "robustness/FolderLoad.h"
 #include "robustness/Heap.h"
 #include "robustness/Operations.h"
 
@@ -103,13 +103,30 @@ long failEach(const Operation& operation) {
   return index - 1;
 }
 
+/// Once it is made, a prepared conversion needs no memory.
+void applyPrepared() {
+  const Engine engine = sampleEngine();
+  for (const char* to : {"inch", "perInch"}) {
+    const Units::PreparedConversion prepared(*engine, "foot", to);
+    double values[] = {1, 2, 3, 4, 5, 6, 7};
+    heap::fail(0, true);
+    values[0] = prepared(values[0]);
+    prepared.convert(values, values, std::size(values));
+    heap::succeed();
+    check(!heap::hasFailed(), "a prepared conversion allocates");
+  }
+}
+
 }  // namespace
 
 int main() {
   long total = 0;
-  const FolderLoad folder;
+  applyPrepared();
+  const FileLoads files;
   std::vector<Operation> operations = allOperations();
-  if (FolderLoad::canFail) operations.push_back(folder.operation());
+  if (FileLoads::folderCanFail) operations.push_back(files.folder());
+  operations.push_back(files.bundle());
+  operations.push_back(files.missingBundle());
   for (const Operation& operation : operations) {
     const long count = failEach(operation);
     check(count > 0 || operation.mayNeedNone, operation.name + std::string(" allocates nothing"));

@@ -4,8 +4,8 @@
 #include <functional>
 #include <stdexcept>
 
+#include "robustness/FileLoads.h"
 #include "robustness/Findings.h"
-#include "robustness/FolderLoad.h"
 #include "robustness/HostEngine.h"
 #include "robustness/Sample.h"
 
@@ -124,23 +124,21 @@ void throwAt(int k) {
   check(describe(*engine) == before, "the engine has changed after a resolver's fault");
 }
 
-void load(const FolderLoad& folder, UnitsEngine& engine) { folder.operation().run(engine); }
-
-/// Whatever happened in between, loading the folder again makes it complete.
-void loadWith(const FolderLoad& folder, const std::string& name, int k,
+/// Whatever happened in between, loading again makes the engine complete.
+void loadWith(const Operation& load, const std::string& name, int k,
               const std::function<void(HostEngine&)>& action) {
   HostEngine engine;
   engine.onDefinition = [&](int call) {
     if (call == k) action(engine);
   };
   try {
-    outcome([&] { return load(folder, engine), std::string(); });
+    outcome([&] { return load.run(engine); });
   } catch (const HostFault& fault) {
     check(fault.call == k, "another fault than the engine's");
   }
-  load(folder, *engine.inner);
+  load.run(*engine.inner);
   check(describe(*engine.inner) == describe(*sampleEngine()),
-        "an engine that " + name + " at call " + std::to_string(k) + " is not whole");
+        load.name + ": an engine that " + name + " at call " + std::to_string(k) + " is not whole");
 }
 
 }  // namespace
@@ -150,16 +148,17 @@ int main() {
     for (int k = 1; k <= tokens; ++k) evaluateWith(action, k);
   for (int k = 1; k <= tokens; ++k) throwAt(k);
 
-  const FolderLoad folder;
-  const int files = static_cast<int>(sampleSchemas().size());
-  for (int k = 1; k <= files; ++k) {
-    loadWith(folder, "throws", k, [k](HostEngine&) { throw HostFault{k}; });
-    loadWith(folder, "throws what no one expects", k,
-             [](HostEngine&) { throw std::logic_error("passes"); });
-    loadWith(folder, "builds", k, [](HostEngine& engine) { engine.inner->buildSchemas(); });
-    loadWith(folder, "loads again", k, [&](HostEngine& engine) { load(folder, *engine.inner); });
-  }
+  const FileLoads files;
+  const int texts = static_cast<int>(sampleSchemas().size());
+  for (const Operation& load : {files.folder(), files.bundle()})
+    for (int k = 1; k <= texts; ++k) {
+      loadWith(load, "throws", k, [k](HostEngine&) { throw HostFault{k}; });
+      loadWith(load, "throws what no one expects", k,
+               [](HostEngine&) { throw std::logic_error("passes"); });
+      loadWith(load, "builds", k, [](HostEngine& engine) { engine.inner->buildSchemas(); });
+      loadWith(load, "loads again", k, [&](HostEngine& engine) { load.run(*engine.inner); });
+    }
   report(std::to_string(std::size(actions) * tokens + tokens) + " evaluations, " +
-         std::to_string(4 * files) + " loads");
+         std::to_string(8 * texts) + " loads");
   return verdict();
 }

@@ -137,12 +137,33 @@ Work addition(const Tree& tree, Add add, Units::UnitsEngine& engine) {
   return work;
 }
 
-Work factorQueries(const Tree& tree, Units::UnitsEngine& engine) {
+/// A unit above the last factor.
+void addOver(const Tree& tree, Units::UnitsEngine& engine) {
   addition(tree, addFactor, engine).run();
-  const std::string last = tree.last();
   engine.addUnit(Units::Unit(
       "over", "n", Units::System::Metric,
-      Units::DerivedUnitComponent({{"inch", 1}}, Units::FactorComponent(1, {{last, 1}}))));
+      Units::DerivedUnitComponent({{"inch", 1}}, Units::FactorComponent(1, {{tree.last(), 1}}))));
+}
+
+Work preparation(const std::string& from, const std::string& to, Units::UnitsEngine& engine) {
+  Work work;
+  work.run = [=, &engine] { Units::PreparedConversion(engine, from, to)(1); };
+  return work;
+}
+
+Work factorsPrepared(const Tree& tree, Units::UnitsEngine& engine) {
+  addOver(tree, engine);
+  return preparation("over", "inch", engine);
+}
+
+Work unitsPrepared(const Tree& tree, Units::UnitsEngine& engine) {
+  addition(tree, addUnit, engine).run();
+  return preparation(tree.last(), tree.nodes.front().first, engine);
+}
+
+Work factorQueries(const Tree& tree, Units::UnitsEngine& engine) {
+  addOver(tree, engine);
+  const std::string last = tree.last();
   Work work;
   work.run = [&engine, last] {
     engine.convert(1, "over", "inch");
@@ -178,6 +199,17 @@ Work unitQueries(const Tree& tree, Units::UnitsEngine& engine) {
   return work;
 }
 
+/// The highest first, and as many texts that are refused.
+Work bundle(int size, Units::UnitsEngine& engine) {
+  std::vector<std::string> texts;
+  const Tree tree = chain(size);
+  for (auto node = tree.nodes.rbegin(); node != tree.nodes.rend(); ++node) {
+    texts.push_back(factorText(node->first, node->second));
+    texts.emplace_back();
+  }
+  return bundleLoad(bundleOf(texts), engine);
+}
+
 void addForm(const Form& form, std::vector<Shape>& shapes) {
   const auto add = [&](const char* what, auto prepare) {
     shapes.push_back({std::string(form.name) + " of " + what, Shape::Definitions,
@@ -188,9 +220,11 @@ void addForm(const Form& form, std::vector<Shape>& shapes) {
   add("factors, added", [](const Tree& t, auto& e) { return addition(t, addFactor, e); });
   add("factors, built", [](const Tree& t, auto& e) { return batch(t, factorText, e); });
   add("factors, asked", factorQueries);
+  add("factors, prepared", factorsPrepared);
   add("units, added", [](const Tree& t, auto& e) { return addition(t, addUnit, e); });
   add("units, built", [](const Tree& t, auto& e) { return batch(t, unitText, e); });
   add("units, asked", unitQueries);
+  add("units, prepared", unitsPrepared);
 }
 
 }  // namespace
@@ -198,5 +232,6 @@ void addForm(const Form& form, std::vector<Shape>& shapes) {
 std::vector<Shape> definitionShapes() {
   std::vector<Shape> shapes;
   for (const Form& form : forms) addForm(form, shapes);
+  shapes.push_back({"bundle of factors", Shape::Definitions, bundle});
   return shapes;
 }

@@ -3,6 +3,7 @@
 #include <malloc.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <new>
 
@@ -23,6 +24,7 @@ bool mustFail() {
   if (untilFailure < 0 || isPaused) return false;
   if (untilFailure > 0) return --untilFailure, false;
   if (!failsForGood) untilFailure = -1;
+  errno = ENOMEM;
   return failed = true;
 }
 

@@ -37,6 +37,9 @@ void addNumbers(std::vector<Operation>& all) {
   all.push_back(row("PreparedConversion", [](auto& e) {
     return bits(Units::PreparedConversion(e, "foot", "perInch")(2));
   }));
+  all.push_back(row("PreparedConversion of scales", [](auto& e) {
+    return bits(Units::PreparedConversion(e, "celsius", "celsius")(2));
+  }));
   all.push_back(row("PreparedConversion, refused", [](auto& e) {
     return bits(Units::PreparedConversion(e, "foot", "celsius")(2));
   }));
@@ -159,19 +162,28 @@ void addRefused(UnitsEngine& engine) {
       schema("new", "unit.derived", named + ",{'id':'parentUnits','value':{'new':2}}"));
 }
 
-Operation bundle() {
-  std::string content = "TrelvonUnits-schema-bundle-1\n";
-  for (const std::string& text : sampleSchemas()) content.append(text).push_back('\0');
-  Operation load = row("addDefinitionsFromBuffer", [content](auto& engine) {
-    Schemas::SchemaBundle::addDefinitionsFromBuffer(content, engine);
-    return std::string();
-  });
-  load.start = makeEngine;
-  load.leavesPending = true;
-  return load;
+void addBundles(std::vector<Operation>& all) {
+  const std::string sample = sampleBundle();
+  const std::pair<const char*, std::string> rows[] = {
+      {"addDefinitionsFromBuffer", sample},
+      {"addDefinitionsFromBuffer, refused by the build",
+       bundleOf({sampleSchemas().front(), sampleSchemas().back()})},
+      {"addDefinitionsFromBuffer, refused", sample + "{}"}};
+  for (const auto& [name, bundle] : rows)
+    all.push_back(loading(name, [bundle = bundle](auto& engine) {
+      Schemas::SchemaBundle::addDefinitionsFromBuffer(bundle, engine);
+    }));
+  all.back().leavesPending = false;
 }
 
 }  // namespace
+
+Operation loading(const std::string& name, const std::function<void(UnitsEngine&)>& load) {
+  Operation operation = row(name, [load](auto& engine) { return load(engine), std::string(); });
+  operation.start = makeEngine;
+  operation.leavesPending = true;
+  return operation;
+}
 
 std::vector<Operation> readingOperations() {
   std::vector<Operation> all;
@@ -187,6 +199,6 @@ std::vector<Operation> allOperations() {
   all.push_back(building("buildSchemas of one", sampleEngine, addWaiting));
   all.push_back(building("buildSchemas of all", makeEngine, addSample));
   all.push_back(building("buildSchemas, refused", sampleEngine, addRefused));
-  all.push_back(bundle());
+  addBundles(all);
   return all;
 }

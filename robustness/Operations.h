@@ -29,5 +29,8 @@ struct Operation {
   bool mayNeedNone = false;  // answers without an allocation
 };
 
+/// A load into an empty engine.
+Operation loading(const std::string& name, const std::function<void(Units::UnitsEngine&)>& load);
+
 std::vector<Operation> readingOperations();
 std::vector<Operation> allOperations();

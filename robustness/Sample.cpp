@@ -64,6 +64,12 @@ const std::vector<std::string>& sampleTypeIds() {
   return all;
 }
 
+std::string bundleOf(const std::vector<std::string>& texts) {
+  std::string bundle = "TrelvonUnits-schema-bundle-1\n";
+  for (const std::string& text : texts) bundle.append(text).push_back('\0');
+  return bundle;
+}
+
 Engine makeEngine() { return Engine(Units::CreateUnitsEngine()); }
 
 void addSample(Units::UnitsEngine& engine) {

@@ -19,6 +19,9 @@ std::string schema(const std::string& typeId, const std::string& kind,
 const std::vector<std::string>& sampleSchemas();
 const std::vector<std::string>& sampleTypeIds();
 
+std::string bundleOf(const std::vector<std::string>& texts);
+inline std::string sampleBundle() { return bundleOf(sampleSchemas()); }
+
 Engine makeEngine();                         ///< Empty.
 void addSample(Units::UnitsEngine& engine);  ///< All of `sampleSchemas`, pending.
 Engine sampleEngine();                       ///< With `sampleSchemas` built.

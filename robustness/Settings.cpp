@@ -75,7 +75,8 @@ void addNumbers(const Units::UnitsEngine& engine, std::string& all) {
 
 /// Everything that reads or writes numbers or looks at letters.
 std::string everything() {
-  const Engine engine = sampleEngine();
+  const Engine engine = makeEngine();
+  Schemas::SchemaBundle::addDefinitionsFromBuffer(sampleBundle(), *engine);
   engine->addFactor(Units::Factor("I", Units::FactorComponent(1234567.891)));
   engine->addFactor(Units::Factor("\xC4\xB0", Units::FactorComponent(1e-7)));
   engine->addFactor(Units::Factor("i", Units::FactorComponent(0.1)));
@@ -88,8 +89,11 @@ std::string everything() {
   all += describe(*engine) + bits(engine->getFactor("read").getFactorComponent().getFactor());
   for (const char* formula : formulas)
     all += outcome([&] { return bits(engine->evaluateExpressionInUnit("foot", formula)); }) + '\n';
-  for (const double value : values)
-    all += outcome([&] { return bits(engine->convert(value, "foot", "perInch")); }) + '\n';
+  const Units::PreparedConversion prepared(*engine, "foot", "perInch");
+  for (const double value : values) {
+    all += bits(engine->convert(value, "foot", "perInch")) + '\n';
+    if (!std::isnan(value)) all += bits(prepared(value)) + '\n';
+  }
   addNumbers(*engine, all);
   return all;
 }

@@ -10,6 +10,13 @@ const std::vector<Shape>& allShapes() {
   return all;
 }
 
+Work bundleLoad(const std::string& bundle, Units::UnitsEngine& engine) {
+  Work work;
+  work.bytes = bundle.size();
+  work.run = [=, &engine] { Schemas::SchemaBundle::addDefinitionsFromBuffer(bundle, engine); };
+  return work;
+}
+
 std::string repeated(const std::string& text, int count) {
   std::string all;
   all.reserve(text.size() * static_cast<std::size_t>(count));

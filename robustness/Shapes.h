@@ -35,4 +35,7 @@ std::vector<Shape> formulaShapes();
 std::vector<Shape> textShapes();
 std::vector<Shape> definitionShapes();
 
+/// The loading of a bundle.
+Work bundleLoad(const std::string& bundle, Units::UnitsEngine& engine);
+
 std::string repeated(const std::string& text, int count);

@@ -106,6 +106,15 @@ std::vector<Shape> textShapes() {
                                              "factor", "{'id':'factor','value':2}"),
                                       engine);
                     }});
+  shapes.push_back(
+      {"empty texts in a bundle", Shape::Text, [](int size, Units::UnitsEngine& engine) {
+         const std::vector<std::string> texts(static_cast<std::size_t>(size));
+         return bundleLoad(bundleOf(texts), engine);
+       }});
+  shapes.push_back(
+      {"a long text in a bundle", Shape::Text, [](int size, Units::UnitsEngine& engine) {
+         return bundleLoad(bundleOf({repeated(" ", size)}), engine);
+       }});
   shapes.push_back({"unclosed at the start", Shape::Text, [](int size, Units::UnitsEngine& engine) {
                       return addition(repeated("[", size), engine);
                     }});

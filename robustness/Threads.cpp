@@ -1,8 +1,10 @@
-/// Four threads read one engine with every reading operation, from its first call on, and give what
-/// one thread gives; then each of them fills an engine of its own. For ThreadSanitizer to watch.
+/// Four threads read one engine with every reading operation, from its first call on, apply one
+/// prepared conversion, and give what one thread gives; then each of them fills an engine of its
+/// own. For ThreadSanitizer to watch.
 #include <atomic>
 #include <cstdlib>
 #include <functional>
+#include <iterator>
 #include <thread>
 #include <vector>
 
@@ -36,6 +38,14 @@ std::vector<std::string> resultsOn(Units::UnitsEngine& engine, std::size_t first
   return results;
 }
 
+std::string applied(const Units::PreparedConversion& prepared) {
+  double values[] = {-1, 0, 0.1, 1, 1e300};
+  std::string all = bits(prepared(2));
+  prepared.convert(values, values, std::size(values));
+  for (const double value : values) all += ' ' + bits(value);
+  return all;
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
@@ -43,11 +53,14 @@ int main(int count, char** arguments) {
   std::vector<std::vector<std::string>> results(threadCount);
   for (int round = 0; round < rounds; ++round) {
     const Engine shared = sampleEngine();
+    const Units::PreparedConversion prepared(*shared, "foot", "inch");
     onAllThreads([&](int number) {
       const auto index = static_cast<std::size_t>(number);
       results[index] = resultsOn(*shared, index * 5);
+      results[index].push_back(applied(prepared));
     });
-    const std::vector<std::string> alone = resultsOn(*sampleEngine(), 0);
+    std::vector<std::string> alone = resultsOn(*sampleEngine(), 0);
+    alone.push_back(applied(prepared));
     for (const auto& result : results) check(result == alone, "threads that share an engine");
   }
 

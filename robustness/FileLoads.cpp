@@ -1,4 +1,4 @@
-#include "robustness/FolderLoad.h"
+#include "robustness/FileLoads.h"
 
 #include <dirent.h>
 #include <dlfcn.h>
@@ -16,10 +16,10 @@ extern "C" {
 
 std::FILE* fopen(const char* path, const char* mode) {
   using Open = std::FILE*(const char*, const char*);
+  heap::pause(true);  // where it is first found
   static Open* const open = reinterpret_cast<Open*>(::dlsym(RTLD_NEXT, "fopen"));
-  std::FILE* const file = open(path, mode);
   heap::pause(false);
-  return file;
+  return open(path, mode);
 }
 
 dirent* readdir(DIR* folder) {
@@ -33,7 +33,7 @@ dirent* readdir(DIR* folder) {
 
 #endif
 
-FolderLoad::FolderLoad() {
+FileLoads::FileLoads() {
   std::string pattern = std::filesystem::temp_directory_path() / "trelvon-XXXXXX";
   if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no folder to load from");
   root_ = pattern;
@@ -41,19 +41,29 @@ FolderLoad::FolderLoad() {
   int number = 0;
   for (const std::string& text : sampleSchemas())
     std::ofstream(root_ / "sub" / (std::to_string(++number) + ".json")) << text;
+  std::vector<std::string> texts = sampleSchemas();
+  texts.back().insert(0, 100000, ' ');  // longer than what is read at a time
+  std::ofstream(root_ / "bundle", std::ios::binary) << bundleOf(texts);
 }
 
-FolderLoad::~FolderLoad() { std::filesystem::remove_all(root_); }
+FileLoads::~FileLoads() { std::filesystem::remove_all(root_); }
 
-Operation FolderLoad::operation() const {
-  Operation load;
-  load.name = "addDefinitionsFromFolder, each file";
-  load.start = makeEngine;
-  load.run = [root = root_.string()](Units::UnitsEngine& engine) {
-    Schemas::SchemaUtility::addDefinitionsFromFolder(root, engine);
-    return std::string();
-  };
-  load.leavesPending = true;
+Operation FileLoads::folder() const {
+  Operation load = loading("addDefinitionsFromFolder, each file", [root = root_.string()](auto& e) {
+    Schemas::SchemaUtility::addDefinitionsFromFolder(root, e);
+  });
   load.startsPaused = true;
   return load;
+}
+
+Operation FileLoads::bundle() const {
+  return loading("addDefinitionsFromFile", [file = (root_ / "bundle").string()](auto& e) {
+    Schemas::SchemaBundle::addDefinitionsFromFile(file, e);
+  });
+}
+
+Operation FileLoads::missingBundle() const {
+  return loading("addDefinitionsFromFile, refused", [file = (root_ / "none").string()](auto& e) {
+    Schemas::SchemaBundle::addDefinitionsFromFile(file, e);
+  });
 }

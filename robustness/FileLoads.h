@@ -1,0 +1,29 @@
+/// The sample as a folder of schema files and as a bundle in a file. The loading of the folder
+/// fails from the opening of a file on: the standard library's walk over folders, which comes
+/// before, may end the process where an allocation of its own fails.
+#pragma once
+
+#include <filesystem>
+
+#include "robustness/Build.h"
+#include "robustness/Operations.h"
+
+class FileLoads {
+ public:
+#if defined(TRELVON_ROBUSTNESS_SANITIZED)
+  static constexpr bool folderCanFail = false;  // the sanitizer opens files itself
+#else
+  static constexpr bool folderCanFail = true;
+#endif
+
+  FileLoads();
+  ~FileLoads();
+  FileLoads(const FileLoads&) = delete;
+
+  Operation folder() const;
+  Operation bundle() const;
+  Operation missingBundle() const;
+
+ private:
+  std::filesystem::path root_;
+};
