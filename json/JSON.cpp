@@ -2,18 +2,29 @@
 
 #include <rapidjson/error/en.h>
 
-#include <cstring>
+#include <array>
 #include <stdexcept>
 #include <utility>
 
-#include "json/ParseText.h"
+#include "json/ParseInPlace.h"
 #include "json/RapidJson.h"
 
-struct JSON::Implementation {
-  std::shared_ptr<ExceptionFactory> exceptionFactory;  // none in values that are being built
-  std::unique_ptr<RapidDocument> document;  // none in views and in values that stand alone
-  RapidValue ownValue;                      // null in documents and views
-  RapidValue* current = &ownValue;          // what this JSON stands for
+namespace {
+
+// A document of a usual schema, with the text that it is read from, takes no memory but its own,
+// which is a block that allocators keep at hand.
+constexpr std::size_t kFirstPoolBytes = 768;
+constexpr std::size_t kFirstStackBytes = 1024;
+
+}  // namespace
+
+/// A root, and what it and all that hangs on it lie in.
+struct JSON::Document {
+  std::shared_ptr<ExceptionFactory> exceptionFactory;  // none in a document that is being built
+  std::string text;                                    // that strings of the document lie in
+  alignas(std::max_align_t) std::array<char, kFirstPoolBytes> firstOfPool;
+  RapidPool pool{firstOfPool.data(), firstOfPool.size()};
+  RapidDocument root{&pool, kFirstStackBytes};
 };
 
 namespace {
@@ -32,10 +43,10 @@ RapidValue* findMember(RapidValue& value, std::string_view key) {
 }
 
 /// A string of the owner's.
-RapidValue copyText(const std::string& text, RapidDocument& owner) {
+RapidValue copyText(const std::string& text, RapidPool& owner) {
   if (text.size() > JSON::kLongestText) throw std::length_error("A text is too long for JSON.");
   const auto length = static_cast<rapidjson::SizeType>(text.size());
-  return RapidValue(text.data(), length, owner.GetAllocator());
+  return RapidValue(text.data(), length, owner);
 }
 
 }  // namespace
@@ -44,128 +55,100 @@ void raiseError(ExceptionFactory& factory, const std::string& message) {
   std::rethrow_exception(factory.createException(message));
 }
 
-JSON::JSON(std::unique_ptr<Implementation> implementation) noexcept
-    : implementation_(std::move(implementation)) {}
+JSON::JSON(std::unique_ptr<Document> document) noexcept
+    : document_(std::move(document)),
+      value_(&document_->root),
+      errors_(document_->exceptionFactory.get()) {}
 
-JSON::JSON(bool value) : JSON(std::make_unique<Implementation>()) {
-  implementation_->ownValue.SetBool(value);
-}
+JSON::JSON(std::unique_ptr<RapidValue> value) noexcept
+    : own_(std::move(value)), value_(own_.get()) {}
 
-JSON::JSON(double value) : JSON(std::make_unique<Implementation>()) {
-  implementation_->ownValue.SetDouble(value);
-}
+JSON::JSON(RapidValue& viewed, ExceptionFactory* errors) noexcept
+    : value_(&viewed), errors_(errors) {}
 
-JSON::JSON(int value) : JSON(std::make_unique<Implementation>()) {
-  implementation_->ownValue.SetInt(value);
-}
+JSON::JSON(bool value) : JSON(std::make_unique<RapidValue>(value)) {}
+JSON::JSON(double value) : JSON(std::make_unique<RapidValue>(value)) {}
+JSON::JSON(int value) : JSON(std::make_unique<RapidValue>(value)) {}
 
 JSON::JSON(JSON&& other) noexcept = default;
 JSON& JSON::operator=(JSON&& other) noexcept = default;
 JSON::~JSON() = default;
 
 JSON JSON::parse(std::shared_ptr<ExceptionFactory> factory, const std::string& text) {
-  auto implementation = std::make_unique<Implementation>();
-  implementation->exceptionFactory = std::move(factory);
-  ExceptionFactory& errors = *implementation->exceptionFactory;
+  auto document = std::make_unique<Document>();
+  document->exceptionFactory = std::move(factory);
+  ExceptionFactory& errors = *document->exceptionFactory;
   const auto refuse = [&errors](std::size_t offset, const char* reason) {
     raiseError(errors, "JSON parsing error at offset " + std::to_string(offset) + ": " + reason);
   };
 
   const std::string_view read(text.c_str());
   if (read.size() > kLongestText) refuse(kLongestText, "The text is too long.");
-  implementation->document = std::make_unique<RapidDocument>();
-  const rapidjson::ParseResult result = parseText(*implementation->document, read);
+  document->text = read;
+  const rapidjson::ParseResult result = parseInPlace(document->root, document->text);
   if (result.IsError()) refuse(result.Offset(), rapidjson::GetParseError_En(result.Code()));
-
-  implementation->current = implementation->document.get();
-  return JSON(std::move(implementation));
+  return JSON(std::move(document));
 }
 
 JSON JSON::makeDocument() {
-  auto implementation = std::make_unique<Implementation>();
-  implementation->document = std::make_unique<RapidDocument>(rapidjson::kObjectType);
-  implementation->current = implementation->document.get();
-  return JSON(std::move(implementation));
+  auto document = std::make_unique<Document>();
+  document->root.SetObject();
+  return JSON(std::move(document));
 }
 
-JSON JSON::makeObject() {
-  auto implementation = std::make_unique<Implementation>();
-  implementation->ownValue.SetObject();
-  return JSON(std::move(implementation));
-}
+JSON JSON::makeObject() { return JSON(std::make_unique<RapidValue>(rapidjson::kObjectType)); }
 
 JSON JSON::makeString(JSON& owner, const std::string& text) {
-  auto implementation = std::make_unique<Implementation>();
-  implementation->ownValue = copyText(text, *owner.implementation_->document);
-  return JSON(std::move(implementation));
+  return JSON(std::make_unique<RapidValue>(copyText(text, owner.document_->pool)));
 }
 
 JSON JSON::makeArray(JSON& owner, std::vector<JSON>&& items) {
-  auto implementation = std::make_unique<Implementation>();
-  RapidPool& pool = owner.implementation_->document->GetAllocator();
-  RapidValue& array = implementation->ownValue.SetArray();
-  array.Reserve(static_cast<rapidjson::SizeType>(items.size()), pool);
-  for (JSON& item : items) array.PushBack(*item.implementation_->current, pool);
-  return JSON(std::move(implementation));
+  auto array = std::make_unique<RapidValue>(rapidjson::kArrayType);
+  RapidPool& pool = owner.document_->pool;
+  array->Reserve(static_cast<rapidjson::SizeType>(items.size()), pool);
+  for (JSON& item : items) array->PushBack(*item.value_, pool);
+  return JSON(std::move(array));
 }
 
-bool JSON::hasMember(const std::string& key) const {
-  return findMember(*implementation_->current, key) != nullptr;
+bool JSON::hasMember(std::string_view key) const { return findMember(*value_, key) != nullptr; }
+
+JSON JSON::getMember(std::string_view key) const {
+  static RapidValue none;  // nothing is written through a view
+  RapidValue* const member = findMember(*value_, key);
+  return JSON(member ? *member : none, errors_);
 }
 
-JSON JSON::getMember(const std::string& key) const {
-  auto view = std::make_unique<Implementation>();
-  view->exceptionFactory = implementation_->exceptionFactory;
-  RapidValue* const member = findMember(*implementation_->current, key);
-  if (member != nullptr) view->current = member;
-  return JSON(std::move(view));
-}
-
-bool JSON::isObject() const { return implementation_->current->IsObject(); }
-bool JSON::isArray() const { return implementation_->current->IsArray(); }
-bool JSON::isString() const { return implementation_->current->IsString(); }
-bool JSON::isNumber() const { return implementation_->current->IsNumber(); }
-bool JSON::isBool() const { return implementation_->current->IsBool(); }
+bool JSON::isObject() const { return value_->IsObject(); }
+bool JSON::isArray() const { return value_->IsArray(); }
+bool JSON::isString() const { return value_->IsString(); }
+bool JSON::isNumber() const { return value_->IsNumber(); }
+bool JSON::isBool() const { return value_->IsBool(); }
 
 std::string JSON::getString() const { return std::string(getStringView()); }
 
-std::string_view JSON::getStringView() const { return implementation_->current->GetString(); }
+std::string_view JSON::getStringView() const { return value_->GetString(); }
 
-double JSON::getNumber() const { return implementation_->current->GetDouble(); }
+double JSON::getNumber() const { return value_->GetDouble(); }
 
-bool JSON::getBool() const { return implementation_->current->IsTrue(); }
+bool JSON::getBool() const { return value_->IsTrue(); }
 
 std::vector<JSON> JSON::getArray() const {
-  const auto elements = implementation_->current->GetArray();
+  const auto elements = value_->GetArray();
   std::vector<JSON> views;
   views.reserve(elements.Size());
-  for (RapidValue& element : elements) {
-    auto view = std::make_unique<Implementation>();
-    view->exceptionFactory = implementation_->exceptionFactory;
-    view->current = &element;
-    views.push_back(JSON(std::move(view)));
-  }
+  for (RapidValue& element : elements) views.push_back(JSON(element, errors_));
   return views;
-}
-
-void JSON::forEachElement(const std::function<void(const JSON&)>& visit) const {
-  const JSON view(std::make_unique<Implementation>());
-  view.implementation_->exceptionFactory = implementation_->exceptionFactory;
-  for (RapidValue& element : implementation_->current->GetArray()) {
-    view.implementation_->current = &element;
-    visit(view);
-  }
 }
 
 std::map<std::string, int> JSON::getStringIntMap() const {
   std::map<std::string, int> map;
   if (!isObject()) return map;
-  for (const auto& member : implementation_->current->GetObject()) {
+  for (const auto& member : value_->GetObject()) {
     if (!member.name.IsString())
-      raiseError(*implementation_->exceptionFactory,
+      raiseError(*errors_,
                  "Expected a map with string keys and integer values, but key was not a string.");
     if (!member.value.IsInt())
-      raiseError(*implementation_->exceptionFactory,
+      raiseError(*errors_,
                  "Expected a map with string keys and integer values, but value was not an "
                  "integer.");
     map.insert_or_assign(std::string(textOf(member.name)), member.value.GetInt());
@@ -176,12 +159,11 @@ std::map<std::string, int> JSON::getStringIntMap() const {
 std::map<std::string, std::string> JSON::getStringStringMap() const {
   std::map<std::string, std::string> map;
   if (!isObject()) return map;
-  for (const auto& member : implementation_->current->GetObject()) {
+  for (const auto& member : value_->GetObject()) {
     if (!member.name.IsString())
-      raiseError(*implementation_->exceptionFactory,
-                 "Expected a map with string keys and values, but key was not a string.");
+      raiseError(*errors_, "Expected a map with string keys and values, but key was not a string.");
     if (!member.value.IsString())
-      raiseError(*implementation_->exceptionFactory,
+      raiseError(*errors_,
                  "Expected a map with string keys and values, but value was not a string.");
     map.insert_or_assign(std::string(textOf(member.name)), member.value.GetString());
   }
@@ -189,14 +171,13 @@ std::map<std::string, std::string> JSON::getStringStringMap() const {
 }
 
 void JSON::setMember(JSON& owner, const std::string& key, JSON&& value) {
-  RapidDocument& document = *owner.implementation_->document;
-  RapidValue name = copyText(key, document);
-  RapidValue& object = *implementation_->current;
+  RapidPool& pool = owner.document_->pool;
+  RapidValue name = copyText(key, pool);
   try {
-    object.AddMember(name, *value.implementation_->current, document.GetAllocator());
+    value_->AddMember(name, *value.value_, pool);
   } catch (...) {
     // RapidJSON counts room for the member before it has it: the next one would be written there.
-    object.SetObject();
+    value_->SetObject();
     throw;
   }
 }
@@ -204,7 +185,7 @@ void JSON::setMember(JSON& owner, const std::string& key, JSON&& value) {
 std::string JSON::toString() const {
   RapidBuffer buffer;
   RapidWriter writer(buffer);
-  if (!implementation_->current->Accept(writer))
+  if (!value_->Accept(writer))
     throw std::logic_error("A number that is not finite has no JSON text.");
   return std::string(buffer.GetString(), buffer.GetSize());
 }

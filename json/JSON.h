@@ -1,7 +1,8 @@
 #pragma once
 
+#include <rapidjson/fwd.h>
+
 #include <cstddef>
-#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -10,10 +11,14 @@
 
 #include "json/ExceptionFactory.h"
 
+struct ThrowingAllocator;
+using RapidPool = rapidjson::MemoryPoolAllocator<ThrowingAllocator>;
+using RapidValue = rapidjson::GenericValue<rapidjson::UTF8<char>, RapidPool>;
+
 /// A JSON value, read from text or built to be written as text.
 ///
-/// Reading: `parse` gives the root of a document; `getMember`, `getArray` and `forEachElement` give
-/// views into it, which cost a pointer and copy nothing. The JSON that owns the document must
+/// Reading: `parse` gives the root of a document; `getMember` and `getArray` give views into it,
+/// which are a few pointers and copy nothing. The JSON that owns the document must
 /// outlive every view. Test the type, then get: a getter of another type than the value's is
 /// outside its contract.
 ///
@@ -61,10 +66,10 @@ class JSON {
   ~JSON();
 
   /// Whether this is an object with a member of exactly this name: byte for byte, NUL included.
-  bool hasMember(const std::string& key) const;
+  bool hasMember(std::string_view key) const;
 
   /// The first member of that name; a null value when there is none.
-  JSON getMember(const std::string& key) const;
+  JSON getMember(std::string_view key) const;
 
   bool isObject() const;
   bool isArray() const;
@@ -87,9 +92,6 @@ class JSON {
   /// A view of each element of an array.
   std::vector<JSON> getArray() const;
 
-  /// Calls `visit` for each element of an array in order, with one view that moves along.
-  void forEachElement(const std::function<void(const JSON&)>& visit) const;
-
   /// The members of an object by their whole names; of members of one name the last.
   ///
   /// @throws  what the document's factory makes of the message for a value of another type. A
@@ -111,9 +113,14 @@ class JSON {
   std::string toString() const;
 
  private:
-  struct Implementation;
+  struct Document;
 
-  explicit JSON(std::unique_ptr<Implementation> implementation) noexcept;
+  explicit JSON(std::unique_ptr<Document> document) noexcept;
+  explicit JSON(std::unique_ptr<RapidValue> value) noexcept;
+  JSON(RapidValue& viewed, ExceptionFactory* errors) noexcept;
 
-  std::unique_ptr<Implementation> implementation_;
+  std::unique_ptr<Document> document_;  // of a root
+  std::unique_ptr<RapidValue> own_;     // of a value that stands alone
+  RapidValue* value_;                   // what this JSON stands for
+  ExceptionFactory* errors_ = nullptr;  // of a text that is read
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <string_view>
 
 namespace {
 
@@ -47,19 +48,15 @@ void bound(std::string& text, Digits digits) {
 
 }  // namespace
 
-std::optional<std::string> withBoundedExponents(std::string_view text) {
-  Digits digits = nextLongExponent(text, 0);
-  if (digits.begin == digits.end) return std::nullopt;
-
-  std::string bounded(text);
+void boundExponents(std::string& text) {
   bool inString = false;
   std::size_t place = 0;
-  for (; digits.begin < digits.end; digits = nextLongExponent(text, digits.end)) {
+  for (Digits digits = nextLongExponent(text, 0); digits.begin < digits.end;
+       digits = nextLongExponent(text, digits.end)) {
     for (; place < digits.begin; ++place) {
       if (text[place] == '"') inString = !inString;
       if (text[place] == '\\' && inString) ++place;
     }
-    if (!inString) bound(bounded, digits);
+    if (!inString) bound(text, digits);
   }
-  return bounded;
 }

@@ -7,10 +7,8 @@
 /// reader tells the offset of the number's first character when it is too big.
 #pragma once
 
-#include <optional>
 #include <string>
-#include <string_view>
 
-/// `text` with every exponent of ten or more significant digits so replaced; nothing when it has
-/// none, the usual case. Texts of JSON strings stay as they are.
-std::optional<std::string> withBoundedExponents(std::string_view text);
+/// Replaces every exponent of ten or more significant digits so. Strings in the text stay as they
+/// are.
+void boundExponents(std::string& text);

@@ -46,7 +46,7 @@ std::string readTypedValue(const JSON& value) {
 std::vector<std::string> readTypedValueArray(const JSON& value) {
   if (!value.isArray()) throw ValidationException("Expected an array of typedValue objects.");
   std::vector<std::string> typeIds;
-  value.forEachElement([&](const JSON& element) { typeIds.push_back(readTypedValue(element)); });
+  for (const JSON& element : value.getArray()) typeIds.push_back(readTypedValue(element));
   return typeIds;
 }
 

@@ -7,6 +7,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -18,12 +19,13 @@ namespace Units {
 /// @param fallback  what the constant is when the schema does not give it; empty when it must.
 /// @param handler   tests the form of the JSON value and converts it; one of those below.
 template <class T>
-T readConstant(const SchemaHeader& header, const std::string& id, std::optional<T> fallback,
+T readConstant(const SchemaHeader& header, std::string_view id, std::optional<T> fallback,
                T (*handler)(const JSON&)) {
   const auto constant = header.constants.find(id);
   if (constant != header.constants.end()) return handler(constant->second);
   if (!fallback)
-    throw ValidationException("Schema " + header.typeId + " has an undefined " + id + " constant.");
+    throw ValidationException("Schema " + header.typeId + " has an undefined " + std::string(id) +
+                              " constant.");
   return *std::move(fallback);
 }
 

@@ -30,9 +30,9 @@ SchemaHeader readSchemaHeader(std::shared_ptr<ExceptionFactory> factory, const s
   std::string typeId = readTypeId(document, *factory);
   std::string baseTypeId = readBaseTypeId(document, *factory);
   // All faults of the constants come before any fault of the properties.
-  std::map<std::string, JSON> constants = readPropertyArray(document, *factory, "constants");
+  Properties constants = readPropertyArray(document, *factory, "constants");
   for (auto& [id, constant] : constants) constant = resolvePropertyValue(constant, *factory);
-  std::map<std::string, JSON> properties = readPropertyArray(document, *factory, "properties");
+  Properties properties = readPropertyArray(document, *factory, "properties");
   return {std::move(typeId), std::move(baseTypeId), std::move(constants), std::move(properties),
           std::move(document)};
 }
@@ -40,35 +40,36 @@ SchemaHeader readSchemaHeader(std::shared_ptr<ExceptionFactory> factory, const s
 std::vector<std::string> readNonEmptyStringArray(const JSON& value, ExceptionFactory& factory) {
   if (!value.isArray()) raiseError(factory, "Expected an array.");
   std::vector<std::string> texts;
-  value.forEachElement([&](const JSON& element) {
+  for (const JSON& element : value.getArray()) {
     if (!element.isString()) raiseError(factory, "Expected an array of strings.");
     texts.push_back(element.getString());
     if (texts.back().empty()) raiseError(factory, "Expected an array of non-empty strings.");
-  });
+  }
   return texts;
 }
 
-std::map<std::string, JSON> readPropertyArray(const JSON& document, ExceptionFactory& factory,
-                                              const std::string& name) {
-  std::map<std::string, JSON> properties;
+Properties readPropertyArray(const JSON& document, ExceptionFactory& factory,
+                             const std::string& name) {
+  Properties properties;
   if (!document.hasMember(name)) return properties;
   const JSON array = document.getMember(name);
   if (!array.isArray()) raiseError(factory, "Expected schema " + name + " to be an array.");
   for (JSON& property : array.getArray()) {
-    const std::string id = readPropertyId(property, factory);
+    const std::string_view id = readPropertyId(property, factory);
     if (!properties.try_emplace(id, std::move(property)).second)
-      raiseError(factory, "Item " + id + " in " + name + " array must be defined only once.");
+      raiseError(factory,
+                 "Item " + std::string(id) + " in " + name + " array must be defined only once.");
   }
   return properties;
 }
 
-std::string readPropertyId(const JSON& property, ExceptionFactory& factory) {
+std::string_view readPropertyId(const JSON& property, ExceptionFactory& factory) {
   if (!property.isObject()) raiseError(factory, "Expected an object describing a property.");
   if (!property.hasMember("id"))
     raiseError(factory, "A property definition must have an id attribute.");
   const JSON id = property.getMember("id");
   if (!id.isString()) raiseError(factory, "A property's id attribute must be a string.");
-  return id.getString();
+  return id.getStringView();
 }
 
 JSON resolvePropertyValue(const JSON& property, ExceptionFactory& factory) {

@@ -17,13 +17,16 @@
 /// The readers report through the factory that they are given.
 namespace Units {
 
+/// Property objects, or their values, by the objects' ids: views into a document.
+using Properties = std::map<std::string_view, JSON>;
+
 /// A schema document, read and checked as far as its kind does not matter. Movable, not copyable.
 struct SchemaHeader {
   std::string typeId;
-  std::string baseTypeId;                  // the one entry of "inherits"; selects the kind
-  std::map<std::string, JSON> constants;   // by id: the value, or the typed value if there is none
-  std::map<std::string, JSON> properties;  // by id: the whole property object
-  JSON document;                           // what the views in both maps look into
+  std::string baseTypeId;  // the one entry of "inherits"; selects the kind
+  Properties constants;    // the value, or the typed value if there is none
+  Properties properties;   // the whole property object
+  JSON document;           // what the views in both look into
 };
 
 /// Reads a schema text up to its first NUL.
@@ -34,11 +37,11 @@ std::vector<std::string> readNonEmptyStringArray(const JSON& value, ExceptionFac
 
 /// The property objects of the array that is the document's member `name`, by id; empty when there
 /// is no such member.
-std::map<std::string, JSON> readPropertyArray(const JSON& document, ExceptionFactory& factory,
-                                              const std::string& name);
+Properties readPropertyArray(const JSON& document, ExceptionFactory& factory,
+                             const std::string& name);
 
-/// The id of a property object, which may be empty.
-std::string readPropertyId(const JSON& property, ExceptionFactory& factory);
+/// The id of a property object, in place; it may be empty.
+std::string_view readPropertyId(const JSON& property, ExceptionFactory& factory);
 
 /// What a property object holds: its "value" (null counts), else its "typedValue", not looked into.
 JSON resolvePropertyValue(const JSON& property, ExceptionFactory& factory);

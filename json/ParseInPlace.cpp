@@ -1,15 +1,13 @@
-#include "json/ParseText.h"
-
-#include <optional>
-#include <string>
+#include "json/ParseInPlace.h"
 
 #include "json/LongExponents.h"
 
-rapidjson::ParseResult parseText(RapidDocument& document, std::string_view text) {
-  const std::optional<std::string> bounded = withBoundedExponents(text);
-  rapidjson::StringStream stream(bounded ? bounded->c_str() : text.data());
+rapidjson::ParseResult parseInPlace(RapidDocument& document, std::string& text) {
+  constexpr unsigned flags = rapidjson::kParseIterativeFlag | rapidjson::kParseInsituFlag;
+  boundExponents(text);
+  rapidjson::InsituStringStream stream(text.data());
   const rapidjson::ParseResult result =
-      document.ParseStream<rapidjson::kParseIterativeFlag, rapidjson::UTF8<>>(stream);
+      document.ParseStream<flags, rapidjson::UTF8<>, rapidjson::InsituStringStream>(stream);
 
   // The one difference between the two parsers: where no value begins, the iterative one calls a
   // document empty that begins with one of "]}:,".
