@@ -9,6 +9,7 @@
 #include "fuzz/Choices.h"
 #include "fuzz/Demand.h"
 #include "fuzz/RandomSchemas.h"
+#include "fuzz/StoredIds.h"
 #include "schema/Definitions.h"
 #include "tests/loading/FolderTree.h"
 #include "tests/loading/RecordingEngine.h"
@@ -140,7 +141,7 @@ void demandSame(const Host& got, const Host& expected) {
   demand(got.builds == expected.builds, got.builds, " builds");
   const auto& a = got.registries;
   const auto& b = expected.registries;
-  demand(a.registeredTypeIds == b.registeredTypeIds, "what is registered");
+  demand(storedIds(a) == storedIds(b), "what is registered");
   demand(a.pendingTypeIds == b.pendingTypeIds, "what is pending");
   demand(pendingOf(a.dimensions) == pendingOf(b.dimensions), "pending dimensions");
   demand(pendingOf(a.factors) == pendingOf(b.factors), "pending factors");
@@ -150,7 +151,7 @@ void demandSame(const Host& got, const Host& expected) {
 }
 
 void demandSameRecords(const Units::Registries& got, const Units::Registries& expected) {
-  for (const std::string& typeId : expected.registeredTypeIds) {
+  for (const std::string& typeId : storedIds(expected)) {
     demandEqual(Units::getDefinition(typeId, got), Units::getDefinition(typeId, expected), typeId);
     demand(Units::getDependencies(typeId, got) == Units::getDependencies(typeId, expected), typeId);
   }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/Merging.h"
 #include "model/RecordMap.h"
 #include "model/RecordNode.h"
 
@@ -18,52 +19,55 @@ namespace Units {
 template <class Record>
 class RecordStore {
  public:
-  using Nodes = std::unordered_map<std::string_view, RecordNode<Record>>;
-
-  /// Records that are ready to be stored, with their nodes.
-  struct Addition {
-    RecordMap<Record> records;
-    Nodes nodes;  // keys are views of the records' type ids
-  };
+  using Node = RecordNode<Record>;
+  using Nodes = std::unordered_map<std::string_view, Node>;  // keys are views of the records' ids
 
   RecordStore() = default;
 
-  explicit RecordStore(RecordMap<Record>&& records) { add(prepare(std::move(records))); }
+  explicit RecordStore(RecordMap<Record>&& records) : records_(std::move(records)) {
+    nodes_.reserve(records_.size());
+    for (const auto& [typeId, record] : records_) nodes_.try_emplace(typeId, Node{&record});
+  }
 
   const RecordMap<Record>& records() const { return records_; }
   const Nodes& nodes() const { return nodes_; }  // in no order
+  Nodes& nodes() { return nodes_; }
   bool empty() const { return records_.empty(); }
 
   /// Null when no record has that type id.
-  const RecordNode<Record>* findNode(std::string_view typeId) const {
+  const Node* findNode(std::string_view typeId) const {
     const auto found = nodes_.find(typeId);
     return found == nodes_.end() ? nullptr : &found->second;
   }
 
   const Record* find(std::string_view typeId) const {
-    const RecordNode<Record>* const node = findNode(typeId);
+    const Node* const node = findNode(typeId);
     return node ? node->record : nullptr;
   }
 
-  /// Makes room for records, and their nodes, which rest on nothing yet.
-  /// @param records  none of their type ids is in the store.
-  Addition prepare(RecordMap<Record>&& records) {
-    Addition addition{std::move(records), {}};
-    addition.nodes.reserve(addition.records.size());
-    for (const auto& [typeId, record] : addition.records)
-      addition.nodes.emplace(typeId, RecordNode<Record>{&record});
-    // Doubled, since records often come one by one. An empty map has less room than it says.
-    const std::size_t size = nodes_.size() + addition.nodes.size();
-    const auto room = static_cast<std::size_t>(nodes_.max_load_factor() *
-                                               static_cast<float>(nodes_.bucket_count()));
-    if (size >= room) nodes_.reserve(2 * size);
-    return addition;
+  /// Makes room for `count` more nodes.
+  void reserve(std::size_t count) { reserveMore(nodes_, count); }
+
+  /// Makes a record of `arguments` where it will stay, and its node, which rests on nothing yet.
+  /// Quickest in type id order. When it throws, nothing has changed.
+  /// @param typeId  of none of the records here.
+  template <class... Arguments>
+  void emplace(const std::string& typeId, Arguments&&... arguments) {
+    const auto made =
+        records_.try_emplace(records_.end(), typeId, std::forward<Arguments>(arguments)...);
+    try {
+      nodes_.try_emplace(made->first, Node{&made->second});
+    } catch (...) {
+      records_.erase(made);
+      throw;
+    }
   }
 
-  /// Takes in what `prepare` has made, with no other call in between. Neither allocates nor throws.
-  void add(Addition&& addition) noexcept {
-    records_.merge(addition.records);
-    nodes_.merge(addition.nodes);
+  /// Takes in the records of another store, none of which is here yet, after `reserve` has made
+  /// room for them. They and their nodes stay where they are.
+  void merge(RecordStore& other) noexcept {
+    mergeInto(records_, other.records_);
+    mergeInto(nodes_, other.nodes_);
   }
 
  private:

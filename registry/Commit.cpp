@@ -12,34 +12,29 @@ namespace Units {
 
 namespace {
 
-template <class Record>
-using Addition = typename RecordStore<Record>::Addition;
-
 /// The node of a record that is on its way in, or in already.
 /// @throws UnrecognizedIdentifierException  there is none.
-template <class Record>
-const RecordNode<Record>& nodeOf(const std::string& typeId, const Addition<Record>& addition,
-                                 const RecordStore<Record>& stored) {
-  const auto added = addition.nodes.find(typeId);
-  return added != addition.nodes.end() ? added->second : lookUpNode(stored, typeId);
+template <class Kind>
+const auto& nodeOf(const std::string& typeId, const Kind& kind) {
+  const auto* const built = kind.built.findNode(typeId);
+  return built ? *built : lookUpNode(kind.objects, typeId);
 }
 
-template <class Record>
+template <class Record, class SchemaData>
 std::vector<ParentPower<Record>> link(const std::map<std::string, int>& powers,
-                                      const Addition<Record>& addition,
-                                      const RecordStore<Record>& stored) {
+                                      const KindRegistry<SchemaData, Record>& kind) {
   std::vector<ParentPower<Record>> parents;
   parents.reserve(powers.size());
   for (const auto& [typeId, exponent] : powers)
-    parents.push_back({&nodeOf(typeId, addition, stored), exponent});
+    parents.push_back({&nodeOf(typeId, kind), exponent});
   return parents;
 }
 
-void linkFactors(Addition<Factor>& factors, const RecordStore<Factor>& stored) {
-  for (auto& [typeId, node] : factors.nodes)
-    node.parents =
-        link(RecordAccess::parentFactorPowers(RecordAccess::factorComponent(*node.record)), factors,
-             stored);
+void linkFactors(Registries& registries) {
+  for (auto& [typeId, node] : registries.factors.built.nodes()) {
+    const FactorComponent& component = RecordAccess::factorComponent(*node.record);
+    node.parents = link(RecordAccess::parentFactorPowers(component), registries.factors);
+  }
 }
 
 bool isSimple(const RecordNode<Unit>& unit) {
@@ -51,17 +46,14 @@ bool isSimple(const RecordNode<Unit>& unit) {
          });
 }
 
-void linkUnits(Addition<Unit>& units, const Addition<Factor>& factors,
-               const Registries& registries) {
-  const RecordStore<Unit>& stored = registries.units.objects;
-  for (auto& [typeId, node] : units.nodes) {
+void linkUnits(Registries& registries) {
+  for (auto& [typeId, node] : registries.units.built.nodes()) {
     if (const auto* const absolute = RecordAccess::absolute(*node.record)) {
-      node.parents = link({{RecordAccess::parentUnit(*absolute), 1}}, units, stored);
+      node.parents = {{&nodeOf(RecordAccess::parentUnit(*absolute), registries.units), 1}};
     } else if (const auto* const derived = RecordAccess::derived(*node.record)) {
       const FactorComponent& component = RecordAccess::factorComponent(*derived);
-      node.parents = link(RecordAccess::parentUnitPowers(*derived), units, stored);
-      node.parentFactors =
-          link(RecordAccess::parentFactorPowers(component), factors, registries.factors.objects);
+      node.parents = link(RecordAccess::parentUnitPowers(*derived), registries.units);
+      node.parentFactors = link(RecordAccess::parentFactorPowers(component), registries.factors);
     } else {
       node.parents = {{&node, 1}};
     }
@@ -69,27 +61,44 @@ void linkUnits(Addition<Unit>& units, const Addition<Factor>& factors,
   }
 }
 
+template <class Kind>
+void reserve(Kind& kind) {
+  kind.objects.reserve(kind.built.records().size());
+}
+
+template <class Kind>
+void store(Kind& kind) noexcept {
+  kind.objects.merge(kind.built);
+}
+
 }  // namespace
 
-void commit(RecordBatch&& batch, Registries& registries) {
+void commit(Registries& registries) {
   // What may throw comes first: nothing has changed yet.
-  auto dimensions = registries.dimensions.objects.prepare(std::move(batch.dimensions));
-  auto factors = registries.factors.objects.prepare(std::move(batch.factors));
-  auto units = registries.units.objects.prepare(std::move(batch.units));
-  auto symbols = registries.symbols.objects.prepare(std::move(batch.symbols));
-  auto quantities = registries.quantities.objects.prepare(std::move(batch.quantities));
-  linkFactors(factors, registries.factors.objects);
-  linkUnits(units, factors, registries);
-  SymbolTexts symbolTexts(symbols.records);
+  linkFactors(registries);
+  linkUnits(registries);
+  SymbolTexts symbolTexts(registries.symbols.built.records());
+  reserve(registries.dimensions);
+  reserve(registries.factors);
+  reserve(registries.units);
+  reserve(registries.symbols);
+  reserve(registries.quantities);
 
   // From here on nothing allocates or throws: nodes change their owner and stay where they are.
-  registries.dimensions.objects.add(std::move(dimensions));
-  registries.factors.objects.add(std::move(factors));
-  registries.units.objects.add(std::move(units));
-  registries.symbols.objects.add(std::move(symbols));
-  registries.quantities.objects.add(std::move(quantities));
-  registries.registeredTypeIds.merge(batch.typeIds);
+  store(registries.dimensions);
+  store(registries.factors);
+  store(registries.units);
+  store(registries.symbols);
+  store(registries.quantities);
   registries.symbolTexts.merge(std::move(symbolTexts));
+}
+
+BuiltDropper::~BuiltDropper() {
+  registries.dimensions.built = {};
+  registries.factors.built = {};
+  registries.units.built = {};
+  registries.symbols.built = {};
+  registries.quantities.built = {};
 }
 
 }  // namespace Units

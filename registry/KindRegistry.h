@@ -13,7 +13,7 @@ template <class SchemaData, class Record>
 struct KindRegistry {
   std::map<std::string, SchemaData> pending;  // read, waiting for a build
   std::map<std::string, SchemaData> batch;    // what the running build works on
-  RecordMap<Record> built;                    // what the running build has made
+  RecordStore<Record> built;                  // made by the running call, not served yet
   RecordStore<Record> objects;                // what the engine serves
 };
 

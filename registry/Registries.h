@@ -4,29 +4,36 @@
 #include "registry/KindRegistry.h"
 #include "registry/SchemaData.h"
 
-#include <set>
 #include <string>
+#include <string_view>
+#include <unordered_set>
 
 namespace Units {
 
 /// Everything an engine knows. The order of the kinds is the order of every walk over them.
 ///
-/// `objects`, `registeredTypeIds` and `symbolTexts` are written by `commit` alone.
+/// `objects` and `symbolTexts` are written by `commit` alone.
 struct Registries {
   KindRegistry<Dimension, Dimension> dimensions;
   KindRegistry<FactorSchemaData, Factor> factors;
   KindRegistry<UnitSchemaData, Unit> units;
   KindRegistry<SymbolSchemaData, Symbol> symbols;
   KindRegistry<QuantitySchemaData, Quantity> quantities;
-  std::set<std::string> registeredTypeIds;
-  std::set<std::string> pendingTypeIds;
-  SymbolTexts symbolTexts;  // of symbols.objects
+  std::unordered_set<std::string_view> pendingTypeIds;  // views of the ids in `pending`
+  SymbolTexts symbolTexts;                              // of symbols.objects
 };
 
+/// Whether a type id names a stored record.
+inline bool isStored(std::string_view typeId, const Registries& registries) {
+  return registries.dimensions.objects.findNode(typeId) ||
+         registries.factors.objects.findNode(typeId) || registries.units.objects.findNode(typeId) ||
+         registries.symbols.objects.findNode(typeId) ||
+         registries.quantities.objects.findNode(typeId);
+}
+
 /// Whether a type id names a stored record or a pending schema.
-inline bool isRegistered(const std::string& typeId, const Registries& registries) {
-  return registries.registeredTypeIds.count(typeId) != 0 ||
-         registries.pendingTypeIds.count(typeId) != 0;
+inline bool isRegistered(std::string_view typeId, const Registries& registries) {
+  return isStored(typeId, registries) || registries.pendingTypeIds.count(typeId) != 0;
 }
 
 }  // namespace Units

@@ -42,15 +42,14 @@ void checkAncestry(const std::string& root, const KindRegistry<SchemaData, Recor
   std::vector<Step> path;
   const auto visit = [&](const std::string& id) {
     if (registry.objects.find(id)) return;
-    const auto built = registry.built.find(id);
-    if (built == registry.built.end())
-      throw ValidationException("Parent " + id + " has an unexpected type.");
-    const auto [walk, isFirst] = walks.try_emplace(&built->second, Walk::UnderWay);
+    const Record* const built = registry.built.find(id);
+    if (!built) throw ValidationException("Parent " + id + " has an unexpected type.");
+    const auto [walk, isFirst] = walks.try_emplace(built, Walk::UnderWay);
     if (!isFirst && walk->second == Walk::Finished) return;
     if (!isFirst)
       throw ValidationException("A schema identifies its descendant " + id +
                                 " as one of its parents.");
-    const std::map<std::string, int>& parents = parentsOf(built->second);
+    const std::map<std::string, int>& parents = parentsOf(*built);
     path.push_back({&walk->second, parents.begin(), parents.end()});
   };
   visit(root);

@@ -19,16 +19,15 @@ namespace {
 using FactorRegistry = KindRegistry<FactorSchemaData, Factor>;
 using UnitRegistry = KindRegistry<UnitSchemaData, Unit>;
 
-/// Builders put records at the end of `built`: a batch is in type id order, as they are.
 template <class SchemaData, class Record, class Build>
 void buildKind(KindRegistry<SchemaData, Record>& kind, const Build& build) {
-  kind.built.clear();
+  kind.built.reserve(kind.batch.size());
   for (const auto& [typeId, data] : kind.batch) build(typeId, data, kind.built);
 }
 
 void buildRecords(Registries& registries) {
   buildKind(registries.dimensions, [](const auto& typeId, const auto& dimension, auto& built) {
-    built.try_emplace(built.end(), typeId, dimension);
+    built.emplace(typeId, dimension);
   });
   buildKind(registries.factors, buildFactor);
   buildKind(registries.units, [&](const auto& typeId, const auto& data, auto& built) {
@@ -47,7 +46,7 @@ void checkBuiltFactors(const FactorRegistry& factors) {
     return RecordAccess::parentFactorPowers(RecordAccess::factorComponent(factor));
   };
   Walks<Factor> walks;
-  for (const auto& [typeId, factor] : factors.built)
+  for (const auto& [typeId, factor] : factors.built.records())
     checkAncestry(typeId, factors, parentsOf, walks);
 }
 
@@ -78,16 +77,16 @@ void checkDerived(const std::string& typeId, const DerivedUnitComponent& derived
 void checkAbsolute(const std::string& typeId, const AbsoluteUnitComponent& absolute,
                    const UnitRegistry& units) {
   const std::string& parent = RecordAccess::parentUnit(absolute);
-  const auto built = units.built.find(parent);
-  if (built == units.built.end())
+  const Unit* const built = units.built.find(parent);
+  if (!built)
     checkRelativeUnit(parent, units.objects);
-  else if (RecordAccess::absolute(built->second))
+  else if (RecordAccess::absolute(*built))
     refuseParent(parent, "absolute", typeId);
 }
 
 void checkBuiltUnits(const FactorRegistry& factors, const UnitRegistry& units) {
   Walks<Unit> walks;
-  for (const auto& [typeId, unit] : units.built) {
+  for (const auto& [typeId, unit] : units.built.records()) {
     if (const auto* const derived = RecordAccess::derived(unit))
       checkDerived(typeId, *derived, factors, units, walks);
     else if (const auto* const absolute = RecordAccess::absolute(unit))

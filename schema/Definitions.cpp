@@ -16,6 +16,8 @@
 #include <iterator>
 #include <map>
 #include <memory>
+#include <string_view>
+#include <unordered_set>
 #include <utility>
 
 namespace Units {
@@ -31,39 +33,27 @@ std::set<std::string> keep(const std::string& typeId, SchemaData&& data,
   for (auto id = dependencies.begin(); id != dependencies.end();)
     id = *id == typeId || isRegistered(*id, registries) ? dependencies.erase(id) : std::next(id);
   std::map<std::string, SchemaData> made;
-  made.try_emplace(typeId, std::move(data));
-  std::set<std::string> taken = {typeId};
+  const auto entry = made.try_emplace(typeId, std::move(data)).first;
+  registries.pendingTypeIds.insert(entry->first);
 
   // From here on nothing allocates or throws.
   kind.pending.merge(made);
-  registries.pendingTypeIds.merge(taken);
   return dependencies;
-}
-
-template <class Kind>
-void clear(Kind& kind) {
-  kind.batch.clear();
-  kind.built.clear();
 }
 
 /// Drops the batch of a build, whether it has been stored or not.
 struct BatchDropper {
   Registries& registries;
+  const BuiltDropper built{registries};
 
   ~BatchDropper() {
-    clear(registries.dimensions);
-    clear(registries.factors);
-    clear(registries.units);
-    clear(registries.symbols);
-    clear(registries.quantities);
+    registries.dimensions.batch.clear();
+    registries.factors.batch.clear();
+    registries.units.batch.clear();
+    registries.symbols.batch.clear();
+    registries.quantities.batch.clear();
   }
 };
-
-template <class Kind>
-void startBatch(Kind& kind) {
-  kind.batch.clear();
-  kind.batch.swap(kind.pending);
-}
 
 [[noreturn]] void refuse(const std::string& typeId) {
   throw UnrecognizedIdentifierException("Could not find any object with typeid " + typeId + ".");
@@ -99,22 +89,15 @@ std::set<std::string> addDefinition(const std::string& text, Registries& registr
 }
 
 void buildSchemas(Registries& registries) {
-  startBatch(registries.dimensions);
-  startBatch(registries.factors);
-  startBatch(registries.units);
-  startBatch(registries.symbols);
-  startBatch(registries.quantities);
-  RecordBatch made;
-  made.typeIds.swap(registries.pendingTypeIds);
   const BatchDropper dropper{registries};
-
+  std::unordered_set<std::string_view>().swap(registries.pendingTypeIds);
+  registries.dimensions.batch.swap(registries.dimensions.pending);
+  registries.factors.batch.swap(registries.factors.pending);
+  registries.units.batch.swap(registries.units.pending);
+  registries.symbols.batch.swap(registries.symbols.pending);
+  registries.quantities.batch.swap(registries.quantities.pending);
   buildDefinitions(registries);
-  made.dimensions.swap(registries.dimensions.built);
-  made.factors.swap(registries.factors.built);
-  made.units.swap(registries.units.built);
-  made.symbols.swap(registries.symbols.built);
-  made.quantities.swap(registries.quantities.built);
-  commit(std::move(made), registries);
+  commit(registries);
 }
 
 std::string getDefinition(const std::string& typeId, const Registries& registries) {

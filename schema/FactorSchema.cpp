@@ -37,13 +37,11 @@ std::set<std::string> factorSchemaDependencies(const FactorSchemaData& data) {
 }
 
 void buildFactor(const std::string& typeId, const FactorSchemaData& data,
-                 RecordMap<Factor>& built) {
+                 RecordStore<Factor>& built) {
   if (const auto* const derived = std::get_if<DerivedFactorSchemaData>(&data))
-    built.try_emplace(built.end(), typeId, typeId,
-                      FactorComponent(derived->factor, derived->parentFactors));
+    built.emplace(typeId, typeId, FactorComponent(derived->factor, derived->parentFactors));
   else
-    built.try_emplace(built.end(), typeId, typeId,
-                      FactorComponent(std::get<SimpleFactorSchemaData>(data).factor));
+    built.emplace(typeId, typeId, FactorComponent(std::get<SimpleFactorSchemaData>(data).factor));
 }
 
 void collectParentFactors(const FactorComponent& component, References& out,

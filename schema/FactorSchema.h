@@ -1,7 +1,6 @@
 #pragma once
 
 #include "json/JSON.h"
-#include "model/RecordMap.h"
 #include "model/RecordStore.h"
 #include "registry/SchemaData.h"
 #include "schema/References.h"
@@ -26,9 +25,10 @@ std::optional<FactorSchemaData> readFactorSchema(const SchemaHeader& header);
 
 std::set<std::string> factorSchemaDependencies(const FactorSchemaData& data);
 
-/// Makes the record where it will stand, at the end of `built` (records copy when they move).
+/// Makes the record where it will stand, in `built` (records copy when they move).
 /// Checks nothing: the parents may be built later.
-void buildFactor(const std::string& typeId, const FactorSchemaData& data, RecordMap<Factor>& built);
+void buildFactor(const std::string& typeId, const FactorSchemaData& data,
+                 RecordStore<Factor>& built);
 
 /// Adds all factors that a component rests on, directly or through others.
 /// @throws std::out_of_range  a parent is not stored, which the checks on the way in rule out.

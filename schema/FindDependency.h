@@ -17,8 +17,7 @@ template <class SchemaData, class Record>
 const Record& findDependency(const KindRegistry<SchemaData, Record>& registry,
                              const std::string& dependency, const std::string& schemaTypeId) {
   if (const Record* const stored = registry.objects.find(dependency)) return *stored;
-  const auto built = registry.built.find(dependency);
-  if (built != registry.built.end()) return built->second;
+  if (const Record* const built = registry.built.find(dependency)) return *built;
   throw ValidationException("Dependency " + dependency + " in schema " + schemaTypeId +
                             " is missing or does not represent an object of the expected type.");
 }

@@ -24,11 +24,11 @@ std::set<std::string> quantitySchemaDependencies(const QuantitySchemaData& data)
 }
 
 void buildQuantity(const std::string& typeId, const QuantitySchemaData& data,
-                   const KindRegistry<UnitSchemaData, Unit>& units, RecordMap<Quantity>& built) {
+                   const KindRegistry<UnitSchemaData, Unit>& units, RecordStore<Quantity>& built) {
   std::vector<Unit> found;
   found.reserve(data.units.size());
   for (const std::string& unit : data.units) found.push_back(findDependency(units, unit, typeId));
-  built.try_emplace(built.end(), typeId, typeId, data.name, found);
+  built.emplace(typeId, typeId, data.name, found);
 }
 
 void collectQuantityReferences(const Quantity& quantity, References& out,

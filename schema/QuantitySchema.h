@@ -1,6 +1,5 @@
 #pragma once
 
-#include "model/RecordMap.h"
 #include "model/RecordStore.h"
 #include "registry/KindRegistry.h"
 #include "registry/SchemaData.h"
@@ -23,10 +22,10 @@ std::optional<QuantitySchemaData> readQuantitySchema(const SchemaHeader& header)
 
 std::set<std::string> quantitySchemaDependencies(const QuantitySchemaData& data);
 
-/// Makes the record where it will stand, at the end of `built` (records copy when they move).
+/// Makes the record where it will stand, in `built` (records copy when they move).
 /// @throws ValidationException  a unit is neither stored nor built; the first in the list's order.
 void buildQuantity(const std::string& typeId, const QuantitySchemaData& data,
-                   const KindRegistry<UnitSchemaData, Unit>& units, RecordMap<Quantity>& built);
+                   const KindRegistry<UnitSchemaData, Unit>& units, RecordStore<Quantity>& built);
 
 /// Adds the quantity's units and all that they rest on.
 /// @throws std::out_of_range  as `collectUnitReferences`.

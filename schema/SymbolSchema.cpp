@@ -47,9 +47,9 @@ std::optional<SymbolSchemaData> readSymbolSchema(const SchemaHeader& header) {
 std::set<std::string> symbolSchemaDependencies(const SymbolSchemaData& data) { return {data.unit}; }
 
 void buildSymbol(const std::string& typeId, const SymbolSchemaData& data,
-                 const KindRegistry<UnitSchemaData, Unit>& units, RecordMap<Symbol>& built) {
+                 const KindRegistry<UnitSchemaData, Unit>& units, RecordStore<Symbol>& built) {
   const Unit& unit = findDependency(units, data.unit, typeId);
-  built.try_emplace(built.end(), typeId, typeId, unit, makePrefixOrSuffix(data));
+  built.emplace(typeId, typeId, unit, makePrefixOrSuffix(data));
 }
 
 void collectSymbolReferences(const Symbol& symbol, References& out,

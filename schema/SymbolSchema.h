@@ -1,6 +1,5 @@
 #pragma once
 
-#include "model/RecordMap.h"
 #include "model/RecordStore.h"
 #include "registry/KindRegistry.h"
 #include "registry/SchemaData.h"
@@ -27,10 +26,10 @@ std::optional<SymbolSchemaData> readSymbolSchema(const SchemaHeader& header);
 
 std::set<std::string> symbolSchemaDependencies(const SymbolSchemaData& data);
 
-/// Makes the record where it will stand, at the end of `built` (records copy when they move).
+/// Makes the record where it will stand, in `built` (records copy when they move).
 /// @throws ValidationException  the unit is neither stored nor built.
 void buildSymbol(const std::string& typeId, const SymbolSchemaData& data,
-                 const KindRegistry<UnitSchemaData, Unit>& units, RecordMap<Symbol>& built);
+                 const KindRegistry<UnitSchemaData, Unit>& units, RecordStore<Symbol>& built);
 
 /// Adds the symbol's unit and all that it rests on.
 /// @throws std::out_of_range  as `collectUnitReferences`.

@@ -96,7 +96,7 @@ struct Dependencies {
 struct Component {
   const std::string& typeId;
   const KindRegistry<Dimension, Dimension>& dimensions;
-  RecordMap<Unit>& built;
+  RecordStore<Unit>& built;
 
   void operator()(const AbsoluteUnitSchemaData& data) const {
     emplace(data, AbsoluteUnitComponent(data.parentUnit, data.offset));
@@ -114,7 +114,7 @@ struct Component {
 
   template <class SchemaData, class UnitComponent>
   void emplace(const SchemaData& data, const UnitComponent& component) const {
-    built.try_emplace(built.end(), typeId, typeId, data.name, data.unitSystem, component);
+    built.emplace(typeId, typeId, data.name, data.unitSystem, component);
   }
 };
 
@@ -125,7 +125,7 @@ std::set<std::string> unitSchemaDependencies(const UnitSchemaData& data) {
 }
 
 void buildUnit(const std::string& typeId, const UnitSchemaData& data,
-               const KindRegistry<Dimension, Dimension>& dimensions, RecordMap<Unit>& built) {
+               const KindRegistry<Dimension, Dimension>& dimensions, RecordStore<Unit>& built) {
   std::visit(Component{typeId, dimensions, built}, data);
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "model/RecordMap.h"
 #include "model/RecordStore.h"
 #include "registry/KindRegistry.h"
 #include "registry/SchemaData.h"
@@ -30,11 +29,11 @@ std::optional<UnitSchemaData> readUnitSchema(const SchemaHeader& header);
 
 std::set<std::string> unitSchemaDependencies(const UnitSchemaData& data);
 
-/// Makes the record where it will stand, at the end of `built` (records copy when they move).
+/// Makes the record where it will stand, in `built` (records copy when they move).
 /// Checks no parents: they may be built later.
 /// @throws ValidationException  the dimension is neither stored nor built.
 void buildUnit(const std::string& typeId, const UnitSchemaData& data,
-               const KindRegistry<Dimension, Dimension>& dimensions, RecordMap<Unit>& built);
+               const KindRegistry<Dimension, Dimension>& dimensions, RecordStore<Unit>& built);
 
 /// Adds all units, factors and dimensions that a unit rests on, directly or through others.
 /// @throws std::out_of_range  a parent is not stored, which the checks on the way in rule out.

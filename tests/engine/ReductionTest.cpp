@@ -89,9 +89,11 @@ TEST(Reduction, KeepsExponentsThatCancelAndStaysWithin32Bits) {
   }
 }
 
-Registries stored(const RecordMap<Unit>& units, const RecordMap<Factor>& factors = {}) {
+Registries stored(RecordMap<Unit> units, RecordMap<Factor> factors = {}) {
   Registries registries;
-  commit({{}, factors, units, {}, {}, {}}, registries);
+  registries.factors.built = RecordStore<Factor>(std::move(factors));
+  registries.units.built = RecordStore<Unit>(std::move(units));
+  commit(registries);
   return registries;
 }
 
