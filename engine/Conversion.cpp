@@ -5,7 +5,6 @@
 #include <TrelvonUnits/Exceptions.h>
 
 #include <cmath>
-#include <optional>
 
 namespace Units {
 
@@ -23,38 +22,40 @@ struct ConversionRule {
   }
 };
 
-/// The rule of two units that convert into each other; nothing for others.
-std::optional<ConversionRule> findRule(const std::string& fromUnitTypeId,
-                                       const std::string& toUnitTypeId, Reducer& reducer,
-                                       const Registries& registries) {
+/// Hands the rule of two units that convert into each other to `use`.
+/// @return  whether they do.
+template <class Use>
+bool withRule(const std::string& fromUnitTypeId, const std::string& toUnitTypeId,
+              Reducer::Wanted wanted, const Registries& registries, Use use) {
   const auto& from = lookUpNode(registries.units.objects, fromUnitTypeId);
   const auto& to = lookUpNode(registries.units.objects, toUnitTypeId);
-  if (!areOfOneSort(*from.record, *to.record)) return std::nullopt;
+  if (!areOfOneSort(from, to)) return false;
+  Reducer reducer(wanted);
   ConversionRule rule{reducer.reduce(from), reducer.reduce(to), false};
-  if (!arePowersCompatible(rule.from.powers, rule.to.powers, rule.inverted)) return std::nullopt;
-  return rule;
+  if (!arePowersCompatible(rule.from.powers, rule.to.powers, rule.inverted)) return false;
+  use(rule);
+  return true;
 }
 
 }  // namespace
 
-bool areOfOneSort(const Unit& a, const Unit& b) {
-  return !RecordAccess::absolute(a) == !RecordAccess::absolute(b);
+bool areOfOneSort(const RecordNode<Unit>& a, const RecordNode<Unit>& b) {
+  return a.isAbsolute == b.isAbsolute;
 }
 
 double convertValue(double value, const std::string& fromUnitTypeId,
                     const std::string& toUnitTypeId, const Registries& registries) {
-  Reducer reducer;
-  const auto rule = findRule(fromUnitTypeId, toUnitTypeId, reducer, registries);
-  if (!rule)
+  const auto convert = [&](const ConversionRule& rule) { value = rule.apply(value); };
+  if (!withRule(fromUnitTypeId, toUnitTypeId, Reducer::Wanted::All, registries, convert))
     throw IncompatibleUnitsException("Cannot convert between units " + fromUnitTypeId + " and " +
                                      toUnitTypeId + ".");
-  return rule->apply(value);
+  return value;
 }
 
 bool canConvertUnits(const std::string& fromUnitTypeId, const std::string& toUnitTypeId,
                      const Registries& registries) {
-  Reducer reducer(Reducer::Wanted::PowersAlone);
-  return findRule(fromUnitTypeId, toUnitTypeId, reducer, registries).has_value();
+  return withRule(fromUnitTypeId, toUnitTypeId, Reducer::Wanted::PowersAlone, registries,
+                  [](const ConversionRule&) {});
 }
 
 }  // namespace Units

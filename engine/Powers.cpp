@@ -8,18 +8,21 @@ namespace Units {
 
 namespace {
 
-using Iterator = Powers::iterator;
+bool isBefore(const Power& a, const Power& b) { return std::less<>()(a.parent, b.parent); }
 
-bool isBefore(const Powers::value_type& a, const Powers::value_type& b) {
-  return std::less<>()(a.first, b.first);
+/// Whether each comes before the next: then there is nothing to add up.
+bool isInOrder(const Power* begin, const Power* end) {
+  for (; end - begin > 1; ++begin)
+    if (!isBefore(begin[0], begin[1])) return false;
+  return true;
 }
 
 /// Orders powers by inserting one after the other: the quickest way for the few of nearly all
 /// units.
-void orderFew(Iterator begin, Iterator end) {
-  for (Iterator next = begin; next != end; ++next) {
-    const Powers::value_type power = *next;
-    Iterator place = next;
+void orderFew(Power* begin, Power* end) {
+  for (Power* next = begin; next != end; ++next) {
+    const Power power = *next;
+    Power* place = next;
     for (; place != begin && isBefore(power, place[-1]); --place) *place = place[-1];
     *place = power;
   }
@@ -28,22 +31,22 @@ void orderFew(Iterator begin, Iterator end) {
 }  // namespace
 
 void sumUp(Powers& powers, std::size_t first) {
-  constexpr std::ptrdiff_t few = 8;
-  if (powers.size() - first < 2) return;
-  const Iterator begin = powers.begin() + static_cast<std::ptrdiff_t>(first);
-  if (powers.end() - begin <= few)
+  constexpr std::size_t few = 8;
+  Power* const begin = powers.begin() + first;
+  if (isInOrder(begin, powers.end())) return;
+  if (powers.size() - first <= few)
     orderFew(begin, powers.end());
   else
     std::sort(begin, powers.end(), isBefore);
 
-  Iterator end = begin;
-  for (Iterator next = begin; next != powers.end();) {
-    const auto* const unit = next->first;
+  Power* end = begin;
+  for (Power* next = begin; next != powers.end();) {
+    const auto* const unit = next->parent;
     std::int64_t sum = 0;  // of 32 bits each: no count of them that fits in memory overflows it
-    for (; next != powers.end() && next->first == unit; ++next) sum += next->second;
+    for (; next != powers.end() && next->parent == unit; ++next) sum += next->exponent;
     *end++ = {unit, saturate(sum)};
   }
-  powers.erase(end, powers.end());
+  powers.setEnd(end);
 }
 
 PrimitivePowers toPrimitivePowers(const Powers& powers) {

@@ -2,6 +2,7 @@
 
 #include "model/CompatiblePowers.h"
 #include "model/RecordNode.h"
+#include "model/ShortList.h"
 
 #include <TrelvonUnits/PrimitivePowers.h>
 
@@ -9,15 +10,15 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
-#include <memory_resource>
-#include <utility>
-#include <vector>
 
 namespace Units {
 
+/// A primitive unit and its exponent.
+using Power = ParentPower<Unit>;
+
 /// Primitive units and their exponents as the engine computes with them: each unit once, ordered by
 /// its address, which is quick to compare and, within an engine, as good an order as any.
-using Powers = std::pmr::vector<std::pair<const RecordNode<Unit>*, int>>;
+using Powers = ShortList<Power, 8>;
 
 /// Exponents have 32 bits; a product or sum beyond stays at the limit. (Wrapped around, it could
 /// come out as 0 and make a length out of nothing.)

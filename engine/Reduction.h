@@ -2,12 +2,10 @@
 
 #include "engine/Powers.h"
 #include "model/RecordNode.h"
+#include "model/ShortList.h"
 
-#include <array>
 #include <cstddef>
-#include <memory_resource>
-#include <unordered_map>
-#include <vector>
+#include <map>
 
 namespace Units {
 
@@ -15,15 +13,15 @@ namespace Units {
 struct ReducedUnit {
   double factor;
   double offset;
-  Powers powers;  // in the reducer's memory
+  Powers powers;
 };
 
 /// Reduces stored units to primitive terms.
 ///
-/// It remembers what it has reduced for as long as it lives, which is one call of the engine, so
-/// that definitions that share parents cost their number and not the number of paths through them.
-/// Nothing recurses: definitions may be chained at any length. As long as it needs little memory,
-/// that is its own.
+/// It remembers what took long to reduce for as long as it lives, which is one call of the engine,
+/// so that definitions that share parents cost their number and not the number of paths through
+/// them. Nothing recurses: definitions may be chained at any length. A unit as nearly all are takes
+/// no memory.
 class Reducer {
  public:
   /// What a reduction is asked for: a listing compares powers alone, and no factor is computed.
@@ -36,17 +34,13 @@ class Reducer {
   ReducedUnit reduce(const RecordNode<Unit>& unit);
 
  private:
-  struct RelativeUnit {
-    double factor;
-    Powers powers;
-  };
-
   /// A record on the way down: its parents before `next` are multiplied in.
   struct UnitStep {
     const RecordNode<Unit>* unit;
     double factor;
     std::size_t next;
     std::size_t firstPower;  // its powers so far are those from here on
+    std::size_t workBefore;  // when it was entered
   };
   struct FactorStep {
     const RecordNode<Factor>* factor;
@@ -54,21 +48,25 @@ class Reducer {
     std::size_t next;
   };
 
-  double reduceRelative(const RecordNode<Unit>& unit);
-  void enter(const RecordNode<Unit>& unit);
-  void takeNextParent();
-  double finish();
+  struct RelativeUnit {
+    double factor;
+    Powers powers;
+  };
+
+  double reduceRelative(const RecordNode<Unit>& unit, Powers& powers);
+  void enter(const RecordNode<Unit>& unit, const Powers& powers);
+  void takeNextParent(Powers& powers);
+  double finish(Powers& powers);
   double ownFactor(const RecordNode<Unit>& unit);
   double valueOf(const RecordNode<Factor>& factor);
 
   const Wanted wanted_;
-  std::array<std::byte, 1536> buffer_;
-  std::pmr::monotonic_buffer_resource memory_{buffer_.data(), buffer_.size()};
-  std::pmr::unordered_map<const RecordNode<Unit>*, RelativeUnit> units_{&memory_};
-  std::pmr::unordered_map<const RecordNode<Factor>*, double> factors_{&memory_};
-  std::pmr::vector<UnitStep> path_{&memory_};
-  std::pmr::vector<FactorStep> factorPath_{&memory_};
-  Powers powers_{&memory_};  // of the units on the path, one after the other
+  std::size_t work_ = 0;  // powers looked at so far, the measure of what took long
+  // Maps, which cost nothing to make: few units need them.
+  std::map<const RecordNode<Unit>*, RelativeUnit> units_;
+  std::map<const RecordNode<Factor>*, double> factors_;
+  ShortList<UnitStep, 4> path_;
+  ShortList<FactorStep, 4> factorPath_;
 };
 
 }  // namespace Units

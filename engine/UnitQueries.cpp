@@ -50,7 +50,7 @@ RecordMap<Unit> convertibleUnits(const std::string& unitTypeId, const Registries
   const ReducedUnit reduced = reducer.reduce(from);
   return selectUnits(units, [&](const RecordNode<Unit>& unit) {
     bool inverted = false;
-    return areOfOneSort(*from.record, *unit.record) &&
+    return areOfOneSort(from, unit) &&
            arePowersCompatible(reduced.powers, reducer.reduce(unit).powers, inverted);
   });
 }
@@ -60,7 +60,7 @@ RecordMap<Unit> unitsWithPrimitivePowers(const PrimitivePowers& powers,
   const RecordStore<Unit>& units = registries.units.objects;
   Powers wanted;
   for (const auto& [typeId, exponent] : powers)
-    wanted.emplace_back(&lookUpNode(units, typeId), exponent);
+    wanted.push_back({&lookUpNode(units, typeId), exponent});
   sumUp(wanted, 0);
   Reducer reducer(Reducer::Wanted::PowersAlone);
   return selectUnits(units, [&](const RecordNode<Unit>& unit) {

@@ -6,21 +6,26 @@ namespace Units {
 /// same order; entries of 0 are ignored.
 template <class SomePowers>
 bool arePowersCompatible(const SomePowers& a, const SomePowers& b, bool& inverted) {
+  const auto isZero = [](const auto& power) {
+    const auto& [unit, exponent] = power;
+    return exponent == 0;
+  };
   inverted = false;
   bool same = false;
   bool opposite = false;
   auto nextA = a.begin();
   auto nextB = b.begin();
   while (true) {
-    while (nextA != a.end() && nextA->second == 0) ++nextA;
-    while (nextB != b.end() && nextB->second == 0) ++nextB;
+    while (nextA != a.end() && isZero(*nextA)) ++nextA;
+    while (nextB != b.end() && isZero(*nextB)) ++nextB;
     if (nextA == a.end() || nextB == b.end()) break;
-    if (nextA->first != nextB->first) return false;
-    const long long exponentA = nextA++->second;  // wide enough to negate the least int
-    const long long exponentB = nextB++->second;
+    const auto& [unitA, exponentA] = *nextA++;
+    const auto& [unitB, exponentB] = *nextB++;
+    if (unitA != unitB) return false;
     if (exponentA == exponentB)
       same = true;
-    else if (exponentA == -exponentB)
+    else if (exponentA ==
+             -static_cast<long long>(exponentB))  // wide enough to negate the least int
       opposite = true;
     else
       return false;

@@ -6,7 +6,6 @@
 #include <cstddef>
 #include <map>
 #include <utility>
-#include <vector>
 
 namespace Units {
 
@@ -20,27 +19,24 @@ const auto& nodeOf(const std::string& typeId, const Kind& kind) {
   return built ? *built : lookUpNode(kind.objects, typeId);
 }
 
-template <class Record, class SchemaData>
-std::vector<ParentPower<Record>> link(const std::map<std::string, int>& powers,
-                                      const KindRegistry<SchemaData, Record>& kind) {
-  std::vector<ParentPower<Record>> parents;
+template <class Parents, class Kind>
+void link(Parents& parents, const std::map<std::string, int>& powers, const Kind& kind) {
   parents.reserve(powers.size());
   for (const auto& [typeId, exponent] : powers)
     parents.push_back({&nodeOf(typeId, kind), exponent});
-  return parents;
 }
 
 void linkFactors(Registries& registries) {
   for (auto& [typeId, node] : registries.factors.built.nodes()) {
     const FactorComponent& component = RecordAccess::factorComponent(*node.record);
-    node.parents = link(RecordAccess::parentFactorPowers(component), registries.factors);
+    node.ownValue = RecordAccess::factor(component);
+    link(node.parents, RecordAccess::parentFactorPowers(component), registries.factors);
   }
 }
 
 bool isSimple(const RecordNode<Unit>& unit) {
   constexpr std::size_t few = 8;
-  return !RecordAccess::absolute(*unit.record) &&
-         unit.parents.size() + unit.parentFactors.size() <= few &&
+  return !unit.isAbsolute && unit.parents.size() + unit.parentFactors.size() <= few &&
          std::all_of(unit.parents.begin(), unit.parents.end(), [](const auto& power) {
            return RecordAccess::primitive(*power.parent->record) != nullptr;
          });
@@ -49,11 +45,13 @@ bool isSimple(const RecordNode<Unit>& unit) {
 void linkUnits(Registries& registries) {
   for (auto& [typeId, node] : registries.units.built.nodes()) {
     if (const auto* const absolute = RecordAccess::absolute(*node.record)) {
+      node.isAbsolute = true;
       node.parents = {{&nodeOf(RecordAccess::parentUnit(*absolute), registries.units), 1}};
     } else if (const auto* const derived = RecordAccess::derived(*node.record)) {
       const FactorComponent& component = RecordAccess::factorComponent(*derived);
-      node.parents = link(RecordAccess::parentUnitPowers(*derived), registries.units);
-      node.parentFactors = link(RecordAccess::parentFactorPowers(component), registries.factors);
+      node.ownFactor = RecordAccess::factor(component);
+      link(node.parents, RecordAccess::parentUnitPowers(*derived), registries.units);
+      link(node.parentFactors, RecordAccess::parentFactorPowers(component), registries.factors);
     } else {
       node.parents = {{&node, 1}};
     }
