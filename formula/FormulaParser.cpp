@@ -74,11 +74,7 @@ bool FormulaParser::takeOperator(std::string_view spelling) {
 
 bool FormulaParser::takeBinaryOperator(std::string_view spelling) {
   const FormulaBinaryOperator op = unitMath_.getBinaryOperatorMap().find(spelling);
-  if (op == FormulaBinaryOperator::None) {
-    if (unitMath_.getUnaryOperatorMap().find(spelling) == FormulaUnaryOperator::None)
-      throwUnexpectedParseError();
-    return false;
-  }
+  if (op == FormulaBinaryOperator::None) throwUnexpectedParseError();  // each takes two operands
   auto node = std::make_unique<BinaryOperatorExpression>(op);
   reduceOperators(operands_, operators_, getPriority(*node));
   operators_.push_back(std::move(node));

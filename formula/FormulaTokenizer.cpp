@@ -17,9 +17,9 @@ std::size_t countLeadingSeparators(std::string_view text) {
   return count;
 }
 
-std::string_view trim(std::string_view text) {
-  text.remove_prefix(countLeadingSeparators(text));
-  while (!text.empty() && isSeparator(text.back())) text.remove_suffix(1);
+/// Of a text that begins with no separator.
+std::string_view withoutTrailingSeparators(std::string_view text) {
+  while (isSeparator(text.back())) text.remove_suffix(1);
   return text;
 }
 
@@ -40,8 +40,8 @@ bool FormulaTokenizer::nextToken(FormulaToken& token) {
     text_.skip(countLeadingSeparators(text_.rest()));
     if (text_.rest().empty()) return false;
 
-    if (const std::size_t length = operators_.lengthAtStart(text_.rest())) {
-      takeOperator(token, length);
+    if (operators_.isAtStart(text_.rest())) {
+      takeOperator(token);
       return true;
     }
     const Units::LiteralEnds ends = operators_.findEnds(text_.rest());
@@ -56,9 +56,9 @@ bool FormulaTokenizer::nextToken(FormulaToken& token) {
   }
 }
 
-void FormulaTokenizer::takeOperator(FormulaToken& token, std::size_t length) {
-  const std::string_view text = text_.rest().substr(0, length);
-  text_.skip(length);
+void FormulaTokenizer::takeOperator(FormulaToken& token) {
+  const std::string_view text = text_.rest().substr(0, 1);
+  text_.skip(1);
   token = {text == "("   ? FormulaTokenType::OpenParen
            : text == ")" ? FormulaTokenType::CloseParen
                          : FormulaTokenType::Operator,
@@ -86,7 +86,7 @@ bool FormulaTokenizer::scanValueOrSymbol(FormulaToken& token, const Units::Liter
 std::string_view FormulaTokenizer::takeTrimmed(std::size_t length) {
   const std::string_view text = text_.rest().substr(0, length);
   text_.skip(length);
-  return trim(text);
+  return withoutTrailingSeparators(text);
 }
 
 /// Puts the resolver's text in the place of an identifier that has been taken off the front.

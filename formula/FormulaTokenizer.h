@@ -52,7 +52,7 @@ class FormulaTokenizer {
   bool nextToken(FormulaToken& token);
 
  private:
-  void takeOperator(FormulaToken& token, std::size_t length);
+  void takeOperator(FormulaToken& token);
   bool scanValueOrSymbol(FormulaToken& token, const Units::LiteralEnds& ends);
   std::string_view takeTrimmed(std::size_t length);
   void substitute(std::string_view identifier);
