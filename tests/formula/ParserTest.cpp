@@ -47,12 +47,14 @@ TEST(Parser, GivesTheSignToTheWholeLiteral) {
 }
 
 TEST(Parser, RefusesALiteralThatItsLastSpaceMade) {
-  const Sample sample;
+  Sample sample;
   // The symbol's text is "gap ": with the space that the token loses, the literal loses its unit.
   EXPECT_EQ(sample.outcome("3 gap "), unexpected);
   EXPECT_EQ(sample.outcome("(1)+3 gap "), unexpected);
   EXPECT_EQ(sample.outcome("(1)3 gap "), "no formula");
   EXPECT_EQ(sample.outcome("abs 3 gap "), "Unrecognized identifier: abs 3 gap.");
+  sample.add("gap", "inch", Units::Placement::Suffix);
+  EXPECT_EQ(sample.outcome("3 gap "), "3 inch^1");
 }
 
 TEST(Parser, StopsAtTheFirstFault) {
@@ -75,6 +77,12 @@ TEST(Parser, RefusesTokensThatNoTokenizerGives) {
   EXPECT_EQ(take(7, "x"), "legacy code dbgWarn: Unknown token type. Dresmond 8-May-2004");
   EXPECT_EQ(take(1, "%"), unexpected);
   EXPECT_EQ(take(2, "sine"), unexpected);
+  FormulaParser parser(sample.texts(), sample.engine);
+  EXPECT_TRUE(parser.take({FormulaTokenType::Number, "1", 1.0}));
+  EXPECT_EQ(messageOf<std::logic_error>([&] {
+              parser.take({FormulaTokenType::Operator, "%"});
+            }),
+            unexpected);
   EXPECT_FALSE(
       FormulaParser(sample.texts(), sample.engine).take({FormulaTokenType::UnitSymbol, "f"}));
 }

@@ -45,6 +45,23 @@ TEST(Tokenizer, FindsTheLongestLiteral) {
     EXPECT_EQ(tokens(sample, text), expected) << text;
 }
 
+TEST(Tokenizer, EndsASymbolWhereNoLetterFollows) {
+  Sample sample;
+  sample.add("$%", "foot", Units::Placement::Suffix);
+  sample.add("ft%", "foot", Units::Placement::Prefix);
+  for (const auto& [text, expected] : Rows{{"$%", "4[$%]"},
+                                           {"ft%", "4[ft%]"},
+                                           {"ft@", "4[ft]Unrecognized identifier: @."},
+                                           {"ft[", "4[ft]Unrecognized identifier: [."},
+                                           {"ft`", "4[ft]Unrecognized identifier: `."},
+                                           {"ft{", "4[ft]Unrecognized identifier: {."},
+                                           {"ftA", "Unrecognized identifier: ftA."},
+                                           {"ftZ", "Unrecognized identifier: ftZ."},
+                                           {"fta", "Unrecognized identifier: fta."},
+                                           {"ftz", "Unrecognized identifier: ftz."}})
+    EXPECT_EQ(tokens(sample, text), expected) << text;
+}
+
 TEST(Tokenizer, ReadsReplacementsWithTheTextBehindThem) {
   const Sample sample;
   const std::map<std::string, std::string> variables = {

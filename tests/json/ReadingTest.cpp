@@ -37,6 +37,7 @@ TEST(Reading, RefusesWhatIsNotJson) {
       {"{\"a\" 1}", "5: Missing a colon after a name of object member."},
       {"{\"a\":1 \"b\":2}", "7: Missing a comma or '}' after an object member."},
       {"[\"a", "3: Missing a closing quotation mark in string."},
+      {"[\\\"e1234567890\",1e1234567890]", "1: Invalid value."},
       {"\"a\nb\"", "2: Invalid escape character in string."},
       {"\"\\u12G4\"", "1: Incorrect hex digit after \\u escape in string."},
       {"\"\\uD800\"", "1: The surrogate pair in string is invalid."},

@@ -98,6 +98,7 @@ const Refusal refusals[] = {
     {schema("taken", "thing", {}), taken},
     {schema("x", "thing", {}), unknownBase},
     {quoted("{'typeid':'x','inherits':['a:dimension-2.0.0']}"), unknownBase},
+    {quoted("{'typeid':'x','inherits':['dimension-1.0.0']}"), unknownBase},
 
     {schema("x", "factor", {value("factor", "'3'")}), noNumber},
     {schema("x", "factor", {"{'id':'factor','typedValue':{},'value':null}"}), noNumber},

@@ -25,6 +25,10 @@ TEST(ClassicNumber, ReadsDoublesAtTheirEdges) {
     std::size_t length;
   } rows[] = {
       {"0x.p1", 0.0, 1},
+      {"0xg", 0.0, 1},
+      {"0x@", 0.0, 1},
+      {"0XF", 15.0, 3},
+      {"0x1p+-5", 1.0, 3},
       {" \t\n\v\f\r+.5", 0.5, 9},
       {std::string("1\0002", 3), 1.0, 1},
       {"0e99999999999999999999", 0.0, 22},
