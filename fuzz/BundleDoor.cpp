@@ -152,7 +152,7 @@ void demandSame(const Host& got, const Host& expected) {
 
 void demandSameRecords(const Units::Registries& got, const Units::Registries& expected) {
   for (const std::string& typeId : storedIds(expected)) {
-    demandEqual(Units::getDefinition(typeId, got), Units::getDefinition(typeId, expected), typeId);
+    demandEqual(definitionOf(typeId, got), definitionOf(typeId, expected), typeId);
     demand(Units::getDependencies(typeId, got) == Units::getDependencies(typeId, expected), typeId);
   }
 }

@@ -74,8 +74,10 @@ class Builder {
     for (const std::string& text : stored_) engine.addDefinition(text);
     engine.buildSchemas();
     for (const std::string& id : storedIds(forwards_)) {
-      demandEqual(engine.getDefinition(id), getDefinition(id, forwards_), id);
-      demandEqual(engine.getDefinition(id), getDefinition(id, backwards_), id);
+      const std::string definition =
+          textOrMessage<ValidationException>([&] { return engine.getDefinition(id); });
+      demandEqual(definition, definitionOf(id, forwards_), id);
+      demandEqual(definition, definitionOf(id, backwards_), id);
       demand(engine.getDependencies(id) == getDependencies(id, backwards_), id);
     }
     checkEngine(engine);

@@ -38,6 +38,16 @@ std::string messageOrNone(const Action& action) {
   return "";
 }
 
+/// What an action gives, or the message of the exception of class `E` that it throws.
+template <class E, class Action>
+std::string textOrMessage(const Action& action) {
+  try {
+    return action();
+  } catch (const E& thrown) {
+    return thrown.what();
+  }
+}
+
 /// A text in a heap block of exactly its size, so that a sanitizer sees every byte read beyond.
 class ExactText {
  public:
