@@ -1,5 +1,5 @@
 /// A host's resolver or engine that throws, adds records, builds or evaluates again at its k-th
-/// call, for every k: the result that the records stored at each token give, or its own exception,
+/// call, for every k: the result that the records stored at each step give, or its own exception,
 /// and a whole engine.
 #include <functional>
 #include <stdexcept>
@@ -128,7 +128,7 @@ void throwAt(int k) {
 void loadWith(const Operation& load, const std::string& name, int k,
               const std::function<void(HostEngine&)>& action) {
   HostEngine engine;
-  engine.onDefinition = [&](int call) {
+  engine.onCall = [&](int call) {
     if (call == k) action(engine);
   };
   try {
@@ -141,6 +141,33 @@ void loadWith(const Operation& load, const std::string& name, int k,
         load.name + ": an engine that " + name + " at call " + std::to_string(k) + " is not whole");
 }
 
+/// Prepares a conversion through a host's engine. Returns whether there was a k-th call.
+bool prepareWith(const Action& action, int k, bool throws = false) {
+  const std::string where = "an engine that " + (action.name + (" at call " + std::to_string(k)));
+  HostEngine engine;
+  addSample(*engine.inner);
+  engine.inner->buildSchemas();
+  bool isReached = false;
+  engine.onCall = [&](int call) {
+    if (call != k) return;
+    isReached = true;
+    action.run(*engine.inner);
+  };
+  std::string result;
+  try {
+    result = bits(Units::PreparedConversion(engine, "foot", "perInch")(2));
+  } catch (const HostFault& fault) {
+    result = "the fault of call " + std::to_string(fault.call);
+  }
+  const std::string right = isReached && throws ? "the fault of call " + std::to_string(k)
+                                                : bits(engine.inner->convert(2, "foot", "perInch"));
+  check(result == right, where + ": " + result + ", not " + right);
+  const Engine same = sampleEngine();
+  if (isReached && !throws) action.run(*same);
+  check(describe(*engine.inner) == describe(*same), where + ": the engine is another");
+  return isReached;
+}
+
 }  // namespace
 
 int main() {
@@ -149,16 +176,24 @@ int main() {
   for (int k = 1; k <= tokens; ++k) throwAt(k);
 
   const FileLoads files;
-  const int texts = static_cast<int>(sampleSchemas().size());
+  const int calls = static_cast<int>(sampleSchemas().size()) + 1;  // and the build
   for (const Operation& load : {files.folder(), files.bundle()})
-    for (int k = 1; k <= texts; ++k) {
+    for (int k = 1; k <= calls; ++k) {
       loadWith(load, "throws", k, [k](HostEngine&) { throw HostFault{k}; });
       loadWith(load, "throws what no one expects", k,
                [](HostEngine&) { throw std::logic_error("passes"); });
       loadWith(load, "builds", k, [](HostEngine& engine) { engine.inner->buildSchemas(); });
       loadWith(load, "loads again", k, [&](HostEngine& engine) { load.run(*engine.inner); });
     }
+
+  int prepared = 0;
+  for (const Action& action : actions)
+    for (int k = 1; prepareWith(action, k); ++k) ++prepared;
+  const auto throwing = [](int k) {
+    return Action{"throws", [k](UnitsEngine&) { throw HostFault{k}; }};
+  };
+  for (int k = 1; prepareWith(throwing(k), k, true); ++k) ++prepared;
   report(std::to_string(std::size(actions) * tokens + tokens) + " evaluations, " +
-         std::to_string(8 * texts) + " loads");
+         std::to_string(8 * calls) + " loads, " + std::to_string(prepared) + " preparations");
   return verdict();
 }

@@ -2,6 +2,7 @@
 #include <map>
 #include <utility>
 
+#include "robustness/Findings.h"
 #include "robustness/Shapes.h"
 
 namespace {
@@ -85,7 +86,6 @@ std::string factorText(const std::string& typeId, const Parents& parents) {
 }
 
 std::string unitText(const std::string& typeId, const Parents& parents) {
-  const std::string named = "{'id':'name','value':'n'},{'id':'unitSystem','value':'Metric'}";
   return parents.empty() ? schema(typeId, "unit.primitive", named)
                          : schema(typeId, "unit.derived",
                                   named + ",{'id':'parentUnits'," + powersText(parents));
@@ -210,6 +210,19 @@ Work bundle(int size, Units::UnitsEngine& engine) {
   return bundleLoad(bundleOf(texts), engine);
 }
 
+/// Each over the next one, and the last over the first: the build refuses it.
+template <class TextOf>
+Work circle(int size, TextOf textOf, Units::UnitsEngine& engine) {
+  Tree tree = chain(size);
+  tree.nodes.front().second = {{tree.last(), 1}};
+  Work work = batch(tree, textOf, engine);
+  work.run = [build = work.run] {
+    check(outcome([&] { return build(), std::string(); }).find("ValidationException: ") == 0,
+          "a circle is not refused");
+  };
+  return work;
+}
+
 void addForm(const Form& form, std::vector<Shape>& shapes) {
   const auto add = [&](const char* what, auto prepare) {
     shapes.push_back({std::string(form.name) + " of " + what, Shape::Definitions,
@@ -233,5 +246,9 @@ std::vector<Shape> definitionShapes() {
   std::vector<Shape> shapes;
   for (const Form& form : forms) addForm(form, shapes);
   shapes.push_back({"bundle of factors", Shape::Definitions, bundle});
+  shapes.push_back({"circle of factors, built", Shape::Definitions,
+                    [](int size, auto& engine) { return circle(size, factorText, engine); }});
+  shapes.push_back({"circle of units, built", Shape::Definitions,
+                    [](int size, auto& engine) { return circle(size, unitText, engine); }});
   return shapes;
 }

@@ -224,7 +224,7 @@ void tryFolders() {
   const Folder folder;
   for (int number = 1; number < 10; ++number) write(folder, number);
   HostEngine engine;
-  engine.onDefinition = [&](int) {
+  engine.onCall = [&](int) {
     for (int number = 1; number < 10; ++number)
       fs::remove(folder.path("d" + std::to_string(number) + ".json"));
   };

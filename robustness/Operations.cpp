@@ -4,8 +4,6 @@ namespace {
 
 using Units::UnitsEngine;
 
-const std::string named = "{'id':'name','value':'n'},{'id':'unitSystem','value':'Metric'}";
-
 void addWaiting(UnitsEngine& engine) {
   engine.addDefinition(schema("waiting", "unit.derived",
                               named + ",{'id':'parentUnits','value':{'area':2,'foot':-1}},"

@@ -6,8 +6,6 @@
 
 namespace {
 
-const std::string named = "{'id':'name','value':'n'},{'id':'unitSystem','value':'Metric'}";
-
 std::string symbolText(const std::string& typeId, const std::string& unit, const std::string& text,
                        const std::string& placement) {
   return schema(typeId, "symbol.prefixOrSuffix",

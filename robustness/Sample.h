@@ -15,6 +15,9 @@ std::string quoted(std::string text);
 std::string schema(const std::string& typeId, const std::string& kind,
                    const std::string& constants);
 
+/// The constants that every unit has.
+inline const std::string named = "{'id':'name','value':'n'},{'id':'unitSystem','value':'Metric'}";
+
 /// Definitions of every kind that rest on one another.
 const std::vector<std::string>& sampleSchemas();
 const std::vector<std::string>& sampleTypeIds();

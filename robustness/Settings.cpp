@@ -73,6 +73,26 @@ void addNumbers(const Units::UnitsEngine& engine, std::string& all) {
   }
 }
 
+/// A prepared conversion gives what `convert` gives, whatever both run under.
+void addConversions(const Units::UnitsEngine& engine, std::string& all) {
+  for (const auto& [from, to] : {std::pair("foot", "perInch"),
+                                 {"gross feet", "inch"},
+                                 {"inch", "gross feet"},
+                                 {"celsius", "celsius"}}) {
+    const Units::PreparedConversion prepared(engine, from, to);
+    double converted[std::size(values)];
+    prepared.convert(values, converted, std::size(values));
+    for (std::size_t i = 0; i < std::size(values); ++i) {
+      const double right = engine.convert(values[i], from, to);
+      all += bits(right) + '\n';
+      check(std::isnan(right)
+                ? std::isnan(prepared(values[i])) && std::isnan(converted[i])
+                : bits(prepared(values[i])) == bits(right) && bits(converted[i]) == bits(right),
+            "a prepared conversion of " + bits(values[i]) + " from " + from + " to " + to);
+    }
+  }
+}
+
 /// Everything that reads or writes numbers or looks at letters.
 std::string everything() {
   const Engine engine = makeEngine();
@@ -89,11 +109,11 @@ std::string everything() {
   all += describe(*engine) + bits(engine->getFactor("read").getFactorComponent().getFactor());
   for (const char* formula : formulas)
     all += outcome([&] { return bits(engine->evaluateExpressionInUnit("foot", formula)); }) + '\n';
-  const Units::PreparedConversion prepared(*engine, "foot", "perInch");
-  for (const double value : values) {
-    all += bits(engine->convert(value, "foot", "perInch")) + '\n';
-    if (!std::isnan(value)) all += bits(prepared(value)) + '\n';
-  }
+  engine->addUnit(
+      Units::Unit("gross feet", "n", Units::System::Metric,
+                  Units::DerivedUnitComponent(
+                      {{"foot", 1}}, Units::FactorComponent(0.1, {{"gross", 1}, {"i", -3}}))));
+  addConversions(*engine, all);
   addNumbers(*engine, all);
   return all;
 }

@@ -1,6 +1,6 @@
-/// Four threads read one engine with every reading operation, from its first call on, apply one
-/// prepared conversion, and give what one thread gives; then each of them fills an engine of its
-/// own. For ThreadSanitizer to watch.
+/// Four threads read one engine with every reading operation, from its first call on, apply the
+/// same prepared conversions, and give what one thread gives; then each of them fills an engine of
+/// its own. For ThreadSanitizer to watch.
 #include <atomic>
 #include <cstdlib>
 #include <functional>
@@ -54,13 +54,14 @@ int main(int count, char** arguments) {
   for (int round = 0; round < rounds; ++round) {
     const Engine shared = sampleEngine();
     const Units::PreparedConversion prepared(*shared, "foot", "inch");
+    const Units::PreparedConversion inverted(*shared, "foot", "perInch");
     onAllThreads([&](int number) {
       const auto index = static_cast<std::size_t>(number);
       results[index] = resultsOn(*shared, index * 5);
-      results[index].push_back(applied(prepared));
+      results[index].push_back(applied(prepared) + applied(inverted));
     });
     std::vector<std::string> alone = resultsOn(*sampleEngine(), 0);
-    alone.push_back(applied(prepared));
+    alone.push_back(applied(prepared) + applied(inverted));
     for (const auto& result : results) check(result == alone, "threads that share an engine");
   }
 
