@@ -26,11 +26,11 @@ struct ConversionRule {
 /// @return  whether they do.
 template <class Use>
 bool withRule(const std::string& fromUnitTypeId, const std::string& toUnitTypeId,
-              Reducer::Wanted wanted, const Registries& registries, Use use) {
+              Reducer::Purpose purpose, const Registries& registries, Use use) {
   const auto& from = lookUpNode(registries.units.objects, fromUnitTypeId);
   const auto& to = lookUpNode(registries.units.objects, toUnitTypeId);
   if (!areOfOneSort(from, to)) return false;
-  Reducer reducer(wanted);
+  Reducer reducer(purpose);
   ConversionRule rule{reducer.reduce(from), reducer.reduce(to), false};
   if (!arePowersCompatible(rule.from.powers, rule.to.powers, rule.inverted)) return false;
   use(rule);
@@ -46,7 +46,7 @@ bool areOfOneSort(const RecordNode<Unit>& a, const RecordNode<Unit>& b) {
 double convertValue(double value, const std::string& fromUnitTypeId,
                     const std::string& toUnitTypeId, const Registries& registries) {
   const auto convert = [&](const ConversionRule& rule) { value = rule.apply(value); };
-  if (!withRule(fromUnitTypeId, toUnitTypeId, Reducer::Wanted::All, registries, convert))
+  if (!withRule(fromUnitTypeId, toUnitTypeId, Reducer::Purpose::Conversion, registries, convert))
     throw IncompatibleUnitsException("Cannot convert between units " + fromUnitTypeId + " and " +
                                      toUnitTypeId + ".");
   return value;
@@ -54,7 +54,7 @@ double convertValue(double value, const std::string& fromUnitTypeId,
 
 bool canConvertUnits(const std::string& fromUnitTypeId, const std::string& toUnitTypeId,
                      const Registries& registries) {
-  return withRule(fromUnitTypeId, toUnitTypeId, Reducer::Wanted::PowersAlone, registries,
+  return withRule(fromUnitTypeId, toUnitTypeId, Reducer::Purpose::Comparison, registries,
                   [](const ConversionRule&) {});
 }
 

@@ -12,9 +12,6 @@ namespace Units {
 
 namespace {
 
-/// What a unit must take to reduce to be remembered. Less is done again as quickly.
-constexpr std::size_t muchWork = 16;
-
 /// pow(base, exponent), which is the base or 1 to the bit where it is not computed here.
 double power(double base, int exponent) {
   return exponent == 1 || base == 1.0 ? base : std::pow(base, static_cast<double>(exponent));
@@ -30,10 +27,9 @@ Power* multiply(const Power* first, const Power* last, int exponent, Power* targ
 }
 
 /// Adds powers, each `exponent` times, to the end of a list. Those of 0 are gone.
-template <class SomePowers>
-void append(Powers& powers, const SomePowers& more, int exponent) {
-  powers.reserve(powers.size() + more.size());
-  powers.setEnd(multiply(more.begin(), more.end(), exponent, powers.end()));
+void append(Powers& powers, const Power* first, const Power* last, int exponent) {
+  powers.reserve(powers.size() + static_cast<std::size_t>(last - first));
+  powers.setEnd(multiply(first, last, exponent, powers.end()));
 }
 
 }  // namespace
@@ -47,8 +43,12 @@ ReducedUnit Reducer::reduce(const RecordNode<Unit>& unit) {
   }
   if (relative->isSimple) {  // no way down: its parents' factors are all 1
     reduced.factor = ownFactor(*relative);
-    append(reduced.powers, relative->parents, 1);
+    append(reduced.powers, relative->parents.begin(), relative->parents.end(), 1);
     sumUp(reduced.powers, 0);
+  } else if (const KnownUnit* const known = units_.find(relative)) {
+    reduced.factor = known->factor;
+    const Power* const first = knownPowers_.begin() + known->firstPower;
+    reduced.powers.append(first, first + known->powerCount);  // those of 0 too
   } else {
     reduced.factor = reduceRelative(*relative, reduced.powers);
   }
@@ -81,14 +81,13 @@ void Reducer::enter(const RecordNode<Unit>& unit, const Powers& powers) {
 void Reducer::takeNextParent(Powers& powers) {
   UnitStep& step = path_.back();
   const auto& [parent, exponent] = step.unit->parents[step.next];
-  double factor = 1.0;
   const std::size_t before = powers.size();
+  double factor = 1.0;
   if (parent->isSimple) {  // reduced as quickly as remembered
     factor = ownFactor(*parent);
-    append(powers, parent->parents, exponent);
-  } else if (const auto known = units_.find(parent); known != units_.end()) {
-    factor = known->second.factor;
-    append(powers, known->second.powers, exponent);
+    append(powers, parent->parents.begin(), parent->parents.end(), exponent);
+  } else if (const KnownUnit* const known = units_.find(parent)) {
+    factor = recall(*known, exponent, powers);
   } else {
     return enter(*parent, powers);
   }
@@ -103,23 +102,38 @@ void Reducer::takeNextParent(Powers& powers) {
 double Reducer::finish(Powers& powers) {
   const UnitStep done = path_.back();
   sumUp(powers, done.firstPower);
+  remember(done, powers);
   path_.pop_back();
   if (path_.empty()) return done.factor;
-
-  Power* const first = powers.begin() + done.firstPower;
-  if (work_ - done.workBefore >= muchWork)
-    units_.emplace(done.unit, RelativeUnit{done.factor, Powers(first, powers.end())});
 
   UnitStep& step = path_.back();
   const int exponent = step.unit->parents[step.next++].exponent;
   step.factor = power(done.factor, exponent) * step.factor;
+  Power* const first = powers.begin() + done.firstPower;
   powers.setEnd(multiply(first, powers.end(), exponent, first));
   return done.factor;
 }
 
+/// Remembers a unit that is reduced if that is quicker than to reduce it again.
+void Reducer::remember(const UnitStep& done, const Powers& powers) {
+  constexpr std::size_t little = 16;
+  if (purpose_ != Purpose::Listing && work_ - done.workBefore < little) return;
+  const KnownUnit known = {done.factor, knownPowers_.size(), powers.size() - done.firstPower};
+  knownPowers_.append(powers.begin() + done.firstPower, powers.end());
+  units_.remember(done.unit, known);
+}
+
+/// Adds the powers of a remembered unit.
+/// @return  its factor.
+double Reducer::recall(const KnownUnit& known, int exponent, Powers& powers) const {
+  const Power* const first = knownPowers_.begin() + known.firstPower;
+  append(powers, first, first + known.powerCount, exponent);
+  return known.factor;
+}
+
 /// The factor of a unit beside those of its parents.
 double Reducer::ownFactor(const RecordNode<Unit>& unit) {
-  if (wanted_ == Wanted::PowersAlone) return 1.0;
+  if (purpose_ != Purpose::Conversion) return 1.0;
   double factor = unit.ownFactor;
   for (const auto& [parent, exponent] : unit.parentFactors)
     factor *= power(valueOf(*parent), exponent);
@@ -128,8 +142,7 @@ double Reducer::ownFactor(const RecordNode<Unit>& unit) {
 
 double Reducer::valueOf(const RecordNode<Factor>& root) {
   if (root.parents.empty()) return root.ownValue;
-  const auto known = factors_.find(&root);
-  if (known != factors_.end()) return known->second;
+  if (const double* const known = factors_.find(&root)) return *known;
 
   factorPath_.push_back({&root, root.ownValue, 0});
   while (true) {
@@ -137,17 +150,18 @@ double Reducer::valueOf(const RecordNode<Factor>& root) {
     const auto& parents = step.factor->parents;
     if (step.next < parents.size()) {
       const auto& [parent, exponent] = parents[step.next];
-      const auto found = factors_.find(parent);
-      if (!parent->parents.empty() && found == factors_.end()) {
+      const double* const known =
+          parent->parents.empty() ? &parent->ownValue : factors_.find(parent);
+      if (!known) {
         factorPath_.push_back({parent, parent->ownValue, 0});
       } else {
-        step.value *= power(parent->parents.empty() ? parent->ownValue : found->second, exponent);
+        step.value *= power(*known, exponent);
         ++step.next;
       }
       continue;
     }
     const double value = step.value;
-    factors_.emplace(step.factor, value);
+    factors_.remember(step.factor, value);
     factorPath_.pop_back();
     if (factorPath_.empty()) return value;
   }

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "engine/Memo.h"
 #include "engine/Powers.h"
 #include "model/RecordNode.h"
 #include "model/ShortList.h"
 
 #include <cstddef>
-#include <map>
 
 namespace Units {
 
@@ -18,16 +18,24 @@ struct ReducedUnit {
 
 /// Reduces stored units to primitive terms.
 ///
-/// It remembers what took long to reduce for as long as it lives, which is one call of the engine,
-/// so that definitions that share parents cost their number and not the number of paths through
-/// them. Nothing recurses: definitions may be chained at any length. A unit as nearly all are takes
-/// no memory.
+/// It remembers what it has reduced for as long as it lives, which is one call of the engine, so
+/// that definitions that share parents cost their number and not the number of paths through them.
+/// Nothing recurses: definitions may be chained at any length.
 class Reducer {
  public:
-  /// What a reduction is asked for: a listing compares powers alone, and no factor is computed.
-  enum class Wanted { All, PowersAlone };
+  enum class Purpose {
+    Conversion,  // of few units: what takes little, as nearly all do, is not worth remembering
+    Comparison,  // of few units by their powers alone: no factor is computed
+    Listing,     // the same of all units: each is worth remembering
+  };
 
-  explicit Reducer(Wanted wanted = Wanted::All) : wanted_(wanted) {}
+  explicit Reducer(Purpose purpose = Purpose::Conversion) : purpose_(purpose) {}
+
+  /// For a listing of `count` units.
+  explicit Reducer(std::size_t count) : purpose_(Purpose::Listing), units_(count) {
+    knownPowers_.reserve(2 * count);
+  }
+
   Reducer(const Reducer&) = delete;
 
   /// @throws IncompatibleUnitsException  a parent unit is absolute. The reducer is of no use then.
@@ -48,23 +56,27 @@ class Reducer {
     std::size_t next;
   };
 
-  struct RelativeUnit {
+  /// A relative unit that is remembered, with its share of `knownPowers_`.
+  struct KnownUnit {
     double factor;
-    Powers powers;
+    std::size_t firstPower;
+    std::size_t powerCount;
   };
 
   double reduceRelative(const RecordNode<Unit>& unit, Powers& powers);
   void enter(const RecordNode<Unit>& unit, const Powers& powers);
   void takeNextParent(Powers& powers);
   double finish(Powers& powers);
+  void remember(const UnitStep& done, const Powers& powers);
+  double recall(const KnownUnit& known, int exponent, Powers& powers) const;
   double ownFactor(const RecordNode<Unit>& unit);
   double valueOf(const RecordNode<Factor>& factor);
 
-  const Wanted wanted_;
+  const Purpose purpose_;
   std::size_t work_ = 0;  // powers looked at so far, the measure of what took long
-  // Maps, which cost nothing to make: few units need them.
-  std::map<const RecordNode<Unit>*, RelativeUnit> units_;
-  std::map<const RecordNode<Factor>*, double> factors_;
+  Memo<RecordNode<Unit>, KnownUnit> units_;
+  Powers knownPowers_;
+  Memo<RecordNode<Factor>, double> factors_;
   ShortList<UnitStep, 4> path_;
   ShortList<FactorStep, 4> factorPath_;
 };

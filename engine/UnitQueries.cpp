@@ -46,7 +46,7 @@ RecordMap<Unit> convertibleUnits(const std::string& unitTypeId, const Registries
   const RecordStore<Unit>& units = registries.units.objects;
   if (units.empty()) return {};  // without a unit to compare with, the id is not looked up
   const RecordNode<Unit>& from = lookUpNode(units, unitTypeId);
-  Reducer reducer(Reducer::Wanted::PowersAlone);
+  Reducer reducer(units.records().size());
   const ReducedUnit reduced = reducer.reduce(from);
   return selectUnits(units, [&](const RecordNode<Unit>& unit) {
     bool inverted = false;
@@ -62,7 +62,7 @@ RecordMap<Unit> unitsWithPrimitivePowers(const PrimitivePowers& powers,
   for (const auto& [typeId, exponent] : powers)
     wanted.push_back({&lookUpNode(units, typeId), exponent});
   sumUp(wanted, 0);
-  Reducer reducer(Reducer::Wanted::PowersAlone);
+  Reducer reducer(units.records().size());
   return selectUnits(units, [&](const RecordNode<Unit>& unit) {
     bool inverted = false;
     return arePowersCompatible(wanted, reducer.reduce(unit).powers, inverted) && !inverted;

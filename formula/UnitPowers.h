@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/ShortList.h"
+
 #include <map>
 #include <string>
 #include <utility>
@@ -15,7 +17,7 @@ struct UnitPower {
   const std::string* typeId;
   double exponent;
 };
-using UnitPowers = std::vector<UnitPower>;
+using UnitPowers = Units::ShortList<UnitPower, 2>;
 
 /// Brings powers of different units into order.
 void orderPowers(UnitPowers& powers);
