@@ -23,9 +23,8 @@ class TRELVONUNITS_API PreparedConversion {
   /// @param fromUnitTypeId  type id of a stored unit; looked up first.
   /// @param toUnitTypeId    type id of a stored unit.
   /// @throws UnrecognizedIdentifierException  as `convert`: an id names no unit.
-  /// @throws IncompatibleUnitsException       as `convert`: different dimensions, or only one has
-  /// an
-  ///                                          offset.
+  /// @throws IncompatibleUnitsException       as `convert`: different dimensions, or one with an
+  ///                                          offset and one without.
   PreparedConversion(const UnitsEngine& engine, const std::string& fromUnitTypeId,
                      const std::string& toUnitTypeId);
 
@@ -44,8 +43,8 @@ class TRELVONUNITS_API PreparedConversion {
   void convert(const double* values, double* converted, std::size_t count) const;
 
  private:
-  static double reciprocalOf(
-      double value);  // in the library: pow(value, -1.0), which is not 1 / value
+  /// pow(value, -1.0), to the bit, which is not always 1 / value.
+  static double reciprocalOf(double value);
 
   double fromOffset_;
   double fromFactor_;
