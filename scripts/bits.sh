@@ -1,0 +1,80 @@
+#!/usr/bin/env bash
+# The same bits with every compiler and on every machine: scripts/bits.sh [COUNT]
+# Builds the program `bits` with g++ and clang++ at -O0, -O2 and -O3 and for other machines, whose
+# programs run under qemu-user, and links it for Windows. Each does COUNT operations (1,000,000
+# unless given). Prints the checksums of the first, and for the others the kinds of operations with
+# another checksum and how many operations differ. Fails where a kind does that names no function of
+# the C library.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/setup.sh
+
+count=${1:-1000000}
+work=$PWD/build/bits
+failures=0
+
+configure_and_build() {  # NAME CMAKE-OPTION...
+  cmake -G Ninja -B "$work/$1" -D CMAKE_BUILD_TYPE=Release \
+    -D TRELVONUNITS_RAPIDJSON_DIR="$work/headers" -D TRELVONUNITS_DEVELOPER=ON \
+    -D TRELVONUNITS_BITS=ON -D TRELVONUNITS_EXAMPLES=OFF -D TRELVONUNITS_TESTS=OFF "${@:2}" &&
+    cmake --build "$work/$1" --parallel "$(nproc)"
+}
+
+build() {  # NAME FLAGS CMAKE-OPTION...
+  configure_and_build "$1" -D CMAKE_CXX_FLAGS_RELEASE="$2" "${@:3}" >"$work/$1.log" 2>&1 ||
+    { tail -50 "$work/$1.log"; exit 1; }
+}
+
+for_machine() {  # NAME
+  build "$1" -O2 --toolchain "$PWD/cmake/toolchains/$1.cmake"
+}
+
+# compare TITLE NAME [PREFIX...]: runs the program of a build, with the words that start it.
+compare() {
+  local title=$1 program=("${@:3}" "$work/$2/bits/bits") kind functions differing
+  local start=$SECONDS
+  "${program[@]}" "$count" >"$work/sums"
+  echo "$title: $count operations, $((SECONDS - start)) s"
+  if [ -z "${first:-}" ]; then
+    first=$work/$2/bits/bits
+    tee "$work/first.sums" <"$work/sums"
+  fi
+  while read -r kind _ functions; do
+    [ "$kind" != all ] || continue
+    diff <("$first" "$count" --show "$kind") <("${program[@]}" "$count" --show "$kind") \
+      >"$work/differences" || true
+    differing=$(grep -c '^>' "$work/differences")
+    echo "  $kind: $differing of $((count / 16)) differ (${functions:-no function of the C library})"
+    [ -n "$functions" ] || { head -n 4 "$work/differences"; failures=$((failures + 1)); }
+  done < <(diff "$work/first.sums" "$work/sums" | sed -n 's/^> //p')
+}
+
+install_packages demo test bits
+
+# RapidJSON is headers alone: this machine's serve all, without the others that lie beside them.
+mkdir -p "$work/headers"
+ln -sfn /usr/include/rapidjson "$work/headers/rapidjson"
+
+heading "Compilers"
+for compiler in g++ clang++; do
+  for level in -O2 -O0 -O3; do
+    build "$compiler$level" "$level" -D CMAKE_CXX_COMPILER="$compiler"
+    compare "$compiler $level" "$compiler$level"
+  done
+done
+
+heading "Machines"
+compare "without fused products in the C library" g++-O2 \
+  env GLIBC_TUNABLES=glibc.cpu.hwcaps=-AVX2,-FMA,-FMA4
+for machine in i686:i386 aarch64:aarch64 s390x:s390x; do
+  name=${machine%:*}-linux-gnu
+  for_machine "$name"
+  compare "$name" "$name" "qemu-${machine#*:}" -L "/usr/$name"
+done
+
+heading "Windows"
+for_machine x86_64-w64-mingw32
+ls "$work"/x86_64-w64-mingw32/{*.dll,bits/*.exe}
+
+heading "$failures kinds differ that must not"
+[ $failures -eq 0 ]
