@@ -1,0 +1,61 @@
+"""Finds what may be changed in a C++ source, one condition, constant or operator at a time.
+
+It relies on clang-format: binary operators stand between spaces, brackets of templates and marks of
+pointers and references do not.
+"""
+import re
+
+# What is passed over, and words and operators as wholes.
+TOKEN = re.compile(r"""
+    (?P<skip>  //[^\n]* | /\*.*?\*/ | ^[ \t]*\#(?:\\\n|[^\n])*
+             | (?:u8|[uUL])?"(?:\\.|[^"\\\n])*" | R"(?P<delimiter>[^(]*)\(.*?\)(?P=delimiter)" )
+  | (?P<char>  '(?:\\.[^']*|[^'\\])' )
+  | (?P<real>  (?:\d[\d']*\.\d*|\.\d+)(?:[eE][-+]?\d+)? | \d+[eE][-+]?\d+ )
+  | (?P<whole> \b(?:0[xX][\da-fA-F]+|\d[\d']*)[uUlLzZ]*\b )
+  | (?P<word>  [A-Za-z_]\w* )
+  | (?P<mark>  <<=|>>=|->|::|\+\+|--|<<|>>|<=|>=|==|!=|&&|\|\||[-+*/%&|^]=|[-+*/%&|^<>!~?] )
+""", re.VERBOSE | re.DOTALL | re.MULTILINE)
+
+BINARY = {"<": ["<=", ">="], "<=": ["<", ">"], ">": [">=", "<="], ">=": [">", "<"],
+          "==": ["!="], "!=": ["=="], "&&": ["||"], "||": ["&&"],
+          "+": ["-"], "-": ["+"], "*": ["/"], "/": ["*"], "%": ["*"],
+          "<<": [">>"], ">>": ["<<"], "&": ["|"], "|": ["&"],
+          "+=": ["-="], "-=": ["+="], "*=": ["/="], "/=": ["*="], "|=": ["&="], "&=": ["|="]}
+PREFIX = {"!": [""], "-": [""], "++": ["--"], "--": ["++"]}
+WORDS = {"true": ["false"], "false": ["true"]}
+
+
+def condition_end(text, begin):
+    """Where the condition in the parentheses at `begin` ends; 0 if it declares or is not in a line."""
+    depth = 0
+    for place in range(begin, text.index("\n", begin)):
+        depth += {"(": 1, ")": -1}.get(text[place], 0)
+        if depth == 0:
+            return 0 if re.search(r";| = ", text[begin:place]) else place
+    return 0
+
+
+def changes(text):
+    """All changes of a source: begin, end, and what stands there instead."""
+    for token in TOKEN.finditer(text):
+        begin, end = token.span()
+        kind, old = token.lastgroup, token.group()
+        if kind == "char":
+            yield begin, end, f"static_cast<char>({old} + 1)"
+        elif kind == "real":
+            yield begin, end, "1.0" if float(old.replace("'", "")) == 0 else f"({old} * 2)"
+        elif kind == "whole":
+            yield begin, end, f"({old} + 1)"
+        elif kind == "word":
+            for new in WORDS.get(old, ()):
+                yield begin, end, new
+            if old in ("if", "while") and text[end:end + 2] == " (":
+                last = condition_end(text, end + 1)
+                if last:
+                    yield end + 1, last, "(!" + text[end + 1:last] + ")"
+        elif kind == "mark":
+            spaced = text[begin - 1].isspace() and text[end].isspace()
+            if old == "+" and '"' in (text[begin - 2], text[end + 1]):
+                continue  # texts are joined, and not subtracted
+            for new in (BINARY if spaced else {} if text[end].isspace() else PREFIX).get(old, ()):
+                yield begin, end, new
