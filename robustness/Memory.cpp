@@ -15,10 +15,21 @@ struct Budget {
 constexpr Budget textBudget = {100, 1024 * 1024};
 constexpr Budget formulaBudget = {256, 64 * 1024};
 
-void measure(const Shape& shape, int size) {
+/// The most that a long text took.
+struct Greatest {
+  double perByte = 0;
+  std::string shape;
+
+  void take(double found, const std::string& name) {
+    if (found > perByte) *this = {found, name};
+  }
+};
+
+/// Returns the bytes taken for a byte of text.
+double measure(const Shape& shape, int size) {
   const Engine engine = sampleEngine();
   const Work work = shape.prepare(size, *engine);
-  if (work.bytes == 0) return;
+  if (work.bytes == 0) return 0;
   const long before = heap::liveBytes();
   heap::resetPeak();
   work.run();
@@ -30,15 +41,28 @@ void measure(const Shape& shape, int size) {
                 shape.name.c_str(), bytes, peak, peak / bytes);
   report(line);
   check(peak <= budget.perByte * bytes + budget.fixed, shape.name + " takes too much memory");
+  return peak / bytes;
+}
+
+std::string written(const char* texts, const Greatest& greatest) {
+  char line[200];
+  std::snprintf(line, sizeof line, "%s: at most %.1f bytes a byte, %s", texts, greatest.perByte,
+                greatest.shape.c_str());
+  return line;
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
   const int share = count > 1 ? std::atoi(arguments[1]) : 1;  // of the full size, one in so many
+  Greatest schemas, formulas;
   for (const Shape& shape : allShapes()) {
     measure(shape, 1);
-    measure(shape, (shape.kind == Shape::Definitions ? 3000 : 100000) / share);
+    const double perByte =
+        measure(shape, (shape.kind == Shape::Definitions ? 3000 : 100000) / share);
+    (shape.kind == Shape::Formula ? formulas : schemas).take(perByte, shape.name);
   }
+  report(written("Schema texts", schemas));
+  report(written("Formulas", formulas));
   return verdict();
 }

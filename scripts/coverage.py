@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/env -S python3 -B
 """Holds what clang's counters say of the library to what is asked of it.
 
     coverage.py EXCEPTIONS PROFILE PROGRAM...

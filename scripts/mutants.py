@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/env -S python3 -B
 """Changes the library at random places, one at a time, and asks whether its tests notice.
 
     mutants.py [--samples 300] [--seed N] [--of PATH]

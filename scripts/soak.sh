@@ -36,6 +36,16 @@ suite() {  # PRESET
   tail -20 "$work/$1.test" | grep 'tests passed'
 }
 
+coverage() {
+  scripts/coverage.sh >"$work/coverage" 2>&1 || { tail -50 "$work/coverage"; return 1; }
+  tail -2 "$work/coverage"
+}
+
+hosts() {
+  ctest --test-dir build/release -L soak >"$work/hosts" || { tail -50 "$work/hosts"; return 1; }
+  grep 'tests passed' "$work/hosts"
+}
+
 memcheck() {
   # What is deep or fails by intent is left to the others: here it would take hours.
   valgrind --quiet --error-exitcode=1 --leak-check=full --errors-for-leak-kinds=definite,indirect \
@@ -98,6 +108,12 @@ step "Threads" build/tsan/robustness/robustness_Threads 100
 step "Memcheck of the suite" memcheck
 step "The suite under the sanitizers, g++" suite asan
 step "The suite under the sanitizers, clang++" suite asan-clang
+
+step "Hosts built with the compilers changed over" hosts
+step "The same bits with every compiler and on every machine" scripts/bits.sh
+
+step "What the tests execute" coverage
+step "What the tests notice" scripts/mutants.py --samples 100
 
 step "Fuzz doors: build" build fuzz
 mapfile -t doors < <(ls fuzz/corpus)

@@ -161,13 +161,14 @@ UnitPowers inPlace(const UnitPowerMap& powers) {
 }
 
 TEST(UnitPowers, LoseWhatCancels) {
-  const double gone = 2.2e-16;
+  const double limit = 2.220446049250313e-16;
+  const double gone = std::nextafter(limit, 0.0);
   UnitPowers powers = inPlace({{"a", 1}, {"b", 2}, {"d", 1}});
-  multiplyPowers(powers, inPlace({{"a", -1 + 1.2e-16}, {"b", 1}, {"c", gone}, {"e", 2.3e-16}}));
-  EXPECT_EQ(toUnitPowerMap(powers), (UnitPowerMap{{"b", 3}, {"d", 1}, {"e", 2.3e-16}}));
+  multiplyPowers(powers, inPlace({{"a", -1 + 1.2e-16}, {"b", 1}, {"c", gone}, {"e", limit}}));
+  EXPECT_EQ(toUnitPowerMap(powers), (UnitPowerMap{{"b", 3}, {"d", 1}, {"e", limit}}));
   dividePowers(powers,
                inPlace({{"b", 3}, {"c", 2}, {"d", std::numeric_limits<double>::quiet_NaN()}}));
-  EXPECT_EQ(toUnitPowerMap(powers), (UnitPowerMap{{"c", -2}, {"e", 2.3e-16}}));
+  EXPECT_EQ(toUnitPowerMap(powers), (UnitPowerMap{{"c", -2}, {"e", limit}}));
 }
 
 TEST(UnitPowers, AreCutToIntegers) {

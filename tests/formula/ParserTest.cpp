@@ -32,8 +32,9 @@ TEST(Parser, PlacesSymbolsByTheirKind) {
                   "-(2) ft = -24 inch^1", "(2) ft^2 = 576 inch^2", "$(5) = 5 dollar^1",
                   "$ (2+3)*2 = 10 dollar^1", "-$(5) = -5 dollar^1", "$5 = 5 dollar^1",
                   "2*$5 = 10 dollar^1", "(2)u = 2 pound^1", "u+2 = 2 dollar^1"});
-  expectEach({"ft", "ft(2)", "(ft)", "2*ft", "$", "$()", "$(5", "$$(5)", "$+(5)", "(2)$(5)"},
-             "no formula");
+  expectEach(
+      {"ft", "ft(2)", "(ft)", "2*ft", "$", "$()", "$(5", "$$(5)", "$+(5)", "(2)$(5)", "2*ft(3)"},
+      "no formula");
   // The suffix comes first in the registry; but a literal looks for a prefix before its number.
   expectEach({"u(2)", "(2)u+2"}, "no formula");
   // Where the whole is no literal, a symbol that begins it goes before shorter literals.

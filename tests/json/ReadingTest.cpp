@@ -79,11 +79,14 @@ TEST(Reading, GivesNumbersAsDoubles) {
       // Exponents that overflow the reader's int together with the places of the fraction.
       {"0.11111111111e-2147483639", 0.0},
       {"-0.11111111111e-2147483639", -0.0},
+      {"0.11111111111E-2147483639", 0.0},
       {"0.5e-99999999999999999999", 0.0},
       {"1.5e+0000000000000000000002", 150.0},
       {"1.5e-0000000000000000000308", 1.5e-308}};
   for (const auto& [text, value] : rows)
     EXPECT_EQ(bitsOf(parse(text).getNumber()), bitsOf(value)) << text;
+  for (std::size_t spaces = 0; spaces < 10; ++spaces)
+    EXPECT_EQ(parse(std::string(spaces, ' ') + "1e25").getNumber(), 1e25) << spaces;
 }
 
 TEST(Reading, NeedsNoLocale) {
