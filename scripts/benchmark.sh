@@ -66,6 +66,7 @@ END
 ./scripts/benchmark.sh                        # all of this page
 ./scripts/guard.sh                            # instructions; --update writes them down
 $build/benchmarks/peers/peers sum    # the rows that say "sum"
+$build/benchmarks/peers/peers_benchmark  # both sides of each row, by Google Benchmark
 $build/benchmarks/FormulaBenchmark   # formula by formula; QueriesBenchmark beside it
 \`\`\`
 END

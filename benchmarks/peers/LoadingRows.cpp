@@ -67,6 +67,18 @@ Sides fromFolders() {
           {[] { return std::make_shared<Texts>(readCatalogue()); }}};
 }
 
+Sides fromABundle() {
+  std::string bundle = "TrelvonUnits-schema-bundle-1\n";
+  for (const std::string& text : readCatalogue()) bundle.append(text).push_back('\0');
+  const auto load = [bundle] {
+    std::shared_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());
+    Schemas::SchemaBundle::addDefinitionsFromBuffer(bundle, *engine);
+    return engine;
+  };
+  check(countIn(*load()) == countIn(*loadFolders()), "a bundle that is not loaded whole");
+  return {{load}, {[] { return loadFolders(); }}};
+}
+
 Sides memory() {
   const Texts texts = readCatalogue();
   const auto inUse = [] {
@@ -91,6 +103,7 @@ std::vector<Row> loadingRows() {
        }},
       {"the whole catalogue from its folders", "reading the same files alone", Bound::AtMost, 2.2,
        1.7, fromFolders},
+      {"the whole catalogue from a bundle", "from its folders", Bound::AtMost, 1, 0.5, fromABundle},
       {"memory per definition", "7,000 bytes", Bound::AtMost, 1, 0.5, memory},
   };
 }
