@@ -35,6 +35,7 @@ TEST(ClassicNumber, ReadsDoublesAtTheirEdges) {
       {"0e99999999999999999999", 0.0, 22},
       {"1" + zeros + "e-400", 1.0, 406},
       {"0." + zeros + "1e401", 1.0, 407},
+      {"0." + std::string(10000, '0') + "1e9000", 0.0, 10008},
       {"2.4703282292062327e-324", 0.0, 23},  // just below half of the smallest double
       {"2.4703282292062328e-324", DBL_TRUE_MIN, 23},
       {"0x1p99999999999999999999", HUGE_VAL, 24},
