@@ -39,20 +39,21 @@ bool isAsPromised(const Attempt& made, const std::string& expected) {
   return made.threw ? made.failed : made.result == expected && (!made.failed || isRefusal);
 }
 
+/// What an engine is after a build.
+std::string built(Units::UnitsEngine& engine) {
+  const std::string said = outcome([&] { return engine.buildSchemas(), std::string("built"); });
+  return said + '\n' + describe(engine);
+}
+
 /// What an operation gives where nothing fails, and what the engine then is.
 struct Expectation {
   explicit Expectation(const Operation& operation) {
     const Engine clean = operation.start();
     const std::string before = describe(*clean);
     result = outcome([&] { return operation.run(*clean); });
-    clean->buildSchemas();
-    after = describe(*clean);
-
-    failed = builtWithout = operation.isBuild ? operation.dropped() : before;
-    if (operation.isBuild) return;
-    const Engine untouched = operation.start();
-    untouched->buildSchemas();
-    builtWithout = describe(*untouched);
+    after = built(*clean);
+    failed = operation.isBuild ? operation.dropped() : before;
+    builtWithout = operation.isBuild ? "built\n" + failed : built(*operation.start());
   }
 
   std::string result;
@@ -77,8 +78,7 @@ bool tryOnce(const Operation& operation, const Expectation& expected, long index
     else if (operation.leavesPending)
       return made.failed;  // what of its definitions is there may lack parents
   }
-  engine->buildSchemas();
-  check(describe(*engine) == (made.threw && !repeats ? expected.builtWithout : expected.after),
+  check(built(*engine) == (made.threw && !repeats ? expected.builtWithout : expected.after),
         where + ": a later build gives something else");
   return made.failed;
 }

@@ -120,7 +120,22 @@ void addAdding(std::vector<Operation>& all) {
 }
 
 void addDefining(std::vector<Operation>& all) {
+  // Deep and long: the reader's stack and its pools grow.
+  std::string deep =
+      "{'typeid':'new','inherits':['vellamor.unit:factor-1.0.0'],'properties':["
+      "{'id':'p','value':";
+  for (int level = 0; level < 300; ++level) deep += "[{'c':";
+  deep += "'" + std::string(100000, 'x') + "'";
+  for (int level = 0; level < 300; ++level) deep += "}]";
   const std::pair<const char*, std::string> rows[] = {
+      {"addDefinition of a dimension",
+       schema("a new type id that is long enough", "dimension", "")},
+      {"addDefinition of a factor",
+       schema("new", "factor.derived", "{'id':'parentFactors','value':{'gross':1,'none':2}}")},
+      {"addDefinition of a symbol",
+       schema("a new:feetAndInches-1", "symbol", "{'id':'unit','typedValue':{'typeid':'none'}}")},
+      {"addDefinition of deep properties", quoted(deep + "}]}")},
+      {"addDefinition of deep properties, refused", quoted(deep + "}]")},
       {"addDefinition of a unit",
        schema("new", "unit.derived",
               named + ",{'id':'parentUnits','value':{'foot':2,'inch':-1}},"

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdint>
-#include <cstring>
 #include <limits>
 #include <map>
 
@@ -86,18 +84,6 @@ TEST(Evaluation, ComplainsInOrder) {
              "Function input must be unitless.");
   expectEach({"(1 ft) ft", "$(1 ft)", "(1 rad) ft", "(1) ft ft"},
              "Unit symbol may be applied only to a unitless expression.");
-}
-
-TEST(Evaluation, KnowsPiToItsLastBit) {
-  const Sample sample;
-  std::unique_ptr<Expression> root;
-  double value = 0;
-  UnitPowerMap units;
-  ASSERT_TRUE(parseFormula("pi()", root, sample.texts(), sample.engine, nullptr));
-  ASSERT_TRUE(root->evaluate(value, units));
-  std::uint64_t bits = 0;
-  std::memcpy(&bits, &value, sizeof bits);
-  EXPECT_EQ(bits, 0x400921FB54442D11u);
 }
 
 std::unique_ptr<Expression> number(double value) {

@@ -6,7 +6,6 @@
 
 #include "TrelvonUnits/Limits.h"
 #include "tests/formula/FormulaSample.h"
-#include "tests/support/FailingNew.h"
 #include "tests/support/Messages.h"
 #include "tests/support/SmallStack.h"
 
@@ -86,38 +85,6 @@ TEST(Resolvers, AreBoundedInNumber) {
             }),
             "Too many variables.");
   EXPECT_EQ(asked, 5);
-}
-
-TEST(Resolvers, MayThrow) {
-  const Sample sample;
-  const long before = FailingNew::liveBlocks();
-  EXPECT_THROW(
-      sample.outcome("(1 + abs(2 ft * (3 - x", [](const std::string&) -> std::string { throw 7; }),
-      int);
-  EXPECT_THROW(sample.outcome("1+x", VariableResolver()), std::bad_function_call);
-  EXPECT_EQ(FailingNew::liveBlocks(), before);
-}
-
-TEST(Resolvers, MayChangeAndUseWhatTheFormulaIsReadWith) {
-  Sample sample;
-  const auto resolver = [&](const std::string& name) -> std::string {
-    if (name == "inner") return sample.outcome("2^3");
-    for (int made = 0; made < 100; ++made)
-      sample.add(name + std::to_string(made), "foot", Units::Placement::Suffix);
-    return "2 " + name + "7";
-  };
-  EXPECT_EQ(sample.outcome("1 ft + c + 1 c8 + (2) c99 + inner * d", resolver), "264 inch^1");
-}
-
-TEST(Formulas, LeaveNothingBehindWhenMemoryEnds) {
-  const Sample sample;
-  const auto resolver = [](const std::string& name) {
-    return name == "x" ? std::string("y * 2 + (((1 ft + 3 in) - 5' 6\")) + 0.000001 ft") : "1 ft";
-  };
-  for (const char* formula :
-       {"-(2) ft + abs(x) * 2 / pi() - sqrt($(4) * $4) / $(1) * 1 ft + (1) ft * 2^2", "((1+x",
-        "x + sin(1 ft)", "(((((((((((((((((1/0)))))))))))))))))"})
-    EXPECT_GT(failEachAllocation([&] { sample.outcome(formula, resolver); }), 20) << formula;
 }
 
 }  // namespace

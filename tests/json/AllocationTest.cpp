@@ -9,24 +9,6 @@
 
 namespace {
 
-TEST(Allocation, FailsParsesWhole) {
-  std::string text = "{\"a\":[1,2.5e-99999999999,\"longer than what is kept in place\"],\"b\":[";
-  for (int level = 0; level < 300; ++level) text += "[{\"c\":";
-  text += "\"" + std::string(100000, 'x') + "\"";
-  for (int level = 0; level < 300; ++level) text += "}]";
-  text += "]}";
-  const auto factory = std::make_shared<TextErrorFactory>();
-  EXPECT_GT(failEachAllocation([&] { JSON::parse(factory, text); }), 20);
-  text.pop_back();
-  EXPECT_GT(failEachAllocation([&] {
-              try {
-                JSON::parse(factory, text);
-              } catch (const TextError&) {
-              }
-            }),
-            20);
-}
-
 TEST(Allocation, FailsWritesWhole) {
   const std::string longText(70000, 'x');  // fills a chunk of the pool
   const auto build = [&] {

@@ -7,7 +7,6 @@
 #include "tests/json/TextExceptions.h"
 #include "tests/support/Locale.h"
 #include "tests/support/Messages.h"
-#include "tests/support/SmallStack.h"
 
 using namespace std::string_literals;
 
@@ -186,26 +185,6 @@ TEST(Reading, RefusesOtherValuesInMaps) {
                   [&] { parse("{\"a\":\"\",\"b\":"s + value + "}").getStringStringMap(); }),
               "Expected a map with string keys and values, but value was not a string.")
         << value;
-}
-
-TEST(Reading, TakesAnyDepth) {
-  const std::size_t depth = 1000000;
-  const std::string open(depth, '[');
-  const std::string close(depth, ']');
-  std::string objects;
-  for (std::size_t level = 0; level < depth; ++level) objects += "{\"\":";
-  onSmallStack([&] {
-    EXPECT_EQ(messageOf<TextError>([&] { parse(open); }),
-              "JSON parsing error at offset 1000000: Invalid value.");
-    EXPECT_EQ(messageOf<TextError>([&] { parse(open + close + "]"); }),
-              "JSON parsing error at offset 2000000: The document root must not be followed by "
-              "other values.");
-    EXPECT_EQ(messageOf<TextError>([&] { parse(objects); }),
-              "JSON parsing error at offset 4000000: Invalid value.");
-    const JSON arrays = parse(open + close);
-    EXPECT_TRUE(arrays.getArray().front().isArray());
-    EXPECT_TRUE(parse(objects + "1" + std::string(depth, '}')).getMember("").isObject());
-  });
 }
 
 TEST(Reading, HasALongestText) {

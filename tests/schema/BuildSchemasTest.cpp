@@ -1,6 +1,5 @@
 #include "schema/Definitions.h"
 #include "tests/schema/SchemaTexts.h"
-#include "tests/support/FailingNew.h"
 #include "tests/support/Messages.h"
 
 #include <gtest/gtest.h>
@@ -125,61 +124,6 @@ TEST(GetDependencies, ListsAllThatADefinitionRestsOn) {
       {"a0", {"u0"}}, {"q", ofQuantity}, {"s:feetAndInches-1", withB}};
   for (const auto& [typeId, dependencies] : rows)
     EXPECT_EQ(getDependencies(typeId, registries), dependencies) << typeId;
-}
-
-/// Runs `action` on fresh registries with each of its allocations failing in turn, alone and with
-/// all that follow; `check` then sees what is left. Returns how many there are.
-template <class Action, class Check>
-long failEach(const Texts& pending, const Action& action, const Check& check) {
-  for (long index = 0;; ++index)
-    for (const bool andAllThatFollow : {false, true}) {
-      Registries registries;
-      addAll(stored, registries);
-      buildSchemas(registries);
-      addAll(pending, registries);
-      const auto before = sizes(registries);
-      {
-        const FailingNew failing(index, andAllThatFollow);
-        try {
-          action(registries);
-        } catch (const std::bad_alloc&) {
-        }
-      }
-      if (!FailingNew::hasFailed()) return index;
-      check(registries, before);
-    }
-}
-
-TEST(Allocation, FailsDefinitionsWhole) {
-  const std::string typeId = "a type id that is longer than what is kept in place";
-  for (const std::string& text :
-       {dimension(typeId), factor(typeId, {"f0", "x"}), derived(typeId, {"u0", "x"}, {"y"}),
-        quantity(typeId, {"u0", "x"}), composite(typeId + ":feetAndInches-1", "x")})
-    EXPECT_GT(failEach(
-                  {}, [&](Registries& registries) { addDefinition(text, registries); },
-                  [](const Registries& registries, const auto& before) {
-                    EXPECT_EQ(sizes(registries), before);
-                  }),
-              15);
-}
-
-TEST(Allocation, FailsBuildsWholeAndDropsTheirBatch) {
-  Registries untouched;
-  addAll(stored, untouched);
-  buildSchemas(untouched);
-  Registries grown;
-  addAll(stored, grown);
-  buildSchemas(grown);
-  addAll(soundBatch, grown);
-  buildSchemas(grown);
-  EXPECT_GT(failEach(soundBatch, buildSchemas,
-                     [&](Registries& registries, const auto&) {
-                       EXPECT_EQ(sizes(registries), sizes(untouched));
-                       addAll(soundBatch, registries);
-                       buildSchemas(registries);
-                       EXPECT_EQ(sizes(registries), sizes(grown));
-                     }),
-            30);
 }
 
 }  // namespace
