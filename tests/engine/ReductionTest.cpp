@@ -75,6 +75,33 @@ Registries stored(RecordMap<Unit> units, RecordMap<Factor> factors = {}) {
   return registries;
 }
 
+/// "heavy" takes long enough to be remembered by conversions too, and is met after other powers.
+TEST(Reduction, IsTheSameWhereItIsRemembered) {
+  RecordMap<Unit> units;
+  Parents pairs;
+  for (const char* typeId : {"a", "b", "c"}) units.emplace(typeId, primitive(typeId));
+  for (const char* typeId : {"p", "q", "r", "s", "t", "u", "v", "w"}) {
+    units.emplace(typeId, derived(typeId, {{"a", 1}, {"b", 1}}, FactorComponent(1.1)));
+    pairs[typeId] = 1;
+  }
+  units.emplace("heavy", derived("heavy", pairs));
+  units.emplace("x", derived("x", {{"a", 1}, {"heavy", 2}}));
+  units.emplace("y", derived("y", {{"c", 3}, {"heavy", -1}, {"x", 1}}));
+  const Registries registries = stored(std::move(units));
+  Reducer conversion, listing(13);
+  for (const char* typeId : {"y", "x", "heavy", "y"}) {
+    const RecordNode<Unit>& unit = lookUpNode(registries.units.objects, typeId);
+    const ReducedUnit alone = Reducer().reduce(unit);
+    const PrimitivePowers powers = toPrimitivePowers(alone.powers);
+    EXPECT_EQ(conversion.reduce(unit).factor, alone.factor) << typeId;
+    EXPECT_EQ(toPrimitivePowers(conversion.reduce(unit).powers), powers) << typeId;
+    EXPECT_EQ(toPrimitivePowers(listing.reduce(unit).powers), powers) << typeId;
+  }
+  const auto& y = lookUpNode(registries.units.objects, "y");
+  EXPECT_EQ(toPrimitivePowers(conversion.reduce(y).powers),
+            (PrimitivePowers{{"a", 9}, {"b", 8}, {"c", 3}}));
+}
+
 // No check lets such a record in; the engine must not fall over it all the same.
 TEST(Reduction, RefusesAbsoluteParents) {
   const Registries registries =
