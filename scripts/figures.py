@@ -31,9 +31,11 @@ def main(mode=""):
                 failed += 1
                 subprocess.run(["bash", "-c", block["command"].partition(" | ")[0]], cwd=ROOT,
                                check=False)
-            elif done.stdout != block["printed"]:
+                continue
+            print(done.stdout, flush=True)
+            if done.stdout != block["printed"]:
                 stale += 1
-                print(f"was:\n{block['printed']}is:\n{done.stdout}")
+                print(f"The page had:\n{block['printed']}")
                 text = text.replace(block[0], f"$ {block['command']}\n{done.stdout}")
         if mode == "":
             page.write_text(text, encoding="utf-8")
