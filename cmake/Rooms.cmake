@@ -11,7 +11,7 @@ set(formula_sees text model)
 set(schema_sees json registry model)
 set(engine_sees schema formula registry text model)
 # The folders around the library. A file may reach for RapidJSON where it checks our use of it.
-set(robustness_sees ${rooms} robustness)
+set(robustness_sees ${rooms} robustness tests)
 set(tests_sees ${rooms} tests)
 set(fuzz_sees ${rooms} tests)
 set(benchmarks_sees ${rooms} rapidjson)

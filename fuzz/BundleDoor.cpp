@@ -11,8 +11,8 @@
 #include "fuzz/RandomSchemas.h"
 #include "fuzz/StoredIds.h"
 #include "schema/Definitions.h"
-#include "tests/loading/FolderTree.h"
 #include "tests/loading/RecordingEngine.h"
+#include "tests/support/FolderTree.h"
 
 namespace {
 

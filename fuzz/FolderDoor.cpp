@@ -10,8 +10,8 @@
 #include "fuzz/Choices.h"
 #include "fuzz/Demand.h"
 #include "fuzz/RandomSchemas.h"
-#include "tests/loading/FolderTree.h"
 #include "tests/loading/RecordingEngine.h"
+#include "tests/support/FolderTree.h"
 
 namespace {
 

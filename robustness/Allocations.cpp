@@ -5,8 +5,8 @@
 
 #include "robustness/FileLoads.h"
 #include "robustness/Findings.h"
-#include "robustness/Heap.h"
 #include "robustness/Operations.h"
+#include "tests/support/Heap.h"
 
 namespace {
 

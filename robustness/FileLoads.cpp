@@ -2,15 +2,12 @@
 
 #include <dirent.h>
 #include <dlfcn.h>
-#include <stdlib.h>
 
 #include <cstdio>
-#include <fstream>
-#include <stdexcept>
 
-#include "robustness/Heap.h"
+#include "tests/support/Heap.h"
 
-#if !defined(TRELVON_ROBUSTNESS_SANITIZED)
+#if !defined(TRELVON_TESTS_SANITIZED)
 
 extern "C" {
 
@@ -34,36 +31,31 @@ dirent* readdir(DIR* folder) {
 #endif
 
 FileLoads::FileLoads() {
-  std::string pattern = std::filesystem::temp_directory_path() / "trelvon-XXXXXX";
-  if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no folder to load from");
-  root_ = pattern;
-  std::filesystem::create_directory(root_ / "sub");
   int number = 0;
   for (const std::string& text : sampleSchemas())
-    std::ofstream(root_ / "sub" / (std::to_string(++number) + ".json")) << text;
+    tree_.write("sub/" + std::to_string(++number) + ".json", text);
   std::vector<std::string> texts = sampleSchemas();
   texts.back().insert(0, 100000, ' ');  // longer than what is read at a time
-  std::ofstream(root_ / "bundle", std::ios::binary) << bundleOf(texts);
+  tree_.write("bundle", bundleOf(texts));
 }
 
-FileLoads::~FileLoads() { std::filesystem::remove_all(root_); }
-
 Operation FileLoads::folder() const {
-  Operation load = loading("addDefinitionsFromFolder, each file", [root = root_.string()](auto& e) {
-    Schemas::SchemaUtility::addDefinitionsFromFolder(root, e);
-  });
+  Operation load =
+      loading("addDefinitionsFromFolder, each file", [root = tree_.path().string()](auto& e) {
+        Schemas::SchemaUtility::addDefinitionsFromFolder(root, e);
+      });
   load.startsPaused = true;
   return load;
 }
 
 Operation FileLoads::bundle() const {
-  return loading("addDefinitionsFromFile", [file = (root_ / "bundle").string()](auto& e) {
+  return loading("addDefinitionsFromFile", [file = tree_.path("bundle").string()](auto& e) {
     Schemas::SchemaBundle::addDefinitionsFromFile(file, e);
   });
 }
 
 Operation FileLoads::missingBundle() const {
-  return loading("addDefinitionsFromFile, refused", [file = (root_ / "none").string()](auto& e) {
+  return loading("addDefinitionsFromFile, refused", [file = tree_.path("none").string()](auto& e) {
     Schemas::SchemaBundle::addDefinitionsFromFile(file, e);
   });
 }

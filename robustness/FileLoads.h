@@ -3,27 +3,24 @@
 /// before, may end the process where an allocation of its own fails.
 #pragma once
 
-#include <filesystem>
-
-#include "robustness/Build.h"
 #include "robustness/Operations.h"
+#include "tests/support/Build.h"
+#include "tests/support/FolderTree.h"
 
 class FileLoads {
  public:
-#if defined(TRELVON_ROBUSTNESS_SANITIZED)
+#if defined(TRELVON_TESTS_SANITIZED)
   static constexpr bool folderCanFail = false;  // the sanitizer opens files itself
 #else
   static constexpr bool folderCanFail = true;
 #endif
 
   FileLoads();
-  ~FileLoads();
-  FileLoads(const FileLoads&) = delete;
 
   Operation folder() const;
   Operation bundle() const;
   Operation missingBundle() const;
 
  private:
-  std::filesystem::path root_;
+  FolderTree tree_;
 };

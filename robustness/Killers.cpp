@@ -10,6 +10,7 @@
 #include "robustness/Findings.h"
 #include "robustness/HostEngine.h"
 #include "robustness/Sample.h"
+#include "tests/support/FolderTree.h"
 
 namespace fs = std::filesystem;
 using namespace std::string_literals;
@@ -163,20 +164,13 @@ void tryBytes() {
 
 class Folder {
  public:
-  Folder() {
-    std::string pattern = fs::temp_directory_path() / "trelvon-XXXXXX";
-    if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no folder to load from");
-    root_ = pattern;
-    fs::create_directory(root_ / "sub");
-  }
-  ~Folder() { fs::remove_all(root_); }
-  Folder(const Folder&) = delete;
+  Folder() { fs::create_directory(tree_.path("sub")); }
 
-  fs::path path(const std::string& name) const { return root_ / "sub" / name; }
+  fs::path path(const std::string& name) const { return tree_.path("sub") / name; }
 
   std::string load(HostEngine& engine) const {
     try {
-      Schemas::SchemaUtility::addDefinitionsFromFolder(root_, engine);
+      Schemas::SchemaUtility::addDefinitionsFromFolder(tree_.path(), engine);
     } catch (const fs::filesystem_error&) {
       return "filesystem_error";
     } catch (const std::logic_error& error) {
@@ -186,7 +180,7 @@ class Folder {
   }
 
  private:
-  fs::path root_;
+  FolderTree tree_;
 };
 
 void tryFolders() {

@@ -3,8 +3,8 @@
 #include <cstdlib>
 
 #include "robustness/Findings.h"
-#include "robustness/Heap.h"
 #include "robustness/Shapes.h"
+#include "tests/support/Heap.h"
 
 namespace {
 

@@ -11,9 +11,9 @@
 #include <limits>
 #include <locale>
 
-#include "robustness/Build.h"
 #include "robustness/Findings.h"
 #include "robustness/Sample.h"
+#include "tests/support/Build.h"
 
 namespace {
 
@@ -144,7 +144,7 @@ int main(int count, char** arguments) {
       continue;
     }
     check(differences(plain, everything()) == 0, std::string("the locale ") + name);
-#if !defined(TRELVON_ROBUSTNESS_SANITIZED)  // glibc's newlocale leaks its copy of LOCPATH
+#if !defined(TRELVON_TESTS_SANITIZED)  // glibc's newlocale leaks its copy of LOCPATH
     std::locale::global(std::locale(name));
     check(differences(plain, everything()) == 0, std::string("the global locale ") + name);
     std::locale::global(std::locale::classic());

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "tests/json/TextExceptions.h"
-#include "tests/support/FailingNew.h"
+#include "tests/support/FailingAllocations.h"
 
 namespace {
 
@@ -32,12 +32,13 @@ TEST(Allocation, LeavesAnObjectThatCanGrowAgain) {
   for (int member = 1; !threw; ++member) {
     const std::string key = "m" + std::to_string(member);
     JSON value(member);
-    const FailingNew failing(0, true);
+    heap::fail(0, true);
     try {
       root.setMember(root, key, std::move(value));
     } catch (const std::bad_alloc&) {
       threw = true;
     }
+    heap::succeed();
   }
   EXPECT_EQ(root.toString(), "{}");
   for (int member = 0; member < 100; ++member) root.setMember(root, "m", JSON(member));

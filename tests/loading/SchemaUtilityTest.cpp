@@ -8,9 +8,9 @@
 #include <set>
 #include <utility>
 
-#include "tests/loading/FolderTree.h"
 #include "tests/loading/RecordingEngine.h"
 #include "tests/schema/SchemaTexts.h"
+#include "tests/support/FolderTree.h"
 #include "tests/support/Messages.h"
 
 using namespace std::string_literals;

@@ -1,26 +1,16 @@
 /// Threads as small as those of hosts that start many: what recurses over its input dies on them.
 #pragma once
 
-#include <gtest/gtest.h>
 #include <pthread.h>
 
 #include <cstddef>
 #include <exception>
 #include <functional>
+#include <stdexcept>
 
-#if defined(__SANITIZE_ADDRESS__)
-#define TRELVON_TESTS_ASAN 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define TRELVON_TESTS_ASAN 1
-#endif
-#endif
+#include "tests/support/Build.h"
 
-#if defined(TRELVON_TESTS_ASAN) || !defined(__OPTIMIZE__)
-inline constexpr std::size_t smallStackBytes = 512 * 1024;  // frames are several times larger here
-#else
-inline constexpr std::size_t smallStackBytes = 128 * 1024;
-#endif
+inline constexpr std::size_t smallStackBytes = (isSlowBuild ? 512 : 128) * 1024;
 
 /// Runs `action` on a thread with a small stack. What it throws is thrown here.
 inline void onSmallStack(const std::function<void()>& action) {
@@ -39,11 +29,12 @@ inline void onSmallStack(const std::function<void()>& action) {
   };
 
   pthread_attr_t attributes;
-  ASSERT_EQ(pthread_attr_init(&attributes), 0);
-  ASSERT_EQ(pthread_attr_setstacksize(&attributes, smallStackBytes), 0);
   pthread_t thread;
-  ASSERT_EQ(pthread_create(&thread, &attributes, body, &run), 0);
-  ASSERT_EQ(pthread_join(thread, nullptr), 0);
+  const bool hasRun = pthread_attr_init(&attributes) == 0 &&
+                      pthread_attr_setstacksize(&attributes, smallStackBytes) == 0 &&
+                      pthread_create(&thread, &attributes, body, &run) == 0 &&
+                      pthread_join(thread, nullptr) == 0;
   pthread_attr_destroy(&attributes);
+  if (!hasRun) throw std::runtime_error("no thread with a small stack");
   if (run.thrown) std::rethrow_exception(run.thrown);
 }

@@ -1,4 +1,4 @@
-#include "tests/support/FailingNew.h"
+#include "tests/support/FailingAllocations.h"
 #include "tests/support/Messages.h"
 #include "tests/text/TextSymbols.h"
 #include "text/DisplayText.h"

@@ -1,4 +1,4 @@
-/// The heap of these programs: it counts, and fails when it is told to.
+/// The heap of tests: it counts, and fails when it is told to.
 ///
 /// Outside the sanitizers it stands in for `malloc`, so that every library in the process draws on
 /// it; under a sanitizer, which has the `malloc` of its own, for `operator new` alone.

@@ -1,4 +1,4 @@
-#include "robustness/Heap.h"
+#include "tests/support/Heap.h"
 
 #include <malloc.h>
 
@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <new>
 
-#include "robustness/Build.h"
+#include "tests/support/Build.h"
 
 namespace {
 
@@ -63,7 +63,7 @@ void resetPeak() { peak = bytes; }
 
 }  // namespace heap
 
-#if defined(__GLIBC__) && !defined(TRELVON_ROBUSTNESS_SANITIZED)
+#if defined(__GLIBC__) && !defined(TRELVON_TESTS_SANITIZED)
 
 extern "C" {
 
