@@ -14,11 +14,14 @@ namespace {
 
 using Parents = std::map<std::string, int>;
 
-Unit derivedUnit(const std::string& typeId, const Parents& parents) {
-  return Unit(typeId, "name", System::Metric, DerivedUnitComponent(parents, FactorComponent()));
+Unit derivedUnit(const std::string& typeId, const Parents& parents,
+                 const FactorComponent& factor = {}) {
+  return Unit(typeId, "name", System::Metric, DerivedUnitComponent(parents, factor));
 }
 
-const Unit meter("m", "name", System::Metric, PrimitiveUnitComponent());
+Unit primitiveUnit(const std::string& typeId) {
+  return Unit(typeId, "name", System::Metric, PrimitiveUnitComponent());
+}
 
 /// Two factors and two units a level, each resting on both of the level below: 2^64 paths.
 TEST(Reduction, OfDefinitionsThatShareParentsCostsTheirNumber) {
@@ -56,7 +59,7 @@ TEST(Reduction, KeepsExponentsThatCancelAndStaysWithin32Bits) {
               {"turned", {{"least", -1}}, {{"m", most}}},
               {"wrapped", {{"least", least}}, {{"m", most}}}};
   UnitsEngineImpl engine;
-  engine.addUnit(meter);
+  engine.addUnit(primitiveUnit("m"));
   for (const auto& row : rows) {
     engine.addUnit(derivedUnit(row.typeId, row.parents));
     double factor = 0;
@@ -79,14 +82,14 @@ Registries stored(RecordMap<Unit> units, RecordMap<Factor> factors = {}) {
 TEST(Reduction, IsTheSameWhereItIsRemembered) {
   RecordMap<Unit> units;
   Parents pairs;
-  for (const char* typeId : {"a", "b", "c"}) units.emplace(typeId, primitive(typeId));
+  for (const char* typeId : {"a", "b", "c"}) units.emplace(typeId, primitiveUnit(typeId));
   for (const char* typeId : {"p", "q", "r", "s", "t", "u", "v", "w"}) {
-    units.emplace(typeId, derived(typeId, {{"a", 1}, {"b", 1}}, FactorComponent(1.1)));
+    units.emplace(typeId, derivedUnit(typeId, {{"a", 1}, {"b", 1}}, FactorComponent(1.1)));
     pairs[typeId] = 1;
   }
-  units.emplace("heavy", derived("heavy", pairs));
-  units.emplace("x", derived("x", {{"a", 1}, {"heavy", 2}}));
-  units.emplace("y", derived("y", {{"c", 3}, {"heavy", -1}, {"x", 1}}));
+  units.emplace("heavy", derivedUnit("heavy", pairs));
+  units.emplace("x", derivedUnit("x", {{"a", 1}, {"heavy", 2}}));
+  units.emplace("y", derivedUnit("y", {{"c", 3}, {"heavy", -1}, {"x", 1}}));
   const Registries registries = stored(std::move(units));
   Reducer conversion, listing(13);
   for (const char* typeId : {"y", "x", "heavy", "y"}) {
@@ -105,7 +108,7 @@ TEST(Reduction, IsTheSameWhereItIsRemembered) {
 // No check lets such a record in; the engine must not fall over it all the same.
 TEST(Reduction, RefusesAbsoluteParents) {
   const Registries registries =
-      stored({{"m", meter},
+      stored({{"m", primitiveUnit("m")},
               {"onScale", derivedUnit("onScale", {{"scale", 1}})},
               {"scale", Unit("scale", "n", System::Metric, AbsoluteUnitComponent("m", 1.0))},
               {"twice", Unit("twice", "n", System::Metric, AbsoluteUnitComponent("scale", 1.0))}});
