@@ -3,10 +3,11 @@
 
     mutants.py [--samples 300] [--seed N] [--of PATH]
 
-Each mutant has one condition, constant or operator of a room changed. It is compiled in a copy of the
-tree, build/mutants, without optimisation, and meets the tests of its room, then the other unit tests,
-the catalogue's and a host behind the shared library. Fails unless SHARE percent of those that compile
-are noticed. Those that nobody can notice are kept in tests/mutants/equivalent.txt with the reason.
+Each mutant has one condition, constant or operator of a room changed. It is compiled in a copy of
+the tree, build/mutants, unoptimised and with the standard library's assertions, and meets the tests
+of its room, then the other unit tests, the catalogue's and a host behind the shared library. Fails
+unless SHARE percent of those that compile are noticed. Those that nobody can notice are kept in
+tests/mutants/equivalent.txt with the reason.
 --of takes the files alone whose path begins so.
 """
 import argparse
@@ -99,7 +100,8 @@ class Built:
     def __init__(self):
         copy_tree()
         must(["cmake", "-S", TREE, "-B", BUILD, "-G", "Ninja", "-D", "CMAKE_CXX_COMPILER=clang++",
-              "-D", "CMAKE_BUILD_TYPE=Debug", "-D", "CMAKE_CXX_FLAGS_DEBUG=-O0",
+              "-D", "CMAKE_BUILD_TYPE=Debug",
+              "-D", "CMAKE_CXX_FLAGS_DEBUG=-O0 -D_GLIBCXX_ASSERTIONS",
               "-D", "CMAKE_EXPORT_COMPILE_COMMANDS=ON", "-D", "TRELVONUNITS_EXAMPLES=OFF"], WORK)
         targets = [UNITS, CATALOGUE, DUMP, "tests/abi/abi_host", SHARED]
         must(["ninja", f"-j{os.cpu_count()}", *targets], BUILD)

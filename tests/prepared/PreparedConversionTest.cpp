@@ -73,10 +73,14 @@ TEST(PreparedConversion, GivesWhatConvertGives) {
                                  {"m", "m"}}) {
     const std::string what = std::string(from) + " to " + to;
     const PreparedConversion prepared(*engine, from, to);
-    std::vector<double> converted(all.size());
+    constexpr double behind = 7.5;  // stands behind what is converted, and stays
+    std::vector<double> converted(all.size() + 1, behind);
     std::vector<double> inPlace = all;
+    inPlace.push_back(behind);
     prepared.convert(all.data(), converted.data(), all.size());
-    prepared.convert(inPlace.data(), inPlace.data(), inPlace.size());
+    prepared.convert(inPlace.data(), inPlace.data(), all.size());
+    EXPECT_EQ(converted.back(), behind);
+    EXPECT_EQ(inPlace.back(), behind);
     for (std::size_t i = 0; i < all.size(); ++i) {
       const double expected = engine->convert(all[i], from, to);
       expectSameBits(prepared(all[i]), expected, what);
