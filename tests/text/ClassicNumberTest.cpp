@@ -34,6 +34,7 @@ TEST(ClassicNumber, ReadsDoublesAtTheirEdges) {
       {std::string("1\0002", 3), 1.0, 1},
       {"0e99999999999999999999", 0.0, 22},
       {"1" + zeros + "e-400", 1.0, 406},
+      {"1" + zeros + "e-800", 0.0, 406},
       {"0." + zeros + "1e401", 1.0, 407},
       {"0." + std::string(10000, '0') + "1e9000", 0.0, 10008},
       {"2.4703282292062327e-324", 0.0, 23},  // just below half of the smallest double
