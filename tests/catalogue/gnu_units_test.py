@@ -29,27 +29,7 @@ def ask(pairs):
     asked = "".join(f"{have}\n{want}\n" for have, want in pairs)
     command = ["units", "-1", "--strict", "-q", "-o", "%.17g", "-t"]
     answer = subprocess.run(command, input=asked, capture_output=True, text=True, check=False)
-    numbers = answer.stdout.split("\n")[:-1]
-    if len(numbers) != len(pairs):  # one was not understood: ask for each, to learn which
-        numbers = []
-        for have, want in pairs:
-            single = [*command, have, want]
-            one = subprocess.run(single, capture_output=True, text=True, check=False)
-            numbers.append(one.stdout.strip())
-    return numbers
-
-
-def disagreements(rows, values):
-    """Rows whose value GNU units does not confirm."""
-    found = []
-    for row, answer in zip(rows, ask([row[1:3] for row in rows])):
-        try:
-            good = abs(float(answer) / values[row[0]] - 1) <= TOLERANCE
-        except ValueError:
-            good = False
-        if not good:
-            found.append(f"{row[0]}: {values[row[0]]!r} here, {answer} there")
-    return found
+    return answer.stdout.split("\n")[:-1]
 
 
 class GnuUnits(unittest.TestCase):
@@ -74,17 +54,16 @@ class GnuUnits(unittest.TestCase):
     def test_agrees(self):
         comparable = [row for row in self.rows if row[3] == "true"]
         self.assertEqual(len(comparable), len(self.rows) - 1)
-        self.assertEqual(disagreements(comparable, self.values), [])
+        answers = ask([row[1:3] for row in comparable])
+        self.assertEqual(len(answers), len(comparable), "one is not known there")
+        for row, answer in zip(comparable, answers):
+            with self.subTest(row[0], there=answer):
+                self.assertLessEqual(abs(float(answer) / self.values[row[0]] - 1), TOLERANCE)
 
     def test_knows_the_scales_of_temperature(self):
         asked = [("tempC(100)", "tempF"), ("tempF(32)", "K"), ("tempC(-40)", "degR")]
         for pair, expected in zip(asked, (212, 273.15, 419.67)):
             self.assertAlmostEqual(float(ask([pair])[0]), expected, places=9)
-
-    def test_would_see_a_wrong_value(self):
-        row = next(row for row in self.rows if row[0] == "foot")
-        self.assertEqual(disagreements([row], {"foot": 0.3048 * (1 + 1e-13)})[0][:5], "foot:")
-        self.assertEqual(disagreements([["foot", "foot", "kg", ""]], self.values)[0][:5], "foot:")
 
 
 if __name__ == "__main__":
