@@ -7,8 +7,8 @@
 
 #include "robustness/Findings.h"
 #include "robustness/Shapes.h"
+#include "robustness/SmallStack.h"
 #include "tests/support/Build.h"
-#include "tests/support/SmallStack.h"
 
 namespace {
 

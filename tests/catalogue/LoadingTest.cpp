@@ -54,14 +54,6 @@ TEST(Catalogue, IsTheSameInAnyOrderOfItsFilesAndNoneIsDropped) {
   }
 }
 
-TEST(Catalogue, GivesEachGroupOfSymbolsToHostsThatWantNoOther) {
-  const std::unique_ptr<UnitsEngine> engine(CreateUnitsEngine());
-  for (const char* folder : {"core", "symbols/composite", "symbols/length", "aliases/length"})
-    Schemas::SchemaUtility::addDefinitionsFromFolder(kSchemas + "/" + folder, *engine);
-  EXPECT_EQ(engine->getSymbolsOfUnit("trelvon.unit:foot-1.0.0").size(), 7u);
-  EXPECT_TRUE(engine->getSymbolsOfUnit("trelvon.unit:pound-1.0.0").empty());
-}
-
 TEST(Catalogue, IsWrittenOutAndLoadedAfresh) {
   const auto served = definitionsOf(catalogue());
   const std::unique_ptr<UnitsEngine> again(CreateUnitsEngine());

@@ -3,7 +3,7 @@
 #include <map>
 #include <sstream>
 
-#include "tests/docs/Catalogue.h"
+#include "tests/docs/Page.h"
 
 namespace {
 
@@ -18,26 +18,27 @@ VariableResolver resolverOf(const std::string& variables) {
   return [texts](const std::string& name) { return texts.at(name); };
 }
 
-TEST(FormulaPage, FormulasGiveWhatItSays) {
+/// Without variables through the operations that take none.
+void expectFormulas(const std::vector<std::string>& columns) {
   const std::unique_ptr<Units::UnitsEngine> engine = makeCatalogueEngine();
-  for (const auto& row : rowsOf("formula-language.md", {"formula", "in", "gives"}))
-    EXPECT_EQ(answerOf([&] {
-                return row[1] == "none"
-                           ? engine->evaluateUnitlessExpression(row[0])
-                           : engine->evaluateExpressionInUnit(typeIdOf("unit", row[1]), row[0]);
-              }),
-              row[2])
-        << row[0] << " in " << row[1];
+  for (const auto& row : rowsOf("formula-language.md", columns)) {
+    const bool isPlain = columns[1] == "in";
+    const std::string unit = row[columns.size() - 2];
+    const auto evaluate = [&] {
+      if (unit == "none")
+        return isPlain ? engine->evaluateUnitlessExpression(row[0])
+                       : engine->evaluateUnitlessExpression(row[0], resolverOf(row[1]));
+      const std::string typeId = typeIdOf("unit", unit);
+      return isPlain ? engine->evaluateExpressionInUnit(typeId, row[0])
+                     : engine->evaluateExpressionInUnit(typeId, row[0], resolverOf(row[1]));
+    };
+    EXPECT_EQ(answerOf(evaluate), row[columns.size() - 1]) << row[0] << " in " << unit;
+  }
+}
 
-  for (const auto& row : rowsOf("formula-language.md", {"formula", "with", "in", "gives"}))
-    EXPECT_EQ(answerOf([&] {
-                return row[2] == "none"
-                           ? engine->evaluateUnitlessExpression(row[0], resolverOf(row[1]))
-                           : engine->evaluateExpressionInUnit(typeIdOf("unit", row[2]), row[0],
-                                                              resolverOf(row[1]));
-              }),
-              row[3])
-        << row[0] << " with " << row[1] << " in " << row[2];
+TEST(FormulaPage, FormulasGiveWhatItSays) {
+  expectFormulas({"formula", "in", "gives"});
+  expectFormulas({"formula", "with", "in", "gives"});
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 /// a test fails.
 #pragma once
 
+#include <TrelvonUnits/SchemaUtility.h>
+#include <TrelvonUnits/UnitsEngine.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -9,6 +11,7 @@
 #include <exception>
 #include <fstream>
 #include <iterator>
+#include <memory>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -86,4 +89,20 @@ std::string answerOf(Action&& action) {
   } catch (const std::exception& thrown) {
     return std::string("\"") + thrown.what() + "\"";
   }
+}
+
+/// An engine with the whole catalogue and a host's dollar.
+inline std::unique_ptr<Units::UnitsEngine> makeCatalogueEngine() {
+  std::unique_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());
+  for (const char* const pack : {"core", "symbols", "aliases", "legacy", "gauge"})
+    Schemas::SchemaUtility::addDefinitionsFromFolder(
+        std::string(TRELVON_TESTS_SOURCE_DIR "/schemas/") + pack, *engine);
+  for (const std::string& example : examplesOf("value-text.md")) engine->addDefinition(example);
+  engine->buildSchemas();
+  return engine;
+}
+
+/// The type id of a name on a page: the catalogue's local names stand alone.
+inline std::string typeIdOf(const std::string& kind, const std::string& name) {
+  return name.find(':') == std::string::npos ? "trelvon." + kind + ":" + name + "-1.0.0" : name;
 }

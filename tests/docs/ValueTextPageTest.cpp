@@ -1,6 +1,6 @@
 #include <map>
 
-#include "tests/docs/Catalogue.h"
+#include "tests/docs/Page.h"
 #include "text/ValueText.h"
 
 namespace {

@@ -1,10 +1,10 @@
+#include "tests/support/Bits.h"
 #include "tests/support/Messages.h"
 
 #include <TrelvonUnits/TrelvonUnits.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstring>
 #include <limits>
 #include <memory>
 
@@ -60,7 +60,7 @@ TEST(Conversion, IsExactToTheBit) {
   };
   for (const Row& row : rows) {
     const double converted = engine->convert(row.value, row.from, row.to);
-    EXPECT_EQ(std::memcmp(&converted, &row.expected, sizeof converted), 0)
+    EXPECT_EQ(bitsOf(converted), bitsOf(row.expected))
         << row.value << ' ' << row.from << ' ' << row.to << " gives " << converted;
   }
 }

@@ -1,22 +1,15 @@
 #include <gtest/gtest.h>
 
-#include <cstdint>
-#include <cstring>
 #include <utility>
 
 #include "tests/json/TextExceptions.h"
+#include "tests/support/Bits.h"
 #include "tests/support/Locale.h"
 #include "tests/support/Messages.h"
 
 using namespace std::string_literals;
 
 namespace {
-
-std::uint64_t bitsOf(double value) {
-  std::uint64_t bits;
-  std::memcpy(&bits, &value, sizeof bits);
-  return bits;
-}
 
 struct Refusal {
   std::string text;
@@ -139,15 +132,6 @@ TEST(Reading, FindsTheFirstMemberOfExactlyThatName) {
     EXPECT_FALSE(other.getMember("a").isNumber()) << text;
     EXPECT_TRUE(other.getStringIntMap().empty() && other.getStringStringMap().empty()) << text;
   }
-}
-
-TEST(Reading, WalksArraysInOrder) {
-  const JSON json = parse("[1, [2, 3], \"x\", {\"a\": 4}]");
-  const std::vector<JSON> views = json.getArray();
-  ASSERT_EQ(views.size(), 4u);
-  EXPECT_EQ(views[1].getArray().at(1).getNumber(), 3.0);
-  EXPECT_EQ(views[3].getMember("a").getNumber(), 4.0);
-  EXPECT_TRUE(parse("[]").getArray().empty());
 }
 
 TEST(Reading, ViewsOutliveTheirJsonButNotItsDocument) {

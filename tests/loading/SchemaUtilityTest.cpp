@@ -3,13 +3,11 @@
 
 #include <algorithm>
 #include <iterator>
-#include <memory>
 #include <new>
 #include <set>
 #include <utility>
 
 #include "tests/loading/RecordingEngine.h"
-#include "tests/schema/SchemaTexts.h"
 #include "tests/support/FolderTree.h"
 #include "tests/support/Messages.h"
 
@@ -124,27 +122,6 @@ TEST(FolderLoading, DropsNothingButRefusedSchemas) {
   EXPECT_EQ(engine.texts.size(), 3u);
   EXPECT_EQ(engine.builds, 0);
   EXPECT_EQ(openFiles(), filesBefore);
-}
-
-TEST(FolderLoading, FillsAnEngineInAnyOrder) {
-  const FolderTree tree;
-  tree.write("a/derived.json", factor("a", {"z"}));
-  tree.write("a/z.json", factor("z", {}));
-  tree.write("b/again.json", factor("z", {}));
-  tree.write("b/bad.json", "no JSON");
-  tree.write("b/unknown.json", schema("u", "nothing", {}));
-  const std::unique_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());
-  engine->addDefinition(factor("pending", {}));
-  Schemas::SchemaUtility::addDefinitionsFromFolder(tree.path(), *engine);
-  std::string stored;
-  for (const auto& [typeId, record] : engine->getFactors()) stored += typeId + " ";
-  EXPECT_EQ(stored, "a pending z ");
-
-  tree.write("c/orphan.json", factor("o", {"none"}));
-  EXPECT_THROW(Schemas::SchemaUtility::addDefinitionsFromFolder(tree.path(), *engine),
-               Units::ValidationException);
-  EXPECT_EQ(engine->getFactors().size(), 3u);
-  EXPECT_FALSE(engine->isRegistered("o") || engine->isRegistered("u"));
 }
 
 TEST(FolderLoading, AsksForEveryStatusFirst) {

@@ -79,22 +79,5 @@ TYPED_TEST(RecordOrder, IsTheByteOrderOfTypeIdsAlone) {
   }
 }
 
-template <class E>
-class ExceptionClasses : public testing::Test {};
-
-using AllExceptions = testing::Types<IncompatibleUnitsException, ParseException, PrecisionException,
-                                     UnrecognizedIdentifierException, ValidationException>;
-TYPED_TEST_SUITE(ExceptionClasses, AllExceptions, );
-
-TYPED_TEST(ExceptionClasses, CarryTheirMessageAlone) {
-  static_assert(std::is_base_of_v<std::logic_error, TypeParam>);
-  const std::exception_ptr kept = std::make_exception_ptr(TypeParam("The message."));
-  try {
-    std::rethrow_exception(kept);
-  } catch (const std::logic_error& error) {
-    EXPECT_STREQ(error.what(), "The message.");
-  }
-}
-
 }  // namespace
 }  // namespace Units

@@ -1,3 +1,4 @@
+#include "tests/support/Bits.h"
 #include "tests/support/Locale.h"
 #include "text/ClassicNumber.h"
 
@@ -5,17 +6,10 @@
 
 #include <cfloat>
 #include <cmath>
-#include <cstring>
 #include <string>
 
 namespace Units {
 namespace {
-
-std::uint64_t bitsOf(double value) {
-  std::uint64_t bits = 0;
-  std::memcpy(&bits, &value, sizeof bits);
-  return bits;
-}
 
 TEST(ClassicNumber, ReadsDoublesAtTheirEdges) {
   const std::string zeros(400, '0');
