@@ -4,7 +4,6 @@
 
 #include "tests/json/TextExceptions.h"
 #include "tests/support/Bits.h"
-#include "tests/support/Locale.h"
 #include "tests/support/Messages.h"
 
 using namespace std::string_literals;
@@ -79,15 +78,6 @@ TEST(Reading, GivesNumbersAsDoubles) {
     EXPECT_EQ(bitsOf(parse(text).getNumber()), bitsOf(value)) << text;
   for (std::size_t spaces = 0; spaces < 10; ++spaces)
     EXPECT_EQ(parse(std::string(spaces, ' ') + "1e25").getNumber(), 1e25) << spaces;
-}
-
-TEST(Reading, NeedsNoLocale) {
-  const CommaLocale locale;
-  if (!locale.isSet()) GTEST_SKIP() << CommaLocale::kMissing;
-  EXPECT_EQ(parse("0.3048").getNumber(), 0.3048);
-  EXPECT_EQ(JSON(0.3048).toString(), "0.3048");
-  EXPECT_EQ(messageOf<TextError>([] { parse("[0,3048"); }),
-            "JSON parsing error at offset 7: Missing a comma or ']' after an array element.");
 }
 
 TEST(Reading, CutsStringsAtTheirFirstNul) {

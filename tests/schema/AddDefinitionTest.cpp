@@ -15,11 +15,9 @@ struct Refusal {
 
 const char* const noTypeId = "Schema must specify a typeid string.";
 const char* const emptyTypeId = "The typeid string may not be empty.";
-const char* const noArray = "Expected an array.";
 const char* const emptyBase = "Expected an array of non-empty strings.";
 const char* const oneBase = "Inheritance clause must specify exactly one base schema.";
 const char* const noPropertyArray = "Expected schema properties to be an array.";
-const char* const taken = "Schema with typeid taken is already registered.";
 const char* const unknownBase = "Inheritance from an unrecognized base schema.";
 const char* const noNumber = "Expected a number.";
 const char* const noString = "Expected a string.";
@@ -77,7 +75,7 @@ const Refusal refusals[] = {
     {head("'typeid':''"), emptyTypeId},
     {head("'typeid':'\\u0000x'"), emptyTypeId},
     {quoted("{'typeid':'x','constants':0}"), "Schema must specify an inheritance array."},
-    {bases("'b'"), noArray},
+    {bases("'b'"), "Expected an array."},
     {bases("[1,'']"), "Expected an array of strings."},
     {bases("['',1]"), emptyBase},
     {bases("['b','']"), emptyBase},
@@ -95,7 +93,7 @@ const Refusal refusals[] = {
      "A property definition must contain either a value or a typedValue."},
     {body("'constants':[{'id':'factor','value':0}],'properties':0"), noPropertyArray},
     {quoted("{'typeid':'taken','inherits':[]}"), oneBase},
-    {schema("taken", "thing", {}), taken},
+    {schema("taken", "thing", {}), "Schema with typeid taken is already registered."},
     {schema("x", "thing", {}), unknownBase},
     {quoted("{'typeid':'x','inherits':['dimension-1.0.0']}"), unknownBase},
 

@@ -1,5 +1,4 @@
 #include "tests/support/Bits.h"
-#include "tests/support/Locale.h"
 #include "text/ClassicNumber.h"
 
 #include <gtest/gtest.h>
@@ -45,17 +44,6 @@ TEST(ClassicNumber, ReadsDoublesAtTheirEdges) {
     EXPECT_EQ(bitsOf(read.value), bitsOf(row.value)) << row.text;
     EXPECT_EQ(read.length, row.length) << row.text;
   }
-}
-
-TEST(ClassicNumber, IsTheSameWhereDecimalsHaveAComma) {
-  const CommaLocale locale;
-  if (!locale.isSet()) GTEST_SKIP() << CommaLocale::kMissing;
-  EXPECT_EQ(readClassicDouble("1.5").value, 1.5);
-  EXPECT_EQ(readClassicDouble("1,5").length, 1u);
-  EXPECT_EQ(readClassicDouble("0x1.8").value, 1.5);
-  std::string text;
-  appendFixed(text, 1234.5, 2);
-  EXPECT_EQ(text, "1234.50");
 }
 
 }  // namespace
