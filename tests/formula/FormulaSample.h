@@ -43,16 +43,10 @@ class Sample {
     derive("vast", 2, {{"inch", 2147483647}});
     engine.addUnit({"celsius", "celsius", Units::System::Metric,
                     Units::AbsoluteUnitComponent("kelvin", 273.15)});
-    for (const auto& [text, unit] : std::map<std::string, const char*>{{"ft", "foot"},
-                                                                       {"in", "inch"},
-                                                                       {"/ft", "perFoot"},
-                                                                       {"lb", "pound"},
-                                                                       {"st", "stone"},
-                                                                       {"C", "celsius"},
-                                                                       {"rad", "radian"},
-                                                                       {"gap ", "foot"},
-                                                                       {"u", "pound"}})
-      add(text, unit, Units::Placement::Suffix);
+    const std::map<std::string, const char*> suffixes = {
+        {"ft", "foot"},   {"in", "inch"},    {"/ft", "perFoot"}, {"lb", "pound"}, {"st", "stone"},
+        {"C", "celsius"}, {"rad", "radian"}, {"gap ", "foot"},   {"u", "pound"}};
+    for (const auto& [text, unit] : suffixes) add(text, unit, Units::Placement::Suffix);
     add("$", "dollar", Units::Placement::Prefix);
     add("u", "dollar", Units::Placement::Prefix);  // found by literals alone
     insert(":feetAndInches-1", "foot", std::nullopt);

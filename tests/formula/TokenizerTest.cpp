@@ -52,17 +52,12 @@ TEST(Tokenizer, EndsASymbolWhereNoLetterFollows) {
   Sample sample;
   sample.add("$%", "foot", Units::Placement::Suffix);
   sample.add("ft%", "foot", Units::Placement::Prefix);
-  for (const auto& [text, expected] : Rows{{"$%", "4[$%]"},
-                                           {"ft%", "4[ft%]"},
-                                           {"ft@", "4[ft]Unrecognized identifier: @."},
-                                           {"ft[", "4[ft]Unrecognized identifier: [."},
-                                           {"ft`", "4[ft]Unrecognized identifier: `."},
-                                           {"ft{", "4[ft]Unrecognized identifier: {."},
-                                           {"ftA", "Unrecognized identifier: ftA."},
-                                           {"ftZ", "Unrecognized identifier: ftZ."},
-                                           {"fta", "Unrecognized identifier: fta."},
-                                           {"ftz", "Unrecognized identifier: ftz."}})
-    EXPECT_EQ(tokens(sample, text), expected) << text;
+  EXPECT_EQ(tokens(sample, "$%"), "4[$%]");
+  EXPECT_EQ(tokens(sample, "ft%"), "4[ft%]");
+  for (const std::string other : {"@", "[", "`", "{"})  // those beside the letters
+    EXPECT_EQ(tokens(sample, "ft" + other), "4[ft]Unrecognized identifier: " + other + ".");
+  for (const std::string letter : {"A", "Z", "a", "z"})
+    EXPECT_EQ(tokens(sample, "ft" + letter), "Unrecognized identifier: ft" + letter + ".");
 }
 
 TEST(Tokenizer, ReadsReplacementsWithTheTextBehindThem) {

@@ -34,16 +34,10 @@ void expectSameBits(double a, double b, const std::string& what) {
 TEST(PreparedConversion, GivesWhatConvertGives) {
   const auto engine = filledEngine();
   const std::vector<double> all = values();
-  for (const auto& [from, to] : {std::pair("P", "Q"),
-                                 {"Q", "P"},
-                                 {"P", "P"},
-                                 {"PerL", "PerL"},
-                                 {"L3", "PerL"},
-                                 {"PerL", "L3"},
-                                 {"Slow", "Speed"},
-                                 {"A", "B"},
-                                 {"B", "A"},
-                                 {"None", "None"}}) {
+  const std::pair<const char*, const char*> conversions[] = {
+      {"P", "Q"},     {"Q", "P"},        {"P", "P"}, {"PerL", "PerL"}, {"L3", "PerL"},
+      {"PerL", "L3"}, {"Slow", "Speed"}, {"A", "B"}, {"B", "A"},       {"None", "None"}};
+  for (const auto& [from, to] : conversions) {
     const std::string what = std::string(from) + " to " + to;
     const PreparedConversion prepared(*engine, from, to);
     constexpr double behind = 7.5;  // stands behind what is converted, and stays
