@@ -6,11 +6,16 @@
 
 #include <cmath>
 #include <cstdint>
+#include <type_traits>
 #include <utility>
 
 namespace Units {
 
 namespace {
+
+// A machine that evaluates doubles wider gives other results: it wants other options (for x86 of 32
+// bits, -msse2 -mfpmath=sse).
+static_assert(std::is_same_v<std::double_t, double>);
 
 /// pow(base, exponent), which is the base or 1 to the bit where it is not computed here.
 double power(double base, int exponent) {

@@ -1,5 +1,6 @@
 #include "prepared/CoherentTwins.h"
 
+#include <stdexcept>
 #include <vector>
 
 namespace Units {
@@ -7,8 +8,8 @@ namespace Units {
 namespace {
 
 // Names of the copies, which must not meet: a source has one id for one thing.
-std::string copyOf(const std::string& typeId) { return "copy " + typeId; }
-std::string twinOf(const std::string& typeId) { return "twin " + typeId; }
+std::string copyOf(const std::string& typeId) { return "copy:" + typeId; }
+std::string twinOf(const std::string& typeId) { return "twin:" + typeId; }
 
 std::map<std::string, int> renamed(const std::map<std::string, int>& powers,
                                    std::string (*name)(const std::string&)) {
@@ -19,20 +20,25 @@ std::map<std::string, int> renamed(const std::map<std::string, int>& powers,
 
 /// Adds a record after all that it rests on, however long the way down is.
 /// @param added  the records that are there already.
+/// @throws std::logic_error  the way down leads back: no engine of ours has such records, but the
+///                           source may be any.
 void addParentsFirst(const std::string& root, std::set<std::string>& added,
                      const std::function<std::map<std::string, int>(const std::string&)>& parentsOf,
                      const std::function<void(const std::string&)>& add) {
+  std::set<std::string> entered;
   std::vector<std::string> waiting = {root};
   while (!waiting.empty()) {
     const std::string typeId = waiting.back();
-    const std::size_t before = waiting.size();
-    if (added.count(typeId) == 0) {
-      for (const auto& [parent, exponent] : parentsOf(typeId))
-        if (added.count(parent) == 0) waiting.push_back(parent);
-      if (waiting.size() != before) continue;
-      add(typeId);
-      added.insert(typeId);
+    if (added.count(typeId) == 0 && entered.insert(typeId).second) {
+      for (const auto& [parent, exponent] : parentsOf(typeId)) {
+        if (added.count(parent) != 0) continue;
+        if (entered.count(parent) != 0)
+          throw std::logic_error("The parents of " + parent + " lead back to it.");
+        waiting.push_back(parent);
+      }
+      continue;
     }
+    if (added.insert(typeId).second) add(typeId);
     waiting.pop_back();
   }
 }
@@ -44,7 +50,10 @@ CoherentTwins::CoherentTwins(const UnitsEngine& source)
 
 double CoherentTwins::factorOf(const std::string& unitTypeId) {
   addUnits(unitTypeId);
-  return engine_->convert(1.0, copyOf(unitTypeId), twinOf(unitTypeId));
+  const double factor = engine_->convert(1.0, copyOf(unitTypeId), twinOf(unitTypeId));
+  // 0 / 1 - 0 is -0 where results are rounded downward, whatever the sign was; 1 / 0 keeps it.
+  return factor != 0.0 ? factor
+                       : 1.0 / engine_->convert(1.0, twinOf(unitTypeId), copyOf(unitTypeId));
 }
 
 bool CoherentTwins::areReciprocal(const std::string& unitTypeId, const std::string& otherTypeId) {

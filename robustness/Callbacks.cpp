@@ -168,6 +168,38 @@ bool prepareWith(const Action& action, int k, bool throws = false) {
   return isReached;
 }
 
+/// Tells of two units, or two factors, each of which rests on the other.
+class CircularEngine : public HostEngine {
+ public:
+  explicit CircularEngine(bool ofFactors) : ofFactors_(ofFactors) {}
+
+ private:
+  double convert(double value, std::string, std::string) const override { return value; }
+  Units::Unit getUnit(std::string typeId) const override {
+    const Units::FactorComponent factor(1.0, ofFactors_ ? Parents{{"a", 1}} : Parents());
+    return Units::Unit(typeId, "", Units::System::Metric,
+                       Units::DerivedUnitComponent(ofFactors_ ? Parents() : other(typeId), factor));
+  }
+  Units::Factor getFactor(std::string typeId) const override {
+    return Units::Factor(typeId, Units::FactorComponent(1.0, other(typeId)));
+  }
+
+  using Parents = std::map<std::string, int>;
+  static Parents other(const std::string& typeId) { return {{typeId == "a" ? "b" : "a", 1}}; }
+
+  bool ofFactors_;
+};
+
+void prepareThroughCircle(bool ofFactors) {
+  std::string told;
+  try {
+    Units::PreparedConversion(CircularEngine(ofFactors), "a", "b");
+  } catch (const std::logic_error& error) {
+    told = error.what();
+  }
+  check(told == "The parents of a lead back to it.", "a circle is told by: " + told);
+}
+
 }  // namespace
 
 int main() {
@@ -193,6 +225,8 @@ int main() {
     return Action{"throws", [k](UnitsEngine&) { throw HostFault{k}; }};
   };
   for (int k = 1; prepareWith(throwing(k), k, true); ++k) ++prepared;
+  prepareThroughCircle(false);
+  prepareThroughCircle(true);
   report(std::to_string(std::size(actions) * tokens + tokens) + " evaluations, " +
          std::to_string(8 * calls) + " loads, " + std::to_string(prepared) + " preparations");
   return verdict();

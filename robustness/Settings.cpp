@@ -78,6 +78,8 @@ void addConversions(const Units::UnitsEngine& engine, std::string& all) {
   for (const auto& [from, to] : {std::pair("foot", "perInch"),
                                  {"gross feet", "inch"},
                                  {"inch", "gross feet"},
+                                 {"inch", "nothing"},
+                                 {"inch", "less than nothing"},
                                  {"celsius", "celsius"}}) {
     const Units::PreparedConversion prepared(engine, from, to);
     double converted[std::size(values)];
@@ -113,6 +115,10 @@ std::string everything() {
       Units::Unit("gross feet", "n", Units::System::Metric,
                   Units::DerivedUnitComponent(
                       {{"foot", 1}}, Units::FactorComponent(0.1, {{"gross", 1}, {"i", -3}}))));
+  for (const auto& [unit, factor] : {std::pair("nothing", 0.0), {"less than nothing", -0.0}})
+    engine->addUnit(
+        Units::Unit(unit, "n", Units::System::Metric,
+                    Units::DerivedUnitComponent({{"foot", 1}}, Units::FactorComponent(factor))));
   addConversions(*engine, all);
   addNumbers(*engine, all);
   return all;

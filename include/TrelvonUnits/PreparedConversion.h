@@ -25,6 +25,8 @@ class TRELVONUNITS_API PreparedConversion {
   /// @throws UnrecognizedIdentifierException  as `convert`: an id names no unit.
   /// @throws IncompatibleUnitsException       as `convert`: different dimensions, or one with an
   ///                                          offset and one without.
+  /// @throws std::logic_error                 the engine, a host's own, tells of a unit or factor
+  ///                                          whose parents lead back to it.
   PreparedConversion(const UnitsEngine& engine, const std::string& fromUnitTypeId,
                      const std::string& toUnitTypeId);
 

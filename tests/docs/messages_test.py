@@ -10,7 +10,7 @@ import re
 import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-ROOMS = "model registry json text formula schema engine loading".split()
+ROOMS = "model registry json text formula schema engine loading prepared".split()
 TOKEN = re.compile(r"""(//|\#)[^\n]*|'(?:\\.|[^'\\])+'|"((?:\\.|[^"\\])*)"|[;{},/]|[^\s'"\#;{},/]+""")
 VARIES = r"(?:<[^>]*>|[^ ]+)"  # a placeholder, or one word where the page is more exact
 
