@@ -139,24 +139,29 @@ bool FormulaParser::takeUnitSymbol(std::string_view text) {
 
 bool FormulaParser::takeOpenParen() {
   if (state_ == State::AfterOperand) return false;
-  operators_.push_back(std::make_unique<ParenExpression>());
+  auto* const justOpened =
+      operators_.empty() ? nullptr : nodeAs<ParenExpression>(operators_.back().get());
+  if (justOpened)
+    justOpened->openAnother();
+  else
+    operators_.push_back(std::make_unique<ParenExpression>());
   return true;
 }
 
 bool FormulaParser::takeCloseParen() {
   if (state_ == State::AfterOperand) reduceOperators(operands_, operators_, 0);
   if (operators_.empty() || !close(*operators_.back())) return false;
-  operands_.push_back(pop(operators_));
   state_ = State::AfterOperand;
   return true;
 }
 
-/// Gives what the opener stands before to it. False when the parenthesis is not its own, or empty
-/// where it must not be: only a function may have no input, "pi()".
+/// Makes an operand of the opener and what it stands before. False when the parenthesis is not its
+/// own, or empty where it must not be: only a function may have no input, "pi()".
 bool FormulaParser::close(Expression& opener) {
   const bool isEmpty = state_ == State::BeforeOperand;
   if (auto* const paren = nodeAs<ParenExpression>(&opener)) {
     if (isEmpty) return false;
+    if (!paren->closeOne()) return true;  // it goes on waiting, and its operand with it
     paren->setInner(popOperand(operands_));
   } else if (auto* const symbol = nodeAs<SymbolExpression>(&opener)) {
     if (isEmpty) return false;
@@ -167,5 +172,6 @@ bool FormulaParser::close(Expression& opener) {
     if (!isEmpty) throwUnexpectedParseError();
     return false;
   }
+  operands_.push_back(pop(operators_));
   return true;
 }

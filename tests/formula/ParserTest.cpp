@@ -20,18 +20,21 @@ TEST(Parser, BindsByPriorityAndFromTheLeft) {
 }
 
 TEST(Parser, TakesOnlyWhatIsAFormula) {
-  expectEach({"\n\t 7", "7", "(7)", " abs ( -7 ) ", "abs((7))", "pi( )*0+7"}, "7");
-  expectEach({"",      " \n\t ", "+2",    "1+",        "1+*2", "1*+2",   "-",      "()",     "(1",
-              "((1)",  "1)",     ")",     "(1+)",      "(-)",  "2(3)",   "(2)3",   "(2)(3)", "sin",
-              "sin+1", "sin)",   "abs(1", "(2)sin(1)", "pi",   "abs(-)", "abs(1))"},
-             "no formula");
+  expectEach(
+      {"\n\t 7", "7", "(7)", " abs ( -7 ) ", "abs((7))", "pi( )*0+7", "((3)+4)", "(((2)*3)+((1)))"},
+      "7");
+  expectEach(
+      {"",       " \n\t ", "+2",    "1+",   "1+*2",  "1*+2",      "-",   "()",     "(1",
+       "((1)",   "((1)))", "(())",  "1)",   ")",     "(1+)",      "(-)", "2(3)",   "(2)3",
+       "(2)(3)", "sin",    "sin+1", "sin)", "abs(1", "(2)sin(1)", "pi",  "abs(-)", "abs(1))"},
+      "no formula");
 }
 
 TEST(Parser, PlacesSymbolsByTheirKind) {
-  expectOutcomes({"(2) ft = 24 inch^1", "(1+1)ft*2 = 48 inch^1", "abs(-2) ft = 24 inch^1",
-                  "-(2) ft = -24 inch^1", "(2) ft^2 = 576 inch^2", "$(5) = 5 dollar^1",
-                  "$ (2+3)*2 = 10 dollar^1", "-$(5) = -5 dollar^1", "$5 = 5 dollar^1",
-                  "2*$5 = 10 dollar^1", "(2)u = 2 pound^1", "u+2 = 2 dollar^1"});
+  expectOutcomes({"(2) ft = 24 inch^1", "((2) ft) = 24 inch^1", "(1+1)ft*2 = 48 inch^1",
+                  "abs(-2) ft = 24 inch^1", "-(2) ft = -24 inch^1", "(2) ft^2 = 576 inch^2",
+                  "$(5) = 5 dollar^1", "$ (2+3)*2 = 10 dollar^1", "-$(5) = -5 dollar^1",
+                  "$5 = 5 dollar^1", "2*$5 = 10 dollar^1", "(2)u = 2 pound^1", "u+2 = 2 dollar^1"});
   expectEach(
       {"ft", "ft(2)", "(ft)", "2*ft", "$", "$()", "$(5", "$$(5)", "$+(5)", "(2)$(5)", "2*ft(3)"},
       "no formula");
