@@ -21,7 +21,7 @@ using Power = ParentPower<Unit>;
 using Powers = ShortList<Power, 8>;
 
 /// Exponents have 32 bits; a product or sum beyond stays at the limit. (Wrapped around, it could
-/// come out as 0 and make a length out of nothing.)
+/// come out as an exponent that units really have.)
 inline int saturate(std::int64_t exponent) {
   return static_cast<int>(std::clamp<std::int64_t>(exponent, std::numeric_limits<int>::min(),
                                                    std::numeric_limits<int>::max()));

@@ -16,29 +16,34 @@ namespace {
   throw Units::ParseException("Unable to parse expression.");
 }
 
-/// A formula's value, whose units may be borrowed from its tree.
-struct Evaluated {
-  std::unique_ptr<Expression> root;
-  EvaluatedValue result;
-};
+/// A formula's tree, and its value, whose units may be borrowed from the tree.
+class Evaluation {
+ public:
+  Evaluation(std::string_view formula, VariableResolver resolver, const Units::SymbolTexts& symbols,
+             const Units::UnitMath& unitMath)
+      : arena_(formula.size()) {
+    if (parseFormula(formula, arena_, root_, symbols, unitMath, std::move(resolver)))
+      result_ = root_->compute();
+    if (!result_) throwUnableToParse();
+  }
 
-Evaluated evaluate(std::string_view formula, VariableResolver resolver,
-                   const Units::SymbolTexts& symbols, const Units::UnitMath& unitMath) {
-  std::unique_ptr<Expression> root;
-  if (!parseFormula(formula, root, symbols, unitMath, std::move(resolver))) throwUnableToParse();
-  std::optional<EvaluatedValue> result = root->compute();
-  if (!result) throwUnableToParse();
-  return {std::move(root), std::move(*result)};
-}
+  double value() const { return result_->value; }
+  const UnitPowers& units() const { return result_->units(); }
+
+ private:
+  NodeArena arena_;
+  std::unique_ptr<Expression> root_;
+  std::optional<EvaluatedValue> result_;
+};
 
 }  // namespace
 
 double evaluateExpressionInUnit(const Units::Unit& unit, std::string_view formula,
                                 VariableResolver resolver, const Units::SymbolTexts& symbols,
                                 const Units::UnitMath& unitMath) {
-  const Evaluated evaluated = evaluate(formula, std::move(resolver), symbols, unitMath);
-  const double value = evaluated.result.value;
-  const UnitPowers& units = evaluated.result.units();
+  const Evaluation evaluation(formula, std::move(resolver), symbols, unitMath);
+  const double value = evaluation.value();
+  const UnitPowers& units = evaluation.units();
   if (units.empty()) return value;
 
   double factor = 1;
@@ -54,10 +59,9 @@ double evaluateExpressionInUnit(const Units::Unit& unit, std::string_view formul
 double evaluateUnitlessExpression(std::string_view formula, VariableResolver resolver,
                                   const Units::SymbolTexts& symbols,
                                   const Units::UnitMath& unitMath) {
-  const Evaluated evaluated = evaluate(formula, std::move(resolver), symbols, unitMath);
-  if (!evaluated.result.units().empty())
-    throw Units::ParseException("Expression must be unitless.");
-  return evaluated.result.value;
+  const Evaluation evaluation(formula, std::move(resolver), symbols, unitMath);
+  if (!evaluation.units().empty()) throw Units::ParseException("Expression must be unitless.");
+  return evaluation.value();
 }
 
 std::string rejectIdentifier(const std::string& identifier) {

@@ -25,11 +25,11 @@ bool endsInSeparator(const Units::Symbol* symbol) {
 
 }  // namespace
 
-bool parseFormula(std::string_view text, std::unique_ptr<Expression>& expressionOut,
-                  const Units::SymbolTexts& symbols, const Units::UnitMath& unitMath,
-                  VariableResolver resolver) {
+bool parseFormula(std::string_view text, NodeArena& arena,
+                  std::unique_ptr<Expression>& expressionOut, const Units::SymbolTexts& symbols,
+                  const Units::UnitMath& unitMath, VariableResolver resolver) {
   FormulaTokenizer tokenizer(text, symbols, unitMath, std::move(resolver));
-  FormulaParser parser(symbols, unitMath);
+  FormulaParser parser(arena, symbols, unitMath);
   FormulaToken token;
   while (tokenizer.nextToken(token))
     if (!parser.take(token)) return false;
@@ -75,7 +75,7 @@ bool FormulaParser::takeOperator(std::string_view spelling) {
 bool FormulaParser::takeBinaryOperator(std::string_view spelling) {
   const FormulaBinaryOperator op = unitMath_.getBinaryOperatorMap().find(spelling);
   if (op == FormulaBinaryOperator::None) throwUnexpectedParseError();  // each takes two operands
-  auto node = std::make_unique<BinaryOperatorExpression>(op);
+  auto node = arena_.make<BinaryOperatorExpression>(op);
   reduceOperators(operands_, operators_, getPriority(*node));
   operators_.push_back(std::move(node));
   state_ = State::BeforeOperand;
@@ -89,7 +89,7 @@ bool FormulaParser::takeUnaryOperator(std::string_view spelling) {
       throwUnexpectedParseError();
     return false;
   }
-  operators_.push_back(std::make_unique<UnaryOperatorExpression>(op));
+  operators_.push_back(arena_.make<UnaryOperatorExpression>(op));
   return true;
 }
 
@@ -97,7 +97,7 @@ bool FormulaParser::takeFunction(std::string_view name) {
   if (state_ == State::AfterOperand) return false;
   const FormulaFunction function = unitMath_.getFunctionMap().find(name);
   if (function == FormulaFunction::None) throwUnexpectedParseError();
-  operators_.push_back(std::make_unique<FunctionExpression>(function));
+  operators_.push_back(arena_.make<FunctionExpression>(function));
   state_ = State::BeforeOpenParen;
   return true;
 }
@@ -110,7 +110,7 @@ bool FormulaParser::takeNumber(const FormulaToken& token) {
     throwUnexpectedParseError();
   // The sign belongs to the whole literal: -5' 6" is minus five feet six inches.
   if (dropUnaryMinus()) value = -value;
-  operands_.push_back(std::make_unique<NumberConstantExpression>(value, symbol, unitMath_));
+  operands_.push_back(arena_.make<NumberConstantExpression>(value, symbol, unitMath_));
   state_ = State::AfterOperand;
   return true;
 }
@@ -128,10 +128,10 @@ bool FormulaParser::takeUnitSymbol(std::string_view text) {
   if (!symbol) return false;
   if (Units::RecordAccess::prefixOrSuffix(*symbol)->getPlacement() == Units::Placement::Suffix) {
     if (state_ == State::BeforeOperand || operands_.empty()) return false;
-    operands_.push_back(std::make_unique<SymbolExpression>(*symbol, unitMath_, pop(operands_)));
+    operands_.push_back(arena_.make<SymbolExpression>(*symbol, unitMath_, pop(operands_)));
   } else {
     if (state_ == State::AfterOperand) return false;
-    operators_.push_back(std::make_unique<SymbolExpression>(*symbol, unitMath_));
+    operators_.push_back(arena_.make<SymbolExpression>(*symbol, unitMath_));
     state_ = State::BeforeOpenParen;
   }
   return true;
@@ -144,7 +144,7 @@ bool FormulaParser::takeOpenParen() {
   if (justOpened)
     justOpened->openAnother();
   else
-    operators_.push_back(std::make_unique<ParenExpression>());
+    operators_.push_back(arena_.make<ParenExpression>());
   return true;
 }
 

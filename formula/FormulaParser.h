@@ -1,6 +1,7 @@
 #pragma once
 
 #include "formula/FormulaTokenizer.h"
+#include "formula/NodeArena.h"
 #include "formula/OperatorReduction.h"
 #include "formula/UnitMath.h"
 #include "model/SymbolTexts.h"
@@ -13,19 +14,21 @@
 
 /// Builds the tree of a formula.
 ///
+/// @param arena          where the tree's nodes are put.
 /// @param expressionOut  set on success to the root.
 /// @param resolver       gives the text that an identifier stands for.
 /// @return  false when the text is no formula.
 /// @throws Units::ParseException  as FormulaTokenizer::nextToken.
-bool parseFormula(std::string_view text, std::unique_ptr<Expression>& expressionOut,
-                  const Units::SymbolTexts& symbols, const Units::UnitMath& unitMath,
-                  VariableResolver resolver);
+bool parseFormula(std::string_view text, NodeArena& arena,
+                  std::unique_ptr<Expression>& expressionOut, const Units::SymbolTexts& symbols,
+                  const Units::UnitMath& unitMath, VariableResolver resolver);
 
 /// Two stacks that turn tokens, one after the other, into a tree.
 class FormulaParser {
  public:
-  FormulaParser(const Units::SymbolTexts& symbols, const Units::UnitMath& unitMath)
-      : symbols_(symbols), unitMath_(unitMath) {
+  FormulaParser(NodeArena& arena, const Units::SymbolTexts& symbols,
+                const Units::UnitMath& unitMath)
+      : arena_(arena), symbols_(symbols), unitMath_(unitMath) {
     constexpr std::size_t many = 8;  // as many as most formulas need at once
     operands_.reserve(many);
     operators_.reserve(many);
@@ -55,6 +58,7 @@ class FormulaParser {
   bool close(Expression& opener);
   bool dropUnaryMinus();
 
+  NodeArena& arena_;
   const Units::SymbolTexts& symbols_;
   const Units::UnitMath& unitMath_;
   State state_ = State::BeforeOperand;

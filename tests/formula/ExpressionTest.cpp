@@ -15,6 +15,8 @@
 
 namespace {
 
+NodeArena arena(1);  // of the nodes that are made by hand
+
 TEST(Evaluation, AddsWhatMatches) {
   expectOutcomes({"2 ft + 3 in = 27 inch^1", "(2 ft) - 3 in = 21 inch^1",
                   "1 st + 1 lb = 15 pound^1",
@@ -87,12 +89,12 @@ TEST(Evaluation, ComplainsInOrder) {
 }
 
 std::unique_ptr<Expression> number(double value) {
-  return std::make_unique<NumberConstantExpression>(value, nullptr, Units::UnitsEngineImpl());
+  return arena.make<NumberConstantExpression>(value, nullptr, Units::UnitsEngineImpl());
 }
 
 template <class E>
 std::unique_ptr<BinaryOperatorExpression> join(E left, int op, E right) {
-  auto node = std::make_unique<BinaryOperatorExpression>(static_cast<FormulaBinaryOperator>(op));
+  auto node = arena.make<BinaryOperatorExpression>(static_cast<FormulaBinaryOperator>(op));
   node->setOperands(std::move(left), std::move(right));
   return node;
 }

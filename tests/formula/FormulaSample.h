@@ -63,10 +63,11 @@ class Sample {
   std::string outcome(std::string_view formula,
                       const VariableResolver& resolver = rejectIdentifier) const {
     try {
+      NodeArena nodes(formula.size());
       std::unique_ptr<Expression> root;
       double value = 0;
       UnitPowerMap units = {{"replaced", 1}};
-      if (!parseFormula(formula, root, texts_, engine, resolver)) return "no formula";
+      if (!parseFormula(formula, nodes, root, texts_, engine, resolver)) return "no formula";
       if (!root->evaluate(value, units)) return "no value";
       std::string text = exact(value);
       for (const auto& [typeId, exponent] : units) text += " " + typeId + "^" + exact(exponent);

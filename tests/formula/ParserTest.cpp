@@ -10,6 +10,8 @@
 
 namespace {
 
+NodeArena arena(1);  // of the nodes that are made by hand
+
 constexpr const char* unexpected =
     "legacy code dbgWarn: Unexpected parse error. Dresmond 9-May-2004";
 
@@ -74,37 +76,37 @@ TEST(Parser, RefusesTokensThatNoTokenizerGives) {
   const Sample sample;
   const auto take = [&](int type, const char* text) {
     return messageOf<std::logic_error>([&] {
-      FormulaParser(sample.texts(), sample.engine)
+      FormulaParser(arena, sample.texts(), sample.engine)
           .take({static_cast<FormulaTokenType>(type), text});
     });
   };
   EXPECT_EQ(take(7, "x"), "legacy code dbgWarn: Unknown token type. Dresmond 8-May-2004");
   EXPECT_EQ(take(1, "%"), unexpected);
   EXPECT_EQ(take(2, "sine"), unexpected);
-  FormulaParser parser(sample.texts(), sample.engine);
+  FormulaParser parser(arena, sample.texts(), sample.engine);
   EXPECT_TRUE(parser.take({FormulaTokenType::Number, "1", 1.0}));
   EXPECT_EQ(messageOf<std::logic_error>([&] {
               parser.take({FormulaTokenType::Operator, "%"});
             }),
             unexpected);
-  EXPECT_FALSE(
-      FormulaParser(sample.texts(), sample.engine).take({FormulaTokenType::UnitSymbol, "f"}));
+  EXPECT_FALSE(FormulaParser(arena, sample.texts(), sample.engine)
+                   .take({FormulaTokenType::UnitSymbol, "f"}));
 }
 
 TEST(Parser, LeavesTheResultAloneOnFailure) {
   const Sample sample;
-  std::unique_ptr<Expression> root = std::make_unique<ParenExpression>();
+  std::unique_ptr<Expression> root = arena.make<ParenExpression>();
   const Expression* const before = root.get();
-  EXPECT_FALSE(parseFormula("(1", root, sample.texts(), sample.engine, rejectIdentifier));
+  EXPECT_FALSE(parseFormula("(1", arena, root, sample.texts(), sample.engine, rejectIdentifier));
   EXPECT_EQ(root.get(), before);
 }
 
 std::unique_ptr<Expression> binary(int op) {
-  return std::make_unique<BinaryOperatorExpression>(static_cast<FormulaBinaryOperator>(op));
+  return arena.make<BinaryOperatorExpression>(static_cast<FormulaBinaryOperator>(op));
 }
 
 std::unique_ptr<Expression> unary() {
-  return std::make_unique<UnaryOperatorExpression>(FormulaUnaryOperator::Negate);
+  return arena.make<UnaryOperatorExpression>(FormulaUnaryOperator::Negate);
 }
 
 TEST(Priorities, AreThoseOfTheOperators) {
@@ -124,7 +126,7 @@ TEST(Reduction, NeedsItsOperands) {
       ExpressionStack operands;
       ExpressionStack operators;
       for (std::size_t made = 0; made < count; ++made)
-        operands.push_back(std::make_unique<ParenExpression>());
+        operands.push_back(arena.make<ParenExpression>());
       operators.push_back(isUnary ? unary() : binary(1));
       EXPECT_EQ(messageOf<std::logic_error>([&] { reduceOperators(operands, operators, 0); }),
                 unexpected);
