@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 namespace Units {
@@ -39,6 +40,17 @@ TEST(Reduction, OfDefinitionsThatShareParentsCostsTheirNumber) {
   engine.buildSchemas();
   EXPECT_EQ(engine.getDependencies("q").size(), 4 * 65u);
   EXPECT_EQ(engine.convert(1.0, "ua0", "ua0"), 1.0);
+}
+
+TEST(Reduction, TakesFactorsWithAllTheyRestOn) {
+  UnitsEngineImpl engine;
+  engine.addFactor(Factor("three", FactorComponent(3.0)));
+  engine.addFactor(Factor("eighteen", FactorComponent(2.0, {{"three", 2}})));
+  engine.addFactor(Factor("part", FactorComponent(5.0, {{"eighteen", -1}, {"three", 1}})));
+  engine.addUnit(primitiveUnit("m"));
+  engine.addUnit(
+      derivedUnit("u", {{"m", 1}}, FactorComponent(7.0, {{"eighteen", 2}, {"part", 1}})));
+  EXPECT_EQ(engine.convert(1.0, "u", "m"), 7.0 * 324.0 * (5.0 * std::pow(18.0, -1.0) * 3.0));
 }
 
 TEST(Reduction, KeepsExponentsThatCancelAndStaysWithin32Bits) {

@@ -22,6 +22,7 @@ TEST(ClassicNumber, ReadsDoublesAtTheirEdges) {
       {"0x@", 0.0, 1},
       {"0xinf", 0.0, 1},
       {"0XF", 15.0, 3},
+      {"0xf", 15.0, 3},
       {"0x1p+-5", 1.0, 3},
       {" \t\n\v\f\r+.5", 0.5, 9},
       {std::string("1\0002", 3), 1.0, 1},
