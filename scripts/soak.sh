@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The long forms of the tests that try to break the library: scripts/soak.sh [MINUTES]
 # MINUTES (60 unless given) are how long the fuzz doors run, as many side by side as there are cores;
-# what comes before takes longer still. Prints its figures and what each part took, and fails on any
+# what comes before takes its own time. Prints its figures and what each part took, and fails on any
 # finding.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -115,7 +115,7 @@ step "Hosts built with the compilers changed over" hosts
 step "The same bits with every compiler and on every machine" scripts/bits.sh
 
 step "What the tests execute" coverage
-step "What the tests notice" scripts/mutants.py --samples 100
+step "What the tests notice" scripts/mutants.py --samples 300
 
 step "Fuzz doors: build" build fuzz
 mapfile -t doors < <(ls fuzz/corpus)
