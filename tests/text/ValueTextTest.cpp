@@ -117,5 +117,19 @@ TEST_F(ValueText, GivesWhatIsWanted) {
   EXPECT_EQ(symbol, nullptr);
 }
 
+TEST(LeadingSymbol, IsTheEarlierOfAPrefixAndASuffixOfOneText) {
+  const Unit unit("unit", "unit", System::Metric, PrimitiveUnitComponent());
+  for (const Placement first : {Placement::Prefix, Placement::Suffix}) {
+    const Placement second = first == Placement::Prefix ? Placement::Suffix : Placement::Prefix;
+    const RecordMap<Symbol> symbols = {
+        {"a", Symbol("a", unit, PrefixOrSuffix("u", first, false))},
+        {"b", Symbol("b", unit, PrefixOrSuffix("u", second, false))}};
+    std::string_view text = "u)";
+    const Symbol* symbol = nullptr;
+    EXPECT_TRUE(matchLeadingSymbol(text, std::nullopt, &symbol, SymbolTexts(symbols)));
+    EXPECT_EQ(symbol, &symbols.at("a"));
+  }
+}
+
 }  // namespace
 }  // namespace Units
