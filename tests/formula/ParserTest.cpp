@@ -6,6 +6,7 @@
 #include "formula/ParenExpression.h"
 #include "formula/UnaryOperatorExpression.h"
 #include "tests/formula/FormulaRows.h"
+#include "tests/support/Heap.h"
 #include "tests/support/Messages.h"
 
 namespace {
@@ -25,11 +26,11 @@ TEST(Parser, TakesOnlyWhatIsAFormula) {
   expectEach(
       {"\n\t 7", "7", "(7)", " abs ( -7 ) ", "abs((7))", "pi( )*0+7", "((3)+4)", "(((2)*3)+((1)))"},
       "7");
-  expectEach(
-      {"",       " \n\t ", "+2",    "1+",   "1+*2",  "1*+2",      "-",   "()",     "(1",
-       "((1)",   "((1)))", "(())",  "1)",   ")",     "(1+)",      "(-)", "2(3)",   "(2)3",
-       "(2)(3)", "sin",    "sin+1", "sin)", "abs(1", "(2)sin(1)", "pi",  "abs(-)", "abs(1))"},
-      "no formula");
+  expectEach({"",     " \n\t ", "+2",      "1+",   "1+*2",  "1*+2", "-",     "()",
+              "(1",   "((1)",   "((1)))",  "(())", "1)",    ")",    "(1+)",  "(-)",
+              "2(3)", "(2)3",   "(2)(3)",  "sin",  "sin+1", "sin)", "abs(1", "(2)sin(1)",
+              "pi",   "abs(-)", "abs(1))", "())",  "2(",    "(2)(", "(2)sin"},
+             "no formula");
 }
 
 TEST(Parser, PlacesSymbolsByTheirKind) {
@@ -37,9 +38,9 @@ TEST(Parser, PlacesSymbolsByTheirKind) {
                   "abs(-2) ft = 24 inch^1", "-(2) ft = -24 inch^1", "(2) ft^2 = 576 inch^2",
                   "$(5) = 5 dollar^1", "$ (2+3)*2 = 10 dollar^1", "-$(5) = -5 dollar^1",
                   "$5 = 5 dollar^1", "2*$5 = 10 dollar^1", "(2)u = 2 pound^1", "u+2 = 2 dollar^1"});
-  expectEach(
-      {"ft", "ft(2)", "(ft)", "2*ft", "$", "$()", "$(5", "$$(5)", "$+(5)", "(2)$(5)", "2*ft(3)"},
-      "no formula");
+  expectEach({"ft", "ft(2)", "(ft)", "2*ft", "$", "$()", "$())", "(2)$", "$(5", "$$(5)", "$+(5)",
+              "(2)$(5)", "2*ft(3)"},
+             "no formula");
   // The suffix comes first in the registry; but a literal looks for a prefix before its number.
   expectEach({"u(2)", "(2)u+2"}, "no formula");
   // Where the whole is no literal, a symbol that begins it goes before shorter literals.
@@ -99,6 +100,15 @@ TEST(Parser, LeavesTheResultAloneOnFailure) {
   const Expression* const before = root.get();
   EXPECT_FALSE(parseFormula("(1", arena, root, sample.texts(), sample.engine, rejectIdentifier));
   EXPECT_EQ(root.get(), before);
+}
+
+TEST(NodeArena, TakesNoRoomForNodesThatALongTextDoesNotHave) {
+  const Sample sample;
+  const std::string text = std::string(1 << 20, ' ') + "7";
+  const long before = heap::liveBytes();
+  heap::resetPeak();
+  EXPECT_EQ(sample.outcome(text), "7");
+  EXPECT_LT(heap::peakBytes() - before, 32 << 20);
 }
 
 std::unique_ptr<Expression> binary(int op) {
