@@ -22,7 +22,8 @@ TEST(Evaluation, AddsWhatMatches) {
                   "1 st + 1 lb = 15 pound^1",
                   "(2 ft)^(1+1/10000000000) + 1 in = " + exact(1 + std::pow(24.0, 1 + 1 / 1e10)) +
                       " inch^1.0000000001"});
-  expectEach({"2 ft + 3 lb", "(2 ft) - 3", "3 - (2 ft)", "(2 ft)^2 + 1 in", "1 rad + 1"},
+  expectEach({"2 ft + 3 lb", "(2 ft) - 3", "3 - (2 ft)", "(2 ft)^2 + 1 in", "1 in + (2 ft)^2",
+              "1 rad + 1"},
              "no value");
 }
 
@@ -43,10 +44,11 @@ TEST(Evaluation, RaisesToPowers) {
                   "10^-200 = 1e-200", "10^-323 = 9.88131291682493e-324", "(1e300*1e300)^-1 = 0",
                   "2^-(1e300*1e300) = 0", "(2 ft)^2 = 576 inch^2", "(4 in)^0.5 = 2 inch^0.5",
                   "(4 ft)^0 = 1", "(-2 in)^3.0000000001 = -8 inch^3",
-                  "2^0.5 = " + exact(std::sqrt(2.0)),
+                  "0.5^0.5 = " + exact(std::sqrt(0.5)),
                   "(4 ft)^0.0000000001 = " + exact(std::pow(48.0, 1e-10))});
-  expectEach({"(-8)^(1/3)", "(-8)^3.000000007", "(-8)^0.0000000015", "0^0", "0^-1", "0^0.000000001",
-              "10^30.00001", "(-10)^31", "10^400", "10^-324", "(-10)^-401", "0.000001^60"},
+  expectEach({"(-8)^(1/3)", "(-8)^1.5", "(-8)^3.000000007", "(-8)^0.0000000015", "0^0", "0^-1",
+              "0^0.000000001", "10^30.00001", "(-10)^31", "10^400", "10^-324", "(-10)^-401",
+              "0.000001^60"},
              "no value");
   expectEach({"2^(1 ft)", "0^(1 ft)"},
              "Right-hand operand of the power operator must be unitless.");
@@ -62,7 +64,8 @@ TEST(Evaluation, ComputesFunctions) {
       {"ln(2)", std::log(2.0)},        {"asin(1.000000000000001)", std::asin(1.0)},
       {"exp(1)", std::exp(1.0)},       {"asin(-1.00000000000001)", std::asin(-1.0)},
       {"exp(69)", std::exp(69.0)},     {"exp(-740)", std::exp(-740.0)},
-      {"pi()", 3.14159265358979},      {"acos(1.000000000000001)", 0}};
+      {"pi()", 3.14159265358979},      {"ln(1e-9)", std::log(1e-9)},
+      {"acos(1.000000000000001)", 0}};
   for (const auto& [formula, value] : computed) expectEach({formula.c_str()}, exact(value));
   expectOutcomes({"log(1000) = 3", "log(1e-9) = -9", "sqrt(16) = 4", "sqrt(4 in) = 2 inch^0.5",
                   "sqrt(4 in * 4 in) = 4 inch^1", "abs(-2) = 2", "abs(-2 ft) = 24 inch^1",
