@@ -48,6 +48,14 @@ TEST(Tokenizer, FindsTheLongestLiteral) {
     EXPECT_EQ(tokens(sample, text), expected) << text;
 }
 
+TEST(Tokenizer, LooksForTheEndOfALiteralAtFivePlaces) {
+  Sample sample;
+  sample.add("****", "foot", Units::Placement::Suffix);
+  sample.add("%*****", "foot", Units::Placement::Suffix);
+  EXPECT_EQ(tokens(sample, "2****"), "3[2****]");
+  EXPECT_EQ(tokens(sample, "2%*****"), "Unrecognized identifier: 2%.");
+}
+
 TEST(Tokenizer, EndsASymbolWhereNoLetterFollows) {
   Sample sample;
   sample.add("$%", "foot", Units::Placement::Suffix);

@@ -34,6 +34,7 @@ TEST(ClassicNumber, ReadsDoublesAtTheirEdges) {
       {"2.4703282292062327e-324", 0.0, 23},  // just below half of the smallest double
       {"2.4703282292062328e-324", DBL_TRUE_MIN, 23},
       {"0x1p99999999999999999999", HUGE_VAL, 24},
+      {"0x1" + std::string(2000, '0') + "p-9100", 0.0, 2009},
       {"0x1p-1075", 0.0, 9},  // a tie, and zero is even
       {"0x1.8p-1074", 2 * DBL_TRUE_MIN, 11},
       {"0xa8c9487cc8752cp-1078", 0x0.a8c9487cc8753p-1022, 22},

@@ -62,6 +62,7 @@ TEST_F(DisplayText, PutsSymbolsAroundNumbers) {
       {{-0.01, Style::Fractional, 2, nullptr}, "0"},
       {{4194303.998046875, Style::Fractional, 9, nullptr}, "4194303 511/512"},
       {{9223372036854775808.0, Style::Fractional, 9, nullptr}, "9223372036854775808"},
+      {{18446744073709551616.0, Style::Fractional, 0, nullptr}, "18446744073709551616"},
       {{-1e25, Style::Fractional, 4, nullptr}, "-10000000000000000905969664"},
       {{-HUGE_VAL, Style::Fractional, 0, nullptr}, "-inf"},
       {{1.0 / 512, Style::Fractional, 9, nullptr}, "1/512"},

@@ -33,6 +33,7 @@ TEST_F(ValueText, IsReadAsAWhole) {
   const double angle = 10 + 30 / 60.0 + 15 / 3600.0;
   const double length = 35 / 100.0 + 2;
   const double mostWhole = 2147483647.0;
+  const std::string longAngle = std::string(70, '0') + "10 30' 15\"";
   const struct {
     double value;
     const char* symbol;
@@ -63,7 +64,9 @@ TEST_F(ValueText, IsReadAsAWhole) {
       {10.5, degrees, {"10\xC2\xB0 30'", "10 \xC2\xB0 30"}},
       {10 + 15 / 3600.0, degrees, {"10\xC2\xB0 15\"", "10\xC2\xB0 15 \""}},
       {-angle, degrees, {"-10\xC2\xB0 30' 15\"", "-10\xC2\xB0 30 15"}},
-      {angle, degrees, {"10 30' 15\"", "10 30'15", "10 30 15\"", "10 +30' +1.5e1\""}},
+      {angle,
+       degrees,
+       {"10 30' 15\"", "10 30'15", "10 30 15\"", "10 +30' +1.5e1\"", longAngle.c_str()}},
       {35 / 100.0, meters, {"35cm", "35 centimeter"}},
       {length, meters, {"2m 35cm", "2 m 35", "2meter-35", "2-35cm", "2 35 cm", "2 +35 cm"}},
   };
