@@ -48,11 +48,11 @@ TEST(Reduction, TakesFactorsWithAllTheyRestOn) {
   engine.addFactor(Factor("three", FactorComponent(3.0)));
   engine.addFactor(Factor("eighteen", FactorComponent(2.0, {{"three", 2}})));
   engine.addFactor(
-      Factor("part", FactorComponent(5.0, {{"eighteen", -1}, {"three", 1}, {"two", 3}})));
+      Factor("divided", FactorComponent(5.0, {{"eighteen", -1}, {"three", 1}, {"two", 3}})));
   engine.addUnit(primitiveUnit("m"));
   engine.addUnit(
-      derivedUnit("u", {{"m", 1}}, FactorComponent(7.0, {{"eighteen", 2}, {"part", 1}})));
-  EXPECT_EQ(engine.convert(1.0, "u", "m"), 7.0 * 324.0 * (5.0 * std::pow(18.0, -1.0) * 3.0 * 8.0));
+      derivedUnit("u", {{"m", 1}}, FactorComponent(7.0, {{"divided", 1}, {"eighteen", 2}})));
+  EXPECT_EQ(engine.convert(1.0, "u", "m"), 7.0 * (5.0 * std::pow(18.0, -1.0) * 3.0 * 8.0) * 324.0);
 }
 
 TEST(Reduction, KeepsExponentsThatCancelAndStaysWithin32Bits) {

@@ -32,6 +32,7 @@ TEST(Reading, RefusesWhatIsNotJson) {
       {"\"a\nb\"", "2: Invalid escape character in string."},
       {"\"\\u12G4\"", "1: Incorrect hex digit after \\u escape in string."},
       {"\"\\uD800\"", "1: The surrogate pair in string is invalid."},
+      {std::string(1000000, '['), "1000000: Invalid value."},
       {"[1.]", "3: Miss fraction part in number."},
       {"[1e+]", "4: Miss exponent in number."},
       {"[ 1e309]", "2: Number too big to be stored in double."},
@@ -88,6 +89,7 @@ TEST(Reading, CutsStringsAtTheirFirstNul) {
       {"\"\\\"\\\\\\/\\b\\f\\n\\r\\t\\u00B0\"", "\"\\/\b\f\n\r\t\xC2\xB0"},
       {"\"\\uD83D\\uDE00\"", "\xF0\x9F\x98\x80"},
       {"\"\xFF\xC0\"", "\xFF\xC0"},  // not checked
+      {"\"e-2147483648\"", "e-2147483648"},
       {"\"\\\\\"", "\\"}};
   for (const auto& [text, value] : rows) {
     const JSON json = parse(text);

@@ -33,10 +33,13 @@ void expectSameBits(double a, double b, const std::string& what) {
 
 TEST(PreparedConversion, GivesWhatConvertGives) {
   const auto engine = filledEngine();
+  engine->addUnit(
+      {"Nought", "n", System::Metric, DerivedUnitComponent({{"P", 1}}, FactorComponent(-0.0))});
   const std::vector<double> all = values();
   const std::pair<const char*, const char*> conversions[] = {
-      {"P", "Q"},     {"Q", "P"},        {"P", "P"}, {"PerL", "PerL"}, {"L3", "PerL"},
-      {"PerL", "L3"}, {"Slow", "Speed"}, {"A", "B"}, {"B", "A"},       {"None", "None"}};
+      {"P", "Q"},     {"Q", "P"},       {"P", "P"},        {"PerL", "PerL"},
+      {"L3", "PerL"}, {"PerL", "L3"},   {"Slow", "Speed"}, {"A", "B"},
+      {"B", "A"},     {"None", "None"}, {"Nought", "P"},   {"P", "Nought"}};
   for (const auto& [from, to] : conversions) {
     const std::string what = std::string(from) + " to " + to;
     const PreparedConversion prepared(*engine, from, to);

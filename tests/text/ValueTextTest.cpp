@@ -127,7 +127,7 @@ TEST(LeadingSymbol, IsTheEarlierOfAPrefixAndASuffixOfOneText) {
     const RecordMap<Symbol> symbols = {
         {"a", Symbol("a", unit, PrefixOrSuffix("u", first, false))},
         {"b", Symbol("b", unit, PrefixOrSuffix("u", second, false))}};
-    std::string_view text = "u)";
+    std::string_view text("u\0", 2);
     const Symbol* symbol = nullptr;
     EXPECT_TRUE(matchLeadingSymbol(text, std::nullopt, &symbol, SymbolTexts(symbols)));
     EXPECT_EQ(symbol, &symbols.at("a"));
