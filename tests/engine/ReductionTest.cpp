@@ -104,9 +104,10 @@ TEST(Reduction, IsTheSameWhereItIsRemembered) {
   units.emplace("heavy", derivedUnit("heavy", pairs));
   units.emplace("x", derivedUnit("x", {{"a", 1}, {"heavy", 2}}));
   units.emplace("y", derivedUnit("y", {{"c", 3}, {"heavy", -1}, {"x", 1}}));
+  units.emplace("z", derivedUnit("z", {{"x", 1}, {"y", -1}}));
   const Registries registries = stored(std::move(units));
   Reducer conversion, listing(13);
-  for (const char* typeId : {"y", "x", "heavy", "y"}) {
+  for (const char* typeId : {"y", "x", "heavy", "y", "z"}) {
     const RecordNode<Unit>& unit = lookUpNode(registries.units.objects, typeId);
     const ReducedUnit alone = Reducer().reduce(unit);
     const PrimitivePowers powers = toPrimitivePowers(alone.powers);

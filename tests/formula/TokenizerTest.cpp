@@ -86,6 +86,14 @@ TEST(Tokenizer, ReadsReplacementsWithTheTextBehindThem) {
     EXPECT_EQ(tokens(sample, text, resolver), expected) << text;
 }
 
+TEST(Spellings, AreFoundByTheirValue) {
+  const FunctionMap functions;
+  for (const auto& [spelling, function] : functions.spellings())
+    EXPECT_EQ(functions.spellingOf(function), spelling);
+  EXPECT_EQ(functions.spellingOf(FormulaFunction::None), "");
+  EXPECT_EQ(BinaryOperatorMap().spellingOf(FormulaBinaryOperator::Power), "^");
+}
+
 TEST(Resolvers, AreBoundedInDepth) {
   const Sample sample;
   int asked = 0;

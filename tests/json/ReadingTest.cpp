@@ -34,6 +34,8 @@ TEST(Reading, RefusesWhatIsNotJson) {
       {"\"\\uD800\"", "1: The surrogate pair in string is invalid."},
       {std::string(1000000, '['), "1000000: Invalid value."},
       {"[1.]", "3: Miss fraction part in number."},
+      {"[1e-:1234567890]", "4: Miss exponent in number."},
+      {"[1e-/1234567890]", "4: Miss exponent in number."},
       {"[1e+]", "4: Miss exponent in number."},
       {"[ 1e309]", "2: Number too big to be stored in double."},
       {"[-0.00E+0099999999999999999999]", "1: Number too big to be stored in double."}};
@@ -77,8 +79,11 @@ TEST(Reading, GivesNumbersAsDoubles) {
       {"1.5e-0000000000000000000308", 1.5e-308}};
   for (const auto& [text, value] : rows)
     EXPECT_EQ(bitsOf(parse(text).getNumber()), bitsOf(value)) << text;
-  for (std::size_t spaces = 0; spaces < 10; ++spaces)
-    EXPECT_EQ(parse(std::string(spaces, ' ') + "1e25").getNumber(), 1e25) << spaces;
+  for (std::size_t spaces = 0; spaces < 20; ++spaces) {
+    const std::string before(spaces, ' ');
+    EXPECT_EQ(parse(before + "1e25").getNumber(), 1e25) << spaces;
+    EXPECT_EQ(parse(before + "0.11111111111e-2147483639").getNumber(), 0.0) << spaces;
+  }
 }
 
 TEST(Reading, CutsStringsAtTheirFirstNul) {
@@ -96,8 +101,8 @@ TEST(Reading, CutsStringsAtTheirFirstNul) {
     EXPECT_EQ(json.getString(), value) << text;
     EXPECT_EQ(json.getStringView(), value) << text;
   }
-  const JSON mixed = parse("[\"\\\\\", 1e-2147483648, \"e-2147483648\", 2e-2147483648]");
-  EXPECT_EQ(mixed.getArray()[1].getNumber() + mixed.getArray()[3].getNumber(), 0.0);
+  const JSON mixed = parse("[\"\\\\\", 1e-2147483648, \"e-2147483648\", \"ab\", 2e-2147483648]");
+  EXPECT_EQ(mixed.getArray()[1].getNumber() + mixed.getArray()[4].getNumber(), 0.0);
   EXPECT_EQ(mixed.getArray()[2].getString(), "e-2147483648");
 }
 

@@ -126,11 +126,16 @@ TEST(LeadingSymbol, IsTheEarlierOfAPrefixAndASuffixOfOneText) {
     const Placement second = first == Placement::Prefix ? Placement::Suffix : Placement::Prefix;
     const RecordMap<Symbol> symbols = {
         {"a", Symbol("a", unit, PrefixOrSuffix("u", first, false))},
-        {"b", Symbol("b", unit, PrefixOrSuffix("u", second, false))}};
+        {"b", Symbol("b", unit, PrefixOrSuffix("u", second, false))},
+        {"c", Symbol("c", unit, PrefixOrSuffix("u^w", Placement::Suffix, false))}};
     std::string_view text("u\0", 2);
     const Symbol* symbol = nullptr;
     EXPECT_TRUE(matchLeadingSymbol(text, std::nullopt, &symbol, SymbolTexts(symbols)));
     EXPECT_EQ(symbol, &symbols.at("a"));
+    std::string_view longer = "u^wx";
+    EXPECT_TRUE(matchLeadingSymbol(longer, std::nullopt, &symbol, SymbolTexts(symbols)));
+    EXPECT_EQ(symbol, &symbols.at("a"));
+    EXPECT_EQ(longer, "^wx");
   }
 }
 
