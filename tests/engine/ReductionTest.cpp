@@ -55,6 +55,18 @@ TEST(Reduction, TakesFactorsWithAllTheyRestOn) {
   EXPECT_EQ(engine.convert(1.0, "u", "m"), 7.0 * (5.0 * std::pow(18.0, -1.0) * 3.0 * 8.0) * 324.0);
 }
 
+// Powers are compared in the order in which the units lie in memory.
+TEST(Reduction, IsTheSameInWhateverOrderUnitsCame) {
+  for (const auto& [first, second] : {std::pair("a", "b"), std::pair("b", "a")}) {
+    UnitsEngineImpl engine;
+    engine.addUnit(primitiveUnit(first));
+    engine.addUnit(primitiveUnit(second));
+    engine.addUnit(derivedUnit("product", {{"a", 1}, {"b", 2}}));
+    engine.addUnit(derivedUnit("same", {{"product", 1}}));
+    EXPECT_EQ(engine.convert(3.0, "product", "same"), 3.0);
+  }
+}
+
 TEST(Reduction, KeepsExponentsThatCancelAndStaysWithin32Bits) {
   const int most = std::numeric_limits<int>::max();
   const int least = std::numeric_limits<int>::min();

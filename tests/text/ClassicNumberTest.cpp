@@ -35,6 +35,8 @@ TEST(ClassicNumber, ReadsDoublesAtTheirEdges) {
       {"2.4703282292062328e-324", DBL_TRUE_MIN, 23},
       {"0x1p99999999999999999999", HUGE_VAL, 24},
       {"0x1" + std::string(2000, '0') + "p-9100", 0.0, 2009},
+      {"0x1" + std::string(2000, '0') + "p-6000", HUGE_VAL, 2009},
+      {"1e999-", HUGE_VAL, 5},
       {"0x1p-1075", 0.0, 9},  // a tie, and zero is even
       {"0x1.8p-1074", 2 * DBL_TRUE_MIN, 11},
       {"0xa8c9487cc8752cp-1078", 0x0.a8c9487cc8753p-1022, 22},
