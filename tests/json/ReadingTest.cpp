@@ -101,8 +101,12 @@ TEST(Reading, CutsStringsAtTheirFirstNul) {
     EXPECT_EQ(json.getString(), value) << text;
     EXPECT_EQ(json.getStringView(), value) << text;
   }
-  const JSON mixed = parse("[\"\\\\\", 1e-2147483648, \"e-2147483648\", \"ab\", 2e-2147483648]");
-  EXPECT_EQ(mixed.getArray()[1].getNumber() + mixed.getArray()[4].getNumber(), 0.0);
+  const JSON mixed = parse(
+      "[\"\\\\\", 1e-2147483648, \"e-2147483648\", \"ab\", 2e-2147483648, \"\\\"\", "
+      "3e-2147483648]");
+  EXPECT_EQ(mixed.getArray()[1].getNumber() + mixed.getArray()[4].getNumber() +
+                mixed.getArray()[6].getNumber(),
+            0.0);
   EXPECT_EQ(mixed.getArray()[2].getString(), "e-2147483648");
 }
 

@@ -112,6 +112,8 @@ TEST(AddRecord, StoresTheEnginesOwnUnits) {
   const auto units = registries.quantities.objects.records().at("twice").getUnits();
   ASSERT_EQ(units.size(), 3u);
   for (const Unit& unit : units) EXPECT_EQ(unit.getName(), "meter");
+  EXPECT_TRUE(isRegistered(symbol.getTypeId(), registries));
+  EXPECT_TRUE(isRegistered("twice", registries));
 }
 
 TEST(AddRecord, AcceptsWhatRestsOnStoredRecords) {
