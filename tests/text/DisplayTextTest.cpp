@@ -56,6 +56,8 @@ TEST_F(DisplayText, PutsSymbolsAroundNumbers) {
       {{0.4999999985, Style::Fixed, 0, nullptr}, "0"},
       {{0.4999999995, Style::Fixed, 0, nullptr}, "1"},  // a billionth short of a half is one
       {{18446744073709551616.0, Style::Fixed, 1, nullptr}, "18446744073709551616.0"},
+      {{1e60, Style::Fixed, 0, nullptr},
+       "999999999999999949387135297074018866963645011013410073083904"},
       {{1e308, Style::Fixed, 12, nullptr}, "inf"},  // more steps than a double counts
       {{-std::nan(""), Style::Fixed, 2, nullptr}, "nan"},
       {{-1.25, Style::Fractional, 2, nullptr}, "-1 1/4"},
