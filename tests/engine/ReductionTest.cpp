@@ -64,6 +64,7 @@ TEST(Reduction, IsTheSameInWhateverOrderUnitsCame) {
     engine.addUnit(derivedUnit("product", {{"a", 1}, {"b", 2}}));
     engine.addUnit(derivedUnit("same", {{"product", 1}}));
     EXPECT_EQ(engine.convert(3.0, "product", "same"), 3.0);
+    EXPECT_EQ(engine.getUnitsWithPrimitivePowers({{"a", 1}, {"b", 2}}).size(), 2u);
   }
 }
 
