@@ -25,6 +25,8 @@ TEST(ClassicNumber, ReadsDoublesAtTheirEdges) {
       {"0xf", 15.0, 3},
       {"0x1p+-5", 1.0, 3},
       {" \t\n\v\f\r+.5", 0.5, 9},
+      {"\0165", 0.0, 0},  // what is beside the white space
+      {"\b5", 0.0, 0},
       {std::string("1\0002", 3), 1.0, 1},
       {"0e99999999999999999999", 0.0, 22},
       {"1" + zeros + "e-400", 1.0, 406},
