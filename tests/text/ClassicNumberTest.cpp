@@ -23,6 +23,7 @@ TEST(ClassicNumber, ReadsDoublesAtTheirEdges) {
       {"0xinf", 0.0, 1},
       {"0XF", 15.0, 3},
       {"0xf", 15.0, 3},
+      {"0xA", 10.0, 3},
       {"0x1p+-5", 1.0, 3},
       {" \t\n\v\f\r+.5", 0.5, 9},
       {"\0165", 0.0, 0},  // what is beside the white space
