@@ -20,6 +20,7 @@ NodeArena arena(1);  // of the nodes that are made by hand
 TEST(Evaluation, AddsWhatMatches) {
   expectOutcomes({"2 ft + 3 in = 27 inch^1", "(2 ft) - 3 in = 21 inch^1",
                   "1 st + 1 lb = 15 pound^1",
+                  "(1 in)^1000000001 + (1 in)^999999999 = 2 inch^1000000001",
                   "(2 ft)^(1+1/10000000000) + 1 in = " + exact(1 + std::pow(24.0, 1 + 1 / 1e10)) +
                       " inch^1.0000000001"});
   expectEach({"2 ft + 3 lb", "(2 ft) - 3", "3 - (2 ft)", "(2 ft)^2 + 1 in", "1 in + (2 ft)^2",
