@@ -3,6 +3,8 @@
 #include <TrelvonUnits/TrelvonUnits.h>
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <fstream>
 #include <memory>
 #include <stdexcept>
 
@@ -26,6 +28,18 @@ TEST(SchemaBundle, GivesTextByTextToTheEngine) {
 
   SchemaBundle::addDefinitionsFromBuffer(header, *engine);
   EXPECT_EQ(engine->getDimensions().size(), 2u);
+}
+
+TEST(SchemaBundle, IsReadFromAFileOfAnyLength) {
+  const std::string file = testing::TempDir() + "bundle";
+  for (const std::size_t padding : {std::size_t{0}, std::size_t{200000}}) {
+    std::ofstream(file, std::ios::binary)
+        << header << std::string(padding, ' ') << dimension("a") << '\0' << dimension("b") << '\0';
+    const std::unique_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());
+    SchemaBundle::addDefinitionsFromFile(file, *engine);
+    EXPECT_EQ(engine->getDimensions().size(), 2u) << padding;
+  }
+  std::remove(file.c_str());
 }
 
 TEST(SchemaBundle, RefusesWhatIsNone) {
