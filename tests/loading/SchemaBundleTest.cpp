@@ -1,10 +1,9 @@
+#include "tests/support/FolderTree.h"
 #include "tests/support/Messages.h"
 
 #include <TrelvonUnits/TrelvonUnits.h>
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <fstream>
 #include <memory>
 #include <stdexcept>
 
@@ -31,15 +30,14 @@ TEST(SchemaBundle, GivesTextByTextToTheEngine) {
 }
 
 TEST(SchemaBundle, IsReadFromAFileOfAnyLength) {
-  const std::string file = testing::TempDir() + "bundle";
+  const FolderTree folder;
   for (const std::size_t padding : {std::size_t{0}, std::size_t{200000}}) {
-    std::ofstream(file, std::ios::binary)
-        << header << std::string(padding, ' ') << dimension("a") << '\0' << dimension("b") << '\0';
+    folder.write("bundle", header + std::string(padding, ' ') + dimension("a") + "\0"s +
+                               dimension("b") + "\0"s);
     const std::unique_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());
-    SchemaBundle::addDefinitionsFromFile(file, *engine);
+    SchemaBundle::addDefinitionsFromFile(folder.path("bundle").string(), *engine);
     EXPECT_EQ(engine->getDimensions().size(), 2u) << padding;
   }
-  std::remove(file.c_str());
 }
 
 TEST(SchemaBundle, RefusesWhatIsNone) {
