@@ -31,12 +31,12 @@ for_machine() {  # NAME
 
 # compare TITLE NAME [PREFIX...]: runs the program of a build, with the words that start it.
 compare() {
-  local title=$1 program=("${@:3}" "$work/$2/bits/bits") kind functions differing
+  local title=$1 program=("${@:3}" "$work/$2/tests/bits/bits") kind functions differing
   local start=$SECONDS
   "${program[@]}" "$count" >"$work/sums"
   echo "$title: $count operations, $((SECONDS - start)) s"
   if [ -z "${first:-}" ]; then
-    first=$work/$2/bits/bits
+    first=$work/$2/tests/bits/bits
     tee "$work/first.sums" <"$work/sums"
   fi
   while read -r kind _ functions; do
@@ -74,7 +74,7 @@ done
 
 heading "Windows"
 for_machine x86_64-w64-mingw32
-ls "$work"/x86_64-w64-mingw32/{*.dll,bits/*.exe}
+ls "$work"/x86_64-w64-mingw32/{*.dll,tests/bits/*.exe}
 
 heading "$failures kinds differ that must not"
 [ $failures -eq 0 ]

@@ -21,4 +21,4 @@ ctest --preset coverage --parallel "$(nproc)"
 heading "coverage: figures"
 llvm-profdata merge -o $build/all.profdata $build/profiles/*.profraw
 scripts/coverage.py tests/coverage/exceptions.txt $build/all.profdata $build/libTrelvonUnits.so \
-  $build/tests/units_tests $build/tests/catalogue/catalogue_{dump,tests} $build/robustness/robustness_*
+  $build/tests/units_tests $build/tests/catalogue/catalogue_{dump,tests} $build/tests/robustness/robustness_*

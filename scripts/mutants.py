@@ -130,7 +130,7 @@ class Built:
     @staticmethod
     def suites_of(room):
         suites = set()
-        for path in glob.glob(os.path.join(TREE, "tests", room, "*.cpp")):
+        for path in glob.glob(os.path.join(TREE, "tests", "unit", room, "*.cpp")):
             with open(path, encoding="utf-8") as file:
                 suites.update(re.findall(r"^(?:TYPED_)?TEST(?:_[FP])?\(\s*(\w+)", file.read(), re.M))
         return ":".join(form for suite in sorted(suites)
@@ -145,7 +145,7 @@ class Lane:
         self.folder = os.path.join(WORK, f"lane{number}")
         self.tree = os.path.join(self.folder, "tree")
         shutil.rmtree(self.folder, ignore_errors=True)
-        for part in (*ROOMS, "include"):
+        for part in ("src", "include"):
             shutil.copytree(os.path.join(TREE, part), os.path.join(self.tree, part))
         self.temporary = tempfile.mkdtemp(prefix="mutants")
         os.chmod(self.temporary, 0o755)  # some tests look at it without any right
@@ -224,9 +224,9 @@ class Lane:
             library = [name for name in users if name.startswith(LIBRARY)]
             if not library or not self.compile(library):
                 return None
-            noticed = self.test(library, mutant.file.split("/")[0], slow, limits)[0]
+            noticed = self.test(library, mutant.file.split("/")[1], slow, limits)[0]
             if noticed == "" and len(users) > len(library):  # what tests alone instantiate
-                noticed = self.test(users, mutant.file.split("/")[0], slow, limits)[0] \
+                noticed = self.test(users, mutant.file.split("/")[1], slow, limits)[0] \
                     if self.compile(users) else None
             return noticed
         finally:
@@ -237,8 +237,8 @@ class Lane:
 
 def all_mutants(prefix):
     for room in ROOMS:
-        for path in sorted(glob.glob(os.path.join(ROOT, room, "*.cpp"))
-                           + glob.glob(os.path.join(ROOT, room, "*.h"))):
+        for path in sorted(glob.glob(os.path.join(ROOT, "src", room, "*.cpp"))
+                           + glob.glob(os.path.join(ROOT, "src", room, "*.h"))):
             name = os.path.relpath(path, ROOT)
             if not name.startswith(prefix):
                 continue

@@ -66,7 +66,7 @@ fuzz() {  # DOOR LANE
   local corpus=$work/corpus/$1 log=$work/fuzz.$1.$2 files=/dev/shm
   mkdir -p "$corpus"
   [ -d $files ] || files=${TMPDIR:-/tmp}
-  TMPDIR=$files build/fuzz/fuzz/fuzz_"$1" "$corpus" fuzz/corpus/"$1" \
+  TMPDIR=$files build/fuzz/tests/fuzz/fuzz_"$1" "$corpus" tests/fuzz/corpus/"$1" \
     -rss_limit_mb=4096 -timeout=60 -detect_leaks=0 -max_total_time="$seconds" \
     -artifact_prefix="$work/$1-" -print_final_stats=1 \
     >"$log" 2>&1 || echo "FINDING: the door ended with $?" >>"$log"
@@ -99,14 +99,14 @@ fuzz_doors() {
 
 install_packages demo test soak
 step "Building the release preset" build release
-programs=build/release/robustness
+programs=build/release/tests/robustness
 
 step "Failing allocations, peak memory, growth of instructions: the figures of the pages" \
   scripts/figures.py --check
 step "Depth on a small stack, full size" "$programs"/robustness_Depths
 step "Callbacks" "$programs"/robustness_Callbacks
 step "Threads: build with ThreadSanitizer" build tsan
-step "Threads" build/tsan/robustness/robustness_Threads 100
+step "Threads" build/tsan/tests/robustness/robustness_Threads 100
 step "Memcheck of the suite" memcheck
 step "The suite under the sanitizers, g++" suite asan
 step "The suite under the sanitizers, clang++" suite asan-clang
@@ -118,7 +118,7 @@ step "What the tests execute" coverage
 step "What the tests notice" scripts/mutants.py --samples 300
 
 step "Fuzz doors: build" build fuzz
-mapfile -t doors < <(ls fuzz/corpus)
+mapfile -t doors < <(ls tests/fuzz/corpus)
 seconds=$((minutes * 60 / ${#doors[@]} + 1))  # 0 would be for ever
 trap 'trap - INT TERM; kill 0' INT TERM  # the lanes as well
 step "Fuzzing ${#doors[@]} doors for $((seconds * jobs)) s each, $jobs at a time" fuzz_doors

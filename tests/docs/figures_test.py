@@ -39,7 +39,7 @@ def is_there(program):
     if preset != "benchmark" and preset not in [known["name"] for known in presets]:
         return False
     targets = ROOT.joinpath(*folder, "CMakeLists.txt")
-    target = re.compile(rf"\b{name.removeprefix(folder[0] + '_')}\b")
+    target = re.compile(rf"\b{name.removeprefix(folder[-1] + '_')}\b")
     return targets.is_file() and target.search(targets.read_text()) is not None
 
 

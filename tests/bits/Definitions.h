@@ -1,0 +1,33 @@
+/// The definitions that the operations use: units of a few dimensions, in groups.
+#pragma once
+
+#include "tests/bits/Random.h"
+
+#include <TrelvonUnits/TrelvonUnits.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+/// Units of one dimension. The plain ones are worked out by products alone. What the powered ones
+/// rest on is raised to powers, by the C library's pow.
+struct Group {
+  const char* name;
+  Units::PrimitivePowers powers;
+  std::vector<std::string> plain;
+  std::vector<std::string> powered;
+};
+
+struct Definitions {
+  std::unique_ptr<Units::UnitsEngine> engine;
+  std::vector<Group> groups;        ///< Length, mass and time first.
+  std::vector<std::string> scales;  ///< Absolute units.
+  std::vector<std::string> symbols;
+};
+
+constexpr std::size_t length = 0, area = 3, speed = 4, pace = 5;
+
+std::string schema(const std::string& typeId, const std::string& kind,
+                   const std::string& constants);
+
+Definitions makeDefinitions();

@@ -1,0 +1,115 @@
+/// Batches of schemas, built and asked for. What a build says or stores is what a literal walk over
+/// the batch says, whatever the order of adding; what it stores is consistent.
+#include <cstdint>
+#include <vector>
+
+#include "engine/UnitsEngineImpl.h"
+#include "schema/Definitions.h"
+#include "tests/fuzz/Choices.h"
+#include "tests/fuzz/Demand.h"
+#include "tests/fuzz/EngineProperties.h"
+#include "tests/fuzz/LiteralBuild.h"
+#include "tests/fuzz/RandomSchemas.h"
+#include "tests/fuzz/StoredIds.h"
+
+namespace {
+
+using Units::Registries;
+using Units::ValidationException;
+using Texts = std::vector<std::string>;
+
+constexpr std::size_t mostSchemas = 15;  // the literal walk is exponential
+
+/// Texts as they stand, one behind each NUL.
+std::vector<Texts> split(const std::string& bytes) {
+  std::vector<Texts> batches(1);
+  for (std::size_t at = 0; at < bytes.size() && batches.size() < 4;) {
+    const std::size_t end = std::min(bytes.find('\0', at), bytes.size());
+    batches.back().push_back(bytes.substr(at, end - at));
+    if (end == at || batches.back().size() == mostSchemas) batches.emplace_back();
+    at = end + 1;
+  }
+  return batches;
+}
+
+std::vector<Texts> make(Choices& choices) {
+  RandomSchemas schemas(choices);
+  std::vector<Texts> batches(3);
+  for (Texts& batch : batches)
+    for (std::size_t count = 0; count < mostSchemas; ++count) {
+      batch.push_back(schemas.next());
+      if (choices.oneIn(64)) {  // a byte that does not belong there
+        std::string& text = batch.back();
+        text[choices.below(text.size())] = static_cast<char>(choices.below(256));
+      }
+    }
+  return batches;
+}
+
+class Builder {
+ public:
+  void build(const Texts& batch) {
+    const Texts accepted = add(batch);
+    for (auto text = accepted.rbegin(); text != accepted.rend(); ++text)
+      addDefinition(*text, backwards_);
+
+    const std::string expected =
+        messageOrNone<ValidationException>([&] { LiteralBuild(forwards_).check(); });
+    std::set<std::string> ids = storedIds(forwards_);
+    if (expected.empty()) {
+      ids.insert(forwards_.pendingTypeIds.begin(), forwards_.pendingTypeIds.end());
+      stored_.insert(stored_.end(), accepted.begin(), accepted.end());
+    }
+    for (Registries* registries : {&forwards_, &backwards_}) {
+      demandEqual(messageOrNone<ValidationException>([&] { buildSchemas(*registries); }), expected,
+                  "a build");
+      demand(storedIds(*registries) == ids && registries->pendingTypeIds.empty(),
+             "what is registered after \"", expected, '"');
+    }
+  }
+
+  /// All that was built, at once.
+  void check() const {
+    Units::UnitsEngineImpl engine;
+    for (const std::string& text : stored_) engine.addDefinition(text);
+    engine.buildSchemas();
+    for (const std::string& id : storedIds(forwards_)) {
+      const std::string definition =
+          textOrMessage<ValidationException>([&] { return engine.getDefinition(id); });
+      demandEqual(definition, definitionOf(id, forwards_), id);
+      demandEqual(definition, definitionOf(id, backwards_), id);
+      demand(engine.getDependencies(id) == getDependencies(id, backwards_), id);
+    }
+    checkEngine(engine);
+  }
+
+ private:
+  Texts add(const Texts& batch) {
+    Texts accepted;
+    for (const std::string& text : batch) {
+      const std::size_t pending = forwards_.pendingTypeIds.size();
+      const std::string refusal =
+          messageOrNone<ValidationException>([&] { addDefinition(text, forwards_); });
+      if (refusal.empty())
+        accepted.push_back(text);
+      else
+        demand(forwards_.pendingTypeIds.size() == pending, "a refused schema leaves a trace");
+    }
+    return accepted;
+  }
+
+  Registries forwards_;
+  Registries backwards_;
+  Texts stored_;
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  Choices choices(data, size);
+  const std::vector<Texts> batches = choices.takes('#') ? make(choices) : split(choices.rest());
+  Builder builder;
+  for (const Texts& batch : batches) builder.build(batch);
+  builder.check();
+  return 0;
+}

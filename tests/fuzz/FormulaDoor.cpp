@@ -1,0 +1,148 @@
+/// Formulas, with a resolver that answers out of the input. Tokens are those of a tokenizer that
+/// searches everything anew, a formula has one answer however it is written, and the engine that
+/// was asked answers as before.
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "tests/fuzz/Choices.h"
+#include "tests/fuzz/Demand.h"
+#include "tests/fuzz/FormulaRoads.h"
+#include "tests/fuzz/ReferenceTokenizer.h"
+#include "tests/unit/formula/FormulaSample.h"
+
+namespace {
+
+/// What tokens are made of, put together without sense.
+const std::string pieces[] = {
+    "1",   "12",    "0.5", "1e",  "1e-3",     "e",    "5'",
+    "6\"", "1/2\"", "'",   "\"",  "ft",       "in",   "m",
+    "cm",  "ft ",   "\t",  "\n",  " ",        " ",    "  ",
+    "+",   "-",     "*",   "/",   "^",        "(",    ")",
+    "(",   ")",     "sin", "pi",  "x",        "xy",   "x y",
+    "$",   "%",     "m/s", "m^2", "/m",       "s",    "-",
+    "0x1", "inf",   "z1",  ".",   "\xC2\xB0", "\xFF", std::string(1, '\0')};
+
+const std::string symbolTexts[] = {"m",  "m/s", "m^2", "/m", "-",  "(",  "()", " ",       "ft  ",
+                                   "m ", "1",   "in",  "'",  "x",  "$",  "%",  "s",       "$-",
+                                   "+",  "e",   "m-m", "*",  ")m", "\t", "12", "\xC2\xB0"};
+
+void addSymbols(Choices& choices, Sample& sample) {
+  for (std::size_t count = choices.below(12); count > 0; --count) {
+    const std::string& text = choices.oneOf(symbolTexts);
+    sample.add(text, "foot",
+               choices.oneIn(3) ? Units::Placement::Prefix : Units::Placement::Suffix);
+  }
+}
+
+/// Each token as its type and text, and what ended them.
+template <class NextToken>
+std::string tokens(const NextToken& nextToken) {
+  std::string all;
+  try {
+    for (FormulaToken token; nextToken(token);)
+      all += std::to_string(static_cast<int>(token.type)) + "[" + std::string(token.text) + "]";
+  } catch (const std::logic_error& thrown) {
+    all += thrown.what();
+  }
+  return all;
+}
+
+/// A number's token, read with the spaces behind it, must say what its text says, and with a minus
+/// before it the negative.
+void checkNumber(const FormulaToken& token, const Sample& sample) {
+  if (token.symbol) {
+    const auto shown = token.symbol->getPrefixOrSuffix();
+    if (shown && std::string("\n \t").find(shown->getText().back()) != std::string::npos)
+      return;  // the parser reads the text again
+  }
+  for (const std::string sign : {"", "-"}) {
+    double value = 0;
+    const Units::Symbol* symbol = nullptr;
+    const ExactText text(sign + std::string(token.text));
+    demand(Units::parseValueText(text, &value, &symbol, sample.texts()), token.text);
+    demandEqual(sign.empty() ? value : -value, token.value, token.text);
+    demand(symbol == token.symbol, token.text);
+  }
+}
+
+/// Answers in turn, and throws when it was asked too often.
+VariableResolver makeResolver(const std::vector<std::string>& replacements) {
+  return [&replacements, asked = std::size_t{0}](const std::string&) mutable {
+    if (asked == 6) throw std::logic_error("Enough.");
+    return replacements[asked++ % replacements.size()];
+  };
+}
+
+void checkFormula(const std::string& formula, const std::vector<std::string>& replacements,
+                  const Sample& sample) {
+  const ExactText text(formula);
+  FormulaTokenizer tokenizer(text, sample.texts(), sample.engine, makeResolver(replacements));
+  const std::string got = tokens([&](FormulaToken& token) {
+    if (!tokenizer.nextToken(token)) return false;
+    if (token.type == FormulaTokenType::Number) checkNumber(token, sample);
+    return true;
+  });
+  ReferenceTokenizer reference{formula, sample.texts(), sample.engine, makeResolver(replacements)};
+  std::string taken;
+  const std::string expected = tokens([&](FormulaToken& token) {
+    const bool any = reference.nextToken(token.type, taken);
+    token.text = taken;
+    return any;
+  });
+  demandEqual(got, expected, formula);
+
+  const std::string outcome = sample.outcome(text, makeResolver(replacements));
+  demandEqual(sample.outcome(text, makeResolver(replacements)), outcome, formula);
+  demandEqual(sample.outcome("2 ft + 3 lb / 2 lb * 2 in"), "27 inch^1", formula);
+}
+
+void checkRoads(Choices& choices) {
+  static const Sample sample;
+  RandomFormulas formulas(choices);
+  const auto ways = formulas.make(choices.below(5)).ways;
+  const auto resolver = [&](const std::string& name) {
+    const auto found = formulas.variables.find(name);
+    return found == formulas.variables.end() ? rejectIdentifier(name) : found->second;
+  };
+  const std::string outcome = sample.outcome(ways[bare]);
+  for (const Way way : {full, spaced, applied})
+    demandEqual(sample.outcome(ways[way]), outcome, ways[way] + " for " + ways[bare]);
+  demandEqual(sample.outcome(ways[named], resolver), sample.outcome(ways[replaced]),
+              ways[named] + " for " + ways[replaced]);
+}
+
+/// The formula and the resolver's texts, with a ";" between them.
+std::vector<std::string> split(const std::string& bytes) {
+  std::vector<std::string> texts;
+  for (std::size_t at = 0; at <= bytes.size() && texts.size() < 8;) {
+    const std::size_t end = std::min(bytes.find(';', at), bytes.size());
+    texts.push_back(bytes.substr(at, end - at));
+    at = end + 1;
+  }
+  return texts;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  Choices choices(data, size);
+  if (choices.takes('#')) {
+    for (int count = 0; count < 8; ++count) checkRoads(choices);
+    return 0;
+  }
+  Sample sample;
+  if (choices.takes('%')) {
+    addSymbols(choices, sample);
+    for (int count = 0; count < 4; ++count) {
+      const std::string formula = choices.text(pieces, 14);
+      checkFormula(formula, {choices.text(pieces, 4), choices.text(pieces, 8), "x", "1+1"}, sample);
+    }
+    return 0;
+  }
+  std::vector<std::string> texts = split(choices.rest());
+  const std::string formula = texts.front();
+  texts.front() = "1 ft";
+  checkFormula(formula, texts, sample);
+  return 0;
+}

@@ -1,0 +1,283 @@
+/// Values to display text and back. Numbers are read as strtod reads them and written as a stream
+/// writes them; symbols are found as a walk over all of them finds them; what was written reads
+/// back to what is written the same.
+#include <algorithm>
+#include <cfloat>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <iomanip>
+#include <locale>
+#include <numeric>
+#include <sstream>
+
+#include "tests/fuzz/Choices.h"
+#include "tests/fuzz/Demand.h"
+#include "tests/unit/text/TextSymbols.h"
+#include "text/ClassicNumber.h"
+#include "text/CompositeReaders.h"
+#include "text/DisplayText.h"
+#include "text/ValueText.h"
+
+namespace {
+
+using namespace Units;
+
+const char* const feet = ":feetAndInches-1";
+const char* const feetHyphen = ":feetHyphenInches-1";
+const char* const degrees = ":degreesMinutesSeconds-1";
+const char* const meters = ":metersAndCentimeters-1";
+
+struct Symbols {
+  const RecordStore<Symbol> records{makeTextSymbols()};
+  const SymbolTexts texts{records.records()};
+};
+
+const Symbols& symbols() {
+  static const Symbols all;
+  return all;
+}
+
+/// What strtod reads, the words for infinity and not-a-number apart.
+LeadingNumber byStrtod(const std::string& text) {
+  char* end = nullptr;
+  const double value = std::strtod(text.c_str(), &end);
+  const auto length = static_cast<std::size_t>(end - text.c_str());
+  const bool isWord =
+      text.substr(0, length).find_first_of("0123456789") == std::string::npos || std::isnan(value);
+  return isWord ? LeadingNumber() : LeadingNumber{value, length};
+}
+
+void checkNumber(const std::string& text) {
+  const LeadingNumber expected = byStrtod(text);
+  const ExactText exact(text);
+  const LeadingNumber read = readClassicDouble(exact);
+  demandEqual(read.length, expected.length, text);
+  // glibc errs among subnormal hexadecimal numbers.
+  const bool errs = text.find_first_of("xX") < read.length && std::fabs(read.value) < DBL_MIN;
+  demand(errs || areSame(read.value, expected.value), text);
+}
+
+void checkFixed(double value, unsigned char places) {
+  std::ostringstream stream;
+  stream.imbue(std::locale::classic());
+  stream << std::fixed << std::setprecision(places) << std::fabs(value);
+  std::string text = "=";
+  appendFixed(text, value, places);
+  demandEqual(text, "=" + stream.str(), "fixed");
+}
+
+/// What any composite reader accepts is a value text, whole.
+void checkText(const std::string& text) {
+  const ExactText exact(text);
+  double value = 0;
+  const bool isComposite = readInchesOnly(exact, value) || readFeetAndInches(exact, value) ||
+                           readDegreesMinutesSeconds(exact, value) ||
+                           readMetersAndCentimeters(exact, value);
+  const Symbol* symbol = nullptr;
+  double read = 7;
+  const bool isRead = parseValueText(exact, &read, &symbol, symbols().texts);
+  demand(!isComposite || isRead, text);
+  demand(isRead ? std::isfinite(read) : read == 7 && symbol == nullptr, text);
+}
+
+/// Every value has a text in every form, and it begins with its sign.
+void checkDisplay(double value, Choices& choices) {
+  for (const auto& [typeId, symbol] : symbols().records.records()) {
+    if (typeId == "none") continue;
+    const auto places = static_cast<unsigned char>(choices.below(13));
+    const auto precision = static_cast<unsigned char>(choices.below(10));
+    for (const std::string& text :
+         {formatFixedPoint(value, places, &typeId, choices.oneIn(2), symbols().records),
+          formatFractional(value, precision, &typeId, symbols().records)})
+      demand(!text.empty() && (text[0] != '-' || value < 0 || std::isnan(value)), value, text);
+  }
+}
+
+/// A text in the form in which it is written: read and written again it is the same, and so is what
+/// it is read as.
+template <class Write>
+void checkReadingBack(const std::string& text, const std::string& symbol, const Write& write) {
+  if (text.find_first_of("123456789") == std::string::npos) return;  // a zero has no sign
+  const ExactText exact(text);
+  double value = 0;
+  const Symbol* found = nullptr;
+  demand(parseValueText(exact, &value, &found, symbols().texts), "not read: ", text);
+  demandEqual(found ? found->getTypeId() : "", symbol, text);
+  demandEqual(write(value, symbol), text, symbol);
+}
+
+class WrittenTexts {
+ public:
+  explicit WrittenTexts(Choices& choices) : choices_(choices) {}
+
+  void checkNumbers() {
+    const std::size_t shift = 24 + choices_.below(40);
+    const double magnitude = static_cast<double>(choices_.bits() >> shift) / 1024.0;
+    const double value = choices_.oneIn(2) ? -magnitude : magnitude;
+    const auto places = static_cast<unsigned char>(choices_.below(4));
+    const bool trims = choices_.oneIn(2);
+    for (const char* const symbol : {"meter", "squareMeter", "kilogram", "dollar", "euro"}) {
+      const auto write = [&](double number, const std::string& typeId) {
+        return formatFixedPoint(number, places, &typeId, trims, symbols().records);
+      };
+      checkReadingBack(write(value, symbol), symbol, write);
+    }
+  }
+
+  void checkFractions() {
+    const auto precision = static_cast<unsigned char>(choices_.below(10));
+    const std::size_t denominator = std::size_t{1} << precision;
+    const std::size_t numerator = choices_.below(denominator);
+    const std::size_t divisor = std::gcd(numerator, denominator);
+    const std::size_t inches = choices_.below(12);
+    const bool hasHyphen = choices_.oneIn(2);
+    std::string text = sign() + number(65536) + (hasHyphen ? "' - " : "' ");
+    if (inches != 0 || numerator == 0) text += std::to_string(inches);
+    if (inches != 0 && numerator != 0) text += ' ';
+    if (numerator != 0)
+      text += std::to_string(numerator / divisor) + "/" + std::to_string(denominator / divisor);
+    checkReadingBack(text + '"', feet, [&](double value, const std::string&) {
+      const std::string layout = hasHyphen ? feetHyphen : feet;
+      return formatFractional(value, precision, &layout, symbols().records);
+    });
+  }
+
+  void checkDecimals() {
+    const auto write = [](double value, const std::string& typeId) {
+      return formatFixedPoint(value, 1, &typeId, false, symbols().records);
+    };
+    const std::string tenths = "." + number(10);
+    checkReadingBack(
+        sign() + number(360) + "\xC2\xB0 " + number(60) + "' " + number(60) + tenths + '"', degrees,
+        write);
+    checkReadingBack(sign() + number(65536) + "m " + number(100) + tenths + "cm", meters, write);
+    checkReadingBack(sign() + number(65536) + "' " + number(12) + tenths + '"', feet, write);
+  }
+
+ private:
+  std::string number(std::size_t limit) { return std::to_string(choices_.below(limit)); }
+  std::string sign() { return choices_.oneIn(2) ? "-" : ""; }
+
+  Choices& choices_;
+};
+
+/// Registries of symbols that share texts, searched by index and by walking.
+class SymbolWalk {
+ public:
+  explicit SymbolWalk(Choices& choices) : choices_(choices) {
+    for (std::size_t batches = choices_.below(4); batches > 0; --batches) {
+      RecordMap<Symbol> batch;
+      for (std::size_t count = choices_.below(12); count > 0; --count) {
+        const Symbol symbol = anySymbol();
+        if (symbols_.count(symbol.getTypeId()) == 0) batch.emplace(symbol.getTypeId(), symbol);
+      }
+      SymbolTexts more(batch);
+      symbols_.merge(batch);
+      texts_.merge(std::move(more));
+    }
+  }
+
+  void check() {
+    for (std::size_t form = 0; form < specialSymbolKeys.size(); ++form)
+      demand(texts_.composite(static_cast<CompositeForm>(form)) ==
+                 firstWithKey(specialSymbolKeys[form]),
+             specialSymbolKeys[form]);
+    for (int probe = 0; probe < 16; ++probe) {
+      const ExactText exact(anyText(6));
+      const std::string_view text = exact;
+      demand(texts_.withText(text) ==
+                 longest([&](const auto& shown) { return shown.getText() == text; }),
+             text);
+      demand(texts_.longestAtStart(text, std::nullopt) ==
+                 longest([&](const auto& shown) { return beginsWith(text, shown.getText()); }),
+             text);
+      for (const Placement placement : {Placement::Prefix, Placement::Suffix})
+        demand(texts_.longestAtStart(text, placement) == longest([&](const auto& shown) {
+                 return shown.getPlacement() == placement && beginsWith(text, shown.getText());
+               }),
+               text);
+    }
+  }
+
+ private:
+  std::string anyText(std::size_t most) {
+    static const char* const pieces[] = {"a",  "a",        "b",    "m", "/", " ",
+                                         "^2", "\xC2\xB0", "\xCE", "Z", "-"};
+    return choices_.text(pieces, most);
+  }
+
+  Symbol anySymbol() {
+    static const Unit unit("unit", "unit", System::Metric, PrimitiveUnitComponent());
+    std::string typeId = std::to_string(choices_.below(1000));
+    const Placement placement = choices_.oneIn(2) ? Placement::Prefix : Placement::Suffix;
+    if (!choices_.oneIn(4)) return {typeId, unit, PrefixOrSuffix(anyText(4), placement, true)};
+    for (const std::string_view key : specialSymbolKeys)
+      if (choices_.oneIn(3)) typeId += key;
+    return {typeId, unit, std::nullopt};
+  }
+
+  template <class Fits>
+  const Symbol* longest(const Fits& fits) const {
+    const Symbol* best = nullptr;
+    std::size_t bestLength = 0;
+    for (const auto& [typeId, symbol] : symbols_) {
+      const auto shown = symbol.getPrefixOrSuffix();
+      if (!shown || !fits(*shown) || shown->getText().size() <= bestLength) continue;
+      best = &symbol;
+      bestLength = shown->getText().size();
+    }
+    return best;
+  }
+
+  static bool beginsWith(std::string_view text, const std::string& word) {
+    return text.substr(0, word.size()) == word &&
+           (text.size() == word.size() ||
+            std::string("abmZ").find(text[word.size()]) == std::string::npos);
+  }
+
+  const Symbol* firstWithKey(std::string_view key) const {
+    for (const auto& [typeId, symbol] : symbols_)
+      if (!symbol.getPrefixOrSuffix() && typeId.find(key) != std::string::npos) return &symbol;
+    return nullptr;
+  }
+
+  Choices& choices_;
+  RecordMap<Symbol> symbols_;
+  SymbolTexts texts_;
+};
+
+/// What numbers and composite literals are made of.
+const std::string pieces[] = {
+    "0x",    "0X", "0",  "1",   "9",   "7fa", "D",    ".",        ".",   "e",   "E",  "p",   "P",
+    "+",     "-",  " ",  "\t",  "\v",  "e-",  "p+",   "inf",      "NaN", "(1)", "i",  "308", "324",
+    "99999", "f8", "00", "123", "p-9", "e12", "a",    "8",        " ",   "'",   "\"", "''",  "ft",
+    "in",    "m",  "cm", "/",   "x",   "*",   "inch", "\xC2\xB0", "$",   "kg",  "m^2"};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  Choices choices(data, size);
+  if (choices.takes('#')) {
+    WrittenTexts written(choices);
+    written.checkNumbers();
+    written.checkFractions();
+    written.checkDecimals();
+    SymbolWalk(choices).check();
+  } else if (choices.takes('%')) {
+    const double value =
+        choices.oneIn(2) ? static_cast<double>(choices.bits()) / 1e6 : choices.anyDouble();
+    checkFixed(value, static_cast<unsigned char>(choices.below(13)));
+    checkDisplay(value, choices);
+    for (int count = 0; count < 16; ++count) {
+      const std::string text = choices.text(pieces, 9);
+      checkNumber(text);
+      checkText(text);
+    }
+  } else {
+    const std::string text = choices.rest();
+    checkNumber(text);
+    checkText(text);
+  }
+  return 0;
+}

@@ -1,0 +1,61 @@
+#include "tests/robustness/FileLoads.h"
+
+#include <dirent.h>
+#include <dlfcn.h>
+
+#include <cstdio>
+
+#include "tests/support/Heap.h"
+
+#if !defined(TRELVON_TESTS_SANITIZED)
+
+extern "C" {
+
+std::FILE* fopen(const char* path, const char* mode) {
+  using Open = std::FILE*(const char*, const char*);
+  heap::pause(true);  // where it is first found
+  static Open* const open = reinterpret_cast<Open*>(::dlsym(RTLD_NEXT, "fopen"));
+  heap::pause(false);
+  return open(path, mode);
+}
+
+dirent* readdir(DIR* folder) {
+  using Read = dirent*(DIR*);
+  static Read* const read = reinterpret_cast<Read*>(::dlsym(RTLD_NEXT, "readdir"));
+  heap::pause(true);
+  return read(folder);
+}
+
+}  // extern "C"
+
+#endif
+
+FileLoads::FileLoads() {
+  int number = 0;
+  for (const std::string& text : sampleSchemas())
+    tree_.write("sub/" + std::to_string(++number) + ".json", text);
+  std::vector<std::string> texts = sampleSchemas();
+  texts.back().insert(0, 100000, ' ');  // longer than what is read at a time
+  tree_.write("bundle", bundleOf(texts));
+}
+
+Operation FileLoads::folder() const {
+  Operation load =
+      loading("addDefinitionsFromFolder, each file", [root = tree_.path().string()](auto& e) {
+        Schemas::SchemaUtility::addDefinitionsFromFolder(root, e);
+      });
+  load.startsPaused = true;
+  return load;
+}
+
+Operation FileLoads::bundle() const {
+  return loading("addDefinitionsFromFile", [file = tree_.path("bundle").string()](auto& e) {
+    Schemas::SchemaBundle::addDefinitionsFromFile(file, e);
+  });
+}
+
+Operation FileLoads::missingBundle() const {
+  return loading("addDefinitionsFromFile, refused", [file = tree_.path("none").string()](auto& e) {
+    Schemas::SchemaBundle::addDefinitionsFromFile(file, e);
+  });
+}
