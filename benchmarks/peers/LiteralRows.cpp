@@ -32,7 +32,7 @@ constexpr std::array<Literal, 12> literals = {{{"12.5 kg", 12.5, "kg"},
                                                {"1500 J", 1500, "J"}}};
 
 struct Symbols {
-  Units::RecordMap<Units::Symbol> records = catalogue().getSymbols();
+  Units::RecordStore<Units::Symbol> records{catalogue().getSymbols()};
   Units::SymbolTexts texts{records};
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <TrelvonUnits/Export.h>
+#include <TrelvonUnits/Shared.h>
 
 #include <string>
 
@@ -17,8 +18,9 @@ class TRELVONUNITS_API AbsoluteUnitComponent {
   /// @param offset      counted in parent units; any double.
   AbsoluteUnitComponent(const std::string& parentUnit, double offset);
 
-  AbsoluteUnitComponent(const AbsoluteUnitComponent& other);
-  AbsoluteUnitComponent(AbsoluteUnitComponent&& other);  ///< Copies; `other` stays readable.
+  AbsoluteUnitComponent(const AbsoluteUnitComponent& other) noexcept;
+  AbsoluteUnitComponent(
+      AbsoluteUnitComponent&& other) noexcept;  ///< Copies; `other` stays readable.
   ~AbsoluteUnitComponent();
   AbsoluteUnitComponent& operator=(const AbsoluteUnitComponent&) = delete;
 
@@ -28,8 +30,8 @@ class TRELVONUNITS_API AbsoluteUnitComponent {
  private:
   friend struct RecordAccess;  // reads in place inside the library
 
-  const std::string parentUnit_;
-  const double offset_;
+  struct Contents;
+  const Shared<Contents> contents_;
 };
 
 }  // namespace Units

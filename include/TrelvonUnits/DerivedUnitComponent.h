@@ -2,6 +2,7 @@
 
 #include <TrelvonUnits/Export.h>
 #include <TrelvonUnits/FactorComponent.h>
+#include <TrelvonUnits/Shared.h>
 
 #include <map>
 #include <string>
@@ -20,8 +21,8 @@ class TRELVONUNITS_API DerivedUnitComponent {
   DerivedUnitComponent(const std::map<std::string, int>& parentUnitPowers,
                        const FactorComponent& factorComponent);
 
-  DerivedUnitComponent(const DerivedUnitComponent& other);
-  DerivedUnitComponent(DerivedUnitComponent&& other);  ///< Copies; `other` stays readable.
+  DerivedUnitComponent(const DerivedUnitComponent& other) noexcept;
+  DerivedUnitComponent(DerivedUnitComponent&& other) noexcept;  ///< Copies; `other` stays readable.
   ~DerivedUnitComponent();
   DerivedUnitComponent& operator=(const DerivedUnitComponent&) = delete;
 
@@ -31,8 +32,8 @@ class TRELVONUNITS_API DerivedUnitComponent {
  private:
   friend struct RecordAccess;  // reads in place inside the library
 
-  const std::map<std::string, int> parentUnitPowers_;
-  const FactorComponent factorComponent_;
+  struct Contents;
+  const Shared<Contents> contents_;
 };
 
 }  // namespace Units

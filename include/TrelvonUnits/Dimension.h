@@ -1,6 +1,7 @@
 #pragma once
 
 #include <TrelvonUnits/Export.h>
+#include <TrelvonUnits/Shared.h>
 
 #include <string>
 
@@ -13,8 +14,8 @@ class TRELVONUNITS_API Dimension {
   /// @param typeId  names the dimension; an engine refuses an empty one when it is added.
   Dimension(std::string typeId);
 
-  Dimension(const Dimension& other);
-  Dimension(Dimension&& other);  ///< Copies; `other` stays readable.
+  Dimension(const Dimension& other) noexcept;
+  Dimension(Dimension&& other) noexcept;  ///< Copies; `other` stays readable.
   ~Dimension();
   Dimension& operator=(const Dimension&) = delete;
 
@@ -29,7 +30,8 @@ class TRELVONUNITS_API Dimension {
  private:
   friend struct RecordAccess;  // reads in place inside the library
 
-  const std::string typeId_;
+  struct Contents;
+  const Shared<Contents> contents_;
 };
 
 }  // namespace Units

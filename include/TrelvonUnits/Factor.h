@@ -2,6 +2,7 @@
 
 #include <TrelvonUnits/Export.h>
 #include <TrelvonUnits/FactorComponent.h>
+#include <TrelvonUnits/Shared.h>
 
 #include <string>
 
@@ -14,8 +15,8 @@ class TRELVONUNITS_API Factor {
   /// @param factorComponent  its value.
   Factor(const std::string& typeId, const FactorComponent& factorComponent);
 
-  Factor(const Factor& other);
-  Factor(Factor&& other);  ///< Copies; `other` stays readable.
+  Factor(const Factor& other) noexcept;
+  Factor(Factor&& other) noexcept;  ///< Copies; `other` stays readable.
   ~Factor();
   Factor& operator=(const Factor&) = delete;
 
@@ -31,8 +32,8 @@ class TRELVONUNITS_API Factor {
  private:
   friend struct RecordAccess;  // reads in place inside the library
 
-  const std::string typeId_;
-  const FactorComponent factorComponent_;
+  struct Contents;
+  const Shared<Contents> contents_;
 };
 
 }  // namespace Units

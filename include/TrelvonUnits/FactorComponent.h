@@ -1,6 +1,7 @@
 #pragma once
 
 #include <TrelvonUnits/Export.h>
+#include <TrelvonUnits/Shared.h>
 
 #include <map>
 #include <string>
@@ -19,8 +20,8 @@ class TRELVONUNITS_API FactorComponent {
   ///                            refuses exponents of 0 and unknown ids when a record is added.
   FactorComponent(double factor = 1.0, const std::map<std::string, int>& parentFactorPowers = {});
 
-  FactorComponent(const FactorComponent& other);
-  FactorComponent(FactorComponent&& other);  ///< Copies; `other` stays readable.
+  FactorComponent(const FactorComponent& other) noexcept;
+  FactorComponent(FactorComponent&& other) noexcept;  ///< Copies; `other` stays readable.
   ~FactorComponent();
   FactorComponent& operator=(const FactorComponent&) = delete;
 
@@ -30,8 +31,8 @@ class TRELVONUNITS_API FactorComponent {
  private:
   friend struct RecordAccess;  // reads in place inside the library
 
-  const double factor_;
-  const std::map<std::string, int> parentFactorPowers_;
+  struct Contents;
+  const Shared<Contents> contents_;
 };
 
 }  // namespace Units

@@ -2,6 +2,7 @@
 
 #include <TrelvonUnits/Export.h>
 #include <TrelvonUnits/Placement.h>
+#include <TrelvonUnits/Shared.h>
 
 #include <string>
 
@@ -15,8 +16,8 @@ class TRELVONUNITS_API PrefixOrSuffix {
   /// @param hasSpace   whether one space stands between text and number.
   PrefixOrSuffix(const std::string& text, Placement placement, bool hasSpace);
 
-  PrefixOrSuffix(const PrefixOrSuffix& other);
-  PrefixOrSuffix(PrefixOrSuffix&& other);  ///< Copies; `other` stays readable.
+  PrefixOrSuffix(const PrefixOrSuffix& other) noexcept;
+  PrefixOrSuffix(PrefixOrSuffix&& other) noexcept;  ///< Copies; `other` stays readable.
   ~PrefixOrSuffix();
   PrefixOrSuffix& operator=(const PrefixOrSuffix&) = delete;
 
@@ -27,9 +28,8 @@ class TRELVONUNITS_API PrefixOrSuffix {
  private:
   friend struct RecordAccess;  // reads in place inside the library
 
-  const std::string text_;
-  const Placement placement_;
-  const bool space_;
+  struct Contents;
+  const Shared<Contents> contents_;
 };
 
 }  // namespace Units

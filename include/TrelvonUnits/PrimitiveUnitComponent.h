@@ -2,6 +2,7 @@
 
 #include <TrelvonUnits/Dimension.h>
 #include <TrelvonUnits/Export.h>
+#include <TrelvonUnits/Shared.h>
 
 #include <optional>
 
@@ -15,8 +16,9 @@ class TRELVONUNITS_API PrimitiveUnitComponent {
  public:
   PrimitiveUnitComponent(const std::optional<Dimension>& dimension = std::nullopt);
 
-  PrimitiveUnitComponent(const PrimitiveUnitComponent& other);
-  PrimitiveUnitComponent(PrimitiveUnitComponent&& other);  ///< Copies; `other` stays readable.
+  PrimitiveUnitComponent(const PrimitiveUnitComponent& other) noexcept;
+  PrimitiveUnitComponent(
+      PrimitiveUnitComponent&& other) noexcept;  ///< Copies; `other` stays readable.
   ~PrimitiveUnitComponent();
   PrimitiveUnitComponent& operator=(const PrimitiveUnitComponent&) = delete;
 
@@ -25,7 +27,8 @@ class TRELVONUNITS_API PrimitiveUnitComponent {
  private:
   friend struct RecordAccess;  // reads in place inside the library
 
-  const std::optional<Dimension> dimension_;
+  struct Contents;
+  const Shared<Contents> contents_;
 };
 
 }  // namespace Units

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <TrelvonUnits/Export.h>
+#include <TrelvonUnits/Shared.h>
 #include <TrelvonUnits/Unit.h>
 
 #include <string>
@@ -17,8 +18,8 @@ class TRELVONUNITS_API Quantity {
   ///                each by its own unit of that type id when the quantity is added.
   Quantity(const std::string& typeId, const std::string& name, const std::vector<Unit>& units);
 
-  Quantity(const Quantity& other);
-  Quantity(Quantity&& other);  ///< Copies; `other` stays readable.
+  Quantity(const Quantity& other) noexcept;
+  Quantity(Quantity&& other) noexcept;  ///< Copies; `other` stays readable.
   ~Quantity();
   Quantity& operator=(const Quantity&) = delete;
 
@@ -35,9 +36,8 @@ class TRELVONUNITS_API Quantity {
  private:
   friend struct RecordAccess;  // reads in place inside the library
 
-  const std::string typeId_;
-  const std::string name_;
-  const std::vector<Unit> units_;
+  struct Contents;
+  const Shared<Contents> contents_;
 };
 
 }  // namespace Units

@@ -2,6 +2,7 @@
 
 #include <TrelvonUnits/Export.h>
 #include <TrelvonUnits/PrefixOrSuffix.h>
+#include <TrelvonUnits/Shared.h>
 #include <TrelvonUnits/Unit.h>
 
 #include <optional>
@@ -22,8 +23,8 @@ class TRELVONUNITS_API Symbol {
   Symbol(const std::string& typeId, const Unit& unit,
          const std::optional<PrefixOrSuffix>& prefixOrSuffix);
 
-  Symbol(const Symbol& other);
-  Symbol(Symbol&& other);  ///< Copies; `other` stays readable.
+  Symbol(const Symbol& other) noexcept;
+  Symbol(Symbol&& other) noexcept;  ///< Copies; `other` stays readable.
   ~Symbol();
   Symbol& operator=(const Symbol&) = delete;
 
@@ -40,9 +41,8 @@ class TRELVONUNITS_API Symbol {
  private:
   friend struct RecordAccess;  // reads in place inside the library
 
-  const std::string typeId_;
-  const Unit unit_;
-  const std::optional<PrefixOrSuffix> prefixOrSuffix_;
+  struct Contents;
+  const Shared<Contents> contents_;
 };
 
 }  // namespace Units

@@ -4,11 +4,11 @@
 #include <TrelvonUnits/DerivedUnitComponent.h>
 #include <TrelvonUnits/Export.h>
 #include <TrelvonUnits/PrimitiveUnitComponent.h>
+#include <TrelvonUnits/Shared.h>
 #include <TrelvonUnits/System.h>
 
 #include <optional>
 #include <string>
-#include <variant>
 
 namespace Units {
 
@@ -27,8 +27,8 @@ class TRELVONUNITS_API Unit {
   Unit(const std::string& typeId, const std::string& name, System unitSystem,
        const PrimitiveUnitComponent& component);
 
-  Unit(const Unit& other);
-  Unit(Unit&& other);  ///< Copies; `other` stays readable.
+  Unit(const Unit& other) noexcept;
+  Unit(Unit&& other) noexcept;  ///< Copies; `other` stays readable.
   ~Unit();
   Unit& operator=(const Unit&) = delete;
 
@@ -50,11 +50,8 @@ class TRELVONUNITS_API Unit {
  private:
   friend struct RecordAccess;  // reads in place inside the library
 
-  const std::string typeId_;
-  const std::string name_;
-  const System unitSystem_;
-  const std::variant<AbsoluteUnitComponent, DerivedUnitComponent, PrimitiveUnitComponent>
-      component_;
+  struct Contents;
+  const Shared<Contents> contents_;
 };
 
 }  // namespace Units

@@ -1,5 +1,6 @@
 #include "engine/Conversion.h"
 
+#include "model/CompatiblePowers.h"
 #include "model/RecordAccess.h"
 
 #include <TrelvonUnits/Exceptions.h>
@@ -29,7 +30,7 @@ bool withRule(const std::string& fromUnitTypeId, const std::string& toUnitTypeId
               Reducer::Purpose purpose, const Registries& registries, Use use) {
   const auto& from = lookUpNode(registries.units.objects, fromUnitTypeId);
   const auto& to = lookUpNode(registries.units.objects, toUnitTypeId);
-  if (!areOfOneSort(from, to)) return false;
+  if (!areBothAbsoluteOrRelative(from, to)) return false;
   Reducer reducer(purpose);
   ConversionRule rule{reducer.reduce(from), reducer.reduce(to), false};
   if (!arePowersCompatible(rule.from.powers, rule.to.powers, rule.inverted)) return false;
@@ -39,7 +40,7 @@ bool withRule(const std::string& fromUnitTypeId, const std::string& toUnitTypeId
 
 }  // namespace
 
-bool areOfOneSort(const RecordNode<Unit>& a, const RecordNode<Unit>& b) {
+bool areBothAbsoluteOrRelative(const RecordNode<Unit>& a, const RecordNode<Unit>& b) {
   return a.isAbsolute == b.isAbsolute;
 }
 

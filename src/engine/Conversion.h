@@ -9,7 +9,7 @@ namespace Units {
 
 /// Whether two units are both absolute or both relative. An absolute unit has a zero of its own, so
 /// that it never converts into a relative one.
-bool areOfOneSort(const RecordNode<Unit>& a, const RecordNode<Unit>& b);
+bool areBothAbsoluteOrRelative(const RecordNode<Unit>& a, const RecordNode<Unit>& b);
 
 /// The operations of the engine's interface, which says what they do and throw.
 double convertValue(double value, const std::string& fromUnitTypeId,

@@ -8,7 +8,7 @@ namespace Units {
 
 namespace {
 
-bool isBefore(const Power& a, const Power& b) { return std::less<>()(a.parent, b.parent); }
+bool isBefore(const Power& a, const Power& b) { return std::less<>()(a.unit, b.unit); }
 
 /// Whether each comes before the next: then there is nothing to add up.
 bool isInOrder(const Power* begin, const Power* end) {
@@ -30,21 +30,21 @@ void orderFew(Power* begin, Power* end) {
 
 }  // namespace
 
-void sumUp(Powers& powers, std::size_t first) {
-  constexpr std::size_t few = 8;
+void combinePowers(Powers& powers, std::size_t first) {
+  constexpr std::size_t mostInserted = 8;
   Power* const begin = powers.begin() + first;
   if (isInOrder(begin, powers.end())) return;
-  if (powers.size() - first <= few)
+  if (powers.size() - first <= mostInserted)
     orderFew(begin, powers.end());
   else
     std::sort(begin, powers.end(), isBefore);
 
   Power* end = begin;
   for (Power* next = begin; next != powers.end();) {
-    const auto* const unit = next->parent;
+    const auto* const unit = next->unit;
     std::int64_t sum = 0;  // of 32 bits each: no count of them that fits in memory overflows it
-    for (; next != powers.end() && next->parent == unit; ++next) sum += next->exponent;
-    *end++ = {unit, saturate(sum)};
+    for (; next != powers.end() && next->unit == unit; ++next) sum += next->exponent;
+    *end++ = {unit, sum};
   }
   powers.setEnd(end);
 }
@@ -52,7 +52,7 @@ void sumUp(Powers& powers, std::size_t first) {
 PrimitivePowers toPrimitivePowers(const Powers& powers) {
   PrimitivePowers byTypeId;
   for (const auto& [unit, exponent] : powers)
-    byTypeId.emplace(RecordAccess::typeId(*unit->record), exponent);
+    byTypeId.emplace(RecordAccess::typeId(unit->record), static_cast<int>(exponent));
   return byTypeId;
 }
 

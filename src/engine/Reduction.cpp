@@ -22,19 +22,18 @@ double power(double base, int exponent) {
   return exponent == 1 || base == 1.0 ? base : std::pow(base, static_cast<double>(exponent));
 }
 
+/// Adds the powers of a simple unit, each `exponent` times, to the end of a list.
+void append(Powers& powers, const RecordNode<Unit>& simple, int exponent) {
+  for (const auto& [unit, own] : simple.parents)
+    powers.push_back({unit, saturate(std::int64_t{own} * exponent)});
+}
+
 /// Writes powers, each `exponent` times, to `target`. Those of 0 are gone.
 /// @return  the end of what was written.
 Power* multiply(const Power* first, const Power* last, int exponent, Power* target) {
   for (; first != last; ++first)
-    if (first->exponent != 0)
-      *target++ = {first->parent, saturate(std::int64_t{first->exponent} * exponent)};
+    if (first->exponent != 0) *target++ = {first->unit, saturate(first->exponent * exponent)};
   return target;
-}
-
-/// Adds powers, each `exponent` times, to the end of a list. Those of 0 are gone.
-void append(Powers& powers, const Power* first, const Power* last, int exponent) {
-  powers.reserve(powers.size() + static_cast<std::size_t>(last - first));
-  powers.setEnd(multiply(first, last, exponent, powers.end()));
 }
 
 }  // namespace
@@ -43,13 +42,13 @@ ReducedUnit Reducer::reduce(const RecordNode<Unit>& unit) {
   ReducedUnit reduced{1.0, 0.0, {}};
   const RecordNode<Unit>* relative = &unit;
   if (unit.isAbsolute) {
-    reduced.offset = RecordAccess::offset(*RecordAccess::absolute(*unit.record));
+    reduced.offset = RecordAccess::offset(*RecordAccess::absolute(unit.record));
     relative = unit.parents[0].parent;
   }
   if (relative->isSimple) {  // no way down: its parents' factors are all 1
     reduced.factor = ownFactor(*relative);
-    append(reduced.powers, relative->parents.begin(), relative->parents.end(), 1);
-    sumUp(reduced.powers, 0);
+    append(reduced.powers, *relative, 1);
+    combinePowers(reduced.powers, 0);
   } else if (const KnownUnit* const known = units_.find(relative)) {
     reduced.factor = known->factor;
     const Power* const first = knownPowers_.begin() + known->firstPower;
@@ -77,20 +76,22 @@ double Reducer::reduceRelative(const RecordNode<Unit>& unit, Powers& powers) {
 /// Puts a unit on the path, whose powers will follow those so far.
 void Reducer::enter(const RecordNode<Unit>& unit, const Powers& powers) {
   if (unit.isAbsolute)
-    throw IncompatibleUnitsException("Parent unit " + RecordAccess::typeId(*unit.record) +
+    throw IncompatibleUnitsException("Parent unit " + RecordAccess::typeId(unit.record) +
                                      " is absolute, but all parent units must be relative.");
-  path_.push_back({&unit, ownFactor(unit), 0, powers.size(), work_});
+  const std::size_t workBefore = work_;
+  path_.push_back({&unit, ownFactor(unit), 0, powers.size(), powers.size() + mostUncombined, workBefore});
 }
 
 /// Multiplies the next parent of the last unit on the path in, or puts it on the path.
 void Reducer::takeNextParent(Powers& powers) {
   UnitStep& step = path_.back();
+  combineIfMany(step, powers);
   const auto& [parent, exponent] = step.unit->parents[step.next];
   const std::size_t before = powers.size();
   double factor = 1.0;
   if (parent->isSimple) {  // reduced as quickly as remembered
     factor = ownFactor(*parent);
-    append(powers, parent->parents.begin(), parent->parents.end(), exponent);
+    append(powers, *parent, exponent);
   } else if (const KnownUnit* const known = units_.find(parent)) {
     factor = recall(*known, exponent, powers);
   } else {
@@ -101,12 +102,22 @@ void Reducer::takeNextParent(Powers& powers) {
   work_ += 1 + powers.size() - before;
 }
 
+/// Adds up the powers that a unit on the path has so far when they are twice as many as they were
+/// then: parents that share primitive units cost no more memory than those have.
+void Reducer::combineIfMany(UnitStep& step, Powers& powers) {
+  if (powers.size() < step.mostPowers) return;
+  combinePowers(powers, step.firstPower);
+  step.mostPowers = 2 * powers.size() - step.firstPower + mostUncombined;
+}
+
 /// Takes the last unit, which has all its parents, off the path, and multiplies it into the one
 /// before, if there is one.
 /// @return  its factor.
 double Reducer::finish(Powers& powers) {
   const UnitStep done = path_.back();
-  sumUp(powers, done.firstPower);
+  combinePowers(powers, done.firstPower);
+  for (Power* power = powers.begin() + done.firstPower; power != powers.end(); ++power)
+    power->exponent = saturate(power->exponent);
   remember(done, powers);
   path_.pop_back();
   if (path_.empty()) return done.factor;
@@ -121,8 +132,8 @@ double Reducer::finish(Powers& powers) {
 
 /// Remembers a unit that is reduced if that is quicker than to reduce it again.
 void Reducer::remember(const UnitStep& done, const Powers& powers) {
-  constexpr std::size_t little = 16;
-  if (purpose_ != Purpose::Listing && work_ - done.workBefore < little) return;
+  constexpr std::size_t leastWork = 16;
+  if (purpose_ != Purpose::Listing && work_ - done.workBefore < leastWork) return;
   const KnownUnit known = {done.factor, knownPowers_.size(), powers.size() - done.firstPower};
   knownPowers_.append(powers.begin() + done.firstPower, powers.end());
   units_.remember(done.unit, known);
@@ -132,13 +143,15 @@ void Reducer::remember(const UnitStep& done, const Powers& powers) {
 /// @return  its factor.
 double Reducer::recall(const KnownUnit& known, int exponent, Powers& powers) const {
   const Power* const first = knownPowers_.begin() + known.firstPower;
-  append(powers, first, first + known.powerCount, exponent);
+  powers.reserve(powers.size() + known.powerCount);
+  powers.setEnd(multiply(first, first + known.powerCount, exponent, powers.end()));
   return known.factor;
 }
 
 /// The factor of a unit beside those of its parents.
 double Reducer::ownFactor(const RecordNode<Unit>& unit) {
   if (purpose_ != Purpose::Conversion) return 1.0;
+  work_ += unit.parentFactors.size();
   double factor = unit.ownFactor;
   for (const auto& [parent, exponent] : unit.parentFactors)
     factor *= power(valueOf(*parent), exponent);

@@ -48,6 +48,7 @@ class Reducer {
     double factor;
     std::size_t next;
     std::size_t firstPower;  // its powers so far are those from here on
+    std::size_t mostPowers;  // when there are so many in all, its own are added up
     std::size_t workBefore;  // when it was entered
   };
   struct FactorStep {
@@ -63,9 +64,12 @@ class Reducer {
     std::size_t powerCount;
   };
 
+  static constexpr std::size_t mostUncombined = 64;
+
   double reduceRelative(const RecordNode<Unit>& unit, Powers& powers);
   void enter(const RecordNode<Unit>& unit, const Powers& powers);
   void takeNextParent(Powers& powers);
+  void combineIfMany(UnitStep& step, Powers& powers);
   double finish(Powers& powers);
   void remember(const UnitStep& done, const Powers& powers);
   double recall(const KnownUnit& known, int exponent, Powers& powers) const;
@@ -73,7 +77,7 @@ class Reducer {
   double valueOf(const RecordNode<Factor>& factor);
 
   const Purpose purpose_;
-  std::size_t work_ = 0;  // powers looked at so far, the measure of what took long
+  std::size_t work_ = 0;  // powers and factors looked at so far, the measure of what took long
   Memo<RecordNode<Unit>, KnownUnit> units_;
   Powers knownPowers_;
   Memo<RecordNode<Factor>, double> factors_;

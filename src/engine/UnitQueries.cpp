@@ -1,6 +1,7 @@
 #include "engine/UnitQueries.h"
 
 #include "engine/Conversion.h"
+#include "model/CompatiblePowers.h"
 #include "model/RecordAccess.h"
 
 #include <algorithm>
@@ -13,8 +14,8 @@ namespace {
 template <class Record, class Predicate>
 RecordMap<Record> select(const RecordStore<Record>& records, Predicate accepts) {
   RecordMap<Record> selected;
-  for (const auto& [typeId, record] : records.records())
-    if (accepts(record)) selected.emplace_hint(selected.end(), typeId, record);
+  for (const auto& [typeId, node] : records.nodes())
+    if (accepts(node.record)) selected.emplace_hint(selected.end(), typeId, node.record);
   return selected;
 }
 
@@ -23,7 +24,7 @@ template <class Predicate>
 RecordMap<Unit> selectUnits(const RecordStore<Unit>& units, Predicate accepts) {
   RecordMap<Unit> selected;
   for (const auto& [typeId, node] : units.nodes())
-    if (accepts(node)) selected.emplace(typeId, *node.record);
+    if (accepts(node)) selected.emplace_hint(selected.end(), typeId, node.record);
   return selected;
 }
 
@@ -44,13 +45,13 @@ RecordMap<Unit> primitiveUnitsOfDimension(const std::optional<Dimension>& dimens
 
 RecordMap<Unit> convertibleUnits(const std::string& unitTypeId, const Registries& registries) {
   const RecordStore<Unit>& units = registries.units.objects;
-  if (units.empty()) return {};  // without a unit to compare with, the id is not looked up
+  if (units.size() == 0) return {};  // without a unit to compare with, the id is not looked up
   const RecordNode<Unit>& from = lookUpNode(units, unitTypeId);
-  Reducer reducer(units.records().size());
+  Reducer reducer(units.size());
   const ReducedUnit reduced = reducer.reduce(from);
   return selectUnits(units, [&](const RecordNode<Unit>& unit) {
     bool inverted = false;
-    return areOfOneSort(from, unit) &&
+    return areBothAbsoluteOrRelative(from, unit) &&
            arePowersCompatible(reduced.powers, reducer.reduce(unit).powers, inverted);
   });
 }
@@ -61,8 +62,8 @@ RecordMap<Unit> unitsWithPrimitivePowers(const PrimitivePowers& powers,
   Powers wanted;
   for (const auto& [typeId, exponent] : powers)
     wanted.push_back({&lookUpNode(units, typeId), exponent});
-  sumUp(wanted, 0);
-  Reducer reducer(units.records().size());
+  combinePowers(wanted, 0);
+  Reducer reducer(units.size());
   return selectUnits(units, [&](const RecordNode<Unit>& unit) {
     bool inverted = false;
     return arePowersCompatible(wanted, reducer.reduce(unit).powers, inverted) && !inverted;

@@ -1,10 +1,10 @@
 #include "engine/UnitsEngineImpl.h"
 
 #include "engine/Conversion.h"
-#include "engine/FormulaMath.h"
 #include "engine/Reduction.h"
 #include "engine/UnitQueries.h"
 #include "formula/Evaluation.h"
+#include "model/CompatiblePowers.h"
 #include "model/RecordAccess.h"
 #include "registry/AddRecord.h"
 #include "schema/Definitions.h"
@@ -45,8 +45,9 @@ std::string UnitsEngineImpl::formatFractional(double value, unsigned char precis
 double UnitsEngineImpl::evaluateExpressionInUnit(std::string unitTypeId, std::string formula,
                                                  VariableResolver resolver) const {
   const Unit& unit = lookUp(registries_.units.objects, unitTypeId);
+  FormulaUnits units = formulaUnits();
   return ::evaluateExpressionInUnit(unit, formula, std::move(resolver), registries_.symbolTexts,
-                                    FormulaMath(*this, registries_.units.objects));
+                                    *this, units);
 }
 
 double UnitsEngineImpl::evaluateExpressionInUnit(std::string unitTypeId,
@@ -56,8 +57,9 @@ double UnitsEngineImpl::evaluateExpressionInUnit(std::string unitTypeId,
 
 double UnitsEngineImpl::evaluateUnitlessExpression(std::string formula,
                                                    VariableResolver resolver) const {
-  return ::evaluateUnitlessExpression(formula, std::move(resolver), registries_.symbolTexts,
-                                      FormulaMath(*this, registries_.units.objects));
+  FormulaUnits units = formulaUnits();
+  return ::evaluateUnitlessExpression(formula, std::move(resolver), registries_.symbolTexts, *this,
+                                      units);
 }
 
 double UnitsEngineImpl::evaluateUnitlessExpression(std::string formula) const {
@@ -176,9 +178,12 @@ bool UnitsEngineImpl::arePowersCompatible(PrimitivePowers a, PrimitivePowers b,
 }
 
 void UnitsEngineImpl::reduceValue(const Unit& unit, double& value, UnitPowerMap& powers) const {
-  UnitPowers inPlace;
-  value = reduceToPrimitives(value, unit, *this, inPlace);
-  powers = toUnitPowerMap(inPlace);
+  double factor = 1.0;
+  double offset = 0.0;
+  PrimitivePowers reduced;
+  reduceUnit(unit, factor, offset, reduced);
+  value = (offset + value) * factor;
+  powers = UnitPowerMap(reduced.begin(), reduced.end());
 }
 
 const FunctionMap& UnitsEngineImpl::getFunctionMap() const { return functionMap_; }
@@ -188,15 +193,5 @@ const BinaryOperatorMap& UnitsEngineImpl::getBinaryOperatorMap() const {
 }
 
 const UnaryOperatorMap& UnitsEngineImpl::getUnaryOperatorMap() const { return unaryOperatorMap_; }
-
-void UnitsEngineImpl::reduceInPlace(const Unit& unit, double& factor, double& offset,
-                                    UnitPowers& powers) const {
-  Reducer reducer;
-  const ReducedUnit reduced =
-      reducer.reduce(lookUpNode(registries_.units.objects, RecordAccess::typeId(unit)));
-  factor = reduced.factor;
-  offset = reduced.offset;
-  toUnitPowers(reduced.powers, powers);
-}
 
 }  // namespace Units

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/FormulaUnits.h"
 #include "formula/UnitMath.h"
 #include "registry/Registries.h"
 
@@ -63,8 +64,9 @@ class UnitsEngineImpl final : public UnitsEngine, public UnitMath {
   const FunctionMap& getFunctionMap() const override;
   const BinaryOperatorMap& getBinaryOperatorMap() const override;
   const UnaryOperatorMap& getUnaryOperatorMap() const override;
-  void reduceInPlace(const Unit& unit, double& factor, double& offset,
-                     UnitPowers& powers) const override;
+
+  /// The units of this engine for one evaluation of a formula.
+  FormulaUnits formulaUnits() const { return FormulaUnits(registries_.units.objects); }
 
  private:
   Registries registries_;

@@ -12,28 +12,28 @@
 
 namespace {
 
-bool add(EvaluatedValue& left, const EvaluatedValue& right) {
-  if (!doPowersMatch(left.units(), right.units())) return false;
+bool add(EvaluatedValue& left, EvaluatedValue& right) {
+  if (!left.hasSameUnitsAs(right)) return false;
   left.value = right.value + left.value;
   return true;
 }
 
-bool subtract(EvaluatedValue& left, const EvaluatedValue& right) {
-  if (!doPowersMatch(left.units(), right.units())) return false;
+bool subtract(EvaluatedValue& left, EvaluatedValue& right) {
+  if (!left.hasSameUnitsAs(right)) return false;
   left.value = left.value - right.value;
   return true;
 }
 
-bool multiply(EvaluatedValue& left, const EvaluatedValue& right) {
+bool multiply(EvaluatedValue& left, EvaluatedValue& right) {
   left.value = right.value * left.value;
-  if (!right.units().empty()) multiplyPowers(left.changeableUnits(), right.units());
+  left.multiplyUnits(right);
   return true;
 }
 
-bool divide(EvaluatedValue& left, const EvaluatedValue& right) {
+bool divide(EvaluatedValue& left, EvaluatedValue& right) {
   if (Units::isNearZero(right.value)) return false;
   left.value = left.value / right.value;
-  if (!right.units().empty()) dividePowers(left.changeableUnits(), right.units());
+  left.divideUnits(right);
   return true;
 }
 
@@ -50,12 +50,12 @@ bool prepareBase(double& base, double& exponent) {
   return true;
 }
 
-bool raise(EvaluatedValue& left, const EvaluatedValue& right) {
-  if (!right.units().empty())
+bool raise(EvaluatedValue& left, EvaluatedValue& right) {
+  if (!right.isUnitless())
     throw Units::ParseException("Right-hand operand of the power operator must be unitless.");
   double exponent = right.value;
   if (!prepareBase(left.value, exponent) || !computePower(left.value, exponent)) return false;
-  if (!left.units().empty()) raisePowers(left.changeableUnits(), exponent);
+  if (!left.isUnitless()) left.changeableUnits().raiseTo(exponent);
   return true;
 }
 
@@ -69,7 +69,7 @@ void BinaryOperatorExpression::setOperands(std::unique_ptr<Expression> left,
 }
 
 bool BinaryOperatorExpression::apply(EvaluatedValues& values) const {
-  const EvaluatedValue right = std::move(values.back());
+  EvaluatedValue right = std::move(values.back());
   values.pop_back();
   EvaluatedValue& left = values.back();
   switch (op_) {

@@ -7,14 +7,18 @@
 
 /// A value of a formula and its units.
 ///
-/// Most units pass through unchanged from the literal that brought them, so they are borrowed from
-/// its node, which outlives the evaluation, and copied only by who changes or keeps them.
+/// Most units pass through unchanged from the unit that a literal names, so they are borrowed from
+/// its terms, which outlive the evaluation, and copied only by who changes or keeps them.
 class EvaluatedValue {
  public:
   explicit EvaluatedValue(double number) : value(number) {}
-  EvaluatedValue(double number, const UnitPowers& lender) : value(number), lent_(&lender) {}
+  EvaluatedValue(double number, const UnitPowers* lender) : value(number), lent_(lender) {}
 
-  const UnitPowers& units() const { return lent_ ? *lent_ : owned_; }
+  const UnitPowers& units() {
+    if (lent_) return *lent_;
+    owned_.settle();
+    return owned_;
+  }
 
   UnitPowers& changeableUnits() {
     if (lent_) {
@@ -22,6 +26,28 @@ class EvaluatedValue {
       lent_ = nullptr;
     }
     return owned_;
+  }
+
+  bool isUnitless() { return units().empty(); }
+
+  /// Whether values may be added. Units that are lent by one unit of the engine need no look.
+  bool hasSameUnitsAs(EvaluatedValue& other) {
+    return (lent_ && lent_ == other.lent_) || haveSamePowers(units(), other.units());
+  }
+
+  /// Makes this value's units those of its product with another, or of the quotient by it, whose
+  /// units are used up.
+  void multiplyUnits(EvaluatedValue& other) {
+    if (other.lent_)
+      changeableUnits().multiplyBy(*other.lent_);
+    else if (!other.owned_.empty())
+      changeableUnits().multiplyBy(std::move(other.owned_));
+  }
+  void divideUnits(EvaluatedValue& other) {
+    if (other.lent_)
+      changeableUnits().divideBy(*other.lent_);
+    else if (!other.owned_.empty())
+      changeableUnits().divideBy(std::move(other.owned_));
   }
 
   double value;

@@ -16,52 +16,40 @@ namespace {
   throw Units::ParseException("Unable to parse expression.");
 }
 
-/// A formula's tree, and its value, whose units may be borrowed from the tree.
-class Evaluation {
- public:
-  Evaluation(std::string_view formula, VariableResolver resolver, const Units::SymbolTexts& symbols,
-             const Units::UnitMath& unitMath)
-      : arena_(formula.size()) {
-    if (parseFormula(formula, arena_, root_, symbols, unitMath, std::move(resolver)))
-      result_ = root_->compute();
-    if (!result_) throwUnableToParse();
-  }
-
-  double value() const { return result_->value; }
-  const UnitPowers& units() const { return result_->units(); }
-
- private:
-  NodeArena arena_;
-  std::unique_ptr<Expression> root_;
-  std::optional<EvaluatedValue> result_;
-};
+/// The formula's value, whose units may be borrowed from `units`.
+EvaluatedValue evaluate(std::string_view formula, VariableResolver resolver,
+                        const Units::SymbolTexts& symbols, const Units::UnitMath& unitMath,
+                        UnitTermsSource& units) {
+  NodeArena arena(formula.size());
+  std::unique_ptr<Expression> root;
+  std::optional<EvaluatedValue> result;
+  if (parseFormula(formula, arena, root, symbols, unitMath, units, std::move(resolver)))
+    result = root->compute();
+  if (!result) throwUnableToParse();
+  return *std::move(result);
+}
 
 }  // namespace
 
 double evaluateExpressionInUnit(const Units::Unit& unit, std::string_view formula,
                                 VariableResolver resolver, const Units::SymbolTexts& symbols,
-                                const Units::UnitMath& unitMath) {
-  const Evaluation evaluation(formula, std::move(resolver), symbols, unitMath);
-  const double value = evaluation.value();
-  const UnitPowers& units = evaluation.units();
-  if (units.empty()) return value;
+                                const Units::UnitMath& unitMath, UnitTermsSource& units) {
+  EvaluatedValue result = evaluate(formula, std::move(resolver), symbols, unitMath, units);
+  if (result.isUnitless()) return result.value;
 
-  double factor = 1;
-  double offset = 0;
-  UnitPowers powers;
-  unitMath.reduceInPlace(unit, factor, offset, powers);
+  const UnitTerms& terms = units.termsOf(unit);
   bool inverted = false;
-  if (!Units::arePowersCompatible(truncatePowers(units), truncatePowers(powers), inverted))
+  if (!Units::arePowersCompatible(truncatePowers(result.units()), truncatePowers(terms.powers), inverted))
     throwUnableToParse();
-  return (inverted ? std::pow(value, -1.0) : value) / factor - offset;
+  return (inverted ? std::pow(result.value, -1.0) : result.value) / terms.factor - terms.offset;
 }
 
 double evaluateUnitlessExpression(std::string_view formula, VariableResolver resolver,
                                   const Units::SymbolTexts& symbols,
-                                  const Units::UnitMath& unitMath) {
-  const Evaluation evaluation(formula, std::move(resolver), symbols, unitMath);
-  if (!evaluation.units().empty()) throw Units::ParseException("Expression must be unitless.");
-  return evaluation.value();
+                                  const Units::UnitMath& unitMath, UnitTermsSource& units) {
+  EvaluatedValue result = evaluate(formula, std::move(resolver), symbols, unitMath, units);
+  if (!result.isUnitless()) throw Units::ParseException("Expression must be unitless.");
+  return result.value;
 }
 
 std::string rejectIdentifier(const std::string& identifier) {

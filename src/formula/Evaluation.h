@@ -1,6 +1,7 @@
 #pragma once
 
 #include "formula/UnitMath.h"
+#include "formula/UnitTerms.h"
 #include "model/SymbolTexts.h"
 
 #include <TrelvonUnits/Unit.h>
@@ -14,14 +15,14 @@
 ///                                else than the unit. What the resolver throws passes through.
 double evaluateExpressionInUnit(const Units::Unit& unit, std::string_view formula,
                                 VariableResolver resolver, const Units::SymbolTexts& symbols,
-                                const Units::UnitMath& unitMath);
+                                const Units::UnitMath& unitMath, UnitTermsSource& units);
 
 /// The value of a formula that must be unitless.
 /// @throws Units::ParseException  the formula cannot be read or evaluated, or has units. What the
 ///                                resolver throws passes through.
 double evaluateUnitlessExpression(std::string_view formula, VariableResolver resolver,
                                   const Units::SymbolTexts& symbols,
-                                  const Units::UnitMath& unitMath);
+                                  const Units::UnitMath& unitMath, UnitTermsSource& units);
 
 /// The resolver where a host gives none: no identifier stands for anything.
 /// @throws Units::ParseException  always.

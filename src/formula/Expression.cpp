@@ -3,7 +3,7 @@
 #include <utility>
 
 bool Expression::evaluate(double& value, UnitPowerMap& units) const {
-  const std::optional<EvaluatedValue> result = compute();
+  std::optional<EvaluatedValue> result = compute();
   if (!result) return false;
   value = result->value;
   units = toUnitPowerMap(result->units());

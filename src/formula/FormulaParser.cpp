@@ -27,9 +27,10 @@ bool endsInSeparator(const Units::Symbol* symbol) {
 
 bool parseFormula(std::string_view text, NodeArena& arena,
                   std::unique_ptr<Expression>& expressionOut, const Units::SymbolTexts& symbols,
-                  const Units::UnitMath& unitMath, VariableResolver resolver) {
+                  const Units::UnitMath& unitMath, UnitTermsSource& units,
+                  VariableResolver resolver) {
   FormulaTokenizer tokenizer(text, symbols, unitMath, std::move(resolver));
-  FormulaParser parser(arena, symbols, unitMath);
+  FormulaParser parser(arena, symbols, unitMath, units);
   FormulaToken token;
   while (tokenizer.nextToken(token))
     if (!parser.take(token)) return false;
@@ -110,7 +111,9 @@ bool FormulaParser::takeNumber(const FormulaToken& token) {
     throwUnexpectedParseError();
   // The sign belongs to the whole literal: -5' 6" is minus five feet six inches.
   if (dropUnaryMinus()) value = -value;
-  operands_.push_back(arena_.make<NumberConstantExpression>(value, symbol, unitMath_));
+  operands_.push_back(symbol ? arena_.make<NumberConstantExpression>(
+                                   value, units_.termsOf(Units::RecordAccess::unit(*symbol)))
+                             : arena_.make<NumberConstantExpression>(value));
   state_ = State::AfterOperand;
   return true;
 }
@@ -128,10 +131,10 @@ bool FormulaParser::takeUnitSymbol(std::string_view text) {
   if (!symbol) return false;
   if (Units::RecordAccess::prefixOrSuffix(*symbol)->getPlacement() == Units::Placement::Suffix) {
     if (state_ == State::BeforeOperand || operands_.empty()) return false;
-    operands_.push_back(arena_.make<SymbolExpression>(*symbol, unitMath_, pop(operands_)));
+    operands_.push_back(arena_.make<SymbolExpression>(*symbol, units_, pop(operands_)));
   } else {
     if (state_ == State::AfterOperand) return false;
-    operators_.push_back(arena_.make<SymbolExpression>(*symbol, unitMath_));
+    operators_.push_back(arena_.make<SymbolExpression>(*symbol, units_));
     state_ = State::BeforeOpenParen;
   }
   return true;

@@ -4,6 +4,7 @@
 #include "formula/NodeArena.h"
 #include "formula/OperatorReduction.h"
 #include "formula/UnitMath.h"
+#include "formula/UnitTerms.h"
 #include "model/SymbolTexts.h"
 
 #include <TrelvonUnits/VariableResolver.h>
@@ -21,17 +22,18 @@
 /// @throws Units::ParseException  as FormulaTokenizer::nextToken.
 bool parseFormula(std::string_view text, NodeArena& arena,
                   std::unique_ptr<Expression>& expressionOut, const Units::SymbolTexts& symbols,
-                  const Units::UnitMath& unitMath, VariableResolver resolver);
+                  const Units::UnitMath& unitMath, UnitTermsSource& units,
+                  VariableResolver resolver);
 
 /// Two stacks that turn tokens, one after the other, into a tree.
 class FormulaParser {
  public:
   FormulaParser(NodeArena& arena, const Units::SymbolTexts& symbols,
-                const Units::UnitMath& unitMath)
-      : arena_(arena), symbols_(symbols), unitMath_(unitMath) {
-    constexpr std::size_t many = 8;  // as many as most formulas need at once
-    operands_.reserve(many);
-    operators_.reserve(many);
+                const Units::UnitMath& unitMath, UnitTermsSource& units)
+      : arena_(arena), symbols_(symbols), unitMath_(unitMath), units_(units) {
+    constexpr std::size_t usualDepth = 8;  // as many as most formulas need at once
+    operands_.reserve(usualDepth);
+    operators_.reserve(usualDepth);
   }
 
   /// False when no formula goes on like this.
@@ -61,6 +63,7 @@ class FormulaParser {
   NodeArena& arena_;
   const Units::SymbolTexts& symbols_;
   const Units::UnitMath& unitMath_;
+  UnitTermsSource& units_;
   State state_ = State::BeforeOperand;
   ExpressionStack operands_;
   ExpressionStack operators_;

@@ -31,11 +31,11 @@ bool FunctionExpression::apply(EvaluatedValues& values) const {
   if (inputs_.size() != 1) throw Units::ParseException("Expected one input to function call.");
 
   EvaluatedValue& input = values.back();
-  const bool hasUnits = !input.units().empty();
+  const bool hasUnits = !input.isUnitless();
   if (function->unitRule == UnitRule::Refuse && hasUnits)
     throw Units::ParseException("Function input must be unitless.");
   if (!function->compute(input.value)) return false;
-  if (function->unitRule == UnitRule::Root && hasUnits) raisePowers(input.changeableUnits(), 0.5);
+  if (function->unitRule == UnitRule::Root && hasUnits) input.changeableUnits().raiseTo(0.5);
   return true;
 }
 

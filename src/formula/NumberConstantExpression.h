@@ -1,24 +1,23 @@
 #pragma once
 
 #include "formula/Expression.h"
-#include "formula/UnitMath.h"
-
-#include <TrelvonUnits/Symbol.h>
+#include "formula/UnitTerms.h"
 
 /// A literal, in primitive terms.
 class NumberConstantExpression final : public Expression {
  public:
   static constexpr ExpressionKind nodeKind = ExpressionKind::NumberConstant;
 
-  /// @param value   counted in the symbol's unit.
-  /// @param symbol  null for a plain number.
-  NumberConstantExpression(double value, const Units::Symbol* symbol,
-                           const Units::UnitMath& unitMath);
+  explicit NumberConstantExpression(double value) : Expression(nodeKind), value_(value) {}
+
+  /// @param value  counted in the unit, whose terms outlive the tree.
+  NumberConstantExpression(double value, const UnitTerms& unit)
+      : Expression(nodeKind), value_(unit.fromUnit(value)), units_(&unit.powers) {}
 
  private:
   bool apply(EvaluatedValues& values) const override;
   void removeOperands(Removal&) noexcept override {}
 
-  double value_;
-  UnitPowers units_;
+  const double value_;
+  const UnitPowers* const units_ = nullptr;
 };

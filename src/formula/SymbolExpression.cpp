@@ -6,12 +6,12 @@
 
 #include <utility>
 
-SymbolExpression::SymbolExpression(const Units::Symbol& symbol, const Units::UnitMath& unitMath)
-    : Expression(nodeKind), symbol_(symbol), unitMath_(unitMath) {}
+SymbolExpression::SymbolExpression(const Units::Symbol& symbol, UnitTermsSource& units)
+    : Expression(nodeKind), symbol_(symbol), units_(units) {}
 
-SymbolExpression::SymbolExpression(const Units::Symbol& symbol, const Units::UnitMath& unitMath,
+SymbolExpression::SymbolExpression(const Units::Symbol& symbol, UnitTermsSource& units,
                                    std::unique_ptr<Expression> operand)
-    : SymbolExpression(symbol, unitMath) {
+    : SymbolExpression(symbol, units) {
   setOperand(std::move(operand));
 }
 
@@ -22,9 +22,9 @@ void SymbolExpression::setOperand(std::unique_ptr<Expression> operand) {
 
 bool SymbolExpression::apply(EvaluatedValues& values) const {
   EvaluatedValue& operand = values.back();
-  if (!operand.units().empty())
+  if (!operand.isUnitless())
     throw Units::ParseException("Unit symbol may be applied only to a unitless expression.");
-  operand.value = reduceToPrimitives(operand.value, Units::RecordAccess::unit(symbol_), unitMath_,
-                                     operand.changeableUnits());
+  const UnitTerms& terms = units_.termsOf(Units::RecordAccess::unit(symbol_));
+  operand = EvaluatedValue(terms.fromUnit(operand.value), &terms.powers);
   return true;
 }

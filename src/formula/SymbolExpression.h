@@ -1,7 +1,7 @@
 #pragma once
 
 #include "formula/Expression.h"
-#include "formula/UnitMath.h"
+#include "formula/UnitTerms.h"
 
 #include <TrelvonUnits/Symbol.h>
 
@@ -13,9 +13,9 @@ class SymbolExpression final : public Expression {
   static constexpr ExpressionKind nodeKind = ExpressionKind::Symbol;
 
   /// Of a symbol before its operand, which is set later.
-  SymbolExpression(const Units::Symbol& symbol, const Units::UnitMath& unitMath);
+  SymbolExpression(const Units::Symbol& symbol, UnitTermsSource& units);
   /// Of a symbol after its operand.
-  SymbolExpression(const Units::Symbol& symbol, const Units::UnitMath& unitMath,
+  SymbolExpression(const Units::Symbol& symbol, UnitTermsSource& units,
                    std::unique_ptr<Expression> operand);
   ~SymbolExpression() override { deleteOperands(); }
 
@@ -26,6 +26,6 @@ class SymbolExpression final : public Expression {
   void removeOperands(Removal& removal) noexcept override { removal.take(operand_); }
 
   const Units::Symbol& symbol_;  // in the registry
-  const Units::UnitMath& unitMath_;
+  UnitTermsSource& units_;
   std::unique_ptr<Expression> operand_;
 };

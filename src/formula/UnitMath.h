@@ -8,7 +8,7 @@
 
 namespace Units {
 
-/// What formulas need of an engine.
+/// The conversion arithmetic and the name tables of an engine, as formulas use them.
 class UnitMath {
  public:
   virtual ~UnitMath() = default;
@@ -26,19 +26,6 @@ class UnitMath {
   virtual const FunctionMap& getFunctionMap() const = 0;
   virtual const BinaryOperatorMap& getBinaryOperatorMap() const = 0;
   virtual const UnaryOperatorMap& getUnaryOperatorMap() const = 0;
-
-  /// As `reduceUnit`, with the type ids left where they are: what formulas compute with.
-  virtual void reduceInPlace(const Unit& unit, double& factor, double& offset,
-                             UnitPowers& powers) const = 0;
 };
-
-/// Turns a value in a unit into primitive terms, and replaces `powers` by the unit's exponents.
-inline double reduceToPrimitives(double value, const Unit& unit, const UnitMath& unitMath,
-                                 UnitPowers& powers) {
-  double factor = 1.0;
-  double offset = 0.0;
-  unitMath.reduceInPlace(unit, factor, offset, powers);
-  return (offset + value) * factor;
-}
 
 }  // namespace Units

@@ -1,88 +1,132 @@
 #include "formula/UnitPowers.h"
 
+#include "model/RecordAccess.h"
 #include "model/Tolerances.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <functional>
 #include <limits>
 #include <stdexcept>
+#include <utility>
 
 namespace {
 
-bool isGone(double exponent) {
-  return !(std::fabs(exponent) >= Units::exponentEpsilon);  // holds for what is no number too
+bool isNegligible(double exponent) {
+  return !(std::fabs(exponent) >= Units::exponentEpsilon);  // NaN is, too
 }
 
-void addExponent(UnitPowers& powers, const std::string* typeId, double exponent) {
-  const auto place = std::lower_bound(powers.begin(), powers.end(), typeId,
-                                      [](const UnitPower& power, const std::string* id) {
-                                        return std::less<>()(power.typeId, id);
-                                      });
-  const bool known = place != powers.end() && place->typeId == typeId;
-  const double sum = exponent + (known ? place->exponent : 0.0);
-  if (isGone(sum)) {
-    if (known) powers.erase(place);
-  } else if (known) {
-    place->exponent = sum;
-  } else {
-    powers.insert(place, {typeId, sum});
-  }
+bool isBefore(const UnitPower& a, const UnitPower& b) { return std::less<>()(a.unit, b.unit); }
+
+/// Sorts by unit and keeps the order of equals. The few of nearly all products are inserted one
+/// after the other: the standard library's sort would take memory first.
+void sortByUnit(UnitPower* begin, UnitPower* end) {
+  constexpr std::ptrdiff_t mostInserted = 16;
+  if (end - begin > mostInserted) return std::stable_sort(begin, end, isBefore);
+  for (UnitPower* next = begin; next != end; ++next)
+    std::rotate(std::upper_bound(begin, next, *next, isBefore), next, next + 1);
 }
 
-int truncate(double exponent) {
-  using Limits = std::numeric_limits<int>;
+std::int32_t truncate(double exponent) {
+  using Limits = std::numeric_limits<std::int32_t>;
   if (std::isnan(exponent)) return 0;
   if (exponent <= Limits::min()) return Limits::min();
   if (exponent >= Limits::max()) return Limits::max();
-  return static_cast<int>(exponent);
+  return static_cast<std::int32_t>(exponent);
 }
 
 }  // namespace
 
-void orderPowers(UnitPowers& powers) {
-  std::sort(powers.begin(), powers.end(), [](const UnitPower& a, const UnitPower& b) {
-    return std::less<>()(a.typeId, b.typeId);
-  });
+UnitPowers::UnitPowers(const Units::Powers& powers) : settled_(powers.size()) {
+  powers_.reserve(powers.size());
+  for (const auto& [unit, exponent] : powers) {
+    powers_.push_back({unit, static_cast<double>(exponent)});
+    hasZeros_ = hasZeros_ || exponent == 0;
+  }
 }
 
-UnitPowerMap toUnitPowerMap(const UnitPowers& powers) {
-  UnitPowerMap byTypeId;
-  for (const auto& [typeId, exponent] : powers) byTypeId.emplace(*typeId, exponent);
-  return byTypeId;
+/// The shorter list is added to the longer one, whichever side that is: a sum is the same from both
+/// sides, and its negative the negative of a sum. Exponents of 0 are not, which stay on the left
+/// side and go on the right one.
+void UnitPowers::combine(UnitPowers&& other, double sign) {
+  if (other.powers_.size() > powers_.size() && !hasZeros_ && !other.hasZeros_) {
+    std::swap(*this, other);
+    sign_ *= sign;
+    sign = 1.0;
+  }
+  other.settle();
+  append(other, sign);
 }
 
-bool doPowersMatch(const UnitPowers& a, const UnitPowers& b) {
-  return std::equal(
-      a.begin(), a.end(), b.begin(), b.end(), [](const UnitPower& left, const UnitPower& right) {
-        return left.typeId == right.typeId && Units::areNearlyEqual(left.exponent, right.exponent);
-      });
+void UnitPowers::append(const UnitPowers& other, double sign) {
+  constexpr std::size_t mostAdded = 16;
+  powers_.reserve(powers_.size() + other.powers_.size());
+  for (const auto& [unit, exponent] : other) powers_.push_back({unit, sign_ * sign * exponent});
+  if (powers_.size() > 2 * settled_ + mostAdded) settle();
 }
 
-void multiplyPowers(UnitPowers& left, const UnitPowers& right) {
-  for (const auto& [typeId, exponent] : right) addExponent(left, typeId, exponent);
+/// Exponents of a unit are added in the order in which they came: one is gone as soon as a sum is
+/// negligible, and the next begins anew.
+void UnitPowers::settle() {
+  if (settled_ < powers_.size()) mergeAdded();
+  if (sign_ < 0.0)
+    for (UnitPower& power : powers_) power.exponent = -power.exponent;
+  sign_ = 1.0;
 }
 
-void dividePowers(UnitPowers& left, const UnitPowers& right) {
-  for (const auto& [typeId, exponent] : right) addExponent(left, typeId, -exponent);
+void UnitPowers::mergeAdded() {
+  const UnitPower* known = powers_.begin();
+  UnitPower* const added = powers_.begin() + settled_;
+  sortByUnit(added, powers_.end());
+  Units::ShortList<UnitPower, 2> merged;
+  merged.reserve(powers_.size());
+  for (const UnitPower* next = added; next != powers_.end();) {
+    for (; known != added && isBefore(*known, *next); ++known) merged.push_back(*known);
+    const auto* const unit = next->unit;
+    double sum = known != added && known->unit == unit ? known++->exponent : 0.0;
+    for (; next != powers_.end() && next->unit == unit; ++next) {
+      sum = next->exponent + sum;
+      if (isNegligible(sum)) sum = 0.0;
+    }
+    if (sum != 0.0) merged.push_back({unit, sum});
+  }
+  merged.append(known, added);
+  powers_ = std::move(merged);
+  settled_ = powers_.size();
 }
 
-void raisePowers(UnitPowers& powers, double exponent) {
+void UnitPowers::raiseTo(double exponent) {
+  settle();
   if (Units::isNearZero(exponent)) {
-    powers.clear();
+    *this = UnitPowers();
     return;
   }
-  for (UnitPower& power : powers) {
+  for (UnitPower& power : powers_) {
     power.exponent *= exponent;
-    if (isGone(power.exponent))
+    if (isNegligible(power.exponent))
       throw std::logic_error(
           "legacy code dbgWarn: Something funny is going on with units. Dresmond 22-Apr-2003");
   }
 }
 
-std::vector<std::pair<const std::string*, int>> truncatePowers(const UnitPowers& powers) {
-  std::vector<std::pair<const std::string*, int>> truncated;
-  truncated.reserve(powers.size());
-  for (const auto& [typeId, exponent] : powers) truncated.emplace_back(typeId, truncate(exponent));
+UnitPowerMap toUnitPowerMap(const UnitPowers& powers) {
+  UnitPowerMap byTypeId;
+  for (const auto& [unit, exponent] : powers)
+    byTypeId.emplace(Units::RecordAccess::typeId(unit->record), exponent);
+  return byTypeId;
+}
+
+bool haveSamePowers(const UnitPowers& a, const UnitPowers& b) {
+  const auto match = [](const UnitPower& left, const UnitPower& right) {
+    return left.unit == right.unit && Units::areNearlyEqual(left.exponent, right.exponent);
+  };
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(), match);
+}
+
+Units::Powers truncatePowers(const UnitPowers& powers) {
+  Units::Powers truncated;
+  truncated.reserve(static_cast<std::size_t>(powers.end() - powers.begin()));
+  for (const auto& [unit, exponent] : powers) truncated.push_back({unit, truncate(exponent)});
   return truncated;
 }

@@ -1,17 +1,19 @@
 #include <TrelvonUnits/AbsoluteUnitComponent.h>
 
+#include "model/RecordContents.h"
+
 namespace Units {
 
 AbsoluteUnitComponent::AbsoluteUnitComponent(const std::string& parentUnit, double offset)
-    : parentUnit_(parentUnit), offset_(offset) {}
+    : contents_(new Contents(parentUnit, offset)) {}
 
-// The fields are const: moving copies.
-AbsoluteUnitComponent::AbsoluteUnitComponent(const AbsoluteUnitComponent& other) = default;
-AbsoluteUnitComponent::AbsoluteUnitComponent(AbsoluteUnitComponent&& other) = default;
+// The contents are shared: moving copies, too.
+AbsoluteUnitComponent::AbsoluteUnitComponent(const AbsoluteUnitComponent& other) noexcept = default;
+AbsoluteUnitComponent::AbsoluteUnitComponent(AbsoluteUnitComponent&& other) noexcept = default;
 AbsoluteUnitComponent::~AbsoluteUnitComponent() = default;
 
-std::string AbsoluteUnitComponent::getParentUnit() const { return parentUnit_; }
+std::string AbsoluteUnitComponent::getParentUnit() const { return contents_->parentUnit; }
 
-double AbsoluteUnitComponent::getOffset() const { return offset_; }
+double AbsoluteUnitComponent::getOffset() const { return contents_->offset; }
 
 }  // namespace Units

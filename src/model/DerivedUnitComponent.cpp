@@ -1,20 +1,22 @@
 #include <TrelvonUnits/DerivedUnitComponent.h>
 
+#include "model/RecordContents.h"
+
 namespace Units {
 
 DerivedUnitComponent::DerivedUnitComponent(const std::map<std::string, int>& parentUnitPowers,
                                            const FactorComponent& factorComponent)
-    : parentUnitPowers_(parentUnitPowers), factorComponent_(factorComponent) {}
+    : contents_(new Contents(parentUnitPowers, factorComponent)) {}
 
-// The fields are const: moving copies.
-DerivedUnitComponent::DerivedUnitComponent(const DerivedUnitComponent& other) = default;
-DerivedUnitComponent::DerivedUnitComponent(DerivedUnitComponent&& other) = default;
+// The contents are shared: moving copies, too.
+DerivedUnitComponent::DerivedUnitComponent(const DerivedUnitComponent& other) noexcept = default;
+DerivedUnitComponent::DerivedUnitComponent(DerivedUnitComponent&& other) noexcept = default;
 DerivedUnitComponent::~DerivedUnitComponent() = default;
 
 std::map<std::string, int> DerivedUnitComponent::getParentUnitPowers() const {
-  return parentUnitPowers_;
+  return contents_->parentUnitPowers;
 }
 
-FactorComponent DerivedUnitComponent::getFactorComponent() const { return factorComponent_; }
+FactorComponent DerivedUnitComponent::getFactorComponent() const { return contents_->factorComponent; }
 
 }  // namespace Units

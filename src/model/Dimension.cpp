@@ -1,23 +1,25 @@
 #include <TrelvonUnits/Dimension.h>
 
+#include "model/RecordContents.h"
+
 #include <utility>
 
 namespace Units {
 
-Dimension::Dimension(std::string typeId) : typeId_(std::move(typeId)) {}
+Dimension::Dimension(std::string typeId) : contents_(new Contents(std::move(typeId))) {}
 
-// The fields are const: moving copies.
-Dimension::Dimension(const Dimension& other) = default;
-Dimension::Dimension(Dimension&& other) = default;
+// The contents are shared: moving copies, too.
+Dimension::Dimension(const Dimension& other) noexcept = default;
+Dimension::Dimension(Dimension&& other) noexcept = default;
 Dimension::~Dimension() = default;
 
-std::string Dimension::getTypeId() const { return typeId_; }
+std::string Dimension::getTypeId() const { return contents_->typeId; }
 
-bool Dimension::operator==(const Dimension& other) const { return typeId_ == other.typeId_; }
+bool Dimension::operator==(const Dimension& other) const { return contents_->typeId == other.contents_->typeId; }
 
 bool Dimension::operator!=(const Dimension& other) const { return !(*this == other); }
 
-bool Dimension::operator<(const Dimension& other) const { return typeId_ < other.typeId_; }
+bool Dimension::operator<(const Dimension& other) const { return contents_->typeId < other.contents_->typeId; }
 
 bool Dimension::operator>(const Dimension& other) const { return other < *this; }
 

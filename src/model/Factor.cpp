@@ -1,24 +1,26 @@
 #include <TrelvonUnits/Factor.h>
 
+#include "model/RecordContents.h"
+
 namespace Units {
 
 Factor::Factor(const std::string& typeId, const FactorComponent& factorComponent)
-    : typeId_(typeId), factorComponent_(factorComponent) {}
+    : contents_(new Contents(typeId, factorComponent)) {}
 
-// The fields are const: moving copies.
-Factor::Factor(const Factor& other) = default;
-Factor::Factor(Factor&& other) = default;
+// The contents are shared: moving copies, too.
+Factor::Factor(const Factor& other) noexcept = default;
+Factor::Factor(Factor&& other) noexcept = default;
 Factor::~Factor() = default;
 
-std::string Factor::getTypeId() const { return typeId_; }
+std::string Factor::getTypeId() const { return contents_->typeId; }
 
-FactorComponent Factor::getFactorComponent() const { return factorComponent_; }
+FactorComponent Factor::getFactorComponent() const { return contents_->factorComponent; }
 
-bool Factor::operator==(const Factor& other) const { return typeId_ == other.typeId_; }
+bool Factor::operator==(const Factor& other) const { return contents_->typeId == other.contents_->typeId; }
 
 bool Factor::operator!=(const Factor& other) const { return !(*this == other); }
 
-bool Factor::operator<(const Factor& other) const { return typeId_ < other.typeId_; }
+bool Factor::operator<(const Factor& other) const { return contents_->typeId < other.contents_->typeId; }
 
 bool Factor::operator>(const Factor& other) const { return other < *this; }
 

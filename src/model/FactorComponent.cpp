@@ -1,23 +1,25 @@
 #include <TrelvonUnits/FactorComponent.h>
 
+#include "model/RecordContents.h"
+
 namespace Units {
 
 FactorComponent::FactorComponent(const std::map<std::string, int>& parentFactorPowers)
-    : factor_(1.0), parentFactorPowers_(parentFactorPowers) {}
+    : contents_(new Contents(1.0, parentFactorPowers)) {}
 
 FactorComponent::FactorComponent(double factor,
                                  const std::map<std::string, int>& parentFactorPowers)
-    : factor_(factor), parentFactorPowers_(parentFactorPowers) {}
+    : contents_(new Contents(factor, parentFactorPowers)) {}
 
-// The fields are const: moving copies.
-FactorComponent::FactorComponent(const FactorComponent& other) = default;
-FactorComponent::FactorComponent(FactorComponent&& other) = default;
+// The contents are shared: moving copies, too.
+FactorComponent::FactorComponent(const FactorComponent& other) noexcept = default;
+FactorComponent::FactorComponent(FactorComponent&& other) noexcept = default;
 FactorComponent::~FactorComponent() = default;
 
-double FactorComponent::getFactor() const { return factor_; }
+double FactorComponent::getFactor() const { return contents_->factor; }
 
 std::map<std::string, int> FactorComponent::getParentFactorPowers() const {
-  return parentFactorPowers_;
+  return contents_->parentFactorPowers;
 }
 
 }  // namespace Units

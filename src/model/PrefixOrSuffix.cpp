@@ -1,19 +1,21 @@
 #include <TrelvonUnits/PrefixOrSuffix.h>
 
+#include "model/RecordContents.h"
+
 namespace Units {
 
 PrefixOrSuffix::PrefixOrSuffix(const std::string& text, Placement placement, bool hasSpace)
-    : text_(text), placement_(placement), space_(hasSpace) {}
+    : contents_(new Contents(text, placement, hasSpace)) {}
 
-// The fields are const: moving copies.
-PrefixOrSuffix::PrefixOrSuffix(const PrefixOrSuffix& other) = default;
-PrefixOrSuffix::PrefixOrSuffix(PrefixOrSuffix&& other) = default;
+// The contents are shared: moving copies, too.
+PrefixOrSuffix::PrefixOrSuffix(const PrefixOrSuffix& other) noexcept = default;
+PrefixOrSuffix::PrefixOrSuffix(PrefixOrSuffix&& other) noexcept = default;
 PrefixOrSuffix::~PrefixOrSuffix() = default;
 
-std::string PrefixOrSuffix::getText() const { return text_; }
+std::string PrefixOrSuffix::getText() const { return contents_->text; }
 
-Placement PrefixOrSuffix::getPlacement() const { return placement_; }
+Placement PrefixOrSuffix::getPlacement() const { return contents_->placement; }
 
-bool PrefixOrSuffix::hasSpace() const { return space_; }
+bool PrefixOrSuffix::hasSpace() const { return contents_->space; }
 
 }  // namespace Units

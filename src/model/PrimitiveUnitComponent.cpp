@@ -1,15 +1,17 @@
 #include <TrelvonUnits/PrimitiveUnitComponent.h>
 
+#include "model/RecordContents.h"
+
 namespace Units {
 
 PrimitiveUnitComponent::PrimitiveUnitComponent(const std::optional<Dimension>& dimension)
-    : dimension_(dimension) {}
+    : contents_(new Contents(dimension)) {}
 
-// The fields are const: moving copies.
-PrimitiveUnitComponent::PrimitiveUnitComponent(const PrimitiveUnitComponent& other) = default;
-PrimitiveUnitComponent::PrimitiveUnitComponent(PrimitiveUnitComponent&& other) = default;
+// The contents are shared: moving copies, too.
+PrimitiveUnitComponent::PrimitiveUnitComponent(const PrimitiveUnitComponent& other) noexcept = default;
+PrimitiveUnitComponent::PrimitiveUnitComponent(PrimitiveUnitComponent&& other) noexcept = default;
 PrimitiveUnitComponent::~PrimitiveUnitComponent() = default;
 
-std::optional<Dimension> PrimitiveUnitComponent::getDimension() const { return dimension_; }
+std::optional<Dimension> PrimitiveUnitComponent::getDimension() const { return contents_->dimension; }
 
 }  // namespace Units

@@ -1,27 +1,29 @@
 #include <TrelvonUnits/Quantity.h>
 
+#include "model/RecordContents.h"
+
 namespace Units {
 
 Quantity::Quantity(const std::string& typeId, const std::string& name,
                    const std::vector<Unit>& units)
-    : typeId_(typeId), name_(name), units_(units) {}
+    : contents_(new Contents(typeId, name, units)) {}
 
-// The fields are const: moving copies.
-Quantity::Quantity(const Quantity& other) = default;
-Quantity::Quantity(Quantity&& other) = default;
+// The contents are shared: moving copies, too.
+Quantity::Quantity(const Quantity& other) noexcept = default;
+Quantity::Quantity(Quantity&& other) noexcept = default;
 Quantity::~Quantity() = default;
 
-std::string Quantity::getTypeId() const { return typeId_; }
+std::string Quantity::getTypeId() const { return contents_->typeId; }
 
-std::string Quantity::getName() const { return name_; }
+std::string Quantity::getName() const { return contents_->name; }
 
-std::vector<Unit> Quantity::getUnits() const { return units_; }
+std::vector<Unit> Quantity::getUnits() const { return contents_->units; }
 
-bool Quantity::operator==(const Quantity& other) const { return typeId_ == other.typeId_; }
+bool Quantity::operator==(const Quantity& other) const { return contents_->typeId == other.contents_->typeId; }
 
 bool Quantity::operator!=(const Quantity& other) const { return !(*this == other); }
 
-bool Quantity::operator<(const Quantity& other) const { return typeId_ < other.typeId_; }
+bool Quantity::operator<(const Quantity& other) const { return contents_->typeId < other.contents_->typeId; }
 
 bool Quantity::operator>(const Quantity& other) const { return other < *this; }
 

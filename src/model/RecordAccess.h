@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/RecordContents.h"
+
 #include <TrelvonUnits/Factor.h>
 #include <TrelvonUnits/Quantity.h>
 #include <TrelvonUnits/Symbol.h>
@@ -16,63 +18,69 @@ namespace Units {
 struct RecordAccess {
   template <class Record>
   static const std::string& typeId(const Record& record) {
-    return record.typeId_;
+    return record.contents_->typeId;
+  }
+
+  /// The same for all copies of a record, and for no other.
+  template <class Record>
+  static const void* identity(const Record& record) {
+    return record.contents_.get();
   }
 
   /// Of a unit or quantity.
   template <class Record>
   static const std::string& name(const Record& record) {
-    return record.name_;
+    return record.contents_->name;
   }
 
   static const std::map<std::string, int>& parentFactorPowers(const FactorComponent& component) {
-    return component.parentFactorPowers_;
+    return component.contents_->parentFactorPowers;
   }
 
-  static double factor(const FactorComponent& component) { return component.factor_; }
+  static double factor(const FactorComponent& component) { return component.contents_->factor; }
 
   static const FactorComponent& factorComponent(const Factor& factor) {
-    return factor.factorComponent_;
+    return factor.contents_->factorComponent;
   }
   static const FactorComponent& factorComponent(const DerivedUnitComponent& component) {
-    return component.factorComponent_;
+    return component.contents_->factorComponent;
   }
 
   static const std::map<std::string, int>& parentUnitPowers(const DerivedUnitComponent& component) {
-    return component.parentUnitPowers_;
+    return component.contents_->parentUnitPowers;
   }
 
   static const std::string& parentUnit(const AbsoluteUnitComponent& component) {
-    return component.parentUnit_;
+    return component.contents_->parentUnit;
   }
 
-  static double offset(const AbsoluteUnitComponent& component) { return component.offset_; }
+  static double offset(const AbsoluteUnitComponent& component) { return component.contents_->offset; }
 
   static const std::optional<Dimension>& dimension(const PrimitiveUnitComponent& component) {
-    return component.dimension_;
+    return component.contents_->dimension;
   }
 
   // Of the three components of a unit, the one that it holds; null for the other two.
   static const AbsoluteUnitComponent* absolute(const Unit& unit) {
-    return std::get_if<AbsoluteUnitComponent>(&unit.component_);
+    return std::get_if<AbsoluteUnitComponent>(&unit.contents_->component);
   }
   static const DerivedUnitComponent* derived(const Unit& unit) {
-    return std::get_if<DerivedUnitComponent>(&unit.component_);
+    return std::get_if<DerivedUnitComponent>(&unit.contents_->component);
   }
   static const PrimitiveUnitComponent* primitive(const Unit& unit) {
-    return std::get_if<PrimitiveUnitComponent>(&unit.component_);
+    return std::get_if<PrimitiveUnitComponent>(&unit.contents_->component);
   }
 
-  static const std::string& text(const PrefixOrSuffix& decoration) { return decoration.text_; }
+  static const std::string& text(const PrefixOrSuffix& decoration) { return decoration.contents_->text; }
 
-  static const Unit& unit(const Symbol& symbol) { return symbol.unit_; }
+  static const Unit& unit(const Symbol& symbol) { return symbol.contents_->unit; }
 
   /// Null for a composite symbol.
   static const PrefixOrSuffix* prefixOrSuffix(const Symbol& symbol) {
-    return symbol.prefixOrSuffix_ ? &*symbol.prefixOrSuffix_ : nullptr;
+    return symbol.contents_->prefixOrSuffix ? &*symbol.contents_->prefixOrSuffix : nullptr;
   }
 
-  static const std::vector<Unit>& units(const Quantity& quantity) { return quantity.units_; }
+  static const std::vector<Unit>& units(const Quantity& quantity) { return quantity.contents_->units; }
 };
 
 }  // namespace Units

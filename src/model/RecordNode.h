@@ -12,31 +12,38 @@ namespace Units {
 template <class Record>
 struct RecordNode;
 
-/// A stored record that another one rests on, and to which power.
+/// A stored record that another one depends on, and its exponent there.
 template <class Record>
 struct ParentPower {
   const RecordNode<Record>* parent;
   int exponent;
 };
 
-/// A stored record, and the stored records that it rests on: looked up once, when it is stored, and
-/// right for ever, since records never move and never go. Beside them lie copies of what nearly
-/// every operation reads of the record. Nothing that is computed from records is kept here.
+/// A stored record, and the stored records that it depends on: looked up once, when it is stored,
+/// and valid as long as the engine, since records never move and never go. Beside them lie copies
+/// of what nearly every operation reads of the record. Nothing that is computed from records is
+/// kept here.
 template <class Record>
 struct RecordNode {
-  const Record* record;
+  explicit RecordNode(const Record& stored) : record(stored) {}
+
+  Record record;
 };
 
 template <>
 struct RecordNode<Factor> {
-  const Factor* record;
+  explicit RecordNode(const Factor& stored) : record(stored) {}
+
+  Factor record;
   double ownValue = 1.0;                          // its factor without those of its parents
   std::vector<ParentPower<Factor>> parents = {};  // in type id order
 };
 
 template <>
 struct RecordNode<Unit> {
-  const Unit* record;
+  explicit RecordNode(const Unit& stored) : record(stored) {}
+
+  Unit record;
   bool isAbsolute = false;
   bool isSimple = false;   // relative, with few parents and all of them primitive
   double ownFactor = 1.0;  // without those of its parents

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "model/Merging.h"
+#include "model/IndexedMap.h"
+#include "model/RecordAccess.h"
 #include "model/RecordMap.h"
 #include "model/RecordNode.h"
 
@@ -9,70 +10,56 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <unordered_map>
-#include <utility>
 
 namespace Units {
 
-/// The records of one kind that an engine serves: in type id order, and by type id in constant
-/// time. Records and their nodes stay where they are once they are in.
+/// The records of one kind that an engine holds, in type id order. Records and their nodes stay
+/// where they are once they are in.
 template <class Record>
 class RecordStore {
  public:
   using Node = RecordNode<Record>;
-  using Nodes = std::unordered_map<std::string_view, Node>;  // keys are views of the records' ids
+  using Nodes = typename IndexedMap<Node>::Entries;  // keys are views of the records' ids
 
   RecordStore() = default;
 
-  explicit RecordStore(RecordMap<Record>&& records) : records_(std::move(records)) {
-    nodes_.reserve(records_.size());
-    for (const auto& [typeId, record] : records_) nodes_.try_emplace(typeId, Node{&record});
+  explicit RecordStore(const RecordMap<Record>& records) {
+    for (const auto& [typeId, record] : records) add(record);
   }
 
-  const RecordMap<Record>& records() const { return records_; }
-  const Nodes& nodes() const { return nodes_; }  // in no order
-  Nodes& nodes() { return nodes_; }
-  bool empty() const { return records_.empty(); }
+  const Nodes& nodes() const { return nodes_.entries(); }
+  Nodes& nodes() { return nodes_.entries(); }
+  std::size_t size() const { return nodes().size(); }
+
+  /// All records, by type id.
+  RecordMap<Record> records() const {
+    RecordMap<Record> all;
+    for (const auto& [typeId, node] : nodes()) all.emplace_hint(all.end(), typeId, node.record);
+    return all;
+  }
 
   /// Null when no record has that type id.
-  const Node* findNode(std::string_view typeId) const {
-    const auto found = nodes_.find(typeId);
-    return found == nodes_.end() ? nullptr : &found->second;
-  }
+  const Node* findNode(std::string_view typeId) const { return nodes_.find(typeId); }
 
   const Record* find(std::string_view typeId) const {
     const Node* const node = findNode(typeId);
-    return node ? node->record : nullptr;
+    return node ? &node->record : nullptr;
   }
 
-  /// Makes room for `count` more nodes.
-  void reserve(std::size_t count) { reserveMore(nodes_, count); }
+  /// Makes room for `count` more records.
+  void reserve(std::size_t count) { nodes_.reserve(count); }
 
-  /// Makes a record of `arguments` where it will stay, and its node, which rests on nothing yet.
-  /// Quickest in type id order. When it throws, nothing has changed.
-  /// @param typeId  of none of the records here.
-  template <class... Arguments>
-  void emplace(const std::string& typeId, Arguments&&... arguments) {
-    const auto made =
-        records_.try_emplace(records_.end(), typeId, std::forward<Arguments>(arguments)...);
-    try {
-      nodes_.try_emplace(made->first, Node{&made->second});
-    } catch (...) {
-      records_.erase(made);
-      throw;
-    }
-  }
+  /// Takes in a record, whose node depends on nothing yet. Quickest in type id order. When it
+  /// throws, nothing has changed.
+  /// @param record  of an id that none of the records here has.
+  void add(const Record& record) { nodes_.emplace(RecordAccess::typeId(record), Node(record)); }
 
   /// Takes in the records of another store, none of which is here yet, after `reserve` has made
   /// room for them. They and their nodes stay where they are.
-  void merge(RecordStore& other) noexcept {
-    mergeInto(records_, other.records_);
-    mergeInto(nodes_, other.nodes_);
-  }
+  void merge(RecordStore& other) noexcept { nodes_.merge(other.nodes_); }
 
  private:
-  RecordMap<Record> records_;
-  Nodes nodes_;
+  IndexedMap<Node> nodes_;
 };
 
 template <class Record>
@@ -94,7 +81,7 @@ const RecordNode<Record>& lookUpNode(const RecordStore<Record>& records,
 /// The record named `typeId`, likewise.
 template <class Record>
 const Record& lookUp(const RecordStore<Record>& records, const std::string& typeId) {
-  return *lookUpNode(records, typeId).record;
+  return lookUpNode(records, typeId).record;
 }
 
 }  // namespace Units

@@ -1,27 +1,29 @@
 #include <TrelvonUnits/Symbol.h>
 
+#include "model/RecordContents.h"
+
 namespace Units {
 
 Symbol::Symbol(const std::string& typeId, const Unit& unit,
                const std::optional<PrefixOrSuffix>& prefixOrSuffix)
-    : typeId_(typeId), unit_(unit), prefixOrSuffix_(prefixOrSuffix) {}
+    : contents_(new Contents(typeId, unit, prefixOrSuffix)) {}
 
-// The fields are const: moving copies.
-Symbol::Symbol(const Symbol& other) = default;
-Symbol::Symbol(Symbol&& other) = default;
+// The contents are shared: moving copies, too.
+Symbol::Symbol(const Symbol& other) noexcept = default;
+Symbol::Symbol(Symbol&& other) noexcept = default;
 Symbol::~Symbol() = default;
 
-std::string Symbol::getTypeId() const { return typeId_; }
+std::string Symbol::getTypeId() const { return contents_->typeId; }
 
-Unit Symbol::getUnit() const { return unit_; }
+Unit Symbol::getUnit() const { return contents_->unit; }
 
-std::optional<PrefixOrSuffix> Symbol::getPrefixOrSuffix() const { return prefixOrSuffix_; }
+std::optional<PrefixOrSuffix> Symbol::getPrefixOrSuffix() const { return contents_->prefixOrSuffix; }
 
-bool Symbol::operator==(const Symbol& other) const { return typeId_ == other.typeId_; }
+bool Symbol::operator==(const Symbol& other) const { return contents_->typeId == other.contents_->typeId; }
 
 bool Symbol::operator!=(const Symbol& other) const { return !(*this == other); }
 
-bool Symbol::operator<(const Symbol& other) const { return typeId_ < other.typeId_; }
+bool Symbol::operator<(const Symbol& other) const { return contents_->typeId < other.contents_->typeId; }
 
 bool Symbol::operator>(const Symbol& other) const { return other < *this; }
 

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "model/RecordMap.h"
+#include "model/RecordStore.h"
 #include "model/SpecialSymbols.h"
+#include "model/TextTree.h"
 
 #include <array>
 #include <bitset>
 #include <cstddef>
-#include <cstdint>
-#include <map>
 #include <optional>
 #include <string_view>
 
@@ -21,8 +20,8 @@ class SymbolTexts {
  public:
   SymbolTexts() = default;
 
-  /// The index of all symbols of a registry.
-  explicit SymbolTexts(const RecordMap<Symbol>& symbols);
+  /// The index of all symbols of a store.
+  explicit SymbolTexts(const RecordStore<Symbol>& symbols);
 
   // An index is never copied: a copy would point at the records of the other's owner.
   SymbolTexts(SymbolTexts&&) = default;
@@ -43,21 +42,12 @@ class SymbolTexts {
   const Symbol* composite(CompositeForm form) const;
 
  private:
-  /// A text in byte order. Most comparisons end with its first bytes, read as one number.
-  struct Key {
-    explicit Key(std::string_view shown);
-    bool operator<(const Key& other) const;
-
-    std::uint64_t head = 0;  // the first eight bytes; zeros for those that there are not
-    std::string_view text;
-  };
-
   /// What the symbols of one placement show.
   struct Texts {
     const Symbol* longestAtStart(std::string_view text) const;
 
-    std::map<Key, const Symbol*> entries;  // keys are views of the records' texts
-    std::bitset<256> firstBytes;           // of all of them
+    TextTree<const Symbol*> symbols;  // by views of the records' texts
+    std::bitset<256> firstBytes;      // of all of them
   };
 
   void add(const Symbol& symbol);

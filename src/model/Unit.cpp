@@ -1,29 +1,31 @@
 #include <TrelvonUnits/Unit.h>
 
+#include "model/RecordContents.h"
+
 namespace Units {
 
 Unit::Unit(const std::string& typeId, const std::string& name, System unitSystem,
            const AbsoluteUnitComponent& component)
-    : typeId_(typeId), name_(name), unitSystem_(unitSystem), component_(component) {}
+    : contents_(new Contents(typeId, name, unitSystem, component)) {}
 
 Unit::Unit(const std::string& typeId, const std::string& name, System unitSystem,
            const DerivedUnitComponent& component)
-    : typeId_(typeId), name_(name), unitSystem_(unitSystem), component_(component) {}
+    : contents_(new Contents(typeId, name, unitSystem, component)) {}
 
 Unit::Unit(const std::string& typeId, const std::string& name, System unitSystem,
            const PrimitiveUnitComponent& component)
-    : typeId_(typeId), name_(name), unitSystem_(unitSystem), component_(component) {}
+    : contents_(new Contents(typeId, name, unitSystem, component)) {}
 
-// The fields are const: moving copies.
-Unit::Unit(const Unit& other) = default;
-Unit::Unit(Unit&& other) = default;
+// The contents are shared: moving copies, too.
+Unit::Unit(const Unit& other) noexcept = default;
+Unit::Unit(Unit&& other) noexcept = default;
 Unit::~Unit() = default;
 
-std::string Unit::getTypeId() const { return typeId_; }
+std::string Unit::getTypeId() const { return contents_->typeId; }
 
-std::string Unit::getName() const { return name_; }
+std::string Unit::getName() const { return contents_->name; }
 
-System Unit::getUnitSystem() const { return unitSystem_; }
+System Unit::getUnitSystem() const { return contents_->unitSystem; }
 
 namespace {
 
@@ -36,22 +38,22 @@ std::optional<Component> held(const Variant& component) {
 }  // namespace
 
 std::optional<AbsoluteUnitComponent> Unit::getAbsoluteUnitComponent() const {
-  return held<AbsoluteUnitComponent>(component_);
+  return held<AbsoluteUnitComponent>(contents_->component);
 }
 
 std::optional<DerivedUnitComponent> Unit::getDerivedUnitComponent() const {
-  return held<DerivedUnitComponent>(component_);
+  return held<DerivedUnitComponent>(contents_->component);
 }
 
 std::optional<PrimitiveUnitComponent> Unit::getPrimitiveUnitComponent() const {
-  return held<PrimitiveUnitComponent>(component_);
+  return held<PrimitiveUnitComponent>(contents_->component);
 }
 
-bool Unit::operator==(const Unit& other) const { return typeId_ == other.typeId_; }
+bool Unit::operator==(const Unit& other) const { return contents_->typeId == other.contents_->typeId; }
 
 bool Unit::operator!=(const Unit& other) const { return !(*this == other); }
 
-bool Unit::operator<(const Unit& other) const { return typeId_ < other.typeId_; }
+bool Unit::operator<(const Unit& other) const { return contents_->typeId < other.contents_->typeId; }
 
 bool Unit::operator>(const Unit& other) const { return other < *this; }
 

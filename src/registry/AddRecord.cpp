@@ -12,10 +12,9 @@ namespace {
 
 template <class SchemaData, class Record>
 void store(const Record& record, KindRegistry<SchemaData, Record>& kind, Registries& registries) {
-  const std::string& typeId = RecordAccess::typeId(record);
-  checkTypeId(typeId, registries);
+  checkTypeId(RecordAccess::typeId(record), registries);
   const BuiltDropper dropper{registries};
-  kind.built.emplace(typeId, record);
+  kind.built.add(record);
   commit(registries);
 }
 

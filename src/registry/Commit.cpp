@@ -28,26 +28,26 @@ void link(Parents& parents, const std::map<std::string, int>& powers, const Kind
 
 void linkFactors(Registries& registries) {
   for (auto& [typeId, node] : registries.factors.built.nodes()) {
-    const FactorComponent& component = RecordAccess::factorComponent(*node.record);
+    const FactorComponent& component = RecordAccess::factorComponent(node.record);
     node.ownValue = RecordAccess::factor(component);
     link(node.parents, RecordAccess::parentFactorPowers(component), registries.factors);
   }
 }
 
 bool isSimple(const RecordNode<Unit>& unit) {
-  constexpr std::size_t few = 8;
-  return !unit.isAbsolute && unit.parents.size() + unit.parentFactors.size() <= few &&
+  constexpr std::size_t mostParents = 8;
+  return !unit.isAbsolute && unit.parents.size() + unit.parentFactors.size() <= mostParents &&
          std::all_of(unit.parents.begin(), unit.parents.end(), [](const auto& power) {
-           return RecordAccess::primitive(*power.parent->record) != nullptr;
+           return RecordAccess::primitive(power.parent->record) != nullptr;
          });
 }
 
 void linkUnits(Registries& registries) {
   for (auto& [typeId, node] : registries.units.built.nodes()) {
-    if (const auto* const absolute = RecordAccess::absolute(*node.record)) {
+    if (const auto* const absolute = RecordAccess::absolute(node.record)) {
       node.isAbsolute = true;
       node.parents = {{&nodeOf(RecordAccess::parentUnit(*absolute), registries.units), 1}};
-    } else if (const auto* const derived = RecordAccess::derived(*node.record)) {
+    } else if (const auto* const derived = RecordAccess::derived(node.record)) {
       const FactorComponent& component = RecordAccess::factorComponent(*derived);
       node.ownFactor = RecordAccess::factor(component);
       link(node.parents, RecordAccess::parentUnitPowers(*derived), registries.units);
@@ -61,7 +61,7 @@ void linkUnits(Registries& registries) {
 
 template <class Kind>
 void reserve(Kind& kind) {
-  kind.objects.reserve(kind.built.records().size());
+  kind.objects.reserve(kind.built.size());
 }
 
 template <class Kind>
@@ -75,7 +75,7 @@ void commit(Registries& registries) {
   // What may throw comes first: nothing has changed yet.
   linkFactors(registries);
   linkUnits(registries);
-  SymbolTexts symbolTexts(registries.symbols.built.records());
+  SymbolTexts symbolTexts(registries.symbols.built);
   reserve(registries.dimensions);
   reserve(registries.factors);
   reserve(registries.units);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "model/RecordMap.h"
 #include "model/RecordStore.h"
 
 #include <map>

@@ -6,7 +6,7 @@
 
 #include <string>
 #include <string_view>
-#include <unordered_set>
+#include <set>
 
 namespace Units {
 
@@ -19,8 +19,8 @@ struct Registries {
   KindRegistry<UnitSchemaData, Unit> units;
   KindRegistry<SymbolSchemaData, Symbol> symbols;
   KindRegistry<QuantitySchemaData, Quantity> quantities;
-  std::unordered_set<std::string_view> pendingTypeIds;  // views of the ids in `pending`
-  SymbolTexts symbolTexts;                              // of symbols.objects
+  std::set<std::string_view> pendingTypeIds;  // views of the ids in `pending`
+  SymbolTexts symbolTexts;                    // of symbols.objects
 };
 
 /// Whether a type id names a stored record.

@@ -26,9 +26,8 @@ void buildKind(KindRegistry<SchemaData, Record>& kind, const Build& build) {
 }
 
 void buildRecords(Registries& registries) {
-  buildKind(registries.dimensions, [](const auto& typeId, const auto& dimension, auto& built) {
-    built.emplace(typeId, dimension);
-  });
+  buildKind(registries.dimensions,
+            [](const auto&, const auto& dimension, auto& built) { built.add(dimension); });
   buildKind(registries.factors, buildFactor);
   buildKind(registries.units, [&](const auto& typeId, const auto& data, auto& built) {
     buildUnit(typeId, data, registries.dimensions, built);
@@ -46,8 +45,8 @@ void checkBuiltFactors(const FactorRegistry& factors) {
     return RecordAccess::parentFactorPowers(RecordAccess::factorComponent(factor));
   };
   Walks<Factor> walks;
-  for (const auto& [typeId, factor] : factors.built.records())
-    checkAncestry(typeId, factors, parentsOf, walks);
+  for (const auto& [typeId, node] : factors.built.nodes())
+    checkAncestry(RecordAccess::typeId(node.record), factors, parentsOf, walks);
 }
 
 [[noreturn]] void refuseParent(const std::string& parent, const char* kind,
@@ -86,10 +85,11 @@ void checkAbsolute(const std::string& typeId, const AbsoluteUnitComponent& absol
 
 void checkBuiltUnits(const FactorRegistry& factors, const UnitRegistry& units) {
   Walks<Unit> walks;
-  for (const auto& [typeId, unit] : units.built.records()) {
-    if (const auto* const derived = RecordAccess::derived(unit))
+  for (const auto& [id, node] : units.built.nodes()) {
+    const std::string& typeId = RecordAccess::typeId(node.record);
+    if (const auto* const derived = RecordAccess::derived(node.record))
       checkDerived(typeId, *derived, factors, units, walks);
-    else if (const auto* const absolute = RecordAccess::absolute(unit))
+    else if (const auto* const absolute = RecordAccess::absolute(node.record))
       checkAbsolute(typeId, *absolute, units);
   }
 }

@@ -17,7 +17,6 @@
 #include <map>
 #include <memory>
 #include <string_view>
-#include <unordered_set>
 #include <utility>
 
 namespace Units {
@@ -90,7 +89,7 @@ std::set<std::string> addDefinition(const std::string& text, Registries& registr
 
 void buildSchemas(Registries& registries) {
   const BatchDropper dropper{registries};
-  std::unordered_set<std::string_view>().swap(registries.pendingTypeIds);
+  registries.pendingTypeIds.clear();
   registries.dimensions.batch.swap(registries.dimensions.pending);
   registries.factors.batch.swap(registries.factors.pending);
   registries.units.batch.swap(registries.units.pending);
@@ -114,17 +113,16 @@ std::string getDefinition(const std::string& typeId, const Registries& registrie
 }
 
 std::set<std::string> getDependencies(const std::string& typeId, const Registries& registries) {
-  const auto& factors = registries.factors.objects;
-  const auto& units = registries.units.objects;
+  const RecordStore<Unit>& units = registries.units.objects;
   References references;
-  if (const auto* const factor = factors.find(typeId))
-    collectParentFactors(RecordAccess::factorComponent(*factor), references, factors);
-  else if (const auto* const unit = units.find(typeId))
-    collectUnitReferences(*unit, references, factors, units);
+  if (const auto* const factor = registries.factors.objects.findNode(typeId))
+    collectParentFactors(factor->parents, references);
+  else if (const auto* const unit = units.findNode(typeId))
+    collectUnitReferences(*unit, references);
   else if (const auto* const symbol = registries.symbols.objects.find(typeId))
-    collectSymbolReferences(*symbol, references, factors, units);
+    collectSymbolReferences(*symbol, references, units);
   else if (const auto* const quantity = registries.quantities.objects.find(typeId))
-    collectQuantityReferences(*quantity, references, factors, units);
+    collectQuantityReferences(*quantity, references, units);
   else if (!isRegistered(typeId, registries))  // else a dimension, or pending
     refuse(typeId);
   return std::move(references.typeIds);

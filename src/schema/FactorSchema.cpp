@@ -39,22 +39,20 @@ std::set<std::string> factorSchemaDependencies(const FactorSchemaData& data) {
 void buildFactor(const std::string& typeId, const FactorSchemaData& data,
                  RecordStore<Factor>& built) {
   if (const auto* const derived = std::get_if<DerivedFactorSchemaData>(&data))
-    built.emplace(typeId, typeId, FactorComponent(derived->factor, derived->parentFactors));
+    built.add(Factor(typeId, FactorComponent(derived->factor, derived->parentFactors)));
   else
-    built.emplace(typeId, typeId, FactorComponent(std::get<SimpleFactorSchemaData>(data).factor));
+    built.add(Factor(typeId, FactorComponent(std::get<SimpleFactorSchemaData>(data).factor)));
 }
 
-void collectParentFactors(const FactorComponent& component, References& out,
-                          const RecordStore<Factor>& factors) {
-  std::vector<const FactorComponent*> waiting = {&component};
+void collectParentFactors(const std::vector<ParentPower<Factor>>& parents, References& out) {
+  std::vector<const std::vector<ParentPower<Factor>>*> waiting = {&parents};
   while (!waiting.empty()) {
-    const FactorComponent& current = *waiting.back();
+    const auto& current = *waiting.back();
     waiting.pop_back();
-    for (const auto& [parent, exponent] : RecordAccess::parentFactorPowers(current)) {
-      out.typeIds.insert(parent);
-      const Factor& factor = storedParent(factors, parent);
-      if (out.walkedFactors.insert(&factor).second)
-        waiting.push_back(&RecordAccess::factorComponent(factor));
+    for (const auto& [parent, exponent] : current) {
+      if (!out.walkedFactors.insert(parent).second) continue;
+      out.typeIds.insert(RecordAccess::typeId(parent->record));
+      waiting.push_back(&parent->parents);
     }
   }
 }

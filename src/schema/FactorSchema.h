@@ -25,15 +25,14 @@ std::optional<FactorSchemaData> readFactorSchema(const SchemaHeader& header);
 
 std::set<std::string> factorSchemaDependencies(const FactorSchemaData& data);
 
-/// Makes the record where it will stand, in `built` (records copy when they move).
+/// Makes the record, in `built`.
 /// Checks nothing: the parents may be built later.
 void buildFactor(const std::string& typeId, const FactorSchemaData& data,
                  RecordStore<Factor>& built);
 
-/// Adds all factors that a component rests on, directly or through others.
-/// @throws std::out_of_range  a parent is not stored, which the checks on the way in rule out.
-void collectParentFactors(const FactorComponent& component, References& out,
-                          const RecordStore<Factor>& factors);
+/// Adds all factors that a stored record depends on by its parent factors, directly or through
+/// others.
+void collectParentFactors(const std::vector<ParentPower<Factor>>& parents, References& out);
 
 /// A factor without parents is written as a simple one, whatever it was read as.
 /// @throws ValidationException  the number is infinite or none.

@@ -28,14 +28,13 @@ void buildQuantity(const std::string& typeId, const QuantitySchemaData& data,
   std::vector<Unit> found;
   found.reserve(data.units.size());
   for (const std::string& unit : data.units) found.push_back(findDependency(units, unit, typeId));
-  built.emplace(typeId, typeId, data.name, found);
+  built.add(Quantity(typeId, data.name, found));
 }
 
-void collectQuantityReferences(const Quantity& quantity, References& out,
-                               const RecordStore<Factor>& factors, const RecordStore<Unit>& units) {
+void collectQuantityReferences(const Quantity& quantity, References& out, const RecordStore<Unit>& units) {
   for (const Unit& unit : RecordAccess::units(quantity)) {
     out.typeIds.insert(RecordAccess::typeId(unit));
-    collectUnitReferences(unit, out, factors, units);
+    collectUnitReferences(storedNode(units, RecordAccess::typeId(unit)), out);
   }
 }
 

@@ -22,15 +22,13 @@ std::optional<QuantitySchemaData> readQuantitySchema(const SchemaHeader& header)
 
 std::set<std::string> quantitySchemaDependencies(const QuantitySchemaData& data);
 
-/// Makes the record where it will stand, in `built` (records copy when they move).
+/// Makes the record, in `built`.
 /// @throws ValidationException  a unit is neither stored nor built; the first in the list's order.
 void buildQuantity(const std::string& typeId, const QuantitySchemaData& data,
                    const KindRegistry<UnitSchemaData, Unit>& units, RecordStore<Quantity>& built);
 
-/// Adds the quantity's units and all that they rest on.
-/// @throws std::out_of_range  as `collectUnitReferences`.
-void collectQuantityReferences(const Quantity& quantity, References& out,
-                               const RecordStore<Factor>& factors, const RecordStore<Unit>& units);
+/// Adds the quantity's units and all that they depend on.
+void collectQuantityReferences(const Quantity& quantity, References& out, const RecordStore<Unit>& units);
 
 std::string writeQuantitySchema(const Quantity& quantity);
 

@@ -11,22 +11,23 @@
 
 namespace Units {
 
-/// What stored records refer to, gathered by the collectors of the kinds.
+/// What stored records depend on, gathered by the collectors of the kinds.
 ///
 /// The type ids cannot tell what has been walked: a quantity adds the id of its unit before it
 /// walks it. Records that several others share are walked once, so that a collector costs what it
 /// reaches, not the number of paths there.
 struct References {
   std::set<std::string> typeIds;
-  std::unordered_set<const Factor*> walkedFactors;
-  std::unordered_set<const Unit*> walkedUnits;
+  std::unordered_set<const RecordNode<Factor>*> walkedFactors;
+  std::unordered_set<const RecordNode<Unit>*> walkedUnits;
 };
 
-/// A parent of a stored record. All parents are stored: another one is the standard library's
-/// std::out_of_range, as of a map.
+/// The node of a record that another one names. It is stored: the checks on the way in see to that.
+/// @throws std::out_of_range  it is not.
 template <class Record>
-const Record& storedParent(const RecordStore<Record>& records, const std::string& typeId) {
-  return records.records().at(typeId);
+const RecordNode<Record>& storedNode(const RecordStore<Record>& records,
+                                     const std::string& typeId) {
+  return records.nodes().at(typeId);
 }
 
 }  // namespace Units

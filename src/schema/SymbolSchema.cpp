@@ -49,14 +49,13 @@ std::set<std::string> symbolSchemaDependencies(const SymbolSchemaData& data) { r
 void buildSymbol(const std::string& typeId, const SymbolSchemaData& data,
                  const KindRegistry<UnitSchemaData, Unit>& units, RecordStore<Symbol>& built) {
   const Unit& unit = findDependency(units, data.unit, typeId);
-  built.emplace(typeId, typeId, unit, makePrefixOrSuffix(data));
+  built.add(Symbol(typeId, unit, makePrefixOrSuffix(data)));
 }
 
-void collectSymbolReferences(const Symbol& symbol, References& out,
-                             const RecordStore<Factor>& factors, const RecordStore<Unit>& units) {
+void collectSymbolReferences(const Symbol& symbol, References& out, const RecordStore<Unit>& units) {
   const Unit& unit = RecordAccess::unit(symbol);
   out.typeIds.insert(RecordAccess::typeId(unit));
-  collectUnitReferences(unit, out, factors, units);
+  collectUnitReferences(storedNode(units, RecordAccess::typeId(unit)), out);
 }
 
 std::string writeSymbolSchema(const Symbol& symbol) {

@@ -26,15 +26,13 @@ std::optional<SymbolSchemaData> readSymbolSchema(const SchemaHeader& header);
 
 std::set<std::string> symbolSchemaDependencies(const SymbolSchemaData& data);
 
-/// Makes the record where it will stand, in `built` (records copy when they move).
+/// Makes the record, in `built`.
 /// @throws ValidationException  the unit is neither stored nor built.
 void buildSymbol(const std::string& typeId, const SymbolSchemaData& data,
                  const KindRegistry<UnitSchemaData, Unit>& units, RecordStore<Symbol>& built);
 
-/// Adds the symbol's unit and all that it rests on.
-/// @throws std::out_of_range  as `collectUnitReferences`.
-void collectSymbolReferences(const Symbol& symbol, References& out,
-                             const RecordStore<Factor>& factors, const RecordStore<Unit>& units);
+/// Adds the symbol's unit and all that it depends on.
+void collectSymbolReferences(const Symbol& symbol, References& out, const RecordStore<Unit>& units);
 
 std::string writeSymbolSchema(const Symbol& symbol);
 

@@ -114,7 +114,7 @@ struct Component {
 
   template <class SchemaData, class UnitComponent>
   void emplace(const SchemaData& data, const UnitComponent& component) const {
-    built.emplace(typeId, typeId, data.name, data.unitSystem, component);
+    built.add(Unit(typeId, data.name, data.unitSystem, component));
   }
 };
 
@@ -129,25 +129,22 @@ void buildUnit(const std::string& typeId, const UnitSchemaData& data,
   std::visit(Component{typeId, dimensions, built}, data);
 }
 
-void collectUnitReferences(const Unit& unit, References& out, const RecordStore<Factor>& factors,
-                           const RecordStore<Unit>& units) {
-  std::vector<const Unit*> waiting = {&unit};
-  const auto add = [&](const std::string& parent) {
-    out.typeIds.insert(parent);
-    const Unit& stored = storedParent(units, parent);
-    if (out.walkedUnits.insert(&stored).second) waiting.push_back(&stored);
-  };
+void collectUnitReferences(const RecordNode<Unit>& unit, References& out) {
+  std::vector<const RecordNode<Unit>*> waiting = {&unit};
   while (!waiting.empty()) {
-    const Unit& current = *waiting.back();
+    const RecordNode<Unit>& current = *waiting.back();
     waiting.pop_back();
-    if (const auto* const absolute = RecordAccess::absolute(current)) {
-      add(RecordAccess::parentUnit(*absolute));
-    } else if (const auto* const derived = RecordAccess::derived(current)) {
-      for (const auto& [parent, exponent] : RecordAccess::parentUnitPowers(*derived)) add(parent);
-      collectParentFactors(RecordAccess::factorComponent(*derived), out, factors);
-    } else if (const auto& dimension = RecordAccess::dimension(*RecordAccess::primitive(current))) {
-      out.typeIds.insert(RecordAccess::typeId(*dimension));
+    if (!out.walkedUnits.insert(&current).second) continue;
+    if (const auto* const primitive = RecordAccess::primitive(current.record)) {
+      if (const auto& dimension = RecordAccess::dimension(*primitive))
+        out.typeIds.insert(RecordAccess::typeId(*dimension));
+      continue;  // its node has the unit itself for a parent
     }
+    for (const auto& [parent, exponent] : current.parents) {
+      out.typeIds.insert(RecordAccess::typeId(parent->record));
+      waiting.push_back(parent);
+    }
+    collectParentFactors(current.parentFactors, out);
   }
 }
 

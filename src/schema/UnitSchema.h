@@ -29,16 +29,15 @@ std::optional<UnitSchemaData> readUnitSchema(const SchemaHeader& header);
 
 std::set<std::string> unitSchemaDependencies(const UnitSchemaData& data);
 
-/// Makes the record where it will stand, in `built` (records copy when they move).
+/// Makes the record, in `built`.
 /// Checks no parents: they may be built later.
 /// @throws ValidationException  the dimension is neither stored nor built.
 void buildUnit(const std::string& typeId, const UnitSchemaData& data,
                const KindRegistry<Dimension, Dimension>& dimensions, RecordStore<Unit>& built);
 
-/// Adds all units, factors and dimensions that a unit rests on, directly or through others.
-/// @throws std::out_of_range  a parent is not stored, which the checks on the way in rule out.
-void collectUnitReferences(const Unit& unit, References& out, const RecordStore<Factor>& factors,
-                           const RecordStore<Unit>& units);
+/// Adds all units, factors and dimensions that a stored unit depends on, directly or through
+/// others.
+void collectUnitReferences(const RecordNode<Unit>& unit, References& out);
 
 /// @throws ValidationException  the factor or offset is infinite or no number.
 std::string writeUnitSchema(const Unit& unit);

@@ -44,7 +44,7 @@ TEST(ValueTextPage, NumbersAreWrittenAsItSays) {
 }
 
 TEST(ValueTextPage, TextsAreReadAsItSays) {
-  const std::map<std::string, Units::Symbol> symbols = makeCatalogueEngine()->getSymbols();
+  const Units::RecordStore<Units::Symbol> symbols(makeCatalogueEngine()->getSymbols());
   const Units::SymbolTexts texts(symbols);
   for (const auto& row : rowsOf("value-text.md", {"text", "value", "symbol"})) {
     double value = 0;

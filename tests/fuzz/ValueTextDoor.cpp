@@ -30,7 +30,7 @@ const char* const meters = ":metersAndCentimeters-1";
 
 struct Symbols {
   const RecordStore<Symbol> records{makeTextSymbols()};
-  const SymbolTexts texts{records.records()};
+  const SymbolTexts texts{records};
 };
 
 const Symbols& symbols() {
@@ -167,12 +167,14 @@ class SymbolWalk {
  public:
   explicit SymbolWalk(Choices& choices) : choices_(choices) {
     for (std::size_t batches = choices_.below(4); batches > 0; --batches) {
-      RecordMap<Symbol> batch;
+      RecordStore<Symbol> batch;
       for (std::size_t count = choices_.below(12); count > 0; --count) {
         const Symbol symbol = anySymbol();
-        if (symbols_.count(symbol.getTypeId()) == 0) batch.emplace(symbol.getTypeId(), symbol);
+        const std::string typeId = symbol.getTypeId();
+        if (!symbols_.find(typeId) && !batch.find(typeId)) batch.add(symbol);
       }
       SymbolTexts more(batch);
+      symbols_.reserve(batch.size());
       symbols_.merge(batch);
       texts_.merge(std::move(more));
     }
@@ -221,10 +223,10 @@ class SymbolWalk {
   const Symbol* longest(const Fits& fits) const {
     const Symbol* best = nullptr;
     std::size_t bestLength = 0;
-    for (const auto& [typeId, symbol] : symbols_) {
-      const auto shown = symbol.getPrefixOrSuffix();
+    for (const auto& [typeId, node] : symbols_.nodes()) {
+      const auto shown = node.record.getPrefixOrSuffix();
       if (!shown || !fits(*shown) || shown->getText().size() <= bestLength) continue;
-      best = &symbol;
+      best = &node.record;
       bestLength = shown->getText().size();
     }
     return best;
@@ -237,13 +239,14 @@ class SymbolWalk {
   }
 
   const Symbol* firstWithKey(std::string_view key) const {
-    for (const auto& [typeId, symbol] : symbols_)
-      if (!symbol.getPrefixOrSuffix() && typeId.find(key) != std::string::npos) return &symbol;
+    for (const auto& [typeId, node] : symbols_.nodes())
+      if (!node.record.getPrefixOrSuffix() && typeId.find(key) != std::string::npos)
+        return &node.record;
     return nullptr;
   }
 
   Choices& choices_;
-  RecordMap<Symbol> symbols_;
+  RecordStore<Symbol> symbols_;
   SymbolTexts texts_;
 };
 

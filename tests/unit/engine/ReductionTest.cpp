@@ -1,4 +1,5 @@
 #include "engine/Reduction.h"
+#include "model/CompatiblePowers.h"
 
 #include "engine/UnitsEngineImpl.h"
 #include "registry/Commit.h"

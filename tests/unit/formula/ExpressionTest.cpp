@@ -2,9 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <functional>
 #include <limits>
 #include <map>
+#include <utility>
 
 #include "formula/BinaryOperatorExpression.h"
 #include "formula/FunctionExpression.h"
@@ -94,7 +98,7 @@ TEST(Evaluation, ComplainsInOrder) {
 }
 
 std::unique_ptr<Expression> number(double value) {
-  return arena.make<NumberConstantExpression>(value, nullptr, Units::UnitsEngineImpl());
+  return arena.make<NumberConstantExpression>(value);
 }
 
 template <class E>
@@ -144,52 +148,97 @@ TEST(Evaluation, ComplainsOfUnknownOperatorsAndFunctions) {
             "Expected one input to function call.");
 }
 
-/// Powers of units named by single letters.
+/// Nodes of units named by single letters.
+const Units::RecordNode<Units::Unit>* nodeOf(const std::string& typeId) {
+  static const Units::RecordStore<Units::Unit> units = [] {
+    Units::RecordStore<Units::Unit> made;
+    for (const char* id : {"a", "b", "c", "d", "e"})
+      made.add({id, id, Units::System::Metric, Units::PrimitiveUnitComponent()});
+    return made;
+  }();
+  return units.findNode(typeId);
+}
+
+/// Powers of these units, made as products of one unit after the other.
 UnitPowers inPlace(const UnitPowerMap& powers) {
-  static const std::string typeIds[] = {"a", "b", "c", "d", "e"};
   UnitPowers all;
-  for (const auto& [typeId, exponent] : powers)
-    all.push_back({&typeIds[typeId.front() - 'a'], exponent});
+  for (const auto& [typeId, exponent] : powers) {
+    Units::Powers single = {{nodeOf(typeId), 1}};
+    UnitPowers raised(single);
+    raised.raiseTo(exponent);
+    all.multiplyBy(raised);
+  }
+  all.settle();
   return all;
 }
 
+/// Exponents that `UnitPowers` takes over from units: whole ones, zeros among them.
+UnitPowers ofUnit(const std::map<std::string, int>& exponents) {
+  Units::Powers powers;
+  for (const auto& [typeId, exponent] : exponents) powers.push_back({nodeOf(typeId), exponent});
+  std::sort(powers.begin(), powers.end(),
+            [](const auto& a, const auto& b) { return std::less<>()(a.unit, b.unit); });
+  return UnitPowers(powers);
+}
+
 TEST(UnitPowers, LoseWhatCancels) {
-  const double limit = 2.220446049250313e-16;
-  const double gone = std::nextafter(limit, 0.0);
+  const double step = 2.220446049250313e-16;
   UnitPowers powers = inPlace({{"a", 1}, {"b", 2}, {"d", 1}});
-  multiplyPowers(powers, inPlace({{"a", -1 + 1.2e-16}, {"b", 1}, {"c", gone}, {"e", limit}}));
-  EXPECT_EQ(toUnitPowerMap(powers), (UnitPowerMap{{"b", 3}, {"d", 1}, {"e", limit}}));
-  dividePowers(powers,
-               inPlace({{"b", 3}, {"c", 2}, {"d", std::numeric_limits<double>::quiet_NaN()}}));
-  EXPECT_EQ(toUnitPowerMap(powers), (UnitPowerMap{{"c", -2}, {"e", limit}}));
+  powers.multiplyBy(inPlace({{"a", -1 + step / 2}, {"b", 1}, {"e", 0.25}}));
+  powers.settle();
+  EXPECT_EQ(toUnitPowerMap(powers), (UnitPowerMap{{"b", 3}, {"d", 1}, {"e", 0.25}}));
+  powers.divideBy(inPlace({{"b", 3}, {"c", 2}, {"d", 1 - step}}));
+  powers.settle();
+  EXPECT_EQ(toUnitPowerMap(powers), (UnitPowerMap{{"c", -2}, {"d", step}, {"e", 0.25}}));
+}
+
+/// An exponent of 0 stays on the left side of a product until something is added, and goes on the
+/// right side; and a product is the same when its longer side is used up.
+TEST(UnitPowers, KeepZerosOnTheLeftSideAlone) {
+  const auto product = [](UnitPowers left, UnitPowers right, bool divides) {
+    UnitPowers lent = left;
+    divides ? lent.divideBy(right) : lent.multiplyBy(right);
+    lent.settle();
+    divides ? left.divideBy(std::move(right)) : left.multiplyBy(std::move(right));
+    left.settle();
+    EXPECT_EQ(toUnitPowerMap(left), toUnitPowerMap(lent));
+    return toUnitPowerMap(left);
+  };
+  using Map = UnitPowerMap;
+  EXPECT_EQ(product(ofUnit({{"a", 0}, {"b", 1}}), ofUnit({{"c", 2}}), false),
+            (Map{{"a", 0}, {"b", 1}, {"c", 2}}));
+  EXPECT_EQ(product(ofUnit({{"b", 1}}), ofUnit({{"a", 0}, {"c", 2}}), false),
+            (Map{{"b", 1}, {"c", 2}}));
+  EXPECT_EQ(product(ofUnit({{"a", 0}}), ofUnit({{"a", 0}, {"c", 2}}), false), (Map{{"c", 2}}));
+  EXPECT_EQ(product(ofUnit({{"a", 1}}), ofUnit({{"a", 3}, {"b", -1}, {"c", 2}}), true),
+            (Map{{"a", -2}, {"b", 1}, {"c", -2}}));
+  EXPECT_EQ(product(ofUnit({{"a", 1}}), ofUnit({{"a", 1}, {"b", 1}}), true), (Map{{"b", -1}}));
 }
 
 TEST(UnitPowers, AreCutToIntegers) {
   constexpr double infinity = std::numeric_limits<double>::infinity();
-  constexpr int least = std::numeric_limits<int>::min();
-  constexpr int most = std::numeric_limits<int>::max();
-  const std::string typeId = "a";
-  UnitPowers powers;
-  for (const double exponent : {2.9, -2.9, -0.5, most - 0.1, most + 0.5, 1e300, infinity,
-                                least - 0.5, -infinity, std::nan("")})
-    powers.push_back({&typeId, exponent});
-  std::vector<int> exponents;
-  for (const auto& [id, exponent] : truncatePowers(powers)) exponents.push_back(exponent);
-  EXPECT_EQ(exponents, (std::vector<int>{2, -2, 0, most - 1, most, most, most, least, least, 0}));
+  constexpr std::int64_t least = std::numeric_limits<std::int32_t>::min();
+  constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
+  const std::pair<double, std::int64_t> rows[] = {
+      {2.9, 2},     {-2.9, -2},       {-0.5, 0},          {most - 0.1, most - 1}, {most + 0.5, most},
+      {1e300, most}, {infinity, most}, {least - 0.5, least}, {-infinity, least}};
+  for (const auto& [exponent, whole] : rows)
+    EXPECT_EQ(truncatePowers(inPlace({{"a", exponent}}))[0].exponent, whole) << exponent;
 }
 
 /// Rows as "formula = value or message"; without a unit, of formulas that must be unitless.
 void expectIn(const char* unit, const std::vector<std::string>& rows) {
   const Sample sample;
   for (const std::string& row : rows) {
+    Units::FormulaUnits units = sample.engine.formulaUnits();
     const std::string formula = row.substr(0, row.find(" = "));
     std::string outcome;
     try {
-      outcome =
-          exact(unit ? evaluateExpressionInUnit(sample.engine.getUnit(unit), formula,
-                                                rejectIdentifier, sample.texts(), sample.engine)
-                     : evaluateUnitlessExpression(formula, rejectIdentifier, sample.texts(),
-                                                  sample.engine));
+      outcome = exact(
+          unit ? evaluateExpressionInUnit(sample.engine.getUnit(unit), formula, rejectIdentifier,
+                                          sample.texts(), sample.engine, units)
+               : evaluateUnitlessExpression(formula, rejectIdentifier, sample.texts(),
+                                            sample.engine, units));
     } catch (const Units::ParseException& thrown) {
       outcome = thrown.what();
     }

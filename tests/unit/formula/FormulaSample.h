@@ -67,7 +67,8 @@ class Sample {
       std::unique_ptr<Expression> root;
       double value = 0;
       UnitPowerMap units = {{"replaced", 1}};
-      if (!parseFormula(formula, nodes, root, texts_, engine, resolver)) return "no formula";
+      Units::FormulaUnits terms = engine.formulaUnits();
+      if (!parseFormula(formula, nodes, root, texts_, engine, terms, resolver)) return "no formula";
       if (!root->evaluate(value, units)) return "no value";
       std::string text = exact(value);
       for (const auto& [typeId, exponent] : units) text += " " + typeId + "^" + exact(exponent);
@@ -88,13 +89,14 @@ class Sample {
   void insert(const std::string& key, const std::string& unit,
               const std::optional<Units::PrefixOrSuffix>& shown) {
     const std::string typeId = std::to_string(1000 + symbols_.size()) + key;
-    Units::RecordMap<Units::Symbol> made;
-    made.emplace(typeId, Units::Symbol(typeId, engine.getUnit(unit), shown));
+    Units::RecordStore<Units::Symbol> made;
+    made.add(Units::Symbol(typeId, engine.getUnit(unit), shown));
     Units::SymbolTexts texts(made);
+    symbols_.reserve(1);
     symbols_.merge(made);
     texts_.merge(std::move(texts));
   }
 
-  Units::RecordMap<Units::Symbol> symbols_;
+  Units::RecordStore<Units::Symbol> symbols_;
   Units::SymbolTexts texts_;
 };

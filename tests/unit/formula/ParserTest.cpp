@@ -75,22 +75,23 @@ TEST(Parser, StopsAtTheFirstFault) {
 
 TEST(Parser, RefusesTokensThatNoTokenizerGives) {
   const Sample sample;
+  Units::FormulaUnits units = sample.engine.formulaUnits();
   const auto take = [&](int type, const char* text) {
     return messageOf<std::logic_error>([&] {
-      FormulaParser(arena, sample.texts(), sample.engine)
+      FormulaParser(arena, sample.texts(), sample.engine, units)
           .take({static_cast<FormulaTokenType>(type), text});
     });
   };
   EXPECT_EQ(take(7, "x"), "legacy code dbgWarn: Unknown token type. Dresmond 8-May-2004");
   EXPECT_EQ(take(1, "%"), unexpected);
   EXPECT_EQ(take(2, "sine"), unexpected);
-  FormulaParser parser(arena, sample.texts(), sample.engine);
+  FormulaParser parser(arena, sample.texts(), sample.engine, units);
   EXPECT_TRUE(parser.take({FormulaTokenType::Number, "1", 1.0}));
   EXPECT_EQ(messageOf<std::logic_error>([&] {
               parser.take({FormulaTokenType::Operator, "%"});
             }),
             unexpected);
-  EXPECT_FALSE(FormulaParser(arena, sample.texts(), sample.engine)
+  EXPECT_FALSE(FormulaParser(arena, sample.texts(), sample.engine, units)
                    .take({FormulaTokenType::UnitSymbol, "f"}));
 }
 
@@ -98,7 +99,9 @@ TEST(Parser, LeavesTheResultAloneOnFailure) {
   const Sample sample;
   std::unique_ptr<Expression> root = arena.make<ParenExpression>();
   const Expression* const before = root.get();
-  EXPECT_FALSE(parseFormula("(1", arena, root, sample.texts(), sample.engine, rejectIdentifier));
+  Units::FormulaUnits units = sample.engine.formulaUnits();
+  EXPECT_FALSE(
+      parseFormula("(1", arena, root, sample.texts(), sample.engine, units, rejectIdentifier));
   EXPECT_EQ(root.get(), before);
 }
 

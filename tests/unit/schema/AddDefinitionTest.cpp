@@ -143,7 +143,7 @@ TEST(AddDefinition, RefusesFaultyTextsAndLeavesNoTraceOfThem) {
     EXPECT_EQ(
         messageOf<ValidationException>([&, &text = faulty] { addDefinition(text, registries); }),
         message);
-    EXPECT_EQ(registries.pendingTypeIds, std::unordered_set<std::string_view>{"taken"});
+    EXPECT_EQ(registries.pendingTypeIds, std::set<std::string_view>{"taken"});
     EXPECT_EQ(registries.dimensions.pending.size(), 1u);
     EXPECT_EQ(registries.factors.pending.size() + registries.units.pending.size() +
                   registries.symbols.pending.size() + registries.quantities.pending.size(),

@@ -25,7 +25,7 @@ class ValueText : public testing::Test {
     return true;
   }
 
-  const RecordMap<Symbol> symbols_{makeTextSymbols()};
+  const RecordStore<Symbol> symbols_{makeTextSymbols()};
   const SymbolTexts texts_{symbols_};
 };
 
@@ -115,7 +115,7 @@ TEST_F(ValueText, IsRefusedAsAWhole) {
 TEST_F(ValueText, GivesWhatIsWanted) {
   EXPECT_TRUE(parseValueText("3 m", nullptr, nullptr, texts_));
   const SymbolTexts none;
-  const Symbol* symbol = &symbols_.begin()->second;
+  const Symbol* symbol = &symbols_.nodes().begin()->second.record;
   EXPECT_TRUE(parseValueText("5' 6\"", nullptr, &symbol, none));
   EXPECT_EQ(symbol, nullptr);
 }
@@ -126,7 +126,7 @@ TEST_F(ValueText, BeginsWithTheLongestSymbolThatNoLetterFollows) {
     std::string_view left = text;
     const Symbol* symbol = nullptr;
     EXPECT_TRUE(matchLeadingSymbol(left, std::nullopt, &symbol, texts_));
-    EXPECT_EQ(symbol, &symbols_.at("meter"));
+    EXPECT_EQ(symbol, symbols_.find("meter"));
     EXPECT_EQ(left, rest);
   }
 }
@@ -135,13 +135,13 @@ TEST(LeadingSymbol, IsTheEarlierOfAPrefixAndASuffixOfOneText) {
   const Unit unit("unit", "unit", System::Metric, PrimitiveUnitComponent());
   for (const Placement first : {Placement::Prefix, Placement::Suffix}) {
     const Placement second = first == Placement::Prefix ? Placement::Suffix : Placement::Prefix;
-    const RecordMap<Symbol> symbols = {
-        {"a", Symbol("a", unit, PrefixOrSuffix("u", first, false))},
-        {"b", Symbol("b", unit, PrefixOrSuffix("u", second, false))}};
+    const RecordStore<Symbol> symbols(
+        RecordMap<Symbol>{{"a", Symbol("a", unit, PrefixOrSuffix("u", first, false))},
+                          {"b", Symbol("b", unit, PrefixOrSuffix("u", second, false))}});
     std::string_view text = "u)";
     const Symbol* symbol = nullptr;
     EXPECT_TRUE(matchLeadingSymbol(text, std::nullopt, &symbol, SymbolTexts(symbols)));
-    EXPECT_EQ(symbol, &symbols.at("a"));
+    EXPECT_EQ(symbol, symbols.find("a"));
   }
 }
 

@@ -1,0 +1,121 @@
+#pragma once
+
+#include <TrelvonUnits/Factor.h>
+#include <TrelvonUnits/Quantity.h>
+#include <TrelvonUnits/Symbol.h>
+#include <TrelvonUnits/Unit.h>
+
+#include <atomic>
+#include <cstddef>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+/// What the copies of a record share, by class: set when the record is made, and never changed.
+namespace Units {
+
+/// The base of all contents: how many records share them.
+struct CountedContents {
+  mutable std::atomic<std::size_t> owners{1};
+};
+
+template <class Contents>
+Shared<Contents>::Shared(const Shared& other) noexcept : contents_(other.contents_) {
+  contents_->owners.fetch_add(1, std::memory_order_relaxed);
+}
+
+/// The last owner must see what all others did with the contents before it deletes them.
+template <class Contents>
+Shared<Contents>::~Shared() {
+  if (contents_->owners.fetch_sub(1, std::memory_order_acq_rel) == 1) delete contents_;
+}
+
+struct Dimension::Contents : CountedContents {
+  explicit Contents(std::string id) : typeId(std::move(id)) {}
+
+  const std::string typeId;
+};
+
+struct FactorComponent::Contents : CountedContents {
+  Contents(double number, const std::map<std::string, int>& powers)
+      : factor(number), parentFactorPowers(powers) {}
+
+  const double factor;
+  const std::map<std::string, int> parentFactorPowers;
+};
+
+struct Factor::Contents : CountedContents {
+  Contents(const std::string& id, const FactorComponent& component)
+      : typeId(id), factorComponent(component) {}
+
+  const std::string typeId;
+  const FactorComponent factorComponent;
+};
+
+struct AbsoluteUnitComponent::Contents : CountedContents {
+  Contents(const std::string& parent, double zero) : parentUnit(parent), offset(zero) {}
+
+  const std::string parentUnit;
+  const double offset;
+};
+
+struct DerivedUnitComponent::Contents : CountedContents {
+  Contents(const std::map<std::string, int>& powers, const FactorComponent& component)
+      : parentUnitPowers(powers), factorComponent(component) {}
+
+  const std::map<std::string, int> parentUnitPowers;
+  const FactorComponent factorComponent;
+};
+
+struct PrimitiveUnitComponent::Contents : CountedContents {
+  explicit Contents(const std::optional<Dimension>& measured) : dimension(measured) {}
+
+  const std::optional<Dimension> dimension;
+};
+
+struct Unit::Contents : CountedContents {
+  using Component =
+      std::variant<AbsoluteUnitComponent, DerivedUnitComponent, PrimitiveUnitComponent>;
+
+  template <class KindOfComponent>
+  Contents(const std::string& id, const std::string& shown, System system,
+           const KindOfComponent& kind)
+      : typeId(id), name(shown), unitSystem(system), component(kind) {}
+
+  const std::string typeId;
+  const std::string name;
+  const System unitSystem;
+  const Component component;
+};
+
+struct PrefixOrSuffix::Contents : CountedContents {
+  Contents(const std::string& shown, Placement where, bool spaced)
+      : text(shown), placement(where), space(spaced) {}
+
+  const std::string text;
+  const Placement placement;
+  const bool space;
+};
+
+struct Symbol::Contents : CountedContents {
+  Contents(const std::string& id, const Unit& shown, const std::optional<PrefixOrSuffix>& decoration)
+      : typeId(id), unit(shown), prefixOrSuffix(decoration) {}
+
+  const std::string typeId;
+  const Unit unit;
+  const std::optional<PrefixOrSuffix> prefixOrSuffix;
+};
+
+struct Quantity::Contents : CountedContents {
+  Contents(const std::string& id, const std::string& shown, const std::vector<Unit>& listed)
+      : typeId(id), name(shown), units(listed) {}
+
+  const std::string typeId;
+  const std::string name;
+  const std::vector<Unit> units;
+};
+
+}  // namespace Units

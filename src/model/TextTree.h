@@ -1,0 +1,161 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <list>
+#include <string_view>
+#include <utility>
+
+namespace Units {
+
+/// Values by text, found by the whole text or by the texts that another one begins with. A search
+/// is linear in the text that is looked for, whatever texts are here: a PATRICIA tree (D. R.
+/// Morrison, Journal of the ACM 15(4), 1968).
+///
+/// Each node holds a text, and a bit by which texts part. A descent reads only such bits, so the
+/// text where it ends must still be compared. A link that does not lead to a later bit ends it. Each
+/// byte counts nine bits, the first of which says that the byte is there: by this bit a text parts
+/// from the longer ones that begin with it.
+template <class Value>
+class TextTree {
+ public:
+  TextTree() = default;
+  TextTree(const TextTree&) = delete;  // the nodes point at each other
+  TextTree& operator=(const TextTree&) = delete;
+  TextTree(TextTree&& other) noexcept { swap(other); }
+  TextTree& operator=(TextTree&& other) noexcept {
+    TextTree moved(std::move(other));
+    swap(moved);
+    return *this;
+  }
+
+  /// Null when there is no such text.
+  const Value* find(std::string_view text) const {
+    if (!root_ || text.empty()) return nullptr;
+    const Node& end = descend(text);
+    return end.text == text ? &end.value : nullptr;
+  }
+
+  /// The value of the longest text that `text` begins with and whose length is accepted; null if
+  /// none.
+  template <class Accepts>
+  const Value* findLongestPrefix(std::string_view text, Accepts accepts) const {
+    if (!root_ || text.empty()) return nullptr;
+    const Node& end = descend(text);
+    const std::size_t common = commonLength(end.text, text);
+    if (common == end.text.size() && accepts(common)) return &end.value;
+
+    // The shorter ones part from the way down where they end.
+    const Value* longest = nullptr;
+    const Node* node = root_;
+    for (Bit last = 0;; last = node->bit) {
+      node = node->next[valueOf(last, text)];
+      if (node->bit <= last || placeOf(node->bit) > common) return longest;
+      if (isPresence(node->bit) && accepts(placeOf(node->bit))) longest = &node->next[0]->value;
+    }
+  }
+
+  /// Adds a text, unless it is here already. When it throws, nothing has changed.
+  /// @param text  not empty; outlives the tree.
+  /// @return  the value of the text.
+  Value& insert(std::string_view text, const Value& value) {
+    std::list<Node> made(1, Node{text, value});
+    Node& node = made.front();
+    if (Node* const known = link(node)) return known->value;
+    nodes_.splice(nodes_.end(), made);
+    return node.value;
+  }
+
+  /// Takes in the texts of another tree, which is left empty. Where a text is here already, `join`
+  /// gets the value that stays and the one that goes.
+  template <class Join>
+  void merge(TextTree& other, Join join) noexcept {
+    other.root_ = nullptr;
+    while (!other.nodes_.empty()) {
+      Node& node = other.nodes_.front();
+      if (Node* const known = link(node)) {
+        join(known->value, node.value);
+        other.nodes_.pop_front();
+      } else {
+        nodes_.splice(nodes_.end(), other.nodes_, other.nodes_.begin());
+      }
+    }
+  }
+
+ private:
+  using Bit = std::size_t;  // sixteen times the place of a byte, and which of its nine bits
+
+  struct Node {
+    std::string_view text;
+    Value value;
+    Bit bit = 0;
+    Node* next[2] = {nullptr, nullptr};
+  };
+
+  static std::size_t placeOf(Bit bit) { return bit / 16; }
+  static bool isPresence(Bit bit) { return bit % 16 == 0; }
+
+  /// The nine bits of a text at a place: none of them set behind its end.
+  static unsigned bitsAt(std::size_t place, std::string_view text) {
+    return place < text.size() ? 0x100u | static_cast<unsigned char>(text[place]) : 0u;
+  }
+
+  static unsigned valueOf(Bit bit, std::string_view text) {
+    return bitsAt(placeOf(bit), text) >> (8 - bit % 16) & 1;
+  }
+
+  static std::size_t commonLength(std::string_view a, std::string_view b) {
+    const std::size_t shorter = std::min(a.size(), b.size());
+    std::size_t length = 0;
+    while (length < shorter && a[length] == b[length]) ++length;
+    return length;
+  }
+
+  Node& descend(std::string_view text) const {
+    Node* node = root_;
+    Bit last = 0;
+    do {
+      last = node->bit;
+      node = node->next[valueOf(last, text)];
+    } while (node->bit > last);
+    return *node;
+  }
+
+  /// Puts a node into the tree, unless its text is here.
+  /// @return  the node of that text; null when there was none.
+  Node* link(Node& node) noexcept {
+    if (!root_) {  // parts nothing: every text has a first byte
+      node.bit = 0;
+      node.next[0] = node.next[1] = root_ = &node;
+      return nullptr;
+    }
+    Node& end = descend(node.text);
+    const std::size_t place = commonLength(node.text, end.text);
+    const unsigned different = bitsAt(place, node.text) ^ bitsAt(place, end.text);
+    if (different == 0) return &end;
+    Bit parting = 16 * place;
+    while ((different >> (8 - parting % 16) & 1) == 0) ++parting;
+
+    Node** way = &root_->next[1];
+    for (Bit last = 0; (*way)->bit > last && (*way)->bit < parting;) {
+      last = (*way)->bit;
+      way = &(*way)->next[valueOf(last, node.text)];
+    }
+    const unsigned side = valueOf(parting, node.text);
+    node.bit = parting;
+    node.next[side] = &node;
+    node.next[1 - side] = *way;
+    *way = &node;
+    return nullptr;
+  }
+
+  void swap(TextTree& other) noexcept {
+    nodes_.swap(other.nodes_);
+    std::swap(root_, other.root_);
+  }
+
+  std::list<Node> nodes_;
+  Node* root_ = nullptr;
+};
+
+}  // namespace Units
