@@ -8,8 +8,8 @@
 
 namespace Units {
 
-/// The engine's units for the length of one evaluation: a unit that a formula names a thousand times
-/// is reduced once, and so is what several of its units depend on.
+/// The engine's units for the length of one evaluation: a unit that a formula names a thousand
+/// times is reduced once, and so is what several of its units depend on.
 class FormulaUnits final : public UnitTermsSource {
  public:
   explicit FormulaUnits(const RecordStore<Unit>& units) : units_(units) {}

@@ -79,7 +79,8 @@ void Reducer::enter(const RecordNode<Unit>& unit, const Powers& powers) {
     throw IncompatibleUnitsException("Parent unit " + RecordAccess::typeId(unit.record) +
                                      " is absolute, but all parent units must be relative.");
   const std::size_t workBefore = work_;
-  path_.push_back({&unit, ownFactor(unit), 0, powers.size(), powers.size() + mostUncombined, workBefore});
+  path_.push_back(
+      {&unit, ownFactor(unit), 0, powers.size(), powers.size() + mostUncombined, workBefore});
 }
 
 /// Multiplies the next parent of the last unit on the path in, or puts it on the path.

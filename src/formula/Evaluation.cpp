@@ -39,7 +39,8 @@ double evaluateExpressionInUnit(const Units::Unit& unit, std::string_view formul
 
   const UnitTerms& terms = units.termsOf(unit);
   bool inverted = false;
-  if (!Units::arePowersCompatible(truncatePowers(result.units()), truncatePowers(terms.powers), inverted))
+  if (!Units::arePowersCompatible(truncatePowers(result.units()), truncatePowers(terms.powers),
+                                  inverted))
     throwUnableToParse();
   return (inverted ? std::pow(result.value, -1.0) : result.value) / terms.factor - terms.offset;
 }

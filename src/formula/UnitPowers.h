@@ -20,9 +20,9 @@ struct UnitPower {
 
 /// The same while a formula is computed: each unit once, ordered by the address of its node.
 ///
-/// Products only add to the end. What they add is merged by `settle`, which comes before any look at
-/// the powers, and when as much has been added as was there before. So a product of n units takes
-/// time in proportion to n log n.
+/// Products only add to the end. What they add is merged by `settle`, which comes before any look
+/// at the powers, and when as much has been added as was there before. So a product of n units
+/// takes time in proportion to n log n.
 class UnitPowers {
  public:
   UnitPowers() = default;

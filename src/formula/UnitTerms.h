@@ -4,7 +4,8 @@
 
 #include <TrelvonUnits/Unit.h>
 
-/// A unit in the terms that formulas compute in: v in the unit is (v + offset) * factor of `powers`.
+/// A unit in the terms that formulas compute in: v in the unit is (v + offset) * factor of
+/// `powers`.
 struct UnitTerms {
   double factor;
   double offset;

@@ -14,9 +14,11 @@ DerivedUnitComponent::DerivedUnitComponent(DerivedUnitComponent&& other) noexcep
 DerivedUnitComponent::~DerivedUnitComponent() = default;
 
 std::map<std::string, int> DerivedUnitComponent::getParentUnitPowers() const {
-  return contents_->parentUnitPowers;
+  return {contents_->parentUnitPowers.begin(), contents_->parentUnitPowers.end()};
 }
 
-FactorComponent DerivedUnitComponent::getFactorComponent() const { return contents_->factorComponent; }
+FactorComponent DerivedUnitComponent::getFactorComponent() const {
+  return contents_->factorComponent;
+}
 
 }  // namespace Units

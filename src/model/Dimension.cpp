@@ -15,11 +15,15 @@ Dimension::~Dimension() = default;
 
 std::string Dimension::getTypeId() const { return contents_->typeId; }
 
-bool Dimension::operator==(const Dimension& other) const { return contents_->typeId == other.contents_->typeId; }
+bool Dimension::operator==(const Dimension& other) const {
+  return contents_->typeId == other.contents_->typeId;
+}
 
 bool Dimension::operator!=(const Dimension& other) const { return !(*this == other); }
 
-bool Dimension::operator<(const Dimension& other) const { return contents_->typeId < other.contents_->typeId; }
+bool Dimension::operator<(const Dimension& other) const {
+  return contents_->typeId < other.contents_->typeId;
+}
 
 bool Dimension::operator>(const Dimension& other) const { return other < *this; }
 

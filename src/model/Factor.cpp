@@ -16,11 +16,15 @@ std::string Factor::getTypeId() const { return contents_->typeId; }
 
 FactorComponent Factor::getFactorComponent() const { return contents_->factorComponent; }
 
-bool Factor::operator==(const Factor& other) const { return contents_->typeId == other.contents_->typeId; }
+bool Factor::operator==(const Factor& other) const {
+  return contents_->typeId == other.contents_->typeId;
+}
 
 bool Factor::operator!=(const Factor& other) const { return !(*this == other); }
 
-bool Factor::operator<(const Factor& other) const { return contents_->typeId < other.contents_->typeId; }
+bool Factor::operator<(const Factor& other) const {
+  return contents_->typeId < other.contents_->typeId;
+}
 
 bool Factor::operator>(const Factor& other) const { return other < *this; }
 

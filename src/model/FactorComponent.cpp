@@ -19,7 +19,7 @@ FactorComponent::~FactorComponent() = default;
 double FactorComponent::getFactor() const { return contents_->factor; }
 
 std::map<std::string, int> FactorComponent::getParentFactorPowers() const {
-  return contents_->parentFactorPowers;
+  return {contents_->parentFactorPowers.begin(), contents_->parentFactorPowers.end()};
 }
 
 }  // namespace Units

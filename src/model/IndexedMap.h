@@ -13,9 +13,9 @@ namespace Units {
 ///
 /// Strangers choose the texts, and std::hash is the same in every process: they can make any number
 /// of texts with one hash. So the table only helps. A text may lie in one of a few slots that its
-/// hash selects; where all of them are taken, it is found by the map alone. No choice of texts makes
-/// a look-up slower than a search of the map and a few comparisons of hashes, and nothing that a
-/// caller sees depends on the hashes.
+/// hash selects; where all of them are taken, it is found by the map alone. No choice of texts
+/// makes a look-up slower than a search of the map and a few comparisons of hashes, and nothing
+/// that a caller sees depends on the hashes.
 ///
 /// Values stay where they are once they are in.
 template <class Value>

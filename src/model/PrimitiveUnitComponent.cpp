@@ -8,10 +8,13 @@ PrimitiveUnitComponent::PrimitiveUnitComponent(const std::optional<Dimension>& d
     : contents_(new Contents(dimension)) {}
 
 // The contents are shared: moving copies, too.
-PrimitiveUnitComponent::PrimitiveUnitComponent(const PrimitiveUnitComponent& other) noexcept = default;
+PrimitiveUnitComponent::PrimitiveUnitComponent(const PrimitiveUnitComponent& other) noexcept =
+    default;
 PrimitiveUnitComponent::PrimitiveUnitComponent(PrimitiveUnitComponent&& other) noexcept = default;
 PrimitiveUnitComponent::~PrimitiveUnitComponent() = default;
 
-std::optional<Dimension> PrimitiveUnitComponent::getDimension() const { return contents_->dimension; }
+std::optional<Dimension> PrimitiveUnitComponent::getDimension() const {
+  return contents_->dimension;
+}
 
 }  // namespace Units

@@ -19,11 +19,15 @@ std::string Quantity::getName() const { return contents_->name; }
 
 std::vector<Unit> Quantity::getUnits() const { return contents_->units; }
 
-bool Quantity::operator==(const Quantity& other) const { return contents_->typeId == other.contents_->typeId; }
+bool Quantity::operator==(const Quantity& other) const {
+  return contents_->typeId == other.contents_->typeId;
+}
 
 bool Quantity::operator!=(const Quantity& other) const { return !(*this == other); }
 
-bool Quantity::operator<(const Quantity& other) const { return contents_->typeId < other.contents_->typeId; }
+bool Quantity::operator<(const Quantity& other) const {
+  return contents_->typeId < other.contents_->typeId;
+}
 
 bool Quantity::operator>(const Quantity& other) const { return other < *this; }
 

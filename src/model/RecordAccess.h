@@ -6,7 +6,6 @@
 #include <TrelvonUnits/Quantity.h>
 #include <TrelvonUnits/Symbol.h>
 
-#include <map>
 #include <optional>
 #include <string>
 #include <variant>
@@ -33,7 +32,7 @@ struct RecordAccess {
     return record.contents_->name;
   }
 
-  static const std::map<std::string, int>& parentFactorPowers(const FactorComponent& component) {
+  static const ParentList& parentFactorPowers(const FactorComponent& component) {
     return component.contents_->parentFactorPowers;
   }
 
@@ -46,7 +45,7 @@ struct RecordAccess {
     return component.contents_->factorComponent;
   }
 
-  static const std::map<std::string, int>& parentUnitPowers(const DerivedUnitComponent& component) {
+  static const ParentList& parentUnitPowers(const DerivedUnitComponent& component) {
     return component.contents_->parentUnitPowers;
   }
 
@@ -54,7 +53,9 @@ struct RecordAccess {
     return component.contents_->parentUnit;
   }
 
-  static double offset(const AbsoluteUnitComponent& component) { return component.contents_->offset; }
+  static double offset(const AbsoluteUnitComponent& component) {
+    return component.contents_->offset;
+  }
 
   static const std::optional<Dimension>& dimension(const PrimitiveUnitComponent& component) {
     return component.contents_->dimension;
@@ -71,7 +72,9 @@ struct RecordAccess {
     return std::get_if<PrimitiveUnitComponent>(&unit.contents_->component);
   }
 
-  static const std::string& text(const PrefixOrSuffix& decoration) { return decoration.contents_->text; }
+  static const std::string& text(const PrefixOrSuffix& decoration) {
+    return decoration.contents_->text;
+  }
 
   static const Unit& unit(const Symbol& symbol) { return symbol.contents_->unit; }
 
@@ -80,7 +83,9 @@ struct RecordAccess {
     return symbol.contents_->prefixOrSuffix ? &*symbol.contents_->prefixOrSuffix : nullptr;
   }
 
-  static const std::vector<Unit>& units(const Quantity& quantity) { return quantity.contents_->units; }
+  static const std::vector<Unit>& units(const Quantity& quantity) {
+    return quantity.contents_->units;
+  }
 };
 
 }  // namespace Units

@@ -33,6 +33,10 @@ Shared<Contents>::~Shared() {
   if (contents_->owners.fetch_sub(1, std::memory_order_acq_rel) == 1) delete contents_;
 }
 
+/// Parents and their exponents in type id order, in less memory than the map takes that they come
+/// in.
+using ParentList = std::vector<std::pair<std::string, int>>;
+
 struct Dimension::Contents : CountedContents {
   explicit Contents(std::string id) : typeId(std::move(id)) {}
 
@@ -41,10 +45,10 @@ struct Dimension::Contents : CountedContents {
 
 struct FactorComponent::Contents : CountedContents {
   Contents(double number, const std::map<std::string, int>& powers)
-      : factor(number), parentFactorPowers(powers) {}
+      : factor(number), parentFactorPowers(powers.begin(), powers.end()) {}
 
   const double factor;
-  const std::map<std::string, int> parentFactorPowers;
+  const ParentList parentFactorPowers;
 };
 
 struct Factor::Contents : CountedContents {
@@ -64,9 +68,9 @@ struct AbsoluteUnitComponent::Contents : CountedContents {
 
 struct DerivedUnitComponent::Contents : CountedContents {
   Contents(const std::map<std::string, int>& powers, const FactorComponent& component)
-      : parentUnitPowers(powers), factorComponent(component) {}
+      : parentUnitPowers(powers.begin(), powers.end()), factorComponent(component) {}
 
-  const std::map<std::string, int> parentUnitPowers;
+  const ParentList parentUnitPowers;
   const FactorComponent factorComponent;
 };
 
@@ -101,7 +105,8 @@ struct PrefixOrSuffix::Contents : CountedContents {
 };
 
 struct Symbol::Contents : CountedContents {
-  Contents(const std::string& id, const Unit& shown, const std::optional<PrefixOrSuffix>& decoration)
+  Contents(const std::string& id, const Unit& shown,
+           const std::optional<PrefixOrSuffix>& decoration)
       : typeId(id), unit(shown), prefixOrSuffix(decoration) {}
 
   const std::string typeId;

@@ -17,13 +17,19 @@ std::string Symbol::getTypeId() const { return contents_->typeId; }
 
 Unit Symbol::getUnit() const { return contents_->unit; }
 
-std::optional<PrefixOrSuffix> Symbol::getPrefixOrSuffix() const { return contents_->prefixOrSuffix; }
+std::optional<PrefixOrSuffix> Symbol::getPrefixOrSuffix() const {
+  return contents_->prefixOrSuffix;
+}
 
-bool Symbol::operator==(const Symbol& other) const { return contents_->typeId == other.contents_->typeId; }
+bool Symbol::operator==(const Symbol& other) const {
+  return contents_->typeId == other.contents_->typeId;
+}
 
 bool Symbol::operator!=(const Symbol& other) const { return !(*this == other); }
 
-bool Symbol::operator<(const Symbol& other) const { return contents_->typeId < other.contents_->typeId; }
+bool Symbol::operator<(const Symbol& other) const {
+  return contents_->typeId < other.contents_->typeId;
+}
 
 bool Symbol::operator>(const Symbol& other) const { return other < *this; }
 

@@ -13,9 +13,9 @@ namespace Units {
 /// Morrison, Journal of the ACM 15(4), 1968).
 ///
 /// Each node holds a text, and a bit by which texts part. A descent reads only such bits, so the
-/// text where it ends must still be compared. A link that does not lead to a later bit ends it. Each
-/// byte counts nine bits, the first of which says that the byte is there: by this bit a text parts
-/// from the longer ones that begin with it.
+/// text where it ends must still be compared. A link that does not lead to a later bit ends it.
+/// Each byte counts nine bits, the first of which says that the byte is there: by this bit a text
+/// parts from the longer ones that begin with it.
 template <class Value>
 class TextTree {
  public:

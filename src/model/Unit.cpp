@@ -49,11 +49,15 @@ std::optional<PrimitiveUnitComponent> Unit::getPrimitiveUnitComponent() const {
   return held<PrimitiveUnitComponent>(contents_->component);
 }
 
-bool Unit::operator==(const Unit& other) const { return contents_->typeId == other.contents_->typeId; }
+bool Unit::operator==(const Unit& other) const {
+  return contents_->typeId == other.contents_->typeId;
+}
 
 bool Unit::operator!=(const Unit& other) const { return !(*this == other); }
 
-bool Unit::operator<(const Unit& other) const { return contents_->typeId < other.contents_->typeId; }
+bool Unit::operator<(const Unit& other) const {
+  return contents_->typeId < other.contents_->typeId;
+}
 
 bool Unit::operator>(const Unit& other) const { return other < *this; }
 

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <map>
 #include <utility>
 
 namespace Units {
@@ -20,7 +19,7 @@ const auto& nodeOf(const std::string& typeId, const Kind& kind) {
 }
 
 template <class Parents, class Kind>
-void link(Parents& parents, const std::map<std::string, int>& powers, const Kind& kind) {
+void link(Parents& parents, const ParentList& powers, const Kind& kind) {
   parents.reserve(powers.size());
   for (const auto& [typeId, exponent] : powers)
     parents.push_back({&nodeOf(typeId, kind), exponent});

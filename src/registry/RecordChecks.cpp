@@ -40,12 +40,6 @@ void checkTypeId(const std::string& typeId, const Registries& registries) {
     throw ValidationException("Schema with typeid " + typeId + " is already registered.");
 }
 
-void checkExponents(const std::map<std::string, int>& powers) {
-  if (std::any_of(powers.begin(), powers.end(),
-                  [](const auto& power) { return power.second == 0; }))
-    throw ValidationException("A parent may not be raised to a zero exponent.");
-}
-
 void checkFactorParents(const FactorComponent& component, const RecordStore<Factor>& factors) {
   const auto& parents = RecordAccess::parentFactorPowers(component);
   checkExponents(parents);

@@ -2,7 +2,8 @@
 
 #include "registry/Registries.h"
 
-#include <map>
+#include <TrelvonUnits/Exceptions.h>
+
 #include <string>
 
 /// The rules that a record must meet before it is stored. Each check throws a ValidationException
@@ -13,7 +14,11 @@ namespace Units {
 void checkTypeId(const std::string& typeId, const Registries& registries);
 
 /// No exponent is 0.
-void checkExponents(const std::map<std::string, int>& powers);
+template <class Powers>
+void checkExponents(const Powers& powers) {
+  for (const auto& [parent, exponent] : powers)
+    if (exponent == 0) throw ValidationException("A parent may not be raised to a zero exponent.");
+}
 
 /// No exponent is 0; every parent is a stored factor.
 void checkFactorParents(const FactorComponent& component, const RecordStore<Factor>& factors);

@@ -4,9 +4,9 @@
 #include "registry/KindRegistry.h"
 #include "registry/SchemaData.h"
 
+#include <set>
 #include <string>
 #include <string_view>
-#include <set>
 
 namespace Units {
 

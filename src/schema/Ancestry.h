@@ -1,10 +1,10 @@
 #pragma once
 
+#include "model/RecordContents.h"
 #include "registry/KindRegistry.h"
 
 #include <TrelvonUnits/Exceptions.h>
 
-#include <map>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -33,7 +33,7 @@ using Walks = std::unordered_map<const Record*, Walk>;
 template <class SchemaData, class Record, class ParentsOf>
 void checkAncestry(const std::string& root, const KindRegistry<SchemaData, Record>& registry,
                    const ParentsOf& parentsOf, Walks<Record>& walks) {
-  using Parent = std::map<std::string, int>::const_iterator;
+  using Parent = ParentList::const_iterator;
   struct Step {
     Walk* walk;
     Parent next;
@@ -49,7 +49,7 @@ void checkAncestry(const std::string& root, const KindRegistry<SchemaData, Recor
     if (!isFirst)
       throw ValidationException("A schema identifies its descendant " + id +
                                 " as one of its parents.");
-    const std::map<std::string, int>& parents = parentsOf(*built);
+    const ParentList& parents = parentsOf(*built);
     path.push_back({&walk->second, parents.begin(), parents.end()});
   };
   visit(root);

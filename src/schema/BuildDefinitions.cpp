@@ -9,7 +9,6 @@
 #include "schema/SymbolSchema.h"
 #include "schema/UnitSchema.h"
 
-#include <map>
 #include <string>
 
 namespace Units {
@@ -41,7 +40,7 @@ void buildRecords(Registries& registries) {
 }
 
 void checkBuiltFactors(const FactorRegistry& factors) {
-  const auto parentsOf = [](const Factor& factor) -> const std::map<std::string, int>& {
+  const auto parentsOf = [](const Factor& factor) -> const ParentList& {
     return RecordAccess::parentFactorPowers(RecordAccess::factorComponent(factor));
   };
   Walks<Factor> walks;
@@ -64,8 +63,8 @@ void checkDerived(const std::string& typeId, const DerivedUnitComponent& derived
     if (RecordAccess::absolute(findDependency(units, parent, typeId)))
       refuseParent(parent, "derived", typeId);
 
-  static const std::map<std::string, int> none;
-  const auto parentsOf = [&](const Unit& unit) -> const std::map<std::string, int>& {
+  static const ParentList none;
+  const auto parentsOf = [&](const Unit& unit) -> const ParentList& {
     if (RecordAccess::absolute(unit)) refuseParent(RecordAccess::typeId(unit), "derived", typeId);
     const auto* const isDerived = RecordAccess::derived(unit);
     return isDerived ? RecordAccess::parentUnitPowers(*isDerived) : none;

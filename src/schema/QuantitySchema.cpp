@@ -31,7 +31,8 @@ void buildQuantity(const std::string& typeId, const QuantitySchemaData& data,
   built.add(Quantity(typeId, data.name, found));
 }
 
-void collectQuantityReferences(const Quantity& quantity, References& out, const RecordStore<Unit>& units) {
+void collectQuantityReferences(const Quantity& quantity, References& out,
+                               const RecordStore<Unit>& units) {
   for (const Unit& unit : RecordAccess::units(quantity)) {
     out.typeIds.insert(RecordAccess::typeId(unit));
     collectUnitReferences(storedNode(units, RecordAccess::typeId(unit)), out);

@@ -28,7 +28,8 @@ void buildQuantity(const std::string& typeId, const QuantitySchemaData& data,
                    const KindRegistry<UnitSchemaData, Unit>& units, RecordStore<Quantity>& built);
 
 /// Adds the quantity's units and all that they depend on.
-void collectQuantityReferences(const Quantity& quantity, References& out, const RecordStore<Unit>& units);
+void collectQuantityReferences(const Quantity& quantity, References& out,
+                               const RecordStore<Unit>& units);
 
 std::string writeQuantitySchema(const Quantity& quantity);
 

@@ -40,8 +40,7 @@ JSON makeValueProperty(JSON& owner, const std::string& id, const std::string& va
   return makeValueProperty(owner, id, JSON::makeString(owner, value));
 }
 
-JSON makePowersProperty(JSON& owner, const std::string& id,
-                        const std::map<std::string, int>& powers) {
+JSON makePowersProperty(JSON& owner, const std::string& id, const ParentList& powers) {
   JSON object = JSON::makeObject();
   for (const auto& [parent, exponent] : powers) object.setMember(owner, parent, JSON(exponent));
   return makeValueProperty(owner, id, std::move(object));

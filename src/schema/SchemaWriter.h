@@ -1,8 +1,8 @@
 #pragma once
 
 #include "json/JSON.h"
+#include "model/RecordContents.h"
 
-#include <map>
 #include <string>
 #include <vector>
 
@@ -24,8 +24,7 @@ JSON makeValueProperty(JSON& owner, const std::string& id, const std::string& va
 JSON makeValueProperty(JSON&, const std::string&, const char*) = delete;  // it would be a bool
 
 /// {"id": id, "value": {parent: exponent, ...}}, parents in type id order.
-JSON makePowersProperty(JSON& owner, const std::string& id,
-                        const std::map<std::string, int>& powers);
+JSON makePowersProperty(JSON& owner, const std::string& id, const ParentList& powers);
 
 /// {"typeid": typeId}
 JSON makeTypedValue(JSON& owner, const std::string& typeId);

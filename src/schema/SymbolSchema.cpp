@@ -52,7 +52,8 @@ void buildSymbol(const std::string& typeId, const SymbolSchemaData& data,
   built.add(Symbol(typeId, unit, makePrefixOrSuffix(data)));
 }
 
-void collectSymbolReferences(const Symbol& symbol, References& out, const RecordStore<Unit>& units) {
+void collectSymbolReferences(const Symbol& symbol, References& out,
+                             const RecordStore<Unit>& units) {
   const Unit& unit = RecordAccess::unit(symbol);
   out.typeIds.insert(RecordAccess::typeId(unit));
   collectUnitReferences(storedNode(units, RecordAccess::typeId(unit)), out);

@@ -66,7 +66,7 @@ void addReading(std::vector<Operation>& all) {
   all.push_back(row("get", [](auto& e) {
     return e.getDimension("length").getTypeId() + e.getFactor("gross").getTypeId() +
            e.getUnit("foot").getName() + e.getSymbol("ft").getTypeId() +
-           e.getQuantity("height").getName();
+           e.getQuantity("height").getUnits().front().getName();
   }));
   all.push_back(row("get, refused", [](auto& e) { return e.getUnit("no such unit").getName(); }));
   all.push_back(row("listings", [](auto& e) {

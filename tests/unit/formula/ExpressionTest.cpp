@@ -220,8 +220,9 @@ TEST(UnitPowers, AreCutToIntegers) {
   constexpr std::int64_t least = std::numeric_limits<std::int32_t>::min();
   constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
   const std::pair<double, std::int64_t> rows[] = {
-      {2.9, 2},     {-2.9, -2},       {-0.5, 0},          {most - 0.1, most - 1}, {most + 0.5, most},
-      {1e300, most}, {infinity, most}, {least - 0.5, least}, {-infinity, least}};
+      {2.9, 2},           {-2.9, -2},    {-0.5, 0},        {most - 0.1, most - 1},
+      {most + 0.5, most}, {1e300, most}, {infinity, most}, {least - 0.5, least},
+      {-infinity, least}};
   for (const auto& [exponent, whole] : rows)
     EXPECT_EQ(truncatePowers(inPlace({{"a", exponent}}))[0].exponent, whole) << exponent;
 }
@@ -234,11 +235,11 @@ void expectIn(const char* unit, const std::vector<std::string>& rows) {
     const std::string formula = row.substr(0, row.find(" = "));
     std::string outcome;
     try {
-      outcome = exact(
-          unit ? evaluateExpressionInUnit(sample.engine.getUnit(unit), formula, rejectIdentifier,
-                                          sample.texts(), sample.engine, units)
-               : evaluateUnitlessExpression(formula, rejectIdentifier, sample.texts(),
-                                            sample.engine, units));
+      outcome = exact(unit ? evaluateExpressionInUnit(sample.engine.getUnit(unit), formula,
+                                                      rejectIdentifier, sample.texts(),
+                                                      sample.engine, units)
+                           : evaluateUnitlessExpression(formula, rejectIdentifier, sample.texts(),
+                                                        sample.engine, units));
     } catch (const Units::ParseException& thrown) {
       outcome = thrown.what();
     }
