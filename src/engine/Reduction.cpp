@@ -24,8 +24,11 @@ double power(double base, int exponent) {
 
 /// Adds the powers of a simple unit, each `exponent` times, to the end of a list.
 void append(Powers& powers, const RecordNode<Unit>& simple, int exponent) {
+  powers.reserve(powers.size() + simple.parents.size());
+  Power* target = powers.end();
   for (const auto& [unit, own] : simple.parents)
-    powers.push_back({unit, saturate(std::int64_t{own} * exponent)});
+    *target++ = {unit, saturate(std::int64_t{own} * exponent)};
+  powers.setEnd(target);
 }
 
 /// Writes powers, each `exponent` times, to `target`. Those of 0 are gone.

@@ -22,16 +22,13 @@ const Symbol* earlier(const Symbol* a, const Symbol* b) {
   return *b < *a ? b : a;
 }
 
-std::size_t firstByte(std::string_view text) { return static_cast<unsigned char>(text.front()); }
-
-}  // namespace
-
-const Symbol* SymbolTexts::Texts::longestAtStart(std::string_view text) const {
-  if (text.empty() || !firstBytes[firstByte(text)]) return nullptr;
-  const Symbol* const* const found = symbols.findLongestPrefix(
+const Symbol* longestAmong(const TextTree<const Symbol*>& texts, std::string_view text) {
+  const Symbol* const* const found = texts.findLongestPrefix(
       text, [&](std::size_t end) { return end == text.size() || !isLetter(text[end]); });
   return found ? *found : nullptr;
 }
+
+}  // namespace
 
 SymbolTexts::SymbolTexts(const RecordStore<Symbol>& symbols) {
   for (const auto& [typeId, node] : symbols.nodes()) add(node.record);
@@ -41,10 +38,8 @@ void SymbolTexts::add(const Symbol& symbol) {
   if (const PrefixOrSuffix* const decoration = RecordAccess::prefixOrSuffix(symbol)) {
     const std::string_view text = RecordAccess::text(*decoration);
     if (text.empty()) return;
-    Texts& texts = texts_[indexOf(decoration->getPlacement())];
-    const Symbol*& shown = texts.symbols.insert(text, &symbol);
+    const Symbol*& shown = texts_[indexOf(decoration->getPlacement())].insert(text, &symbol);
     shown = earlier(shown, &symbol);
-    texts.firstBytes.set(firstByte(text));
     return;
   }
   for (std::size_t form = 0; form < composites_.size(); ++form)
@@ -53,15 +48,10 @@ void SymbolTexts::add(const Symbol& symbol) {
 }
 
 void SymbolTexts::merge(SymbolTexts&& other) noexcept {
-  for (std::size_t placement = 0; placement < texts_.size(); ++placement) {
-    Texts& texts = texts_[placement];
-    Texts& added = other.texts_[placement];
-    texts.firstBytes |= added.firstBytes;
-    added.firstBytes.reset();
-    texts.symbols.merge(added.symbols, [](const Symbol*& ours, const Symbol* theirs) {
+  for (std::size_t placement = 0; placement < texts_.size(); ++placement)
+    texts_[placement].merge(other.texts_[placement], [](const Symbol*& ours, const Symbol* theirs) {
       ours = earlier(ours, theirs);
     });
-  }
   for (std::size_t form = 0; form < composites_.size(); ++form) {
     composites_[form] = earlier(composites_[form], other.composites_[form]);
     other.composites_[form] = nullptr;
@@ -70,9 +60,9 @@ void SymbolTexts::merge(SymbolTexts&& other) noexcept {
 
 const Symbol* SymbolTexts::longestAtStart(std::string_view text,
                                           std::optional<Placement> placement) const {
-  if (placement) return texts_[indexOf(*placement)].longestAtStart(text);
-  const Symbol* const prefix = texts_[0].longestAtStart(text);
-  const Symbol* const suffix = texts_[1].longestAtStart(text);
+  if (placement) return longestAmong(texts_[indexOf(*placement)], text);
+  const Symbol* const prefix = longestAmong(texts_[0], text);
+  const Symbol* const suffix = longestAmong(texts_[1], text);
   if (!prefix || !suffix) return prefix ? prefix : suffix;
   const std::size_t prefixLength = textOf(*prefix).size();
   const std::size_t suffixLength = textOf(*suffix).size();
@@ -83,7 +73,7 @@ const Symbol* SymbolTexts::longestAtStart(std::string_view text,
 const Symbol* SymbolTexts::withText(std::string_view text) const {
   const Symbol* found = nullptr;
   for (const Texts& texts : texts_) {
-    const Symbol* const* const shown = texts.symbols.find(text);
+    const Symbol* const* const shown = texts.find(text);
     if (shown) found = earlier(found, *shown);
   }
   return found;

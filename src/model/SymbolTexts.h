@@ -5,7 +5,6 @@
 #include "model/TextTree.h"
 
 #include <array>
-#include <bitset>
 #include <cstddef>
 #include <optional>
 #include <string_view>
@@ -42,13 +41,7 @@ class SymbolTexts {
   const Symbol* composite(CompositeForm form) const;
 
  private:
-  /// What the symbols of one placement show.
-  struct Texts {
-    const Symbol* longestAtStart(std::string_view text) const;
-
-    TextTree<const Symbol*> symbols;  // by views of the records' texts
-    std::bitset<256> firstBytes;      // of all of them
-  };
+  using Texts = TextTree<const Symbol*>;  // by views of the records' texts
 
   void add(const Symbol& symbol);
 

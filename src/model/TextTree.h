@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <list>
 #include <string_view>
@@ -10,7 +11,7 @@ namespace Units {
 
 /// Values by text, found by the whole text or by the texts that another one begins with. A search
 /// is linear in the text that is looked for, whatever texts are here: a PATRICIA tree (D. R.
-/// Morrison, Journal of the ACM 15(4), 1968).
+/// Morrison, Journal of the ACM 15(4), 1968) for each first byte.
 ///
 /// Each node holds a text, and a bit by which texts part. A descent reads only such bits, so the
 /// text where it ends must still be compared. A link that does not lead to a later bit ends it.
@@ -31,8 +32,9 @@ class TextTree {
 
   /// Null when there is no such text.
   const Value* find(std::string_view text) const {
-    if (!root_ || text.empty()) return nullptr;
-    const Node& end = descend(text);
+    const Node* const root = rootOf(text);
+    if (!root) return nullptr;
+    const Node& end = descend(*root, text);
     return end.text == text ? &end.value : nullptr;
   }
 
@@ -40,19 +42,21 @@ class TextTree {
   /// none.
   template <class Accepts>
   const Value* findLongestPrefix(std::string_view text, Accepts accepts) const {
-    if (!root_ || text.empty()) return nullptr;
-    const Node& end = descend(text);
+    const Node* const root = rootOf(text);
+    if (!root) return nullptr;
+    const Node& end = descend(*root, text);
     const std::size_t common = commonLength(end.text, text);
     if (common == end.text.size() && accepts(common)) return &end.value;
 
     // The shorter ones part from the way down where they end.
     const Value* longest = nullptr;
-    const Node* node = root_;
-    for (Bit last = 0;; last = node->bit) {
+    const Node* node = root->next[1];
+    for (Bit last = 0; node->bit > last && placeOf(node->bit) <= common;) {
+      last = node->bit;
+      if (isPresence(last) && accepts(placeOf(last))) longest = &node->next[0]->value;
       node = node->next[valueOf(last, text)];
-      if (node->bit <= last || placeOf(node->bit) > common) return longest;
-      if (isPresence(node->bit) && accepts(placeOf(node->bit))) longest = &node->next[0]->value;
     }
+    return longest;
   }
 
   /// Adds a text, unless it is here already. When it throws, nothing has changed.
@@ -70,7 +74,7 @@ class TextTree {
   /// gets the value that stays and the one that goes.
   template <class Join>
   void merge(TextTree& other, Join join) noexcept {
-    other.root_ = nullptr;
+    other.roots_ = {};
     while (!other.nodes_.empty()) {
       Node& node = other.nodes_.front();
       if (Node* const known = link(node)) {
@@ -111,32 +115,41 @@ class TextTree {
     return length;
   }
 
-  Node& descend(std::string_view text) const {
-    Node* node = root_;
-    Bit last = 0;
-    do {
+  static std::size_t firstByte(std::string_view text) {
+    return static_cast<unsigned char>(text.front());
+  }
+
+  /// The node that all texts with the first byte of `text` hang on; null when there are none.
+  const Node* rootOf(std::string_view text) const {
+    return text.empty() ? nullptr : roots_[firstByte(text)];
+  }
+
+  static const Node& descend(const Node& root, std::string_view text) {
+    const Node* node = root.next[1];
+    for (Bit last = 0; node->bit > last;) {
       last = node->bit;
       node = node->next[valueOf(last, text)];
-    } while (node->bit > last);
+    }
     return *node;
   }
 
   /// Puts a node into the tree, unless its text is here.
   /// @return  the node of that text; null when there was none.
   Node* link(Node& node) noexcept {
-    if (!root_) {  // parts nothing: every text has a first byte
+    Node*& root = roots_[firstByte(node.text)];
+    if (!root) {  // parts nothing
       node.bit = 0;
-      node.next[0] = node.next[1] = root_ = &node;
+      node.next[0] = node.next[1] = root = &node;
       return nullptr;
     }
-    Node& end = descend(node.text);
+    const Node& end = descend(*root, node.text);
     const std::size_t place = commonLength(node.text, end.text);
     const unsigned different = bitsAt(place, node.text) ^ bitsAt(place, end.text);
-    if (different == 0) return &end;
+    if (different == 0) return const_cast<Node*>(&end);
     Bit parting = 16 * place;
     while ((different >> (8 - parting % 16) & 1) == 0) ++parting;
 
-    Node** way = &root_->next[1];
+    Node** way = &root->next[1];
     for (Bit last = 0; (*way)->bit > last && (*way)->bit < parting;) {
       last = (*way)->bit;
       way = &(*way)->next[valueOf(last, node.text)];
@@ -151,11 +164,11 @@ class TextTree {
 
   void swap(TextTree& other) noexcept {
     nodes_.swap(other.nodes_);
-    std::swap(root_, other.root_);
+    roots_.swap(other.roots_);
   }
 
   std::list<Node> nodes_;
-  Node* root_ = nullptr;
+  std::array<Node*, 256> roots_ = {};  // by first byte
 };
 
 }  // namespace Units
