@@ -58,15 +58,15 @@ int main() {
   const std::string kilogram = "trelvon.symbol:kilogram-1.0.0";
   const std::string feetAndInches = "trelvon.symbol:feetAndInches-1.0.0";
 
-  std::puts("| call | allocations a call | bytes kept after 10,000 calls |\n|-|-|-|");
-  count("copying two type ids, which every `convert` does", [&] {
+  std::puts("| call | allocations per call | bytes kept after 10,000 calls |\n|-|-|-|");
+  count("copying two type ids, as every `convert` does", [&] {
     const std::string copies[] = {from, to};
     asm volatile("" : : "r"(copies) : "memory");
   });
   count("`convert`", [&] { engine.convert(2.5, from, to); });
-  count("`canConvert`, of what does not", [&] { engine.canConvert(from, newton); });
+  count("`canConvert`, inconvertible units", [&] { engine.canConvert(from, newton); });
   const Units::PreparedConversion prepared(engine, from, to);
-  count("a prepared conversion, a value", [&] { prepared(2.5); });
+  count("prepared conversion of one value", [&] { prepared(2.5); });
   count("`evaluateExpressionInUnit`, 11 characters",
         [&] { engine.evaluateExpressionInUnit(meter, sum); });
   count("`evaluateExpressionInUnit`, 51 characters",

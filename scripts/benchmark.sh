@@ -21,9 +21,10 @@ write_page() {
 # Performance
 
 Written by `./scripts/benchmark.sh`. Each benchmark alternates with its baseline for nine rounds, in
-one process. The times are CPU times. "result" is the median of the nine ratios; it reaches the
-target, or even the goal. Every result is verified before it is timed. The times are for one
-operation: one conversion, formula, text, definition or character.
+one process. "result" is the median of the nine ratios of CPU time: a plain number is our time divided
+by the time of the baseline, and "times faster" is the inverse. The target is the required ratio, and
+the goal is a stricter one. The times "ours" and "theirs" are for one operation: one conversion,
+formula, text, definition or character. Every computed value is verified before it is timed.
 
 - UDUNITS-2 converts from text to number: it parses the names of both units and creates a converter,
   and keeps neither, just as `convert` caches nothing. It parses a literal into a unit of that size.
@@ -33,7 +34,7 @@ operation: one conversion, formula, text, definition or character.
   requires.
 - The plain loop does the same arithmetic in the same order, with the wider instructions of the
   processor.
-- Reading the files alone walks the same folders in the same way. The files are in the system's cache.
+- Only reading the files walks the same folders in the same way. The files are in the system's cache.
 
 END
   "$build/benchmarks/peers/peers"
