@@ -1,4 +1,4 @@
-/// Counts what calls take from the heap and what they leave there.
+/// Counts the heap allocations of calls and the bytes that they keep.
 ///   allocations
 #include "benchmarks/Catalogue.h"
 
@@ -24,7 +24,7 @@ void* allocate(std::size_t size, std::size_t alignment) {
 
 }  // namespace
 
-// The library's allocations come here as well: a shared library takes these of the program.
+// These also replace the operators that the shared library uses.
 void* operator new(std::size_t size) { return allocate(size, alignof(std::max_align_t)); }
 void* operator new(std::size_t size, std::align_val_t alignment) {
   return allocate(size, static_cast<std::size_t>(alignment));
@@ -36,7 +36,7 @@ void operator delete(void* memory, std::size_t, std::align_val_t) noexcept { std
 
 namespace {
 
-/// A line of the table: the arguments are made beforehand, as far as the interface lets them be.
+/// Prints a line of the table. Arguments are created in advance, as far as the interface allows.
 void count(const char* call, const std::function<void()>& work) {
   constexpr int kCalls = 10000;
   work();

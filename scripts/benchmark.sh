@@ -21,20 +21,21 @@ write_page() {
 # Performance
 
 Written by `./scripts/benchmark.sh`. Each benchmark alternates with its baseline for nine rounds, in
-one process. "result" is the median of the nine ratios of CPU time: a plain number is our time divided
-by the time of the baseline, and "times faster" is the inverse. The target is the required ratio, and
-the goal is a stricter one. The times "ours" and "theirs" are for one operation: one conversion,
-formula, text, definition or character. Every computed value is verified before it is timed.
+one process. "result" is the median of the nine ratios of CPU time: a plain number is our time
+divided by the time of the baseline, and "times faster" is the inverse. The target is the required
+ratio, and the goal is a stricter one. The times "ours" and "theirs" are for one operation: one
+conversion, formula, text, definition or character. Every result is verified before it is timed.
 
 - UDUNITS-2 converts from text to number: it parses the names of both units and creates a converter,
   and keeps neither, just as `convert` caches nothing. It parses a literal into a unit of that size.
 - libqalculate is configured for speed: plain numbers, no intervals, twelve digits. It evaluates the
   formula divided by the unit of the result.
-- The two bare lookups find scales in a `std::map` of all units. The ids are copied, as the interface
-  requires.
+- The two bare lookups find scales in a `std::map` of all units. The ids are copied, as the
+  interface requires.
 - The plain loop does the same arithmetic in the same order, with the wider instructions of the
   processor.
-- Only reading the files walks the same folders in the same way. The files are in the system's cache.
+- Only reading the files walks the same folders in the same way. The files are in the system's
+  cache.
 
 END
   "$build/benchmarks/peers/peers"

@@ -15,7 +15,7 @@
 ///   turn, within the bounds of Limits.h. A result equal to the identifier throws ParseException
 ///   "Variable resolved to an identical string.".
 /// - An exception from the resolver reaches the caller of the evaluation unchanged.
-/// - The resolver runs on the thread that evaluates, and may use the same engine.
+/// - The resolver runs on the thread that evaluates. It may use the same engine and even add to it.
 using VariableResolver = std::function<std::string(const std::string&)>;
 
 namespace Units {
