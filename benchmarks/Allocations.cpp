@@ -1,4 +1,4 @@
-/// Counts what calls take from the heap and what they leave there.
+/// Counts the heap allocations of calls and the bytes that they keep.
 ///   allocations
 #include "benchmarks/Catalogue.h"
 
@@ -24,7 +24,7 @@ void* allocate(std::size_t size, std::size_t alignment) {
 
 }  // namespace
 
-// The library's allocations come here as well: a shared library takes these of the program.
+// These also replace the operators that the shared library uses.
 void* operator new(std::size_t size) { return allocate(size, alignof(std::max_align_t)); }
 void* operator new(std::size_t size, std::align_val_t alignment) {
   return allocate(size, static_cast<std::size_t>(alignment));
@@ -36,7 +36,7 @@ void operator delete(void* memory, std::size_t, std::align_val_t) noexcept { std
 
 namespace {
 
-/// A line of the table: the arguments are made beforehand, as far as the interface lets them be.
+/// Prints a line of the table. Arguments are created in advance, as far as the interface allows.
 void count(const char* call, const std::function<void()>& work) {
   constexpr int kCalls = 10000;
   work();
@@ -58,15 +58,15 @@ int main() {
   const std::string kilogram = "trelvon.symbol:kilogram-1.0.0";
   const std::string feetAndInches = "trelvon.symbol:feetAndInches-1.0.0";
 
-  std::puts("| call | allocations a call | bytes kept after 10,000 calls |\n|-|-|-|");
-  count("copying two type ids, which every `convert` does", [&] {
+  std::puts("| call | allocations per call | bytes kept after 10,000 calls |\n|-|-|-|");
+  count("copying two type ids, as every `convert` does", [&] {
     const std::string copies[] = {from, to};
     asm volatile("" : : "r"(copies) : "memory");
   });
   count("`convert`", [&] { engine.convert(2.5, from, to); });
-  count("`canConvert`, of what does not", [&] { engine.canConvert(from, newton); });
+  count("`canConvert`, inconvertible units", [&] { engine.canConvert(from, newton); });
   const Units::PreparedConversion prepared(engine, from, to);
-  count("a prepared conversion, a value", [&] { prepared(2.5); });
+  count("prepared conversion of one value", [&] { prepared(2.5); });
   count("`evaluateExpressionInUnit`, 11 characters",
         [&] { engine.evaluateExpressionInUnit(meter, sum); });
   count("`evaluateExpressionInUnit`, 51 characters",

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-/// An engine that holds packs of the shipped definitions, made once.
+/// An engine with packs of the shipped definitions, created once.
 inline const Units::UnitsEngine& catalogue() {
   static const std::unique_ptr<Units::UnitsEngine> loaded = [] {
     std::unique_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());

@@ -1,5 +1,5 @@
-/// Typical formulas, how the cost of one grows with its length, and display text. Beside them stand
-/// what they are measured by: reading the numbers of a formula alone, and writing a number alone.
+/// Typical formulas, the cost of a formula by its length, and display text. The baselines are
+/// parsing only the numbers of a formula, and formatting only a number.
 #include "benchmarks/Catalogue.h"
 
 #include <benchmark/benchmark.h>
@@ -57,7 +57,7 @@ void Literal(benchmark::State& state) {
 }
 BENCHMARK(Literal);
 
-/// The counter is nanoseconds for each of as many repeated parts.
+/// Adds a counter: nanoseconds per repeated part of the formula.
 void evaluateRepeated(benchmark::State& state, const std::string& formula) {
   for (auto _ : state) benchmark::DoNotOptimize(catalogue().evaluateUnitlessExpression(formula));
   state.counters["each"] = benchmark::Counter(

@@ -1,5 +1,5 @@
-/// Works and what each is held against, under callgrind: each leaves a dump that bears its name.
-/// cmake/Guard.cmake runs it and compares the instructions.
+/// Runs benchmarks and their baselines under callgrind; each writes a dump with its name.
+/// cmake/Guard.cmake runs this program and compares the instruction counts.
 #include "benchmarks/Catalogue.h"
 #include "benchmarks/SchemaTexts.h"
 #include "benchmarks/peers/BareConversion.h"
@@ -14,7 +14,8 @@ namespace {
 
 constexpr int kTimes = 100;
 
-/// The instructions of the second call: the first resolves symbols and fills what is filled once.
+/// Counts the instructions of the second call: the first one resolves symbols and initializes
+/// tables.
 template <class Work>
 void count(const char* name, const Work& work) {
   work();
@@ -59,7 +60,7 @@ int main() {
   });
 
   Texts texts = readCatalogue();
-  std::sort(texts.begin(), texts.end());  // the file system's order is another everywhere
+  std::sort(texts.begin(), texts.end());  // the order of the file system varies
   count("load", [&] { keep(load(texts).get()); });
   count("parse", [&] {
     for (const std::string& text : texts) {

@@ -1,4 +1,4 @@
-/// What the unit queries cost beside a bare walk that copies the records that they give.
+/// The cost of the unit queries. The baseline is a plain loop that copies the same records.
 #include "benchmarks/Catalogue.h"
 
 #include <benchmark/benchmark.h>
@@ -18,7 +18,7 @@ void Query(benchmark::State& state) {
   for (auto _ : state) benchmark::DoNotOptimize(query());
 }
 
-/// The walk: over all units, copying those that the query gives.
+/// The baseline: loops over all units and copies those that the query returns.
 template <Records (*query)()>
 void CopyOf(benchmark::State& state) {
   static const Records all = catalogue().getUnits();

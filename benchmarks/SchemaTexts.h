@@ -22,7 +22,7 @@ inline std::string readFile(const std::filesystem::path& path) {
   return text;
 }
 
-/// The texts of all shipped definitions, in the file system's order.
+/// The texts of all shipped definitions, in the order of the file system.
 inline Texts readCatalogue() {
   const std::filesystem::path root(TRELVON_SCHEMAS);
   Texts texts;

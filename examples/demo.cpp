@@ -1,4 +1,4 @@
-/// The library at work on the shipped definitions: what a host loads, asks and shows.
+/// Shows what a host can do with the shipped definitions: load, convert, evaluate and format.
 #include <TrelvonUnits/TrelvonUnits.h>
 
 #include <exception>
@@ -35,7 +35,7 @@ void evaluate(const Units::UnitsEngine& engine, const std::string& formula, cons
             << engine.evaluateExpressionInUnit(unit(in), formula) << '\n';
 }
 
-/// What a host shows its user when the engine refuses.
+/// Prints the message that a host shows when the engine throws.
 template <class Action>
 void refused(const std::string& what, Action action) {
   try {
@@ -56,7 +56,7 @@ void showConversions(const Units::UnitsEngine& engine) {
 }
 
 void showLists(const Units::UnitsEngine& engine) {
-  heading("What converts to a bar");
+  heading("Units convertible to a bar");
   for (const auto& [typeId, found] : engine.getConvertibleUnits(unit("bar")))
     std::cout << "  " << found.getName() << '\n';
 
@@ -66,7 +66,7 @@ void showLists(const Units::UnitsEngine& engine) {
 }
 
 void showDefinition(const Units::UnitsEngine& engine, const std::string& typeId) {
-  heading("A definition, and what it rests on");
+  heading("A definition and its dependencies");
   std::cout << "  " << engine.getDefinition(typeId) << '\n';
   for (const std::string& dependency : engine.getDependencies(typeId))
     std::cout << "  " << dependency << '\n';
@@ -130,8 +130,8 @@ void showTexts(const Units::UnitsEngine& engine) {
             << "  " << engine.formatFixedPoint(-30, 2, &dollar, false) << '\n';
 }
 
-void showRefusals(Units::UnitsEngine& engine) {
-  heading("Refusals");
+void showErrors(Units::UnitsEngine& engine) {
+  heading("Errors");
   refused("convert a meter into a bar", [&] { engine.convert(1, unit("meter"), unit("bar")); });
   refused("add a second meter", [&] { engine.addUnit(engine.getUnit(unit("meter"))); });
   refused("2 ft + 3 kg", [&] { engine.evaluateExpressionInUnit(unit("foot"), "2 ft + 3 kg"); });
@@ -155,5 +155,5 @@ int main(int count, char** arguments) {
   addOurOwn(*engine);
   showFormulas(*engine);
   showTexts(*engine);
-  showRefusals(*engine);
+  showErrors(*engine);
 }

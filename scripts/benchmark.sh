@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Times the library against its peers and against what no program can do without, and writes
-# docs/performance.md. Best on a quiet machine, though the ratios bear a busy one.
+# Benchmarks the library against other libraries and against baselines, and writes
+# docs/performance.md. Use an idle machine if possible; the ratios tolerate a busy one.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/setup.sh
@@ -20,33 +20,36 @@ write_page() {
   cat <<'END'
 # Performance
 
-Written by `./scripts/benchmark.sh`. Each work is timed in turns with what it is held against, in
-one process and in the processor's time, for nine rounds; "reached" is the median of the nine
-ratios. Every answer is checked before it is timed. The times beside it are those of one piece of
-work: one conversion, formula, text, definition or character.
+Written by `./scripts/benchmark.sh`. Each benchmark alternates with its baseline for nine rounds, in
+one process. "result" is the median of the nine ratios of CPU time: a plain number is our time
+divided by the time of the baseline, and "times faster" is the inverse. The target is the required
+ratio, and the goal is a stricter one. The times "ours" and "theirs" are for one operation: one
+conversion, formula, text, definition or character. Every result is verified before it is timed.
 
-- UDUNITS-2 converts from text to number: it reads both units' names and makes a converter, and
-  keeps neither, as `convert` keeps nothing. It reads a literal into a unit of that size.
-- libqalculate is told to be no slower than it need: plain numbers, no intervals, twelve digits. It
-  evaluates the formula divided by the unit of the result.
-- The two look-ups find scales in a `std::map` of all units, their ids copied as the interface asks.
-- The plain loop does the same arithmetic in the same order, with the processor's wider
-  instructions.
-- Files are read by the same walk over the same folders, from the system's cache.
+- UDUNITS-2 converts from text to number: it parses the names of both units and creates a converter,
+  and keeps neither, just as `convert` caches nothing. It parses a literal into a unit of that size.
+- libqalculate is configured for speed: plain numbers, no intervals, twelve digits. It evaluates the
+  formula divided by the unit of the result.
+- The two bare lookups find scales in a `std::map` of all units. The ids are copied, as the
+  interface requires.
+- The plain loop does the same arithmetic in the same order, with the wider instructions of the
+  processor.
+- Only reading the files walks the same folders in the same way. The files are in the system's
+  cache.
 
 END
   "$build/benchmarks/peers/peers"
   "$build/benchmarks/peers/peers_rooms" | sed 1,2d
   cat <<'END'
 
-Nothing is kept from one call to the next, and no call needs more for what was called before it:
+Nothing is kept between calls, and no call needs more memory because of earlier calls:
 
 END
   "$build/benchmarks/allocations"
   cat <<'END'
 
-The test `guard` counts instructions (valgrind) instead of times, and fails when a ratio is over
-this table by more than a tenth:
+The test `guard` counts instructions (with valgrind) instead of measuring times. It fails if a ratio
+exceeds this table by more than a tenth:
 
 ```
 END
@@ -56,18 +59,18 @@ END
 
 ## Machine
 
-- $(sed -n 's/^model name[^:]*: *//p' /proc/cpuinfo | head -n 1), $(nproc) cores, load $(cut -d ' ' -f 1 /proc/loadavg) when this was written
+- $(sed -n 's/^model name[^:]*: *//p' /proc/cpuinfo | head -n 1), $(nproc) cores, load $(cut -d ' ' -f 1 /proc/loadavg) when this page was written
 - $("$(compiler)" --version | head -n 1), preset \`release\`; C library $(version libc6)
 - UDUNITS-2 $(version libudunits2-dev), libqalculate $(version libqalculate-dev), RapidJSON $(version rapidjson-dev)
 
-## Take them again
+## Run the benchmarks
 
 \`\`\`
-./scripts/benchmark.sh                        # all of this page
-./scripts/guard.sh                            # instructions; --update writes them down
-$build/benchmarks/peers/peers sum    # the rows that say "sum"
-$build/benchmarks/peers/peers_benchmark  # both sides of each row, by Google Benchmark
-$build/benchmarks/FormulaBenchmark   # formula by formula; QueriesBenchmark beside it
+./scripts/benchmark.sh                        # writes this page
+./scripts/guard.sh                            # instruction counts; --update writes the table
+$build/benchmarks/peers/peers sum    # the rows whose name contains "sum"
+$build/benchmarks/peers/peers_benchmark  # each benchmark and baseline, by Google Benchmark
+$build/benchmarks/FormulaBenchmark   # formula by formula; there is also QueriesBenchmark
 \`\`\`
 END
 }
@@ -77,7 +80,7 @@ heading "Building the benchmarks"
 cmake --preset release -B $build \
   -D TRELVONUNITS_TESTS=OFF -D TRELVONUNITS_EXAMPLES=OFF -D TRELVONUNITS_INSTALL=OFF
 cmake --build $build --parallel "$(nproc)"
-heading "Taking turns"
+heading "Running the benchmarks"
 write_page | tee $build/performance.md
 cp $build/performance.md $page
 heading "Written to $page"

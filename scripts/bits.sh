@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# The same bits with every compiler and on every machine: scripts/bits.sh [COUNT]
-# Builds the program `bits` with g++ and clang++ at -O0, -O2 and -O3 and for other machines, whose
-# programs run under qemu-user, and links it for Windows. Each does COUNT operations (1,000,000
-# unless given). Prints the checksums of the first, and for the others the kinds of operations with
-# another checksum and how many operations differ. Fails where a kind does that names no function of
-# the C library.
+# Checks that results have the same bits with every compiler and machine: scripts/bits.sh [COUNT]
+# Builds the program `bits` with g++ and clang++ at -O0, -O2 and -O3, and for other machines, where
+# it runs under qemu-user. For Windows it is only linked. Each build performs COUNT operations
+# (1,000,000 by default). Prints the checksums of the first build. For the other builds, prints the
+# kinds of operations whose checksum differs and how many operations differ. Fails if a kind differs
+# that does not use any function of the C library.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/setup.sh
@@ -29,7 +29,7 @@ for_machine() {  # NAME
   build "$1" -O2 --toolchain "$PWD/cmake/toolchains/$1.cmake"
 }
 
-# compare TITLE NAME [PREFIX...]: runs the program of a build, with the words that start it.
+# compare TITLE NAME [PREFIX...]: runs the program of a build, as an argument of the command PREFIX.
 compare() {
   local title=$1 program=("${@:3}" "$work/$2/tests/bits/bits") kind functions differing
   local start=$SECONDS
@@ -51,7 +51,8 @@ compare() {
 
 install_packages demo test bits
 
-# RapidJSON is headers alone: this machine's serve all, without the others that lie beside them.
+# RapidJSON is header-only: the headers of this machine serve all builds, without other headers from
+# the same folder.
 mkdir -p "$work/headers"
 ln -sfn /usr/include/rapidjson "$work/headers/rapidjson"
 
@@ -76,5 +77,5 @@ heading "Windows"
 for_machine x86_64-w64-mingw32
 ls "$work"/x86_64-w64-mingw32/{*.dll,tests/bits/*.exe}
 
-heading "$failures kinds differ that must not"
+heading "$failures kinds differ unexpectedly"
 [ $failures -eq 0 ]

@@ -1,6 +1,6 @@
-"""The shipped definitions as the scripts and the tests see them.
+"""Reads the shipped definitions, for scripts and tests.
 
-Numbers stay the text that stands in the file, because a trip through a double would lose the
+Numbers are kept as the text in the file, because a round trip through a double would lose the
 spellings that every JSON parser reads correctly. Values are exact: a unit is a fraction times an
 integer power of pi, with integer powers of primitive units.
 """
@@ -11,10 +11,11 @@ from fractions import Fraction
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent / "schemas"
 
-# Characters that look like another one: written as escapes, so that no editor folds them.
+# Characters that look like another one. They are written as escapes, so that no editor replaces
+# them.
 LOOK_ALIKES = "\u212a\u212b\u2126\u03bc\u2103\u2109"
 
-# What a base type id says a definition is, and the namespace that its kind lives in.
+# Base type ids and the namespaces of their kinds.
 KINDS = {
     "dimension": "dimension",
     "factor": "factor",
@@ -30,19 +31,19 @@ KINDS = {
 
 
 class Number(str):
-    """A number as it is spelled in a file."""
+    """A number as spelled in a file."""
 
     def exact(self):
         return Fraction(str(self))
 
 
 def parse(text):
-    """JSON with numbers as text; a member given twice is an error."""
+    """Parses JSON with numbers as text; a duplicate member is an error."""
 
     def members(pairs):
         found = dict(pairs)
         if len(found) != len(pairs):
-            raise ValueError("a member is given twice")
+            raise ValueError("duplicate member")
         return found
 
     return json.loads(text, parse_float=Number, parse_int=Number, object_pairs_hook=members)
@@ -67,7 +68,7 @@ def lines(items, indent):
 
 
 def render_constant(constant):
-    """One line, but a list of units has a line for each, so that a diff shows the one that came."""
+    """One line; but one line per unit in a list of units, so that a diff shows what was added."""
     if not isinstance(constant.get("typedValue"), list):
         return inline(constant)
     units = lines([inline(unit) for unit in constant["typedValue"]], 4)
@@ -75,7 +76,7 @@ def render_constant(constant):
 
 
 def render(document):
-    """The one way in which a definition file is laid out."""
+    """Formats a definition file. There is only one layout."""
     constants = lines([render_constant(c) for c in document["constants"]], 2)
     members = [
         (name, constants if name == "constants" else inline(value))
@@ -85,10 +86,10 @@ def render(document):
 
 
 class Definition:
-    """One file."""
+    """One definition file."""
 
     def __init__(self, path, text):
-        self.path = path  # below the schema folder, with slashes
+        self.path = path  # relative to the schema folder, with slashes
         self.pack = path.split("/")[0]
         self.text = text
         self.document = parse(text)
@@ -129,8 +130,8 @@ class Definition:
 
 
 class Catalogue:
-    """All definitions of a schema folder. `changes` replaces the text of files, or with None
-    leaves them out: the way in which tests see a check fail."""
+    """All definitions in a schema folder. `changes` replaces the text of files, or omits them if it
+    is None, so that tests can make a check fail."""
 
     def __init__(self, root=ROOT, changes=None):
         texts = {
@@ -147,9 +148,9 @@ class Catalogue:
         return [one for one in self.files.values() if one.kind == kind]
 
     def exact_factor(self, definition):
-        """(fraction, power of pi) of a factor, or of the number that a derived unit begins with."""
+        """(fraction, power of pi) of a factor, or of the numeric factor of a derived unit."""
         value = definition.value("factor", Number("1")).exact()
-        if definition.id == "trelvon.factor:pi-1.0.0":  # its literal is the double nearest to pi
+        if definition.id == "trelvon.factor:pi-1.0.0":  # its number is the double nearest to pi
             return Fraction(1), 1
         pi = 0
         for parent, power in definition.powers("parentFactors").items():
@@ -159,8 +160,8 @@ class Catalogue:
         return value, pi
 
     def reduce(self, unit_id):
-        """(fraction, power of pi, powers of primitive units) of a unit; a power that cancels stays
-        as 0, as it does in the engine. An absolute unit reduces as its parent."""
+        """(fraction, power of pi, powers of primitive units) of a unit. A power that cancels stays
+        as 0, as in the engine. An absolute unit reduces like its parent."""
         if unit_id not in self.reductions:
             self.reductions[unit_id] = self.reduce_afresh(self.by_id[unit_id])
         return self.reductions[unit_id]

@@ -1,11 +1,11 @@
 #!/usr/bin/env -S python3 -B
-"""Holds what clang's counters say of the library to what is asked of it.
+"""Checks the coverage of the library, as measured by clang's counters, against the targets.
 
     coverage.py EXCEPTIONS PROFILE PROGRAM...
 
-Every line is executed but those that EXCEPTIONS names, each of which is missed, and of the outcomes
-of conditions all but BRANCHES are. An outcome counts as met when any instance of a template meets
-it; conditions that are constant, such as `while (true)`, have none.
+Every line must be executed, except those listed in EXCEPTIONS, which must not be executed. BRANCHES
+percent of the branch outcomes must be covered. An outcome is covered if any instance of a template
+covers it. Constant conditions, such as `while (true)`, have no outcomes.
 """
 import collections
 import json
@@ -22,7 +22,7 @@ OURS = ("include", "src")
 
 
 def own_name(path):
-    """The path from the root of the tree; empty for what is not the library's."""
+    """The path relative to the root of the tree; empty for files outside of the library."""
     name = os.path.relpath(os.path.realpath(path), ROOT)
     return name if name.split(os.sep)[0] in OURS else ""
 
@@ -35,13 +35,13 @@ def source(name):
 def export(profile, programs, *form):
     command = ["llvm-cov", "export", programs[0], f"--instr-profile={profile}", *form]
     command += [f"--object={program}" for program in programs[1:]]
-    # What it warns of are the programs' own mains: the profile has one of that name.
+    # Its warnings concern the `main` of the programs: the profile has only one of that name.
     run = subprocess.run(command, capture_output=True, text=True, check=False)
     return run.stdout if run.returncode == 0 else sys.exit(run.stderr)
 
 
 def line_counts(lcov):
-    """How often each line was executed, by file and number."""
+    """How often each line was executed, by file and line number."""
     counts = {}
     for record in lcov.splitlines():
         if record.startswith("SF:"):
@@ -53,7 +53,7 @@ def line_counts(lcov):
 
 
 def branch_counts(report):
-    """How often each condition was true and false, by file and where it stands."""
+    """How often each condition was true and false, by file and position."""
     counts = collections.defaultdict(lambda: [0, 0])
     for file in json.loads(report)["data"][0]["files"]:
         name = own_name(file["filename"])
@@ -65,13 +65,13 @@ def branch_counts(report):
 
 
 def missed_branches(counts, lines):
-    """The outcomes that were not met, with the number of all that can be."""
+    """The outcomes that were not covered, and the number of all outcomes."""
     missed, number = [], 0
     for (name, line, column, last_line, last_column), met in sorted(counts.items()):
         text = source(name)[line - 1]
         if line == last_line:
             text = text[column - 1:last_column - 1]
-        if text == "true" or lines.get((name, line)) == 0:  # constant; missed as a line already
+        if text == "true" or lines.get((name, line)) == 0:  # constant, or already missed as a line
             continue
         number += 2
         missed += [f"{name}:{line}: {text} is never {outcome}"
@@ -84,7 +84,7 @@ def main(exceptions, profile, *programs):
     lines = line_counts(export(profile, programs, "--format=lcov"))
     missed = collections.defaultdict(list)
     for (name, number), count in sorted(lines.items()):
-        if count == 0 and re.search(r"\w", source(name)[number - 1]):  # a brace closes others
+        if count == 0 and re.search(r"\w", source(name)[number - 1]):  # not for a lone brace
             missed[f"{name}: {source(name)[number - 1].strip()}"].append(number)
     unnamed = [f"{entry} (line {number})" for entry, numbers in missed.items()
                if entry not in excepted for number in numbers]
@@ -93,15 +93,15 @@ def main(exceptions, profile, *programs):
         branch_counts(export(profile, programs, "--skip-functions")), lines)
     share = 100 * (number - len(branches)) / number
 
-    for title, rows in (("Outcomes that no test meets", branches),
+    for title, rows in (("Outcomes that no test covers", branches),
                         ("FINDINGS: lines that no test executes", unnamed),
-                        ("FINDINGS: exceptions that are executed, or not there", stale)):
+                        ("FINDINGS: exceptions that are executed or do not exist", stale)):
         if rows:
             print(f"{title}:", *rows, sep="\n  ")
     missing = sum(map(len, missed.values()))
     print(f"{len(lines)} lines, {missing} not executed, {missing - len(unnamed)} of them excepted")
-    print(f"{number} outcomes of conditions, {len(branches)} not met: {share:.2f} % met, "
-          f"{BRANCHES} % asked")
+    print(f"{number} branch outcomes, {len(branches)} not covered: {share:.2f} % covered, "
+          f"target {BRANCHES} %")
     return 1 if unnamed or stale or share < BRANCHES else 0
 
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Which lines and branches of the library its own tests execute: scripts/coverage.sh
-# Prints its figures, and fails where a line is missed that tests/coverage/exceptions.txt does not
-# name, or where too many branches are.
+# Reports which lines and branches of the library its tests execute: scripts/coverage.sh
+# Fails if a line is not executed that tests/coverage/exceptions.txt does not list, or if too many
+# branch outcomes are not covered.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/setup.sh
@@ -13,7 +13,7 @@ heading "coverage: build"
 cmake --preset coverage
 cmake --build --preset coverage --parallel "$(nproc)"
 
-# Made texts (label fuzz) stay out: what they happen to reach, no row holds.
+# The preset excludes generated inputs (label fuzz): what they reach by chance, no test checks.
 heading "coverage: test"
 rm -rf $build/profiles
 ctest --preset coverage --parallel "$(nproc)"

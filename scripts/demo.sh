@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Shows the library at work on the shipped definitions. The demo's own words go to the standard
-# output, how the build goes on to the standard error.
+# Builds and runs the demo on the shipped definitions. The output of the demo goes to standard
+# output, the output of the build to standard error.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/setup.sh
@@ -8,7 +8,7 @@ cd "$(dirname "$0")/.."
 {
   install_packages demo
   heading "Building the demo"
-  # In a folder of its own and without what wants more packages: who only looks needs no tests.
+  # In a separate folder and without the parts that need more packages: the demo needs no tests.
   cmake --preset release -B build/demo \
     -D TRELVONUNITS_TESTS=OFF -D TRELVONUNITS_BENCHMARKS=OFF -D TRELVONUNITS_DEVELOPER=OFF
   cmake --build build/demo --target demo

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Runs the commands in the ```console blocks of the pages again: "$ COMMAND", and what it prints.
+"""Runs the commands in the ```console blocks of the pages again: "$ COMMAND", then its output.
 
-    figures.py           writes what they print now into the pages
-    figures.py --check   fails where that is something else than the page says
+    figures.py           writes the current output into the pages
+    figures.py --check   fails if the output differs from the page
     figures.py --list    prints the commands
 
-Programs are those of the release preset, which is built by others.
+The programs must have been built with the release preset.
 """
 import pathlib
 import re

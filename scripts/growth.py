@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Counts the instructions of each shape at a size and at twice that size, with callgrind.
+"""Counts the instructions for each shape at a size and at twice that size, with callgrind.
 
     growth.py PROGRAM SIZE [SHAPE...]
 
-PROGRAM is robustness_Growth. Prints a table and fails where twice the size costs more than 2.3 times
-the instructions. Without shapes it takes them all.
+PROGRAM is robustness_Growth. Prints a table, and fails if doubling the size costs more than 2.3 times
+the instructions. Without SHAPE it measures all shapes.
 """
 import concurrent.futures
 import os
@@ -22,7 +22,7 @@ def instructions(program, shape, size):
         capture_output=True, text=True, check=False)
     count = re.search(r"Collected *: *(\d+)", run.stderr)
     if run.returncode != 0 or not count or int(count[1]) == 0:
-        sys.exit(f"{shape}: nothing was counted\n{run.stdout}{run.stderr}")
+        sys.exit(f"{shape}: no instructions were counted\n{run.stdout}{run.stderr}")
     return int(count[1])
 
 
@@ -31,7 +31,7 @@ def main(program, size, shapes):
         shapes = subprocess.run([program], capture_output=True, text=True,
                                 check=True).stdout.splitlines()
     size = int(size)
-    # Two counts of a shape are two processes: all cores have work.
+    # Each count is a process of its own, so all cores are busy.
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         counts = [[pool.submit(instructions, program, shape, many) for many in (size, 2 * size)]
                   for shape in shapes]

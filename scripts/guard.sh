@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Counts the instructions of some works, as the test `guard` does. With --update it writes the
-# ratios that it finds as those to be kept.
+# Counts the instructions of some benchmarks, as the test `guard` does. With --update it writes the
+# measured ratios as the new expected ones.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/setup.sh

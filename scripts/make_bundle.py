@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Writes the schema files of folders into one bundle, as SchemaBundle.h describes it.
+"""Writes the schema files in some folders into one bundle, as described in SchemaBundle.h.
 
     scripts/make_bundle.py BUNDLE FOLDER...
 
-Taken are the files that the folder loader reads: those named *.json in sub folders at any depth. They
-come in the order of their paths, folder by folder.
+It includes the files that the folder loader reads: those named *.json at any depth below the top
+level of each FOLDER. They are sorted by path within each FOLDER.
 """
 import os
 import sys

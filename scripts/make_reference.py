@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Writes docs/units.md and docs/unit-sources.md from the shipped definitions.
+"""Generates docs/units.md and docs/unit-sources.md from the shipped definitions.
 
-With --check nothing is written: the run fails when a page is not what the definitions say.
+With --check it writes nothing and fails if a page is out of date.
 """
 
 import argparse
@@ -16,26 +16,27 @@ RAISED = str.maketrans("-0123456789", "⁻⁰¹²³⁴⁵⁶⁷⁸⁹")
 
 INTRODUCTION = """# Units and quantities
 
-{units} units in {quantities} quantities, made from the files in `schemas/` by
-`scripts/make_reference.py`. Type ids are `trelvon.unit:` or `trelvon.quantity:`, the name given
-here, and `-1.0.0`; symbols are `trelvon.symbol:` and the name of their unit. The first unit of a
-quantity is its default.
+This page lists {units} units in {quantities} quantities. It is made from the files in `schemas/` by
+`scripts/make_reference.py`. A type id is `trelvon.unit:` or `trelvon.quantity:`, followed by the
+name given here and by `-1.0.0`. The type id of a symbol is `trelvon.symbol:`, followed by the name
+of its unit and by `-1.0.0`. The first unit of a quantity is its default.
 
-The value is exact, in {primitives}. For an absolute unit, such as a
-scale of temperature, x is the number that is read on it. Values marked "measured" or "rounded" have
-no exact definition. The sources are explained in [unit-sources.md](unit-sources.md).
+Values are exact and given in {primitives}. For an absolute unit, such
+as a temperature scale, x is the reading on the scale. Values marked "measured" or "rounded" have no
+exact definition. [unit-sources.md](unit-sources.md) explains the sources.
 
-Units of equal powers convert into each other, whichever quantities they are in, and so do
-reciprocals: the quantity keeps torque and energy apart, the engine does not. Logarithmic units
-(dB, Np, pH) and half powers cannot be represented; a host can add other units in a pack of its own.
+Units with equal powers convert into each other, whichever quantities they belong to, and so do
+reciprocal units: a quantity distinguishes torque from energy, but the engine does not. Logarithmic
+units (dB, Np, pH) and half powers cannot be represented. A host can add other units in a pack of
+its own.
 
 """
 
-SOURCES = """# Sources of the catalogue
+SOURCES = """# Sources of the catalog
 
-The documents that the `source` member of a definition names, made from `schemas/sources.json` by
-`scripts/make_reference.py`. Where a document rounds, the value comes from the definition that its
-entry names.
+This page lists the documents that the `source` member of a definition names. It is made from
+`schemas/sources.json` by `scripts/make_reference.py`. If a document rounds a value, the value in the
+catalog comes from the definition that its entry names.
 
 | key | document | where | address |
 |---|---|---|---|
@@ -47,7 +48,7 @@ def raised(base, power):
 
 
 def decimal(value):
-    """The number as it is best read: whole or decimal where that is short, else a fraction."""
+    """The number in its most readable form: an integer or decimal if short, else a fraction."""
     for places in range(45):
         scaled = value * 10**places
         if scaled.denominator == 1:
@@ -153,7 +154,7 @@ def pages(catalogue):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
-    parser.add_argument("--check", action="store_true", help="fail when a page is stale")
+    parser.add_argument("--check", action="store_true", help="fail if a page is out of date")
     checking = parser.parse_args().check
     stale = 0
     for name, text in pages(lib.Catalogue()).items():
@@ -161,7 +162,7 @@ def main():
         if path.exists() and path.read_text(encoding="utf-8") == text:
             continue
         stale += 1
-        fate = "is stale: run scripts/make_reference.py" if checking else "written"
+        fate = "is out of date: run scripts/make_reference.py" if checking else "written"
         print(f"docs/{name} {fate}")
         if not checking:
             path.parent.mkdir(exist_ok=True)

@@ -1,14 +1,15 @@
 #!/usr/bin/env -S python3 -B
-"""Changes the library at random places, one at a time, and asks whether its tests notice.
+"""Mutation test: changes the library at random places and checks whether its tests detect it.
 
     mutants.py [--samples 300] [--seed N] [--of PATH]
 
-Each mutant has one condition, constant or operator of a room changed. It is compiled in a copy of
-the tree, build/mutants, unoptimised and with the standard library's assertions, and meets the tests
-of its room, then the other unit tests, the catalogue's and a host behind the shared library. Fails
-unless SHARE percent of those that compile are noticed. Those that nobody can notice are kept in
-tests/mutants/equivalent.txt with the reason.
---of takes the files alone whose path begins so.
+Each mutant changes one condition, constant or operator of a module. It is compiled in a copy of the
+tree, build/mutants, without optimization and with the assertions of the standard library. Then the
+tests of its module run, followed by the other unit tests, the tests of the catalog, and a host that
+uses the shared library. The script fails unless the tests detect SHARE percent of the mutants that
+compile. Equivalent mutants, which no test can detect, are listed in tests/mutants/equivalent.txt with
+a reason.
+--of restricts the mutants to files whose path starts with PATH.
 """
 import argparse
 import atexit
@@ -42,21 +43,21 @@ LIBRARY = "CMakeFiles/trelvon_objects.dir/"
 UNITS, CATALOGUE, DUMP = "tests/units_tests", "tests/catalogue/catalogue_tests", \
     "tests/catalogue/catalogue_dump"
 SHARED = "libTrelvonUnits.so"
-SLOW = 500  # milliseconds: such tests come last
+SLOW = 500  # milliseconds; slower tests run last
 MOST_MEMORY = 4 << 30
 
 Mutant = collections.namedtuple("Mutant", "file begin end new name")
 
 
 def run(command, cwd, cpu_seconds=600, **more):
-    """Runs it in a process group of its own. Its exit code, output, and processor time."""
+    """Runs a command in its own process group. Returns its exit code and output."""
     def limit():
         resource.setrlimit(resource.RLIMIT_CPU, (cpu_seconds, cpu_seconds))
         resource.setrlimit(resource.RLIMIT_AS, (MOST_MEMORY, MOST_MEMORY))
         resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
     process = subprocess.Popen(command, cwd=cwd, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
                                start_new_session=True, preexec_fn=limit, **more)
-    try:  # the longer limit is for those that sleep
+    try:  # the timeout is longer than the CPU limit, for processes that sleep
         output = process.communicate(timeout=20 * cpu_seconds)[0]
     except subprocess.TimeoutExpired:
         os.killpg(process.pid, signal.SIGKILL)
@@ -73,7 +74,7 @@ def must(command, cwd):
 
 
 def copy_tree():
-    """Copies what differs, so that a second run builds little."""
+    """Copies only files that differ, so that a second run rebuilds little."""
     names = must(["git", "ls-files", "-co", "--exclude-standard"], ROOT).splitlines()
     names = [name for name in names if os.path.isfile(os.path.join(ROOT, name))]
     for folder, _, files in os.walk(TREE):
@@ -95,7 +96,7 @@ def copy_tree():
 
 
 class Built:
-    """The unchanged copy, and how its parts are made."""
+    """The build of the unchanged copy, and the commands that build its parts."""
 
     def __init__(self):
         copy_tree()
@@ -109,7 +110,7 @@ class Built:
             commands = [shlex.split(entry["command"]) for entry in json.load(file)]
         self.compilers = {command[command.index("-o") + 1]: command for command in commands}
         self.linkers = {target: self.linker(target) for target in targets}
-        self.users = collections.defaultdict(list)  # objects by what they include
+        self.users = collections.defaultdict(list)  # included file to object files
         for line in must(["ninja", "-t", "deps"], BUILD).splitlines():
             if line.startswith("    "):
                 path = os.path.realpath(os.path.join(BUILD, line.strip()))
@@ -138,7 +139,7 @@ class Built:
 
 
 class Lane:
-    """What one worker compiles with and into."""
+    """The sources and output folder of one worker."""
 
     def __init__(self, number, built):
         self.built = built
@@ -148,7 +149,7 @@ class Lane:
         for part in ("src", "include"):
             shutil.copytree(os.path.join(TREE, part), os.path.join(self.tree, part))
         self.temporary = tempfile.mkdtemp(prefix="mutants")
-        os.chmod(self.temporary, 0o755)  # some tests look at it without any right
+        os.chmod(self.temporary, 0o755)  # some tests access it without privileges
         atexit.register(shutil.rmtree, self.temporary, ignore_errors=True)
 
     def path(self, *parts):
@@ -157,7 +158,7 @@ class Lane:
         return path
 
     def compile(self, objects):
-        """Whether all compile; into this lane."""
+        """Compiles objects into this lane. Returns whether all compile."""
         for name in objects:
             command = [word.replace(TREE, self.tree)
                        if word.startswith("-I") or name.startswith(LIBRARY) else word
@@ -168,7 +169,7 @@ class Lane:
         return True
 
     def link(self, target, objects, output):
-        """Of an inline function that several objects bear, the first one's counts: ours come first."""
+        """Links a target. The linker keeps the first copy of an inline function: ours come first."""
         command = [word for word in self.built.linkers[target] if word not in objects]
         output = self.path(output)
         command[command.index("-o") + 1] = output
@@ -177,7 +178,7 @@ class Lane:
         return output if run(command, BUILD)[0] == 0 else None
 
     def phases(self, objects, room, slow):
-        """The tests one after the other: name, command."""
+        """Yields the test phases in order: name, command."""
         def linked(target, output):
             return self.link(target, objects, output) or "/bin/false"
         units = self.path("units_tests")
@@ -194,7 +195,7 @@ class Lane:
                           linked(DUMP, "catalogue_dump")]
 
     def test(self, objects, room, slow, limits):
-        """What notices, and how long each took that did not; None where nothing can be linked."""
+        """The phase that fails, or "", and the time of each phase; None if linking fails."""
         times = {}
         if not self.link(UNITS, objects, "units_tests"):
             return None, times
@@ -213,7 +214,7 @@ class Lane:
         return "", times
 
     def judge(self, mutant, slow, limits):
-        """What notices the mutant: "" is nothing, None a mutant that does not compile."""
+        """The phase that detects the mutant; "" if none does, None if it does not compile."""
         path = os.path.join(self.tree, mutant.file)
         with open(path, encoding="utf-8") as file:
             text = file.read()
@@ -225,7 +226,7 @@ class Lane:
             if not library or not self.compile(library):
                 return None
             noticed = self.test(library, mutant.file.split("/")[1], slow, limits)[0]
-            if noticed == "" and len(users) > len(library):  # what tests alone instantiate
+            if noticed == "" and len(users) > len(library):  # what only tests instantiate
                 noticed = self.test(users, mutant.file.split("/")[1], slow, limits)[0] \
                     if self.compile(users) else None
             return noticed
@@ -291,10 +292,10 @@ def main():
 
 
 def measure(lane):
-    """The tests that are slow, and ten times the seconds that each phase takes of unchanged sources."""
+    """The slow tests, and ten times the seconds that each phase takes with unchanged sources."""
     noticed, times = lane.test([], ROOMS[0], [], {})
     if noticed != "":
-        sys.exit(f"Unchanged sources are noticed, by {noticed}:\n{lane.output[-3000:]}")
+        sys.exit(f"The tests fail on unchanged sources, in phase {noticed}:\n{lane.output[-3000:]}")
     output = must([lane.path("units_tests")], lane.folder)
     slow = [name for name, took in re.findall(r"OK \] (\S+) \((\d+) ms\)", output)
             if int(took) > SLOW]
@@ -312,12 +313,12 @@ def report(verdicts, equivalent, stale):
     judged = noticed + len(survivors) - len(kept)
     share = 100 * noticed / judged if judged else 100.0
     print(f"{broken} do not compile, {noticed + len(survivors)} do")
-    print(f"{noticed} noticed:", ", ".join(f"{len(names)} by {phase}"
+    print(f"{noticed} detected:", ", ".join(f"{len(names)} by {phase}"
                                            for phase, names in sorted(verdicts.items())))
     print(f"{len(kept)} survivors are equivalent, {len(survivors) - len(kept)} are not: "
-          f"{share:.1f} % noticed, {SHARE} % asked")
-    for title, rows in (("FINDINGS: noticed, though they are called equivalent", wrong),
-                        ("FINDINGS: called equivalent, and no change of any line", stale)):
+          f"{share:.1f} % detected, target {SHARE} %")
+    for title, rows in (("FINDINGS: detected, though listed as equivalent", wrong),
+                        ("FINDINGS: listed as equivalent, but not a mutant of any line", stale)):
         if rows:
             print(f"{title}:", *rows, sep="\n  ")
     return 1 if wrong or stale or share < SHARE else 0

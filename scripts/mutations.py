@@ -1,11 +1,11 @@
-"""Finds what may be changed in a C++ source, one condition, constant or operator at a time.
+"""Finds the possible mutations of a C++ source: one condition, constant or operator at a time.
 
-It relies on clang-format: binary operators stand between spaces, brackets of templates and marks of
-pointers and references do not.
+It relies on clang-format: binary operators have spaces around them, but template brackets and the
+marks of pointers and references do not.
 """
 import re
 
-# What is passed over, and words and operators as wholes.
+# Skipped text, and words and operators as whole tokens.
 TOKEN = re.compile(r"""
     (?P<skip>  //[^\n]* | /\*.*?\*/ | ^[ \t]*\#(?:\\\n|[^\n])*
              | (?:u8|[uUL])?"(?:\\.|[^"\\\n])*" | R"(?P<delimiter>[^(]*)\(.*?\)(?P=delimiter)" )
@@ -26,7 +26,7 @@ WORDS = {"true": ["false"], "false": ["true"]}
 
 
 def condition_end(text, begin):
-    """Where the condition in the parentheses at `begin` ends; 0 if it declares or is not in a line."""
+    """The end of the condition in parentheses at `begin`; 0 if it declares or spans lines."""
     depth = 0
     for place in range(begin, text.index("\n", begin)):
         depth += {"(": 1, ")": -1}.get(text[place], 0)
@@ -36,7 +36,7 @@ def condition_end(text, begin):
 
 
 def changes(text):
-    """All changes of a source: begin, end, and what stands there instead."""
+    """All mutations of a source: begin, end, replacement."""
     for token in TOKEN.finditer(text):
         begin, end = token.span()
         kind, old = token.lastgroup, token.group()
@@ -56,6 +56,6 @@ def changes(text):
         elif kind == "mark":
             spaced = text[begin - 1].isspace() and text[end].isspace()
             if old == "+" and '"' in (text[begin - 2], text[end + 1]):
-                continue  # texts are joined, and not subtracted
+                continue  # strings are concatenated; there is no subtraction
             for new in (BINARY if spaced else {} if text[end].isspace() else PREFIX).get(old, ()):
                 yield begin, end, new

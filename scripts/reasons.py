@@ -1,9 +1,9 @@
-"""Reads a list of what is excepted from a check, and why.
+"""Reads a list of exceptions from a check, with reasons.
 
-    [why the entries below may stand]
+    [why the entries below are allowed]
     model/Letters.h: text of the line
 
-An entry names its line by text, so that line numbers may move.
+An entry identifies its line by its text, so that line numbers may change.
 """
 
 
@@ -17,6 +17,6 @@ def read(path):
                 reason = line.strip("[]")
             elif line and not line.startswith("#"):
                 if not reason or line in reasons:
-                    raise SystemExit(f"{path}: without a reason, or twice: {line}")
+                    raise SystemExit(f"{path}: no reason, or duplicate: {line}")
                 reasons[line] = reason
     return reasons

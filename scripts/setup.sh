@@ -1,11 +1,11 @@
-# Read by the other scripts, in the root of the tree: what they share.
+# Functions shared by the other scripts, which source this file in the root of the tree.
 
-# heading TEXT: a line that stands out, with the time since the script began.
+# heading TEXT: prints a heading with the time since the script started.
 heading() {
   printf '\n==== %s (%dm%02ds)\n' "$1" $((SECONDS / 60)) $((SECONDS % 60))
 }
 
-# missing_packages WANTED...: those packages of the list that are wanted and not installed.
+# missing_packages WANTED...: prints the listed packages that are needed but not installed.
 missing_packages() {
   local package wants
   sed 's/#.*//; /^ *$/d' scripts/packages.txt | while read -r package wants; do
@@ -16,7 +16,7 @@ missing_packages() {
   done
 }
 
-# as_root COMMAND...: runs it with the right to install, if there is a way to that right.
+# as_root COMMAND...: runs a command as root; fails if that is not possible.
 as_root() {
   if [ "$(id -u)" -eq 0 ]; then
     "$@"
@@ -29,7 +29,7 @@ as_root() {
   fi
 }
 
-# install_packages WANTED...: installs what is missing, or says what is and stops.
+# install_packages WANTED...: installs missing packages, or lists them and exits.
 install_packages() {
   local missing
   missing=$(missing_packages "$@" | paste -sd ' ')
@@ -37,7 +37,7 @@ install_packages() {
 
   heading "Installing $missing"
   if command -v apt-get >/dev/null; then
-    # A source of other packages that does not answer need not stop us: the installation decides.
+    # If some package source does not respond, go on: the installation below will tell.
     as_root apt-get update || true
     if as_root env DEBIAN_FRONTEND=noninteractive \
       apt-get install -y --no-install-recommends $missing; then
@@ -45,6 +45,6 @@ install_packages() {
     fi
   fi
   echo "These packages are missing and could not be installed: $missing" >&2
-  echo "Please install them, by Debian's names or your system's, and run this again." >&2
+  echo "Please install them (the names are Debian's) and run this script again." >&2
   exit 1
 }

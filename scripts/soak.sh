@@ -1,8 +1,7 @@
 #!/usr/bin/env bash
-# The long forms of the tests that try to break the library: scripts/soak.sh [MINUTES]
-# MINUTES (60 unless given) are how long the fuzz doors run, as many side by side as there are cores;
-# what comes before takes its own time. Prints its figures and what each part took, and fails on any
-# finding.
+# Runs the long versions of the tests that try to break the library: scripts/soak.sh [MINUTES]
+# The fuzz targets run for MINUTES in total (60 by default), one per core at a time. The steps before
+# take extra time. Prints the figures and the time of each step, and fails on any finding.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/setup.sh
@@ -14,7 +13,7 @@ mkdir -p "$work"
 findings=()
 times=()
 
-# step TITLE COMMAND...: goes on after a failure, which is told at the end.
+# step TITLE COMMAND...: runs a step. Failures do not stop the script; it reports them at the end.
 step() {
   local start=$SECONDS
   heading "$1"
@@ -29,7 +28,7 @@ build() {  # PRESET
     { tail -50 "$work/$1.build"; return 1; }
 }
 
-# Everything that a suite prints goes to a file; what failed is shown.
+# The output of a suite goes to a file, whose end is shown if the suite fails.
 suite() {  # PRESET
   build "$1" && ctest --preset "$1" --parallel "$jobs" >"$work/$1.test" ||
     { tail -50 "$work/$1.test"; return 1; }
@@ -41,8 +40,8 @@ coverage() {
   tail -2 "$work/coverage"
 }
 
-# What test.sh leaves out: hosts that build the sources with the other compiler, and hosts of both
-# compilers with a library by clang++.
+# Not covered by test.sh: hosts that build the sources with the other compiler, and hosts built by
+# both compilers that use a library built by clang++.
 hosts() {
   { ctest --test-dir build/release -L soak && cmake --preset clang &&
     cmake --build build/clang --target TrelvonUnits --parallel "$jobs" &&
@@ -52,45 +51,47 @@ hosts() {
 }
 
 memcheck() {
-  # What is deep or fails by intent is left to the others: here it would take hours.
+  # Deep inputs and failing allocations would take hours here; other steps cover them.
   valgrind --quiet --error-exitcode=1 --leak-check=full --errors-for-leak-kinds=definite,indirect \
     "$programs"/robustness_Callbacks
   valgrind --quiet --error-exitcode=1 --leak-check=full --errors-for-leak-kinds=definite,indirect \
-    "$programs"/robustness_Killers
+    "$programs"/robustness_KnownBadInputs
   valgrind --quiet --error-exitcode=1 --leak-check=full --errors-for-leak-kinds=definite,indirect \
     build/release/tests/units_tests --gtest_brief=1 --gtest_filter='-*Deep*:*Alloc*:*Memory*'
 }
 
-# Two of the doors make files: in memory, where there is such a place.
-fuzz() {  # DOOR LANE
+# Two of the targets create files: in memory, if there is a file system for that.
+fuzz() {  # TARGET LANE
   local corpus=$work/corpus/$1 log=$work/fuzz.$1.$2 files=/dev/shm
   mkdir -p "$corpus"
   [ -d $files ] || files=${TMPDIR:-/tmp}
   TMPDIR=$files build/fuzz/tests/fuzz/fuzz_"$1" "$corpus" tests/fuzz/corpus/"$1" \
     -rss_limit_mb=4096 -timeout=60 -detect_leaks=0 -max_total_time="$seconds" \
     -artifact_prefix="$work/$1-" -print_final_stats=1 \
-    >"$log" 2>&1 || echo "FINDING: the door ended with $?" >>"$log"
+    >"$log" 2>&1 || echo "FINDING: the target ended with $?" >>"$log"
 }
 
-# Every door in turn. No lane begins where another does, so that none meets in a door.
+# Runs every target in turn. Each lane starts with a different target, so that no two lanes run the
+# same target at once.
 lane() {  # LANE
   local turn
-  for turn in "${!doors[@]}"; do
-    fuzz "${doors[($1 * ${#doors[@]} / jobs + turn) % ${#doors[@]}]}" "$1"
+  for turn in "${!targets[@]}"; do
+    fuzz "${targets[($1 * ${#targets[@]} / jobs + turn) % ${#targets[@]}]}" "$1"
   done
 }
 
-# The figures of all lanes in one line a door.
-fuzz_doors() {
-  local number door log
+# Prints one line per target with the figures of all lanes.
+fuzz_targets() {
+  local number target log
   rm -f "$work"/fuzz.*.*
   for ((number = 0; number < jobs; ++number)); do lane "$number" & done
   wait
-  for door in "${doors[@]}"; do
-    awk -v door="$door" '/number_of_executed_units/ { inputs += $2 }
+  for target in "${targets[@]}"; do
+    awk -v target="$target" '/number_of_executed_units/ { inputs += $2 }
       /peak_rss_mb/ { if ($2 > peak) peak = $2 }
-      END { printf "%-12s %12d inputs, at most %5d MB\n", door, inputs, peak }' "$work"/fuzz."$door".*
-    for log in $(grep -l '^FINDING' "$work"/fuzz."$door".*); do
+      END { printf "%-12s %12d inputs, at most %5d MB\n", target, inputs, peak }' \
+      "$work"/fuzz."$target".*
+    for log in $(grep -l '^FINDING' "$work"/fuzz."$target".*); do
       findings+=("$log")
       tail -40 "$log"
     done
@@ -111,17 +112,17 @@ step "Memcheck of the suite" memcheck
 step "The suite under the sanitizers, g++" suite asan
 step "The suite under the sanitizers, clang++" suite asan-clang
 
-step "Hosts built with the compilers changed over" hosts
+step "Hosts built with the other compiler" hosts
 step "The same bits with every compiler and on every machine" scripts/bits.sh
 
-step "What the tests execute" coverage
-step "What the tests notice" scripts/mutants.py --samples 300
+step "Coverage" coverage
+step "Mutation test" scripts/mutants.py --samples 300
 
-step "Fuzz doors: build" build fuzz
-mapfile -t doors < <(ls tests/fuzz/corpus)
-seconds=$((minutes * 60 / ${#doors[@]} + 1))  # 0 would be for ever
-trap 'trap - INT TERM; kill 0' INT TERM  # the lanes as well
-step "Fuzzing ${#doors[@]} doors for $((seconds * jobs)) s each, $jobs at a time" fuzz_doors
+step "Fuzz targets: build" build fuzz
+mapfile -t targets < <(ls tests/fuzz/corpus)
+seconds=$((minutes * 60 / ${#targets[@]} + 1))  # 0 would mean no limit
+trap 'trap - INT TERM; kill 0' INT TERM  # stops the lanes, too
+step "Fuzzing ${#targets[@]} targets for $((seconds * jobs)) s each, $jobs at a time" fuzz_targets
 
 heading "Times"
 printf '%s\n' "${times[@]}"

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds and tests everything, as it must be before a commit lands.
+# Builds and tests everything. Run it before you submit a change.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/setup.sh
@@ -17,10 +17,10 @@ build_and_test() {  # PRESET
 
 install_packages demo test
 
-build_and_test release  # with the little hosts, on a fresh installation and on the sources
-heading "Layout of the sources"
+build_and_test release  # includes the small hosts, built against an installation and the sources
+heading "Formatting of the sources"
 cmake --build build/release --target format-check
 build_and_test asan
 build_and_test clang
 
-heading "All is well"
+heading "All tests passed"

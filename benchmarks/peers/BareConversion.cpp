@@ -7,7 +7,7 @@ namespace peers {
 
 namespace {
 
-/// The unit that all units of a kind are counted in: the first of the pairs' that it converts to.
+/// The common base unit for a unit: the first `from` unit of the pairs that it converts to.
 const std::string& hubOf(const std::string& typeId) {
   for (const UnitPair& pair : mixedPairs())
     if (catalogue().canConvert(typeId, pair.from)) return pair.from;

@@ -11,11 +11,11 @@ struct Scale {
 };
 using Scales = std::map<std::string, Scale>;
 
-/// All units of the catalogue, with scales that are right for the mixed pairs.
+/// All units of the catalog. The scales are correct for the units of the mixed pairs.
 const Scales& scalesOfPairs();
 
-/// What no conversion can do without: two look-ups and the arithmetic, the ids copied as the
-/// interface has it.
+/// The minimum that any conversion needs: two lookups and the arithmetic. The ids are copied, as
+/// the interface requires.
 double bareConvert(double value, std::string from, std::string to);
 
 }  // namespace peers

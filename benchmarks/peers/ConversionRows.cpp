@@ -1,5 +1,5 @@
-/// `convert` by two ids: beside UDUNITS-2, beside what no conversion can do without, and among many
-/// units and deep ones.
+/// `convert` with two ids: against UDUNITS-2, against the minimum that any conversion needs, with
+/// many stored units, and with deep definitions.
 #include "benchmarks/Catalogue.h"
 #include "benchmarks/peers/BareConversion.h"
 #include "benchmarks/peers/Pairs.h"
@@ -22,7 +22,7 @@ Side ourPairs() {
           static_cast<double>(mixedPairs().size())};
 }
 
-Sides besideUdunits() {
+Sides againstUdunits() {
   const auto udunits = std::make_shared<Udunits>();
   for (const UnitPair& pair : mixedPairs())
     checkNear(catalogue().convert(2.5, pair.from, pair.to),
@@ -36,7 +36,7 @@ Sides besideUdunits() {
            static_cast<double>(mixedPairs().size())}};
 }
 
-Sides besideLookUps() {
+Sides againstLookups() {
   for (const UnitPair& pair : mixedPairs())
     checkNear(catalogue().convert(2.5, pair.from, pair.to), bareConvert(2.5, pair.from, pair.to),
               1e-9, pair.from + pair.to);
@@ -52,7 +52,7 @@ std::string numbered(std::size_t number) {
   return "company.unit:ours" + std::to_string(number) + "-1.0.0";
 }
 
-/// 64 conversions in turn among as many units that hang on one another in chains of four.
+/// 64 conversions in an engine with `count` units, which are defined in chains of four.
 Side amongUnits(std::size_t count) {
   const std::shared_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());
   for (std::size_t number = 0; number < count; ++number) {
@@ -79,7 +79,7 @@ Side amongUnits(std::size_t count) {
           64};
 }
 
-/// Units in layers of two, both of which rest on both of the layer below.
+/// Layers of two units, each derived from both units of the layer below.
 Side diamond(int layers) {
   const std::shared_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());
   const auto name = [](int layer, char side) {
@@ -95,7 +95,7 @@ Side diamond(int layers) {
                            {{name(layer - 1, 'a'), 1}, {name(layer - 1, 'b'), 1}},
                            Units::FactorComponent(layer == layers && side == 'b' ? 2.0 : 1.0))});
   const std::string from = name(layers, 'b'), to = name(layers, 'a');
-  check(engine->convert(2.5, from, to) == 5.0, "a diamond of layers");
+  check(engine->convert(2.5, from, to) == 5.0, "the diamond of layers");
   return {[engine, from, to] {
             for (int time = 0; time < 16; ++time) keep(engine->convert(2.5, from, to));
             return Leftover();
@@ -107,15 +107,15 @@ Side diamond(int layers) {
 
 std::vector<Row> conversionRows() {
   return {
-      {"`convert`, 64 mixed pairs of ids in turn", "UDUNITS-2, text to number", Bound::Faster, 10,
-       13, besideUdunits},
-      {"`convert`, 64 mixed pairs of ids in turn", "two bare map lookups and the arithmetic",
-       Bound::AtMost, 2.5, 1.8, besideLookUps},
-      {"`convert` among 100,000 units", "among 100 units", Bound::AtMost, 3.5, 2.5,
+      {"`convert`, 64 mixed pairs of ids", "UDUNITS-2, text to number", Bound::Faster, 10, 13,
+       againstUdunits},
+      {"`convert`, 64 mixed pairs of ids", "two bare map lookups and the arithmetic", Bound::AtMost,
+       2.5, 1.8, againstLookups},
+      {"`convert`, 100,000 stored units", "100 stored units", Bound::AtMost, 3.5, 2.5,
        [] {
          return Sides{amongUnits(100000), amongUnits(100)};
        }},
-      {"`convert`, a diamond of 20 layers", "of 8 layers", Bound::AtMost, 4, 2.5,
+      {"`convert`, diamond of 20 layers", "8 layers", Bound::AtMost, 4, 2.5,
        [] {
          return Sides{diamond(20), diamond(8)};
        }},

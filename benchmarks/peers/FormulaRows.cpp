@@ -1,4 +1,4 @@
-/// Formulas: beside libqalculate, beside reading their numbers alone, and by their length.
+/// Formulas: against libqalculate, against parsing only their numbers, and by length.
 #include "benchmarks/Catalogue.h"
 #include "benchmarks/peers/FormulaTable.h"
 #include "benchmarks/peers/Qalculate.h"
@@ -15,7 +15,7 @@ namespace {
 struct Ready {
   std::string text;
   std::string unit;       // type id, or empty
-  std::string theirText;  // a formula that comes to a bare number
+  std::string theirText;  // a formula whose result is a plain number
 };
 
 const std::vector<Ready>& readyFormulas() {
@@ -46,7 +46,7 @@ Side ours() {
           static_cast<double>(formulas.size())};
 }
 
-Sides besideQalculate() {
+Sides againstQalculate() {
   const Qalculate qalculate;
   for (const Ready& formula : readyFormulas())
     checkNear(ourValue(formula), qalculate.evaluate(formula.theirText), 1e-9, formula.text);
@@ -59,7 +59,7 @@ Sides besideQalculate() {
            static_cast<double>(formulas.size())}};
 }
 
-/// Where the numbers of the formulas begin. Exponents such as that of m^2 are numbers too.
+/// The start of each number in the formulas. Exponents, as in m^2, are numbers too.
 std::vector<const char*> numbers() {
   std::vector<const char*> found;
   for (const Ready& formula : readyFormulas()) {
@@ -74,7 +74,7 @@ std::vector<const char*> numbers() {
   return found;
 }
 
-Sides besideNumbers() {
+Sides againstNumbers() {
   return {ours(),
           {[found = numbers()] {
              for (const char* number : found) keep(std::strtod(number, nullptr));
@@ -83,9 +83,9 @@ Sides besideNumbers() {
            static_cast<double>(formulas.size())}};
 }
 
-/// A bare formula with a known value; a piece is a character, or a parenthesis.
+/// A formula without units and with a known value.
 Side bare(std::string formula, double value, double pieces) {
-  check(catalogue().evaluateUnitlessExpression(formula) == value, "a long formula");
+  check(catalogue().evaluateUnitlessExpression(formula) == value, "the long formula");
   return {[formula = std::move(formula)] {
             keep(catalogue().evaluateUnitlessExpression(formula));
             return Leftover();
@@ -109,15 +109,15 @@ Side nested(std::size_t depth) {
 
 std::vector<Row> formulaRows() {
   return {
-      {"formulas, 32 of 7 to 200 characters", "libqalculate", Bound::Faster, 20, 35,
-       besideQalculate},
-      {"formulas, 32 of 7 to 200 characters", "reading their numbers alone (`strtod`)",
-       Bound::AtMost, 35, 20, besideNumbers},
-      {"per character of a sum, 100,000 characters", "1,000 characters", Bound::AtMost, 2, 1.2,
+      {"32 formulas of 7 to 200 characters", "libqalculate", Bound::Faster, 20, 35,
+       againstQalculate},
+      {"32 formulas of 7 to 200 characters", "parsing only their numbers (`strtod`)", Bound::AtMost,
+       35, 20, againstNumbers},
+      {"sum of 100,000 characters, per character", "1,000 characters", Bound::AtMost, 2, 1.2,
        [] {
          return Sides{sum(100000), sum(1000)};
        }},
-      {"per parenthesis, 100,000 deep", "1,000 deep", Bound::AtMost, 2, 1.2,
+      {"100,000 nested parentheses, per parenthesis", "1,000 parentheses", Bound::AtMost, 2, 1.2,
        [] {
          return Sides{nested(100000), nested(1000)};
        }},

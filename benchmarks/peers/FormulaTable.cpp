@@ -2,7 +2,7 @@
 
 namespace peers {
 
-// From 7 to 200 characters: bare numbers, sums of lengths, and what engineers write in cells.
+// 7 to 200 characters long: plain numbers, sums of lengths, and typical engineering formulas.
 const std::array<Formula, 32> formulas = {{
     {"2.5 * 4", nullptr, nullptr},
     {"12.5 ft", "meter", "m"},

@@ -4,11 +4,11 @@
 
 namespace peers {
 
-/// A formula that both read alike, and a unit of its result by our name and by its symbol.
+/// A formula that both libraries evaluate to the same value, and a unit for its result.
 struct Formula {
   const char* text;
-  const char* unit;  // null for a bare number
-  const char* symbol;
+  const char* unit;    // our name; null for a plain number
+  const char* symbol;  // libqalculate's name
 };
 
 extern const std::array<Formula, 32> formulas;

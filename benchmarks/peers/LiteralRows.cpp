@@ -1,4 +1,5 @@
-/// A literal with its unit, read by the room that reads them: no public operation does so alone.
+/// Parses a literal with its unit. No public operation does only that, so this calls the module
+/// `text` directly.
 #include "benchmarks/Catalogue.h"
 #include "benchmarks/peers/Turns.h"
 #include "benchmarks/peers/Udunits.h"
@@ -15,7 +16,7 @@ namespace {
 struct Literal {
   const char* text;
   double value;
-  const char* unit;  // as UDUNITS-2 reads it
+  const char* unit;  // in the spelling of UDUNITS-2
 };
 
 constexpr std::array<Literal, 12> literals = {{{"12.5 kg", 12.5, "kg"},
@@ -44,7 +45,7 @@ double read(const char* literal, const Symbols& symbols) {
   return value;
 }
 
-Sides besideUdunits() {
+Sides againstUdunits() {
   const auto udunits = std::make_shared<Udunits>();
   const auto symbols = std::make_shared<const Symbols>();
   for (const Literal& literal : literals) {
@@ -66,7 +67,7 @@ Sides besideUdunits() {
 }  // namespace
 
 std::vector<Row> allRows() {
-  return {{"a literal with its unit, read", "UDUNITS-2", Bound::Faster, 2.5, 4, besideUdunits}};
+  return {{"parsing a literal with its unit", "UDUNITS-2", Bound::Faster, 2.5, 4, againstUdunits}};
 }
 
 }  // namespace peers

@@ -1,4 +1,4 @@
-/// What a start costs: schema texts, folders, and the memory that definitions take.
+/// The cost of startup: loading schema texts, folders and bundles, and the memory of definitions.
 #include "benchmarks/SchemaTexts.h"
 #include "benchmarks/peers/Turns.h"
 
@@ -25,11 +25,11 @@ std::size_t countIn(const Units::UnitsEngine& engine) {
 
 Side loading(Texts texts) {
   const auto count = static_cast<double>(texts.size());
-  check(countIn(*load(texts)) == texts.size(), "a load that leaves out definitions");
+  check(countIn(*load(texts)) == texts.size(), "loading texts omits definitions");
   return {[texts = std::move(texts)] { return load(texts); }, count};
 }
 
-Sides besideRapidJson() {
+Sides againstRapidJson() {
   const Texts texts = readCatalogue();
   return {loading(texts),
           {[texts] {
@@ -43,7 +43,7 @@ Sides besideRapidJson() {
            static_cast<double>(texts.size())}};
 }
 
-/// Units in chains of ten.
+/// Units that are defined in chains of ten.
 Texts manyTexts(int count) {
   const auto name = [](int number) {
     return "company.unit:ours" + std::to_string(number) + "-1.0.0";
@@ -62,7 +62,7 @@ Texts manyTexts(int count) {
 
 Sides fromFolders() {
   const Texts texts = readCatalogue();
-  check(countIn(*loadFolders()) == texts.size(), "folders that are not loaded whole");
+  check(countIn(*loadFolders()) == texts.size(), "loading folders omits definitions");
   return {{[] { return loadFolders(); }},
           {[] { return std::make_shared<Texts>(readCatalogue()); }}};
 }
@@ -75,7 +75,7 @@ Sides fromABundle() {
     Schemas::SchemaBundle::addDefinitionsFromBuffer(bundle, *engine);
     return engine;
   };
-  check(countIn(*load()) == countIn(*loadFolders()), "a bundle that is not loaded whole");
+  check(countIn(*load()) == countIn(*loadFolders()), "loading a bundle omits definitions");
   return {{load}, {[] { return loadFolders(); }}};
 }
 
@@ -95,15 +95,16 @@ Sides memory() {
 
 std::vector<Row> loadingRows() {
   return {
-      {"loading schema texts, building included", "RapidJSON parsing the same bytes", Bound::AtMost,
-       5, 3.5, besideRapidJson},
-      {"loading, per schema, 100,000 schemas", "1,000 schemas", Bound::AtMost, 4, 2.5,
+      {"loading and building schema texts", "RapidJSON parsing the same bytes", Bound::AtMost, 5,
+       3.5, againstRapidJson},
+      {"loading 100,000 schemas, per schema", "1,000 schemas", Bound::AtMost, 4, 2.5,
        [] {
          return Sides{loading(manyTexts(100000)), loading(manyTexts(1000))};
        }},
-      {"the whole catalogue from its folders", "reading the same files alone", Bound::AtMost, 2.2,
+      {"loading the whole catalog from folders", "only reading the same files", Bound::AtMost, 2.2,
        1.7, fromFolders},
-      {"the whole catalogue from a bundle", "from its folders", Bound::AtMost, 1, 0.5, fromABundle},
+      {"loading the whole catalog from a bundle", "from folders", Bound::AtMost, 1, 0.5,
+       fromABundle},
       {"memory per definition", "7,000 bytes", Bound::AtMost, 1, 0.5, memory},
   };
 }

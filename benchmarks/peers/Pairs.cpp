@@ -67,7 +67,7 @@ const std::vector<std::vector<NamedUnit>> kinds = {
     {{"revolutionPerMinute", "rpm"}, {"radianPerSecond", "rad/s"}},
 };
 
-/// Each unit into the next of its kind; one of every kind, then one more of every kind.
+/// Pairs each unit with the next of its kind: one pair of every kind, then another of every kind.
 std::vector<UnitPair> makePairs() {
   std::vector<UnitPair> pairs;
   for (std::size_t step = 0; pairs.size() < 64; ++step)

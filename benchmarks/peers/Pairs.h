@@ -5,7 +5,7 @@
 
 namespace peers {
 
-/// A unit by our name and as UDUNITS-2 reads it; both count it the same.
+/// A unit by our name and by the name that UDUNITS-2 uses. Both have the same value.
 struct NamedUnit {
   const char* ours;
   const char* theirs;
@@ -17,7 +17,7 @@ struct UnitPair {
   const char* theirTo;
 };
 
-/// 64 pairs of the shipped units, of all kinds and mixed, so that no two in turn are alike.
+/// 64 pairs of shipped units of all kinds. Consecutive pairs are of different kinds.
 const std::vector<UnitPair>& mixedPairs();
 
 }  // namespace peers

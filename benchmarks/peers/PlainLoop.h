@@ -4,8 +4,8 @@
 
 namespace peers {
 
-/// What a conversion comes to, by the plainest loop there is, compiled for the processor's wider
-/// instructions where it has them.
+/// The arithmetic of a conversion in the simplest possible loop, compiled for wide vector
+/// instructions if the processor has them.
 void plainLoop(const double* values, double* converted, std::size_t count, double fromOffset,
                double fromFactor, double toFactor, double toOffset);
 

@@ -1,4 +1,4 @@
-/// A conversion prepared once: value by value, and in bulk.
+/// A prepared conversion: value by value, and in bulk.
 #include "benchmarks/Catalogue.h"
 #include "benchmarks/peers/Pairs.h"
 #include "benchmarks/peers/PlainLoop.h"
@@ -14,7 +14,7 @@ namespace peers {
 
 namespace {
 
-/// Of all sizes a host may have at hand, and no two alike.
+/// Values of different magnitudes and signs.
 std::vector<double> manyValues(std::size_t count) {
   std::vector<double> values;
   values.reserve(count);
@@ -34,7 +34,7 @@ Sides singleValues() {
     std::vector<double> converted(values.size());
     theirs.back().convertEach(values, converted.data());
     for (std::size_t at = 0; at < values.size(); ++at)
-      // Where an offset all but cancels a value, the digits left are fewer.
+      // If an offset nearly cancels a value, fewer digits are left.
       check(
           std::abs(ours.back()(values[at]) - converted[at]) <= 1e-9 * (1 + std::abs(converted[at])),
           pair.from + " to " + pair.to);
@@ -83,7 +83,7 @@ Sides bulk() {
   };
   loop();
   convert();
-  check(*ours == *theirs, "ten million values");
+  check(*ours == *theirs, "converting ten million values");
   return {{convert, kCount}, {loop, kCount}};
 }
 

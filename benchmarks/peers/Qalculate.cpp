@@ -24,7 +24,7 @@ const EvaluationOptions& options() {
 }  // namespace
 
 Qalculate::Qalculate() {
-  // The library keeps the one calculator that is made, and does not bear its end.
+  // The library keeps a pointer to its only calculator, which cannot be destroyed safely.
   static const bool isLoaded = (new Calculator)->loadGlobalDefinitions();
   check(isLoaded, "libqalculate has no definitions");
   CALCULATOR->setPrecision(12);
@@ -32,7 +32,7 @@ Qalculate::Qalculate() {
 
 double Qalculate::evaluate(const std::string& formula) const {
   const MathStructure value = CALCULATOR->calculate(formula, options());
-  check(value.isNumber(), formula + " is no number by libqalculate");
+  check(value.isNumber(), "libqalculate on " + formula + " gives no number");
   return value.number().floatValue();
 }
 

@@ -4,13 +4,13 @@
 
 namespace peers {
 
-/// libqalculate with its own definitions, told to be no slower than it need: plain numbers, no
-/// intervals, no more digits than a double shows.
+/// libqalculate with its own definitions, configured for speed: plain numbers, no intervals, no
+/// more digits than a double has.
 class Qalculate {
  public:
-  Qalculate();  ///< @throws Skipped  it is not installed.
+  Qalculate();  ///< @throws Skipped  libqalculate is not installed.
 
-  /// The value of a formula that comes to a bare number.
+  /// Evaluates a formula whose result is a plain number.
   double evaluate(const std::string& formula) const;
 };
 

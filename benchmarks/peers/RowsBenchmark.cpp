@@ -1,5 +1,5 @@
-/// Each row of `peers`, and of `peers_rooms`, as two benchmarks of Google's library, which gives
-/// their times alone: "row/ours" and "row/theirs". A row that nothing is timed for has none.
+/// Runs each row of `peers`, or of `peers_rooms`, as two benchmarks of Google Benchmark, "row/ours"
+/// and "row/theirs". Rows that count instead of timing are skipped.
 #include "benchmarks/peers/Turns.h"
 
 #include <benchmark/benchmark.h>
@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Prepared when the first of the two is run.
+/// Each row is prepared when the first of its two benchmarks runs.
 using Prepared = std::map<std::string, peers::Sides>;
 
 void run(benchmark::State& state, const peers::Row& row, peers::Side peers::Sides::*side,

@@ -1,4 +1,4 @@
-/// Display texts beside writing the number alone, and a listing beside copying what it gives.
+/// Formatting against `snprintf` of only the number, and a query against copying its result.
 #include "benchmarks/Catalogue.h"
 #include "benchmarks/peers/Turns.h"
 
@@ -55,7 +55,7 @@ Sides fractional() {
 Sides convertible() {
   using Records = std::map<std::string, Units::Unit>;
   const Records listed = catalogue().getConvertibleUnits(unit("bar"));
-  check(listed.size() > 30 && listed.count(unit("pascal")) == 1, "what converts to a bar");
+  check(listed.size() > 30 && listed.count(unit("pascal")) == 1, "the units convertible to a bar");
   return {{[] {
             keep(&static_cast<const Records&>(catalogue().getConvertibleUnits(unit("bar"))));
             return Leftover();
@@ -70,10 +70,10 @@ Sides convertible() {
 
 std::vector<Row> textRows() {
   return {
-      {"`formatFixedPoint` with a symbol", "`snprintf` of the number alone", Bound::AtMost, 1.2,
-       0.7, fixedPoint},
-      {"`formatFractional` in feet and inches", "`snprintf` of the number alone", Bound::AtMost,
-       1.6, 1.0, fractional},
+      {"`formatFixedPoint` with a symbol", "`snprintf` of only the number", Bound::AtMost, 1.2, 0.7,
+       fixedPoint},
+      {"`formatFractional` in feet and inches", "`snprintf` of only the number", Bound::AtMost, 1.6,
+       1.0, fractional},
       {"`getConvertibleUnits`", "copying the same result", Bound::AtMost, 10, 4, convertible},
   };
 }

@@ -9,9 +9,9 @@ namespace peers {
 
 namespace {
 
-constexpr double kRoundNanoseconds = 3e7;  // a round of one side: long beside the clock's tick
+constexpr double kRoundNanoseconds = 3e7;  // one round of one side; much longer than a clock tick
 
-/// In the processor's time, which other programs on the machine do not lengthen.
+/// Measures CPU time, which does not include the time of other programs on the machine.
 double nanosecondsOf(const Side& side, std::size_t calls) {
   std::vector<Leftover> leftovers(calls);
   const std::clock_t start = std::clock();
@@ -21,7 +21,7 @@ double nanosecondsOf(const Side& side, std::size_t calls) {
 
 std::size_t callsOfARound(const Side& side) {
   std::size_t calls = 1;
-  nanosecondsOf(side, calls);  // fills the caches
+  nanosecondsOf(side, calls);  // warms the caches
   double taken = nanosecondsOf(side, calls);
   for (; taken < kRoundNanoseconds / 8; taken = nanosecondsOf(side, calls)) calls *= 2;
   return std::max<std::size_t>(
@@ -51,7 +51,7 @@ Reached takeTurns(const Sides& sides, int rounds) {
 }
 
 void check(bool isRight, const std::string& what) {
-  if (!isRight) throw std::logic_error("A wrong answer: " + what);
+  if (!isRight) throw std::logic_error("Wrong result: " + what);
 }
 
 void checkNear(double ours, double theirs, double tolerance, const std::string& what) {

@@ -7,14 +7,15 @@
 #include <string>
 #include <vector>
 
-/// Works that are timed in turns with what they are held against. The ratio of two times taken one
-/// after the other in one process says more than either: a slow machine, or a busy one, slows both.
+/// Benchmarks that alternate with their baselines. The ratio of two times that are measured one
+/// after the other in one process says more than either time: a slow or busy machine slows down
+/// both.
 namespace peers {
 
-/// What a call leaves behind, to be destroyed when the clock has stopped.
+/// The result of a call, to be destroyed after the clock has stopped.
 using Leftover = std::shared_ptr<void>;
 
-/// A call does `pieces` pieces of work.
+/// One call performs `pieces` operations.
 struct Side {
   std::function<Leftover()> call;
   double pieces = 1;
@@ -22,43 +23,44 @@ struct Side {
 
 struct Reached {
   double ratio;  // ours to theirs
-  double ours;   // a piece
+  double ours;   // per operation
   double theirs;
   const char* unit = "ns";
 };
 
-/// Both sides of a row, their answers already checked against each other.
+/// Both sides of a row. Their results have already been compared.
 struct Sides {
   Side ours;
   Side theirs;
-  std::optional<Reached> counted = {};  // there is nothing to time
+  std::optional<Reached> counted = {};  // set if the row counts something instead of timing
 };
 
-/// How a row is judged: so many times faster than the other side, or at most so many of its times.
+/// How to read the bounds of a row: at least so many times faster than the baseline, or at most so
+/// many times as slow.
 enum class Bound { Faster, AtMost };
 
 struct Row {
   std::string work;
-  std::string against;
+  std::string against;  // the baseline
   Bound bound;
-  double must;
-  double aim;
+  double target;  // required
+  double goal;    // better than required
   std::function<Sides()> prepare;
 };
 
-/// Thrown by `prepare` when the other side is not installed.
+/// Thrown by `prepare` if the library of the baseline is not installed.
 struct Skipped : std::runtime_error {
   using runtime_error::runtime_error;
 };
 
-/// The medians of as many rounds, taken in turns.
+/// Alternates both sides for some rounds and returns the medians.
 Reached takeTurns(const Sides& sides, int rounds);
 
-/// Refuses to time a wrong answer.
+/// Throws if a result is wrong, so that it is not timed.
 void check(bool isRight, const std::string& what);
 void checkNear(double ours, double theirs, double tolerance, const std::string& what);
 
-/// Keeps a result from being optimised away.
+/// Keeps a result from being optimized away.
 inline void keep(double value) { asm volatile("" : : "x"(value) : "memory"); }
 inline void keep(const void* value) { asm volatile("" : : "r"(value) : "memory"); }
 

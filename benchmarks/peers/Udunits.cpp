@@ -17,7 +17,7 @@ ut_unit* parse(void* system, const char* text) {
 Udunits::Udunits()
     : system_((ut_set_error_message_handler(ut_ignore), ut_read_xml(nullptr)),
               [](void* system) { ut_free_system(static_cast<ut_system*>(system)); }) {
-  check(system_ != nullptr, "UDUNITS-2 has no table of units");
+  check(system_ != nullptr, "UDUNITS-2 cannot load its units");
 }
 
 Udunits::~Udunits() = default;
@@ -26,7 +26,7 @@ double Udunits::convert(double value, const char* from, const char* to) const {
   ut_unit* const fromUnit = parse(system_.get(), from);
   ut_unit* const toUnit = parse(system_.get(), to);
   cv_converter* const converter = ut_get_converter(fromUnit, toUnit);
-  check(converter != nullptr, std::string(from) + " to " + to + " by UDUNITS-2");
+  check(converter != nullptr, "UDUNITS-2 from " + std::string(from) + " to " + to);
   const double converted = cv_convert_double(converter, value);
   cv_free(converter);
   ut_free(toUnit);

@@ -5,17 +5,17 @@
 
 namespace peers {
 
-/// UDUNITS-2 with its own table of units. The loops over its calls stand inside, so that a call
-/// costs here what it costs in a host.
+/// UDUNITS-2 with its own table of units. Loops over its calls are inside of this class, so that a
+/// call costs the same as in a host.
 class Udunits {
  public:
-  Udunits();  ///< @throws Skipped  it is not installed.
+  Udunits();  ///< @throws Skipped  UDUNITS-2 is not installed.
   ~Udunits();
 
-  /// From two texts to a number, keeping nothing: what `convert` does with two ids.
+  /// Converts between two units given as text, caching nothing, as `convert` does with two ids.
   double convert(double value, const char* from, const char* to) const;
 
-  /// A converter made once, called with one value at a time.
+  /// A converter that is created once and called with one value at a time.
   class Converter {
    public:
     Converter(const Udunits& udunits, const char* from, const char* to);
@@ -25,10 +25,10 @@ class Udunits {
     std::shared_ptr<void> converter_;
   };
 
-  /// Reads a number with a unit.
+  /// Parses a number with a unit.
   void read(const char* literal) const;
 
-  /// That number, counted in another unit.
+  /// The value of such a literal in another unit.
   double valueOf(const char* literal, const char* unit) const { return convert(1, literal, unit); }
 
  private:

@@ -1,5 +1,5 @@
-/// Times each work in turns with what it is held against, and prints a table.
-///   peers [PART OF A WORK'S NAME]
+/// Alternates each benchmark with its baseline and prints a table.
+///   peers [PART OF A BENCHMARK'S NAME]
 #include "benchmarks/peers/Turns.h"
 
 #include <cstdio>
@@ -34,16 +34,16 @@ void print(const peers::Row& row) {
     const bool isFaster = row.bound == peers::Bound::Faster;
     const double ratio = isFaster ? 1 / result.ratio : result.ratio;
     const auto meets = [&](double times) { return isFaster ? ratio >= times : ratio <= times; };
-    reached = limit(row.bound, ratio) + (meets(row.aim)    ? ", the aim"
-                                         : meets(row.must) ? ", the must"
-                                                           : ", MISSED");
+    reached = limit(row.bound, ratio) + (meets(row.goal)     ? ", goal"
+                                         : meets(row.target) ? ", target"
+                                                             : ", MISSED");
     ours = quantity(result.ours, result.unit);
     theirs = quantity(result.theirs, result.unit);
   } catch (const peers::Skipped& reason) {
     reached = std::string("skipped: ") + reason.what();
   }
   std::printf("| %s | %s | %s | %s | %s | %s | %s |\n", row.work.c_str(), row.against.c_str(),
-              limit(row.bound, row.must).c_str(), limit(row.bound, row.aim).c_str(),
+              limit(row.bound, row.target).c_str(), limit(row.bound, row.goal).c_str(),
               reached.c_str(), ours.c_str(), theirs.c_str());
   std::fflush(stdout);
 }
@@ -52,7 +52,7 @@ void print(const peers::Row& row) {
 
 int main(int count, char** arguments) {
   const std::string part = count > 1 ? arguments[1] : "";
-  std::puts("| work | against | must | aim | reached | ours | theirs |\n|-|-|-|-|-|-|-|");
+  std::puts("| benchmark | baseline | target | goal | result | ours | theirs |\n|-|-|-|-|-|-|-|");
   try {
     for (const peers::Row& row : peers::allRows())
       if (row.work.find(part) != std::string::npos) print(row);
