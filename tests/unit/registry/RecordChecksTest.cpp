@@ -107,7 +107,7 @@ TEST(AddRecord, StoresTheEnginesOwnUnits) {
   addSymbol(Symbol("a:metersAndCentimeters-1.0.0", impostor, {}), registries);
   addQuantity(Quantity("twice", "name", {impostor, meter, impostor}), registries);
 
-  const Symbol& symbol = registries.symbols.objects.records().at("a:metersAndCentimeters-1.0.0");
+  const Symbol symbol = registries.symbols.objects.records().at("a:metersAndCentimeters-1.0.0");
   EXPECT_EQ(symbol.getUnit().getName(), "meter");
   const auto units = registries.quantities.objects.records().at("twice").getUnits();
   ASSERT_EQ(units.size(), 3u);

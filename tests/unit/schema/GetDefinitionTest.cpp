@@ -93,7 +93,7 @@ TEST(Definitions, ServeRecordsOfWhatTheySay) {
   EXPECT_EQ(units.at("a").getAbsoluteUnitComponent()->getParentUnit(), "x");
   EXPECT_EQ(units.at("a").getAbsoluteUnitComponent()->getOffset(), 0.0);
   EXPECT_EQ(units.at("u").getPrimitiveUnitComponent()->getDimension(), Dimension("d"));
-  const Symbol& symbol = registries.symbols.objects.records().at("s");
+  const Symbol symbol = registries.symbols.objects.records().at("s");
   EXPECT_EQ(symbol.getUnit().getName() + symbol.getPrefixOrSuffix()->getText(), "ext");
   EXPECT_TRUE(symbol.getPrefixOrSuffix()->hasSpace());
   EXPECT_EQ(registries.quantities.objects.records().at("q").getUnits()[0].getName(), "ex");
