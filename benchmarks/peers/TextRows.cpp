@@ -4,7 +4,11 @@
 
 #include <array>
 #include <cstdio>
+#include <functional>
 #include <map>
+#include <string>
+#include <thread>
+#include <vector>
 
 namespace peers {
 
@@ -52,18 +56,72 @@ Sides fractional() {
           printed()};
 }
 
-Sides convertible() {
-  using Records = std::map<std::string, Units::Unit>;
-  const Records listed = catalogue().getConvertibleUnits(unit("bar"));
+using Records = std::map<std::string, Units::Unit>;
+
+Records convertibleToBar() {
+  Records listed = catalogue().getConvertibleUnits(unit("bar"));
   check(listed.size() > 30 && listed.count(unit("pascal")) == 1, "the units convertible to a bar");
-  return {{[] {
-            keep(&static_cast<const Records&>(catalogue().getConvertibleUnits(unit("bar"))));
-            return Leftover();
-          }},
-          {[listed] {
+  return listed;
+}
+
+Side query() {
+  return {[] {
+    keep(&static_cast<const Records&>(catalogue().getConvertibleUnits(unit("bar"))));
+    return Leftover();
+  }};
+}
+
+Sides besideCopy() {
+  return {query(), {[listed = convertibleToBar()] {
             keep(&static_cast<const Records&>(Records(listed)));
             return Leftover();
           }}};
+}
+
+/// Contents of derived units, which all but one of those that convert to a bar are.
+struct Contents {
+  std::string typeId, name;
+  std::map<std::string, int> parents, factors;
+};
+
+Sides besideFreshRecords() {
+  std::vector<Contents> all;
+  for (const auto& [typeId, unit] : convertibleToBar()) {
+    const auto derived = unit.getDerivedUnitComponent();
+    check(derived.has_value(), typeId);
+    all.push_back({typeId, unit.getName(), derived->getParentUnitPowers(),
+                   derived->getFactorComponent().getParentFactorPowers()});
+  }
+  return {query(), {[all] {
+            Records made;
+            for (const auto& [typeId, name, parents, factors] : all)
+              made.emplace_hint(made.end(), typeId,
+                                Units::Unit(typeId, name, Units::System::Metric,
+                                            Units::DerivedUnitComponent(
+                                                parents, Units::FactorComponent(2.0, factors))));
+            keep(&static_cast<const Records&>(made));
+            return Leftover();
+          }}};
+}
+
+/// Copies of one record, on as many threads at once.
+Side copies(std::size_t threads) {
+  constexpr std::size_t times = 100000;
+  const auto work = [unit = catalogue().getUnit(unit("bar"))] {
+    for (std::size_t time = 0; time < times; ++time) {
+      const Units::Unit copy(unit);
+      keep(&copy);
+    }
+  };
+  return {[work, threads] {
+            std::vector<std::thread> others;
+            for (std::size_t other = 1; other < threads; ++other)
+              others.emplace_back(std::cref(work));
+            work();
+            for (std::thread& other : others) other.join();
+            return Leftover();
+          },
+          static_cast<double>(threads * times)};
 }
 
 }  // namespace
@@ -74,7 +132,13 @@ std::vector<Row> textRows() {
        fixedPoint},
       {"`formatFractional` in feet and inches", "`snprintf` of only the number", Bound::AtMost, 1.6,
        1.0, fractional},
-      {"`getConvertibleUnits`", "copying the same result", Bound::AtMost, 10, 4, convertible},
+      {"`getConvertibleUnits`", "copying the result", Bound::AtMost, 40, 25, besideCopy},
+      {"`getConvertibleUnits`", "making the result of new records", Bound::AtMost, 10, 4,
+       besideFreshRecords},
+      {"copying a record on two threads, per copy", "on one thread", Bound::AtMost, 20, 5,
+       [] {
+         return Sides{copies(2), copies(1)};
+       }},
   };
 }
 

@@ -18,10 +18,15 @@ namespace {
 using FactorRegistry = KindRegistry<FactorSchemaData, Factor>;
 using UnitRegistry = KindRegistry<UnitSchemaData, Unit>;
 
+/// What a record is made of goes as soon as it is made: the next one finds room there.
 template <class SchemaData, class Record, class Build>
 void buildKind(KindRegistry<SchemaData, Record>& kind, const Build& build) {
   kind.built.reserve(kind.batch.size());
-  for (const auto& [typeId, data] : kind.batch) build(typeId, data, kind.built);
+  while (!kind.batch.empty()) {
+    const auto next = kind.batch.begin();
+    build(next->first, next->second, kind.built);
+    kind.batch.erase(next);
+  }
 }
 
 void buildRecords(Registries& registries) {
