@@ -13,8 +13,8 @@ namespace {
 
 // A document of a usual schema, with the text that it is read from, takes no memory but its own,
 // which is a block that allocators keep at hand.
-constexpr std::size_t kFirstPoolBytes = 768;
-constexpr std::size_t kFirstStackBytes = 1024;
+constexpr std::size_t firstPoolBytes = 768;
+constexpr std::size_t firstStackBytes = 1024;
 
 }  // namespace
 
@@ -22,9 +22,9 @@ constexpr std::size_t kFirstStackBytes = 1024;
 struct JSON::Document {
   std::shared_ptr<ExceptionFactory> exceptionFactory;  // none in a document that is being built
   std::string text;                                    // that strings of the document lie in
-  alignas(std::max_align_t) std::array<char, kFirstPoolBytes> firstOfPool;
+  alignas(std::max_align_t) std::array<char, firstPoolBytes> firstOfPool;
   RapidPool pool{firstOfPool.data(), firstOfPool.size()};
-  RapidDocument root{&pool, kFirstStackBytes};
+  RapidDocument root{&pool, firstStackBytes};
 };
 
 namespace {
@@ -44,7 +44,7 @@ RapidValue* findMember(RapidValue& value, std::string_view key) {
 
 /// A string of the owner's.
 RapidValue copyText(const std::string& text, RapidPool& owner) {
-  if (text.size() > JSON::kLongestText) throw std::length_error("A text is too long for JSON.");
+  if (text.size() > JSON::longestText) throw std::length_error("A text is too long for JSON.");
   const auto length = static_cast<rapidjson::SizeType>(text.size());
   return RapidValue(text.data(), length, owner);
 }
@@ -83,7 +83,7 @@ JSON JSON::parse(std::shared_ptr<ExceptionFactory> factory, const std::string& t
   };
 
   const std::string_view read(text.c_str());
-  if (read.size() > kLongestText) refuse(kLongestText, "The text is too long.");
+  if (read.size() > longestText) refuse(longestText, "The text is too long.");
   document->text = read;
   const rapidjson::ParseResult result = parseInPlace(document->root, document->text);
   if (result.IsError()) refuse(result.Offset(), rapidjson::GetParseError_En(result.Code()));

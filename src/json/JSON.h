@@ -35,7 +35,7 @@ class JSON {
  public:
   /// Bytes of the longest text that `parse` reads, and of the longest string or name that is
   /// written. The reader and the writer below us count in 32 bits, in places six times a length.
-  static constexpr std::size_t kLongestText = std::size_t{1} << 29;
+  static constexpr std::size_t longestText = std::size_t{1} << 29;
 
   /// Reads a text up to its first NUL: strict JSON, its UTF-8 not checked, a number's last digit
   /// not always rounded to the nearest double, members of the same name all kept.
@@ -54,7 +54,7 @@ class JSON {
   explicit JSON(int value);
   JSON(const char*) = delete;  // would be a bool
 
-  /// @throws std::length_error  the text is longer than `kLongestText`.
+  /// @throws std::length_error  the text is longer than `longestText`.
   static JSON makeString(JSON& owner, const std::string& text);
 
   /// The items in order; their values are moved in and left null.
@@ -102,7 +102,7 @@ class JSON {
   /// Appends a member to this object, whether or not one of that name exists. The value is moved in
   /// and left null.
   ///
-  /// @throws std::length_error  the key is longer than `kLongestText`.
+  /// @throws std::length_error  the key is longer than `longestText`.
   /// @throws std::bad_alloc     this object is empty then.
   void setMember(JSON& owner, const std::string& key, JSON&& value);
 

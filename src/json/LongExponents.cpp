@@ -7,7 +7,7 @@
 namespace {
 
 /// Digits of an exponent that the reader may see: sums of 999999999 and a count of places fit.
-constexpr std::size_t kSafeDigits = 9;
+constexpr std::size_t safeDigits = 9;
 
 /// Digits of an exponent, from `begin` up to `end`; none when both are the end of the text.
 struct Digits {
@@ -25,13 +25,13 @@ bool isExponent(std::string_view text, std::size_t begin) {
 /// The next exponent that is too long. Ten digits in a row cover every tenth place, so that other
 /// texts cost one look at ten bytes.
 Digits nextLongExponent(std::string_view text, std::size_t from) {
-  for (std::size_t place = from + kSafeDigits; place < text.size(); place += kSafeDigits + 1) {
+  for (std::size_t place = from + safeDigits; place < text.size(); place += safeDigits + 1) {
     if (!isDigit(text[place])) continue;
     std::size_t begin = place;
     std::size_t end = place + 1;
     while (begin > from && isDigit(text[begin - 1])) --begin;
     while (end < text.size() && isDigit(text[end])) ++end;
-    if (end - begin > kSafeDigits && isExponent(text, begin)) return {begin, end};
+    if (end - begin > safeDigits && isExponent(text, begin)) return {begin, end};
     place = end;
   }
   return {text.size(), text.size()};
@@ -40,7 +40,7 @@ Digits nextLongExponent(std::string_view text, std::size_t from) {
 void bound(std::string& text, Digits digits) {
   const auto begin = text.begin() + static_cast<std::ptrdiff_t>(digits.begin);
   const auto end = text.begin() + static_cast<std::ptrdiff_t>(digits.end);
-  const auto nines = end - static_cast<std::ptrdiff_t>(kSafeDigits);
+  const auto nines = end - static_cast<std::ptrdiff_t>(safeDigits);
   if (std::all_of(begin, nines, [](char c) { return c == '0'; })) return;
   std::fill(begin, nines, '0');
   std::fill(nines, end, '9');
