@@ -20,8 +20,7 @@ namespace {
 class Evaluation {
  public:
   Evaluation(std::string_view formula, VariableResolver resolver, const Units::SymbolTexts& symbols,
-             const Units::UnitMath& unitMath)
-      : arena_(formula.size()) {
+             const Units::UnitMath& unitMath) {
     if (parseFormula(formula, arena_, root_, symbols, unitMath, std::move(resolver)))
       result_ = root_->compute();
     if (!result_) throwUnableToParse();

@@ -39,7 +39,8 @@ bool isRegularFile(const Status& status) { return S_ISREG(status.st_mode); }
 
 /// Null, and `errno` set, if the file cannot be opened.
 std::FILE* openToRead(const char* path) {
-  // Without O_NONBLOCK, opening a FIFO waits for a writer. Reading is to wait for the writer's data.
+  // Without O_NONBLOCK, opening a FIFO waits for a writer. Reading is to wait for the writer's
+  // data.
   const int descriptor = ::open(path, O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
   if (descriptor < 0) return nullptr;
   const int flags = ::fcntl(descriptor, F_GETFL);

@@ -39,8 +39,8 @@ bool isSchemaFile(const fs::recursive_directory_iterator& walk) {
   return fs::is_regular_file(status) && path.extension() == ".json" && walk.depth() > 0;
 }
 
-/// The bytes of a file up to its first NUL. Of a text that is too long for an engine no more is read
-/// than shows that.
+/// The bytes of a file up to its first NUL. Of a text that is too long for an engine no more is
+/// read than shows that.
 std::string readText(const fs::path& path) {
   Schemas::FileReader file(path.string());
   // Replaced since the walk found a regular file there, it may be of any type.

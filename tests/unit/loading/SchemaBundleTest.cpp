@@ -83,7 +83,8 @@ TEST(SchemaBundle, IsReadFromAPipeWhoseWriterIsSlow) {
   int ends[2];
   ASSERT_EQ(::pipe(ends), 0);
   std::thread writer([end = ends[1]] {
-    for (const std::string& piece : {header.substr(0, 5), header.substr(5) + dimension("a"), "\0"s}) {
+    for (const std::string& piece :
+         {header.substr(0, 5), header.substr(5) + dimension("a"), "\0"s}) {
       std::this_thread::sleep_for(std::chrono::milliseconds(5));
       EXPECT_EQ(::write(end, piece.data(), piece.size()), static_cast<ssize_t>(piece.size()));
     }
