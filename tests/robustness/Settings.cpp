@@ -1,6 +1,6 @@
 /// What a process can set and the library must not heed: locales, the global C++ locale, rounding
 /// modes, flushed subnormals, and a C library that sets no `errno`. `Settings FOLDER`: where
-/// localedef put de_DE and tr_TR.
+/// localedef put its locales.
 #include <dlfcn.h>
 #include <stdlib.h>
 
@@ -18,6 +18,7 @@
 #include "tests/robustness/Findings.h"
 #include "tests/robustness/Sample.h"
 #include "tests/support/Build.h"
+#include "text/CharConversion.h"
 
 namespace {
 
@@ -77,6 +78,15 @@ void addNumbers(const Units::UnitsEngine& engine, std::string& all) {
   }
 }
 
+/// What standard libraries without <charconv> for doubles go through.
+void addConversionsByCLibrary(std::string& all) {
+  for (const double value : values) Units::byCLibrary::appendFixed(all, std::fabs(value), 12);
+  for (const char* text : {"1.5e3", "1,5", "1.234.5", "0.000001", ".5"}) {
+    const Units::LeadingNumber read = Units::byCLibrary::readDecimal(text);
+    all += bits(read.value) + ' ' + std::to_string(read.length) + '\n';
+  }
+}
+
 /// A prepared conversion gives what `convert` gives, whatever both run under.
 void addConversions(const Units::UnitsEngine& engine, std::string& all) {
   for (const auto& [from, to] : {std::pair("foot", "perInch"),
@@ -130,6 +140,7 @@ std::string everything() {
                     Units::DerivedUnitComponent({{"inch", 1}}, Units::FactorComponent(factor))));
   addConversions(*engine, all);
   addNumbers(*engine, all);
+  addConversionsByCLibrary(all);
   return all;
 }
 
@@ -153,7 +164,7 @@ int differences(const std::string& a, const std::string& b) {
 int main(int count, char** arguments) {
   const std::string plain = everything();
   if (count > 1) ::setenv("LOCPATH", arguments[1], 1);
-  for (const char* name : {"de_DE.UTF-8", "tr_TR.UTF-8"}) {
+  for (const char* name : {"de_DE.UTF-8", "fa_IR.UTF-8", "tr_TR.UTF-8"}) {
     if (std::setlocale(LC_ALL, name) == nullptr) {
       report(std::string("not on this machine: ") + name);
       continue;
