@@ -4,13 +4,8 @@
 
 namespace Units {
 
-/// Adds inches, in feet, to `feet`: a fraction ("1/2"), a whole number and a fraction ("6 1/2") or
-/// a number ("6", "6.5"), the first that there is. Takes them off the front of the text; on failure
-/// nothing changes.
-bool readInches(std::string_view& text, double& feet);
-
-/// Readers of one composite form each. The whole text must be of the form; then `value` is set,
-/// otherwise nothing changes.
+/// Each of these reads one composite form. On success, when the whole text is of that form, `value`
+/// is set; otherwise nothing changes.
 
 /// Inches alone, which need their mark: `6"`, `1/2 in`. The value is in feet.
 bool readInchesOnly(std::string_view text, double& value);
