@@ -6,10 +6,11 @@
 
 namespace {
 
-/// Digits of an exponent that the reader may see: sums of 999999999 and a count of places fit.
+/// Significant digits of an exponent that RapidJSON may see: 999999999 plus a count of places fits
+/// an int.
 constexpr std::size_t safeDigits = 9;
 
-/// Digits of an exponent, from `begin` up to `end`; none when both are the end of the text.
+/// Digits of an exponent, from `begin` up to `end`; both are the end of the text if there is none.
 struct Digits {
   std::size_t begin;
   std::size_t end;
@@ -22,8 +23,8 @@ bool isExponent(std::string_view text, std::size_t begin) {
   return begin > 0 && (text[begin - 1] == 'e' || text[begin - 1] == 'E');
 }
 
-/// The next exponent that is too long. Ten digits in a row cover every tenth place, so that other
-/// texts cost one look at ten bytes.
+/// The next exponent that is too long. Ten digits in a row cover every tenth place, so it is enough
+/// to look at every tenth byte.
 Digits nextLongExponent(std::string_view text, std::size_t from) {
   for (std::size_t place = from + safeDigits; place < text.size(); place += safeDigits + 1) {
     if (!isDigit(text[place])) continue;

@@ -10,7 +10,8 @@ namespace Units {
 
 namespace {
 
-// Names of the copies, which must not meet: a source has one id for one thing.
+// Type ids in the second engine. They cannot collide, because each names one definition of the
+// source.
 std::string copyOf(const std::string& typeId) { return "copy:" + typeId; }
 std::string twinOf(const std::string& typeId) { return "twin:" + typeId; }
 
@@ -31,10 +32,11 @@ double subnormal(double scaled) {
   return value;
 }
 
-/// Adds a record after all that it rests on, however long the way down is.
-/// @param added  the records that are there already.
-/// @throws std::logic_error  the way down leads back: no engine of ours has such records, but the
-///                           source may be any.
+/// Adds a record after everything that it depends on, without recursion.
+/// @param added  the records that have been added already.
+/// @throws std::logic_error  a record is its own ancestor. Our engines have no such records, but
+/// the
+///                           source may be a host's engine.
 void addParentsFirst(const std::string& root, std::set<std::string>& added,
                      const std::function<std::map<std::string, int>(const std::string&)>& parentsOf,
                      const std::function<void(const std::string&)>& add) {

@@ -1,6 +1,7 @@
 #include "schema/SchemaHeader.h"
 
 #include <utility>
+#include <vector>
 
 namespace Units {
 

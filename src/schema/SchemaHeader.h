@@ -7,7 +7,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 /// What all schema documents have in common, whatever kind of definition they hold:
 ///
