@@ -20,7 +20,7 @@ namespace {
 EvaluatedValue evaluate(std::string_view formula, VariableResolver resolver,
                         const Units::SymbolTexts& symbols, const Units::UnitMath& unitMath,
                         UnitTermsSource& units) {
-  NodeArena arena(formula.size());
+  NodeArena arena;
   std::unique_ptr<Expression> root;
   std::optional<EvaluatedValue> result;
   if (parseFormula(formula, arena, root, symbols, unitMath, units, std::move(resolver)))

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "formula/EvaluatedValue.h"
+#include "formula/NodeArena.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <memory_resource>
 #include <optional>
 
 /// Which class a node is of.
@@ -40,11 +40,9 @@ class Expression {
   /// The same in one result, which may borrow from the tree: empty for false.
   std::optional<EvaluatedValue> compute() const;
 
-  // Nodes lie in the arena of their formula, which alone gives memory back.
-  static void* operator new(std::size_t size, std::pmr::memory_resource& arena) {
-    return arena.allocate(size);
-  }
-  static void operator delete(void*, std::pmr::memory_resource&) {}
+  // Nodes lie in the arena of their formula, which alone frees memory.
+  static void* operator new(std::size_t size, NodeArena& arena) { return arena.allocate(size); }
+  static void operator delete(void*, NodeArena&) {}
   static void operator delete(void*) {}
 
   Expression(const Expression&) = delete;

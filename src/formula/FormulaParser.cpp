@@ -4,9 +4,9 @@
 #include "formula/FunctionExpression.h"
 #include "formula/NumberConstantExpression.h"
 #include "formula/ParenExpression.h"
-#include "formula/Separators.h"
 #include "formula/SymbolExpression.h"
 #include "formula/UnaryOperatorExpression.h"
+#include "model/Characters.h"
 #include "model/RecordAccess.h"
 #include "text/ValueText.h"
 
@@ -20,7 +20,7 @@ namespace {
 bool endsInSeparator(const Units::Symbol* symbol) {
   const Units::PrefixOrSuffix* const shown =
       symbol ? Units::RecordAccess::prefixOrSuffix(*symbol) : nullptr;
-  return shown && isSeparator(Units::RecordAccess::text(*shown).back());
+  return shown && Units::isSeparator(Units::RecordAccess::text(*shown).back());
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include "formula/FormulaTokenizer.h"
 
-#include "formula/Separators.h"
+#include "model/Characters.h"
 #include "text/ValueText.h"
 
 #include <TrelvonUnits/Exceptions.h>
@@ -11,15 +11,9 @@
 
 namespace {
 
-std::size_t countLeadingSeparators(std::string_view text) {
-  std::size_t count = 0;
-  while (count < text.size() && isSeparator(text[count])) ++count;
-  return count;
-}
-
 /// Of a text that begins with no separator.
 std::string_view withoutTrailingSeparators(std::string_view text) {
-  while (isSeparator(text.back())) text.remove_suffix(1);
+  while (Units::isSeparator(text.back())) text.remove_suffix(1);
   return text;
 }
 
@@ -37,7 +31,7 @@ FormulaTokenizer::FormulaTokenizer(std::string_view formula, const Units::Symbol
 
 bool FormulaTokenizer::nextToken(FormulaToken& token) {
   while (true) {
-    text_.skip(countLeadingSeparators(text_.rest()));
+    text_.skip(Units::countLeading<Units::isSeparator>(text_.rest()));
     if (text_.rest().empty()) return false;
 
     if (operators_.isAtStart(text_.rest())) {

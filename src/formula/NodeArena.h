@@ -1,34 +1,49 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <memory>
-#include <memory_resource>
 #include <utility>
+#include <vector>
 
-/// The memory of one formula's tree: a single piece for all its nodes, unless the formula is very
-/// long or its identifiers stand for more text than it has. A node that is deleted ends; its memory
-/// goes with the arena, which must outlive the tree.
+/// The memory of one formula's tree: blocks that are freed together, the first of them in place.
+/// Deleting a node ends its life; its memory is freed with the arena, which must outlive the tree.
 class NodeArena {
  public:
-  /// @param textLength  of the formula, in bytes.
-  explicit NodeArena(std::size_t textLength) : memory_(firstPiece(textLength)) {}
+  NodeArena() = default;
+  NodeArena(const NodeArena&) = delete;
+  NodeArena& operator=(const NodeArena&) = delete;
 
   template <class Node, class... Arguments>
   std::unique_ptr<Node> make(Arguments&&... arguments) {
-    return std::unique_ptr<Node>(new (memory_) Node(std::forward<Arguments>(arguments)...));
+    static_assert(sizeof(Node) <= firstBlockBytes && alignof(Node) <= alignment);
+    return std::unique_ptr<Node>(new (*this) Node(std::forward<Arguments>(arguments)...));
+  }
+
+  /// @param size  of a node that `make` makes.
+  void* allocate(std::size_t size) {
+    size = (size + alignment - 1) / alignment * alignment;
+    if (size > free_) addBlock();
+    free_ -= size;
+    return std::exchange(next_, next_ + size);
   }
 
  private:
-  // As many as "1+1+1" wants, of all formulas the most: 48 for an operator and 96 for a number.
-  static constexpr std::size_t bytesPerCharacter = 72;
+  static constexpr std::size_t alignment = alignof(std::max_align_t);
+  static constexpr std::size_t firstBlockBytes = 1024;  // for as many nodes as most formulas have
+  static constexpr std::size_t largestBlockBytes = 65536;
 
-  // A long text may hold few nodes: it must not fail for room that it would not use.
-  static constexpr std::size_t mostAtOnce = std::size_t{16} << 20;
-
-  static std::size_t firstPiece(std::size_t textLength) {
-    return std::min(bytesPerCharacter * (textLength + 1), mostAtOnce);
+  void addBlock() {
+    const std::size_t size = std::min(2 * blockBytes_, largestBlockBytes);
+    blocks_.push_back(std::unique_ptr<std::byte[]>(new std::byte[size]));
+    next_ = blocks_.back().get();
+    free_ = blockBytes_ = size;
   }
 
-  std::pmr::monotonic_buffer_resource memory_;
+  alignas(alignment) std::array<std::byte, firstBlockBytes> firstBlock_;
+  std::byte* next_ = firstBlock_.data();
+  std::size_t free_ = firstBlockBytes;
+  std::size_t blockBytes_ = firstBlockBytes;  // of the last block
+  std::vector<std::unique_ptr<std::byte[]>> blocks_;
 };

@@ -3,7 +3,7 @@
 #include <exception>
 #include <string>
 
-/// Turns a message into an exception, for code that finds errors without knowing which class of
+/// Turns a message into an exception. For code that finds errors but does not know which class of
 /// exception its caller wants.
 class ExceptionFactory {
  public:

@@ -11,20 +11,20 @@
 
 namespace {
 
-// A document of a usual schema, with the text that it is read from, takes no memory but its own,
-// which is a block that allocators keep at hand.
-constexpr std::size_t kFirstPoolBytes = 768;
-constexpr std::size_t kFirstStackBytes = 1024;
+// So that a usual schema takes one allocation, of a size that allocators have at hand, for the
+// document and its pool.
+constexpr std::size_t firstPoolBytes = 768;
+constexpr std::size_t firstStackBytes = 1024;
 
 }  // namespace
 
-/// A root, and what it and all that hangs on it lie in.
+/// A root, and the memory of everything below it.
 struct JSON::Document {
-  std::shared_ptr<ExceptionFactory> exceptionFactory;  // none in a document that is being built
-  std::string text;                                    // that strings of the document lie in
-  alignas(std::max_align_t) std::array<char, kFirstPoolBytes> firstOfPool;
+  std::shared_ptr<ExceptionFactory> exceptionFactory;  // null in a document that is being built
+  std::string text;                                    // the strings of the document point into it
+  alignas(std::max_align_t) std::array<char, firstPoolBytes> firstOfPool;
   RapidPool pool{firstOfPool.data(), firstOfPool.size()};
-  RapidDocument root{&pool, kFirstStackBytes};
+  RapidDocument root{&pool, firstStackBytes};
 };
 
 namespace {
@@ -33,8 +33,8 @@ std::string_view textOf(const RapidValue& string) {
   return {string.GetString(), string.GetStringLength()};
 }
 
-/// The member that `key` names, or null: also of a value that is no object, such as the root of a
-/// text that is an array.
+/// The first member that `key` names, or null; null too if the value is not an object, such as the
+/// root of a text that is an array.
 RapidValue* findMember(RapidValue& value, std::string_view key) {
   if (!value.IsObject()) return nullptr;
   for (auto& member : value.GetObject())
@@ -42,9 +42,9 @@ RapidValue* findMember(RapidValue& value, std::string_view key) {
   return nullptr;
 }
 
-/// A string of the owner's.
+/// A string in the owner's memory.
 RapidValue copyText(const std::string& text, RapidPool& owner) {
-  if (text.size() > JSON::kLongestText) throw std::length_error("A text is too long for JSON.");
+  if (text.size() > JSON::longestText) throw std::length_error("A text is too long for JSON.");
   const auto length = static_cast<rapidjson::SizeType>(text.size());
   return RapidValue(text.data(), length, owner);
 }
@@ -83,7 +83,7 @@ JSON JSON::parse(std::shared_ptr<ExceptionFactory> factory, const std::string& t
   };
 
   const std::string_view read(text.c_str());
-  if (read.size() > kLongestText) refuse(kLongestText, "The text is too long.");
+  if (read.size() > longestText) refuse(longestText, "The text is too long.");
   document->text = read;
   const rapidjson::ParseResult result = parseInPlace(document->root, document->text);
   if (result.IsError()) refuse(result.Offset(), rapidjson::GetParseError_En(result.Code()));
@@ -176,7 +176,8 @@ void JSON::setMember(JSON& owner, const std::string& key, JSON&& value) {
   try {
     value_->AddMember(name, *value.value_, pool);
   } catch (...) {
-    // RapidJSON counts room for the member before it has it: the next one would be written there.
+    // RapidJSON raises the object's capacity before it allocates: the next member would be written
+    // past the end.
     value_->SetObject();
     throw;
   }

@@ -18,27 +18,26 @@ using RapidValue = rapidjson::GenericValue<rapidjson::UTF8<char>, RapidPool>;
 /// A JSON value, read from text or built to be written as text.
 ///
 /// Reading: `parse` gives the root of a document; `getMember` and `getArray` give views into it,
-/// which are a few pointers and copy nothing. The JSON that owns the document must
-/// outlive every view. Test the type, then get: a getter of another type than the value's is
-/// outside its contract.
+/// which are a few pointers and copy nothing. The JSON that owns the document must outlive every
+/// view. Test the type before you call a getter: a getter for another type is undefined behavior.
 ///
-/// Building: `makeDocument` gives a root, and that root is the `owner` of all that will hang on it;
-/// children live in its storage and are moved into their parent, once.
+/// Building: `makeDocument` gives a root. Pass that root as `owner` of everything below it, since
+/// children live in its memory. Move each child into its parent, once.
 ///
 ///   JSON root = JSON::makeDocument();
 ///   root.setMember(root, "typeid", JSON::makeString(root, "x"));
 ///   root.toString();  // {"typeid":"x"}
 ///
-/// A document and its views belong to one thread at a time. Every operation that makes a JSON, and
-/// every one that copies or writes text, may throw std::bad_alloc.
+/// Use a document and its views on one thread at a time. Every operation that makes a JSON, or that
+/// copies or writes text, may throw std::bad_alloc.
 class JSON {
  public:
   /// Bytes of the longest text that `parse` reads, and of the longest string or name that is
-  /// written. The reader and the writer below us count in 32 bits, in places six times a length.
-  static constexpr std::size_t kLongestText = std::size_t{1} << 29;
+  /// written. RapidJSON counts in 32 bits, in places up to six times a length.
+  static constexpr std::size_t longestText = std::size_t{1} << 29;
 
-  /// Reads a text up to its first NUL: strict JSON, its UTF-8 not checked, a number's last digit
-  /// not always rounded to the nearest double, members of the same name all kept.
+  /// Reads a text up to its first NUL, as strict JSON. UTF-8 is not validated, long numbers are not
+  /// always rounded to the nearest double, and members with duplicate names are all kept.
   ///
   /// @param factory  makes the exceptions of this document and of all its views.
   /// @throws  what `factory` makes of "JSON parsing error at offset " + bytes + ": " + reason.
@@ -47,17 +46,17 @@ class JSON {
   /// The root of a new document: an empty object.
   static JSON makeDocument();
 
-  /// Values that stand alone until they are moved into a parent.
+  /// Values without a parent, until they are moved into one.
   static JSON makeObject();
   explicit JSON(bool value);
   explicit JSON(double value);
   explicit JSON(int value);
   JSON(const char*) = delete;  // would be a bool
 
-  /// @throws std::length_error  the text is longer than `kLongestText`.
+  /// @throws std::length_error  the text is longer than `longestText`.
   static JSON makeString(JSON& owner, const std::string& text);
 
-  /// The items in order; their values are moved in and left null.
+  /// An array of the items in order. Their values are moved in and left null.
   static JSON makeArray(JSON& owner, std::vector<JSON>&& items);
 
   /// A moved-from JSON may only be assigned to or destroyed.
@@ -65,7 +64,8 @@ class JSON {
   JSON& operator=(JSON&& other) noexcept;
   ~JSON();
 
-  /// Whether this is an object with a member of exactly this name: byte for byte, NUL included.
+  /// Whether this is an object with a member of exactly this name, compared byte by byte, NUL
+  /// included.
   bool hasMember(std::string_view key) const;
 
   /// The first member of that name; a null value when there is none.
@@ -92,24 +92,25 @@ class JSON {
   /// A view of each element of an array.
   std::vector<JSON> getArray() const;
 
-  /// The members of an object by their whole names; of members of one name the last.
+  /// The members of an object by their whole names; for duplicate names, the last wins. Empty if
+  /// this is not an object.
   ///
   /// @throws  what the document's factory makes of the message for a value of another type. A
-  ///          number with a fraction, an exponent or more than 32 bits is no integer.
+  ///          number with a fraction or an exponent, or beyond 32 bits, is not an integer.
   std::map<std::string, int> getStringIntMap() const;
   std::map<std::string, std::string> getStringStringMap() const;
 
-  /// Appends a member to this object, whether or not one of that name exists. The value is moved in
-  /// and left null.
+  /// Appends a member to this object, even if one of that name exists. The value is moved in and
+  /// left null.
   ///
-  /// @throws std::length_error  the key is longer than `kLongestText`.
-  /// @throws std::bad_alloc     this object is empty then.
+  /// @throws std::length_error  the key is longer than `longestText`.
+  /// @throws std::bad_alloc     leaves this object empty.
   void setMember(JSON& owner, const std::string& key, JSON&& value);
 
-  /// Compact text: no spaces, members in order, doubles in a short form that names no other
-  /// double. Recurses over the value's depth, so it is for documents that we built.
+  /// Compact text: no spaces, members in order, doubles in a short form that only they have.
+  /// Recurses over the depth of the value, so use it only for documents that we built.
   ///
-  /// @throws std::logic_error  a number is infinite or not a number, which JSON cannot hold.
+  /// @throws std::logic_error  a number is infinite or NaN, which JSON cannot hold.
   std::string toString() const;
 
  private:
@@ -120,7 +121,7 @@ class JSON {
   JSON(RapidValue& viewed, ExceptionFactory* errors) noexcept;
 
   std::unique_ptr<Document> document_;  // of a root
-  std::unique_ptr<RapidValue> own_;     // of a value that stands alone
-  RapidValue* value_;                   // what this JSON stands for
-  ExceptionFactory* errors_ = nullptr;  // of a text that is read
+  std::unique_ptr<RapidValue> own_;     // of a value without a parent
+  RapidValue* value_;                   // the value that this JSON is or views
+  ExceptionFactory* errors_ = nullptr;  // null unless parsed
 };

@@ -6,10 +6,11 @@
 
 namespace {
 
-/// Digits of an exponent that the reader may see: sums of 999999999 and a count of places fit.
-constexpr std::size_t kSafeDigits = 9;
+/// Significant digits of an exponent that RapidJSON may see: 999999999 plus a count of places fits
+/// an int.
+constexpr std::size_t safeDigits = 9;
 
-/// Digits of an exponent, from `begin` up to `end`; none when both are the end of the text.
+/// Digits of an exponent, from `begin` up to `end`; both are the end of the text if there is none.
 struct Digits {
   std::size_t begin;
   std::size_t end;
@@ -22,16 +23,16 @@ bool isExponent(std::string_view text, std::size_t begin) {
   return begin > 0 && (text[begin - 1] == 'e' || text[begin - 1] == 'E');
 }
 
-/// The next exponent that is too long. Ten digits in a row cover every tenth place, so that other
-/// texts cost one look at ten bytes.
+/// The next exponent that is too long. Ten digits in a row cover every tenth place, so it is enough
+/// to look at every tenth byte.
 Digits nextLongExponent(std::string_view text, std::size_t from) {
-  for (std::size_t place = from + kSafeDigits; place < text.size(); place += kSafeDigits + 1) {
+  for (std::size_t place = from + safeDigits; place < text.size(); place += safeDigits + 1) {
     if (!isDigit(text[place])) continue;
     std::size_t begin = place;
     std::size_t end = place + 1;
     while (begin > from && isDigit(text[begin - 1])) --begin;
     while (end < text.size() && isDigit(text[end])) ++end;
-    if (end - begin > kSafeDigits && isExponent(text, begin)) return {begin, end};
+    if (end - begin > safeDigits && isExponent(text, begin)) return {begin, end};
     place = end;
   }
   return {text.size(), text.size()};
@@ -40,7 +41,7 @@ Digits nextLongExponent(std::string_view text, std::size_t from) {
 void bound(std::string& text, Digits digits) {
   const auto begin = text.begin() + static_cast<std::ptrdiff_t>(digits.begin);
   const auto end = text.begin() + static_cast<std::ptrdiff_t>(digits.end);
-  const auto nines = end - static_cast<std::ptrdiff_t>(kSafeDigits);
+  const auto nines = end - static_cast<std::ptrdiff_t>(safeDigits);
   if (std::all_of(begin, nines, [](char c) { return c == '0'; })) return;
   std::fill(begin, nines, '0');
   std::fill(nines, end, '9');

@@ -9,8 +9,8 @@ rapidjson::ParseResult parseInPlace(RapidDocument& document, std::string& text) 
   const rapidjson::ParseResult result =
       document.ParseStream<flags, rapidjson::UTF8<>, rapidjson::InsituStringStream>(stream);
 
-  // The one difference between the two parsers: where no value begins, the iterative one calls a
-  // document empty that begins with one of "]}:,".
+  // The only difference between the two parsers: the iterative one reports an empty document if the
+  // text begins with one of "]}:,".
   if (result.Code() == rapidjson::kParseErrorDocumentEmpty && result.Offset() < text.size())
     return rapidjson::ParseResult(rapidjson::kParseErrorValueInvalid, result.Offset());
   return result;

@@ -4,10 +4,10 @@
 
 #include "json/RapidJson.h"
 
-/// Reads `text` into `document` with the result of RapidJSON's default parse, error code and offset
-/// included, but without its recursion, which a text nested some 100,000 deep makes overflow the
-/// stack, and without its undefined behaviour.
+/// Reads `text` into `document`. The result, with error code and offset, is that of RapidJSON's
+/// default parse. But it does not recurse, so that deeply nested text cannot overflow the stack,
+/// and has no undefined behavior.
 ///
-/// @param text  at most `JSON::kLongestText` bytes, none of them NUL. It is decoded where it
-///              stands: the document's strings lie in it, and it is JSON no more.
+/// @param text  at most `JSON::longestText` bytes, none of them NUL. It is decoded in place: the
+///              document's strings point into it, and it is no longer JSON.
 rapidjson::ParseResult parseInPlace(RapidDocument& document, std::string& text);

@@ -1,6 +1,6 @@
-/// RapidJSON as this room uses it. Its own allocator hands a null on to code that writes through
-/// it; ours throws, and so do the containers above. What they hold lies in a pool that goes as a
-/// whole: values that freed themselves would do so recursively, as deep as a text likes to nest.
+/// RapidJSON as we use it. Its own allocator returns null to code that then writes through the null
+/// pointer; ours throws std::bad_alloc. Values live in a pool that is freed as a whole: values that
+/// free themselves recurse as deep as the text is nested.
 #pragma once
 
 #include <rapidjson/document.h>
@@ -12,13 +12,13 @@
 #include <cstring>
 #include <new>
 
-/// RapidJSON's concept of an allocator, over `operator new`.
+/// An allocator for RapidJSON, over `operator new`.
 struct ThrowingAllocator {
   static const bool kNeedFree = true;
 
   void* Malloc(std::size_t size) { return size == 0 ? nullptr : ::operator new(size); }
 
-  /// Throws before it touches `block`, which its owner goes on to free.
+  /// Throws before it touches `block`, which its owner frees later.
   void* Realloc(void* block, std::size_t size, std::size_t newSize) {
     void* const moved = Malloc(newSize);
     if (block != nullptr && moved != nullptr) std::memcpy(moved, block, std::min(size, newSize));

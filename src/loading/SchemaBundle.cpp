@@ -1,39 +1,36 @@
 #include <TrelvonUnits/SchemaBundle.h>
 
-#include <TrelvonUnits/Exceptions.h>
-
-#include "loading/OpenFile.h"
+#include "loading/AddOrSkip.h"
+#include "loading/FileReader.h"
 
 #include <cstddef>
-#include <cstdio>
 #include <stdexcept>
-#include <vector>
 
 namespace {
 
 constexpr std::string_view header = "TrelvonUnits-schema-bundle-1\n";
-constexpr std::size_t chunkBytes = 65536;
 
-std::string readFile(const std::string& path) {
-  const Schemas::OpenedFile file = Schemas::openFile(path);
-  if (!file) throw std::logic_error("failed to open schema bundle");
-  std::string content;
-  std::vector<char> chunk(chunkBytes);
-  std::size_t length = 0;
-  do {
-    length = std::fread(chunk.data(), 1, chunk.size(), file.get());
-    content.append(chunk.data(), length);
-  } while (length == chunk.size());
-  if (std::ferror(file.get())) throw std::logic_error("failed to read schema bundle");
-  return content;
+[[noreturn]] void rejectBundle() { throw std::logic_error("not a schema bundle"); }
+
+std::string_view readNext(Schemas::FileReader& file, std::size_t length) {
+  const std::string_view bytes = file.read(length);
+  if (file.hasFailed()) throw std::logic_error("failed to read schema bundle");
+  return bytes;
 }
 
-void add(const std::string& text, Units::UnitsEngine& engine) {
-  try {
-    engine.addDefinition(text);
-  } catch (const Units::ValidationException&) {
-    // No schema, or one whose type id is taken: the text is passed over.
-  }
+/// The bytes of a file, which is read no further than its first line if that is not a bundle's.
+std::string readBundle(const std::string& path) {
+  Schemas::FileReader file(path);
+  if (!file.isOpen()) throw std::logic_error("failed to open schema bundle");
+  std::string content(readNext(file, header.size()));
+  if (content != header) rejectBundle();
+  Schemas::reserveRest(content, file.size());
+  std::string_view bytes;
+  do {
+    bytes = readNext(file, file.chunkBytes);
+    content.append(bytes);
+  } while (bytes.size() == file.chunkBytes);
+  return content;
 }
 
 }  // namespace
@@ -41,20 +38,19 @@ void add(const std::string& text, Units::UnitsEngine& engine) {
 namespace Schemas {
 
 void SchemaBundle::addDefinitionsFromBuffer(std::string_view bundle, Units::UnitsEngine& engine) {
-  const bool begins = bundle.substr(0, header.size()) == header;
-  bundle.remove_prefix(begins ? header.size() : 0);
-  if (!begins || (!bundle.empty() && bundle.back() != '\0'))
-    throw std::logic_error("not a schema bundle");
+  if (bundle.substr(0, header.size()) != header) rejectBundle();
+  bundle.remove_prefix(header.size());
+  if (!bundle.empty() && bundle.back() != '\0') rejectBundle();
   while (!bundle.empty()) {
     const std::size_t length = bundle.find('\0');
-    add(std::string(bundle.substr(0, length)), engine);
+    addOrSkip(std::string(bundle.substr(0, length)), engine);
     bundle.remove_prefix(length + 1);
   }
   engine.buildSchemas();
 }
 
 void SchemaBundle::addDefinitionsFromFile(const std::string& file, Units::UnitsEngine& engine) {
-  addDefinitionsFromBuffer(readFile(file), engine);
+  addDefinitionsFromBuffer(readBundle(file), engine);
 }
 
 }  // namespace Schemas

@@ -1,31 +1,28 @@
 #include <TrelvonUnits/SchemaUtility.h>
 
-#include <TrelvonUnits/Exceptions.h>
+#include "loading/AddOrSkip.h"
+#include "loading/FileReader.h"
 
-#include "loading/OpenFile.h"
-
+#include <algorithm>
 #include <cstddef>
-#include <cstdio>
-#include <cstring>
+#include <cstdint>
 #include <filesystem>
 #include <stdexcept>
+#include <string_view>
 #include <system_error>
-#include <vector>
 
 namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::size_t kChunkBytes = 65536;
-
-/// A status, where "not found" is an answer. All else is a failure of `operation`.
+/// A status, where "not found" is an answer. Throws any other error as a failure of `operation`.
 fs::file_status checked(fs::file_status status, const std::error_code& error, const fs::path& path,
                         const char* operation) {
   if (status.type() == fs::file_type::none) throw fs::filesystem_error(operation, path, error);
   return status;
 }
 
-/// A path with a NUL names nothing, but the system would read it up to there.
+/// A path with a NUL names nothing, but the system would read it only up to the NUL.
 bool isFolder(const fs::path& path) {
   if (path.native().find(fs::path::value_type()) != fs::path::string_type::npos) return false;
   std::error_code error;
@@ -33,9 +30,8 @@ bool isFolder(const fs::path& path) {
   return fs::exists(status) && fs::is_directory(status);
 }
 
-/// Regular, named as a schema and in a sub folder, in this order: the status of every entry is
-/// asked for, so that one that cannot be told is never passed over. What the folder itself says of
-/// an entry that is no link is its status.
+/// Whether an entry is a regular file, named as a schema, in a sub folder. Asks for the status of
+/// every entry first, so that one without a status is never skipped.
 bool isSchemaFile(const fs::recursive_directory_iterator& walk) {
   std::error_code error;
   const fs::path& path = walk->path();
@@ -43,19 +39,23 @@ bool isSchemaFile(const fs::recursive_directory_iterator& walk) {
   return fs::is_regular_file(status) && path.extension() == ".json" && walk.depth() > 0;
 }
 
-/// The bytes of a file up to the first NUL. `buffer` is a chunk to read with.
-std::string readText(const fs::path& path, std::vector<char>& buffer) {
-  const Schemas::OpenedFile file = Schemas::openFile(path.string());
-  if (!file) throw std::logic_error("failed to open schema file");
+/// The bytes of a file up to its first NUL. Of a text that is too long for an engine no more is
+/// read than shows that.
+std::string readText(const fs::path& path) {
+  Schemas::FileReader file(path.string());
+  // Replaced since the walk found a regular file there, it may be of any type.
+  if (!file.isRegular()) throw std::logic_error("failed to open schema file");
   std::string text;
-  std::size_t length = 0;
-  do {
-    length = std::fread(buffer.data(), 1, buffer.size(), file.get());
-    void* const nul = std::memchr(buffer.data(), '\0', length);
-    if (nul != nullptr) return text.append(buffer.data(), static_cast<char*>(nul));
-    if (std::ferror(file.get())) throw std::logic_error("failed to read schema file");
-    text.append(buffer.data(), length);
-  } while (length == buffer.size());
+  while (text.size() <= Schemas::longestSchemaText) {
+    const std::string_view bytes = file.read();
+    const std::size_t nul = bytes.find('\0');
+    text.append(bytes.substr(0, nul));
+    if (nul != bytes.npos) break;
+    if (file.hasFailed()) throw std::logic_error("failed to read schema file");
+    if (bytes.size() < file.chunkBytes) break;
+    constexpr std::uintmax_t most = Schemas::longestSchemaText + Schemas::FileReader::chunkBytes;
+    Schemas::reserveRest(text, std::min(file.size(), most));
+  }
   return text;
 }
 
@@ -75,17 +75,9 @@ void SchemaUtility::addDefinitionsFromFolder(const std::string& folder,
     throw fs::filesystem_error("recursive_directory_iterator::recursive_directory_iterator", root,
                                error);
 
-  std::vector<char> buffer(kChunkBytes);
   while (walk != fs::recursive_directory_iterator()) {
     const fs::path path = walk->path();
-    if (isSchemaFile(walk)) {
-      const std::string text = readText(path, buffer);
-      try {
-        engine.addDefinition(text);
-      } catch (const Units::ValidationException&) {
-        // No schema, or one whose type id is taken: the file is passed over.
-      }
-    }
+    if (isSchemaFile(walk)) addOrSkip(readText(path), engine);
     walk.increment(error);
     if (error) throw fs::filesystem_error("recursive_directory_iterator::operator++", path, error);
   }

@@ -1,6 +1,6 @@
 #include "model/SymbolTexts.h"
 
-#include "model/Letters.h"
+#include "model/Characters.h"
 #include "model/RecordAccess.h"
 
 #include <cstddef>

@@ -1,5 +1,8 @@
 #include "prepared/CoherentTwins.h"
 
+#include <cmath>
+#include <cstdint>
+#include <cstring>
 #include <stdexcept>
 #include <vector>
 
@@ -7,7 +10,8 @@ namespace Units {
 
 namespace {
 
-// Names of the copies, which must not meet: a source has one id for one thing.
+// Type ids in the second engine. They cannot collide, because each names one definition of the
+// source.
 std::string copyOf(const std::string& typeId) { return "copy:" + typeId; }
 std::string twinOf(const std::string& typeId) { return "twin:" + typeId; }
 
@@ -18,10 +22,21 @@ std::map<std::string, int> renamed(const std::map<std::string, int>& powers,
   return result;
 }
 
-/// Adds a record after all that it rests on, however long the way down is.
-/// @param added  the records that are there already.
-/// @throws std::logic_error  the way down leads back: no engine of ours has such records, but the
-///                           source may be any.
+/// A subnormal double from 2^1000 times its value. No arithmetic is done with it, whose result the
+/// processor might flush to zero: its bits are how many times it holds the smallest double.
+double subnormal(double scaled) {
+  const double count = std::fabs(scaled) * 0x1p74;
+  const auto bits = static_cast<std::uint64_t>(count);
+  double value;
+  std::memcpy(&value, &bits, sizeof value);
+  return value;
+}
+
+/// Adds a record after everything that it depends on, without recursion.
+/// @param added  the records that have been added already.
+/// @throws std::logic_error  a record is its own ancestor. Our engines have no such records, but
+/// the
+///                           source may be a host's engine.
 void addParentsFirst(const std::string& root, std::set<std::string>& added,
                      const std::function<std::map<std::string, int>(const std::string&)>& parentsOf,
                      const std::function<void(const std::string&)>& add) {
@@ -50,10 +65,14 @@ CoherentTwins::CoherentTwins(const UnitsEngine& source)
 
 double CoherentTwins::factorOf(const std::string& unitTypeId) {
   addUnits(unitTypeId);
-  const double factor = engine_->convert(1.0, copyOf(unitTypeId), twinOf(unitTypeId));
-  // 0 / 1 - 0 is -0 where results are rounded downward, whatever the sign was; 1 / 0 keeps it.
-  return factor != 0.0 ? factor
-                       : 1.0 / engine_->convert(1.0, twinOf(unitTypeId), copyOf(unitTypeId));
+  const std::string copy = copyOf(unitTypeId);
+  const std::string twin = twinOf(unitTypeId);
+  const double factor = engine_->convert(1.0, copy, twin);
+  if (factor != 0.0) return factor;
+  // Zero, or subnormal on a processor that flushes subnormal results to zero. And 0 / 1 - 0 is -0
+  // where results are rounded downward, whatever the sign was; 1 / 0 keeps it.
+  const double sign = engine_->convert(1.0, twin, copy);
+  return std::copysign(subnormal(engine_->convert(0x1p1000, copy, twin)), sign);
 }
 
 bool CoherentTwins::areReciprocal(const std::string& unitTypeId, const std::string& otherTypeId) {

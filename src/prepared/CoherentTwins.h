@@ -10,14 +10,14 @@
 
 namespace Units {
 
-/// Finds the factor of a unit by asking an engine to convert, since no engine tells it.
+/// Finds the factor of a unit by conversion, since no engine returns it.
 ///
-/// An engine aside gets a copy of the unit, and of a twin of it that rests on the same primitive
-/// units, and all of whose factors are 1. From the unit to its twin, 1 converts to the factor, to
-/// the bit: pow((0 + 1) * factor, 1) / 1 - 0.
+/// A second engine gets a copy of the unit and a twin: a unit of the same primitive units all of
+/// whose factors are 1. From the copy to its twin, 1 converts to the factor, to the bit:
+/// pow((0 + 1) * factor, 1) / 1 - 0.
 class CoherentTwins {
  public:
-  /// @param source  where units and factors are copied from; must outlive this.
+  /// @param source  units and factors are copied from it; must outlive this.
   explicit CoherentTwins(const UnitsEngine& source);
 
   /// @param unitTypeId  a relative unit of the source.
@@ -37,7 +37,7 @@ class CoherentTwins {
 
   const UnitsEngine& source_;
   std::unique_ptr<UnitsEngine> engine_;
-  std::set<std::string> units_;  // those that the engine has
+  std::set<std::string> units_;  // that the second engine has
   std::set<std::string> factors_;
 };
 

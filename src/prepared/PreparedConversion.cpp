@@ -9,7 +9,8 @@ namespace Units {
 
 namespace {
 
-/// A unit as a conversion sees it: what it adds, and the relative unit that it scales by.
+/// What a conversion needs of a unit: the offset that it adds, and the relative unit whose factor
+/// it multiplies by.
 struct Scale {
   double offset;
   std::string relativeUnit;
@@ -25,7 +26,7 @@ Scale scaleOf(const UnitsEngine& engine, const std::string& unitTypeId) {
 
 PreparedConversion::PreparedConversion(const UnitsEngine& engine, const std::string& fromUnitTypeId,
                                        const std::string& toUnitTypeId) {
-  engine.convert(0.0, fromUnitTypeId, toUnitTypeId);  // refuses what it refuses
+  engine.convert(0.0, fromUnitTypeId, toUnitTypeId);  // throws for the same reasons
   const Scale from = scaleOf(engine, fromUnitTypeId);
   const Scale to = scaleOf(engine, toUnitTypeId);
   CoherentTwins twins(engine);

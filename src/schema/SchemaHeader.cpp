@@ -1,10 +1,58 @@
 #include "schema/SchemaHeader.h"
 
 #include <utility>
+#include <vector>
 
 namespace Units {
 
 namespace {
+
+/// The strings of an array, none of them empty.
+std::vector<std::string> readNonEmptyStringArray(const JSON& value, ExceptionFactory& factory) {
+  if (!value.isArray()) raiseError(factory, "Expected an array.");
+  std::vector<std::string> texts;
+  for (const JSON& element : value.getArray()) {
+    if (!element.isString()) raiseError(factory, "Expected an array of strings.");
+    texts.push_back(element.getString());
+    if (texts.back().empty()) raiseError(factory, "Expected an array of non-empty strings.");
+  }
+  return texts;
+}
+
+/// The id of a property object, in place; it may be empty.
+std::string_view readPropertyId(const JSON& property, ExceptionFactory& factory) {
+  if (!property.isObject()) raiseError(factory, "Expected an object describing a property.");
+  if (!property.hasMember("id"))
+    raiseError(factory, "A property definition must have an id attribute.");
+  const JSON id = property.getMember("id");
+  if (!id.isString()) raiseError(factory, "A property's id attribute must be a string.");
+  return id.getStringView();
+}
+
+/// The property objects of the array that is the document's member `name`, by id; empty when there
+/// is no such member.
+Properties readPropertyArray(const JSON& document, ExceptionFactory& factory,
+                             const std::string& name) {
+  Properties properties;
+  if (!document.hasMember(name)) return properties;
+  const JSON array = document.getMember(name);
+  if (!array.isArray()) raiseError(factory, "Expected schema " + name + " to be an array.");
+  for (JSON& property : array.getArray()) {
+    const std::string_view id = readPropertyId(property, factory);
+    if (!properties.try_emplace(id, std::move(property)).second)
+      raiseError(factory,
+                 "Item " + std::string(id) + " in " + name + " array must be defined only once.");
+  }
+  return properties;
+}
+
+/// What a property object holds: its "value" (null counts), else its "typedValue", not examined.
+JSON resolvePropertyValue(const JSON& property, ExceptionFactory& factory) {
+  if (property.hasMember("value")) return property.getMember("value");
+  if (!property.hasMember("typedValue"))
+    raiseError(factory, "A property definition must contain either a value or a typedValue.");
+  return property.getMember("typedValue");
+}
 
 std::string readTypeId(const JSON& document, ExceptionFactory& factory) {
   const JSON typeId = document.getMember("typeid");
@@ -35,48 +83,6 @@ SchemaHeader readSchemaHeader(std::shared_ptr<ExceptionFactory> factory, const s
   Properties properties = readPropertyArray(document, *factory, "properties");
   return {std::move(typeId), std::move(baseTypeId), std::move(constants), std::move(properties),
           std::move(document)};
-}
-
-std::vector<std::string> readNonEmptyStringArray(const JSON& value, ExceptionFactory& factory) {
-  if (!value.isArray()) raiseError(factory, "Expected an array.");
-  std::vector<std::string> texts;
-  for (const JSON& element : value.getArray()) {
-    if (!element.isString()) raiseError(factory, "Expected an array of strings.");
-    texts.push_back(element.getString());
-    if (texts.back().empty()) raiseError(factory, "Expected an array of non-empty strings.");
-  }
-  return texts;
-}
-
-Properties readPropertyArray(const JSON& document, ExceptionFactory& factory,
-                             const std::string& name) {
-  Properties properties;
-  if (!document.hasMember(name)) return properties;
-  const JSON array = document.getMember(name);
-  if (!array.isArray()) raiseError(factory, "Expected schema " + name + " to be an array.");
-  for (JSON& property : array.getArray()) {
-    const std::string_view id = readPropertyId(property, factory);
-    if (!properties.try_emplace(id, std::move(property)).second)
-      raiseError(factory,
-                 "Item " + std::string(id) + " in " + name + " array must be defined only once.");
-  }
-  return properties;
-}
-
-std::string_view readPropertyId(const JSON& property, ExceptionFactory& factory) {
-  if (!property.isObject()) raiseError(factory, "Expected an object describing a property.");
-  if (!property.hasMember("id"))
-    raiseError(factory, "A property definition must have an id attribute.");
-  const JSON id = property.getMember("id");
-  if (!id.isString()) raiseError(factory, "A property's id attribute must be a string.");
-  return id.getStringView();
-}
-
-JSON resolvePropertyValue(const JSON& property, ExceptionFactory& factory) {
-  if (property.hasMember("value")) return property.getMember("value");
-  if (!property.hasMember("typedValue"))
-    raiseError(factory, "A property definition must contain either a value or a typedValue.");
-  return property.getMember("typedValue");
 }
 
 bool isOfKind(const SchemaHeader& header, std::string_view kindWord) {

@@ -32,7 +32,7 @@ bool readWholeInchesAndFraction(std::string_view& text, double& feet) {
 
 bool readDecimalInches(std::string_view& text, double& feet) {
   std::string_view rest = text;
-  // A sign that strtod would take: between feet and inches it is a sum, and no separator.
+  // strtod would take this sign. Between feet and inches it makes a sum; it is no separator.
   if (stripLeadingWord(rest, plus)) return false;
   double inches = 0.0;
   if (!readNumber(text, inches)) return false;
@@ -40,8 +40,16 @@ bool readDecimalInches(std::string_view& text, double& feet) {
   return true;
 }
 
-/// Takes what may stand between two components: the first one's mark (which is returned), a hyphen,
-/// spaces. Fails when there is none of them.
+/// Adds inches, in feet, to `feet`: a fraction ("1/2"), a whole number and a fraction ("6 1/2") or
+/// a number ("6", "6.5"), whichever comes first. Takes them off the front of the text; on failure
+/// nothing changes.
+bool readInches(std::string_view& text, double& feet) {
+  return readInchFraction(text, feet) || readWholeInchesAndFraction(text, feet) ||
+         readDecimalInches(text, feet);
+}
+
+/// Takes what may stand between two components: the first one's mark (`marked` says whether it is
+/// there), a hyphen, spaces. Fails when there is none of them.
 bool stripSeparator(std::string_view& text, const Words& marks, bool& marked) {
   marked = stripLeadingWord(text, marks);
   const bool hyphen = stripLeadingWord(text, minus);
@@ -50,7 +58,7 @@ bool stripSeparator(std::string_view& text, const Words& marks, bool& marked) {
 }
 
 /// Takes minutes and what ends them, and adds them to `degrees`. A number before a second mark is
-/// not minutes.
+/// a number of seconds, not of minutes.
 bool readMinutes(std::string_view& text, double& degrees, bool& marked, bool& ended) {
   std::string_view rest = text;
   double minutes = 0.0;
@@ -72,11 +80,6 @@ bool readCentimetersOnly(std::string_view text, double& value) {
 }
 
 }  // namespace
-
-bool readInches(std::string_view& text, double& feet) {
-  return readInchFraction(text, feet) || readWholeInchesAndFraction(text, feet) ||
-         readDecimalInches(text, feet);
-}
 
 bool readInchesOnly(std::string_view text, double& value) {
   double feet = 0.0;

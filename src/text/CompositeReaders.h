@@ -4,29 +4,24 @@
 
 namespace Units {
 
-/// Adds inches, in feet, to `feet`: a fraction ("1/2"), a whole number and a fraction ("6 1/2") or
-/// a number ("6", "6.5"), the first that there is. Takes them off the front of the text; on failure
-/// nothing changes.
-bool readInches(std::string_view& text, double& feet);
+/// Each of these reads one composite form. On success, when the whole text is of that form, `value`
+/// is set; otherwise nothing changes.
 
-/// Readers of one composite form each. The whole text must be of the form; then `value` is set,
-/// otherwise nothing changes.
-
-/// Inches alone, which need their mark: `6"`, `1/2 in`. The value is in feet.
+/// Inches only, which need their mark: `6"`, `1/2 in`. The value is in feet.
 bool readInchesOnly(std::string_view text, double& value);
 
-/// Whole feet, then inches: `5' 6"`, `5 ft 6 1/2 in`, `5-6"`. Between them stands a mark, a hyphen
-/// or a space, and one of the two marks must be there. The value is in feet.
+/// Whole feet, then inches: `5' 6"`, `5 ft 6 1/2 in`, `5-6"`. A mark, a hyphen or a space must
+/// separate them, and one of the two marks is required. The value is in feet.
 bool readFeetAndInches(std::string_view text, double& value);
 
 /// Whole degrees, then minutes, seconds or both: `10D 30' 15"`, `10D 15"`, `10 30' 15"`, where D is
-/// the degree mark. Without that mark both must be there, and one of their marks. The value is in
-/// degrees.
+/// the degree mark. Without that mark, minutes and seconds are both required, and one of their
+/// marks. The value is in degrees.
 bool readDegreesMinutesSeconds(std::string_view text, double& value);
 
-/// Centimeters alone, which need their mark, or whole meters and centimeters: `35cm`, `2m 35cm`,
-/// `2-35cm`. Between the two stands a mark, a hyphen or a space, and one of the two marks must be
-/// there. The value is in meters.
+/// Centimeters only, which need their mark, or whole meters and centimeters: `35cm`, `2m 35cm`,
+/// `2-35cm`. A mark, a hyphen or a space must separate the two, and one of the two marks is
+/// required. The value is in meters.
 bool readMetersAndCentimeters(std::string_view text, double& value);
 
 }  // namespace Units

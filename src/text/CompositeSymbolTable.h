@@ -11,11 +11,11 @@ namespace Units {
 
 struct CompositeComponent {
   std::int32_t ratio;     // how many of the next component make one of this one
-  std::string_view mark;  // what follows its count, without a space
+  std::string_view mark;  // written after its count, without a space
 };
 
-/// How a value is laid out under a composite symbol: from the component that it is counted in down
-/// to the one that takes what remains.
+/// How a value is laid out under a composite symbol: from the component that the value is counted
+/// in down to the one that shows the remainder.
 struct CompositeLayout {
   static constexpr std::size_t maximumComponents = 3;
 
@@ -23,7 +23,7 @@ struct CompositeLayout {
   std::array<CompositeComponent, maximumComponents> components;  // the first `count`
 };
 
-/// The layouts by form, and so in the order of their keys.
+/// The layouts by form, and thus in the order of their keys.
 inline constexpr std::array<CompositeLayout, specialSymbolKeys.size()> compositeSymbolTable = {{
     {3, {{{60, "\xC2\xB0"}, {60, "'"}, {1, "\""}}}},  // CompositeForm::DegreesMinutesSeconds
     {2, {{{12, "'"}, {1, "\""}}}},                    // CompositeForm::FeetAndInches

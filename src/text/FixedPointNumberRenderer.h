@@ -5,12 +5,12 @@
 namespace Units {
 
 /// Writes numbers with a fixed count of decimal places: "12.50", or "12.5" when trailing zeros are
-/// trimmed. Without places there is no point.
+/// trimmed. No point is written without places.
 class FixedPointNumberRenderer : public INumberRenderer {
  public:
   static constexpr unsigned char maximumPrecision = 12;
 
-  /// By decimal places, what numbers are rounded to a multiple of: pow(10.0, -places), to the bit.
+  /// The rounding step by decimal places: pow(10.0, -places), to the bit.
   static constexpr double steps[maximumPrecision + 1] = {1.0,  1e-1, 1e-2, 1e-3,  1e-4,  1e-5, 1e-6,
                                                          1e-7, 1e-8, 1e-9, 1e-10, 1e-11, 1e-12};
 

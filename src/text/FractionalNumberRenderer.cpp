@@ -10,12 +10,12 @@
 namespace Units {
 
 void FractionalNumberRenderer::render(std::string& out, double value, bool& negative) const {
-  // Half of the finest step, so that the count below, which truncates, hits the rounded one.
+  // Half of the finest step, so that truncation below gives the rounded count.
   constexpr double halfStep = 0.5 / (1 << maximumPrecision);
 
   const double rounded = roundToStep(value, std::ldexp(1.0, -precision_), negative);
   const double amount = rounded + roundingTolerance;
-  if (!(amount < 0x1p64)) return appendFixed(out, rounded, 0);  // not a number is here, too
+  if (!(amount < 0x1p64)) return appendFixed(out, rounded, 0);  // true for NaN as well
 
   const auto whole = static_cast<std::uint64_t>(amount);
   const double fraction = amount - static_cast<double>(whole) + halfStep;

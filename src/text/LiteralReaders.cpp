@@ -1,6 +1,6 @@
 #include "text/LiteralReaders.h"
 
-#include "model/Letters.h"
+#include "model/Characters.h"
 
 #include <cmath>
 #include <cstddef>
@@ -17,8 +17,7 @@ bool beginsWithWord(std::string_view text, std::string_view word) {
 }  // namespace
 
 bool stripSpaces(std::string_view& text) {
-  std::size_t spaces = 0;
-  while (spaces < text.size() && text[spaces] == ' ') ++spaces;
+  const std::size_t spaces = countLeading<isSpace>(text);
   text.remove_prefix(spaces);
   return spaces > 0;
 }

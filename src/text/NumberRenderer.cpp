@@ -8,7 +8,7 @@ namespace Units {
 
 double roundToStep(double value, double step, bool& negative) {
   negative = false;
-  // Subtracting from zero instead of negating keeps -0.0 out of the result.
+  // Subtraction from zero, unlike negation, does not make -0.0.
   const double magnitude = value > 0.0 ? value : 0.0 - value;
   double rounded = std::floor(magnitude / step + 0.5 + roundingTolerance) * step;
   if (value <= 0.0) rounded = 0.0 - rounded;

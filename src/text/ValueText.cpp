@@ -1,33 +1,28 @@
 #include "text/ValueText.h"
 
+#include "model/Characters.h"
 #include "model/RecordAccess.h"
 #include "text/CompositeReaders.h"
 #include "text/LiteralReaders.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace Units {
 
 namespace {
 
-/// What a form makes of a text before its sign counts.
+/// What a form makes of a text, without its sign.
 ///
-/// What follows a shorter text is an operator. No letter, it allows the text to end in a symbol; no
-/// part of what has been taken, it does not change what that is. So a shorter text that holds all
-/// that was taken is read like the longer one.
+/// It holds for shorter texts too, as long as they keep all that was taken: they end before an
+/// operator, which is no letter and no digit, so that the number and the symbol end where they did.
 struct Reading {
-  std::size_t taken = 0;    // how much of the text: a shorter one must be read anew
-  std::size_t longest = 0;  // up to where there are but spaces then; 0 where this is no literal
+  std::size_t taken = 0;       // bytes of the text that the reading depends on
+  std::size_t literalEnd = 0;  // from `taken` up to here there are spaces alone; 0 if no literal
   double value = 0.0;
   const Symbol* symbol = nullptr;
 };
 
-std::size_t countSpaces(std::string_view text) {
-  std::size_t count = 0;
-  while (count < text.size() && text[count] == ' ') ++count;
-  return count;
-}
+using Form = Reading(std::string_view text, const SymbolTexts& symbols);
 
 /// `12.5`, `3 ft`
 Reading readNumberFirst(std::string_view text, const SymbolTexts& symbols) {
@@ -39,7 +34,7 @@ Reading readNumberFirst(std::string_view text, const SymbolTexts& symbols) {
   if (counts && !rest.empty())
     matchLeadingSymbol(rest, Placement::Suffix, &reading.symbol, symbols);
   reading.taken = text.size() - rest.size();
-  if (counts) reading.longest = reading.taken + countSpaces(rest);
+  if (counts) reading.literalEnd = reading.taken + countLeading<isSpace>(rest);
   return reading;
 }
 
@@ -51,14 +46,14 @@ Reading readPrefixFirst(std::string_view text, const SymbolTexts& symbols) {
   const LeadingNumber number = stripNumber(rest);
   reading.taken = text.size() - rest.size();
   if (number.length > 0 && addNumber(number.value, reading.value))
-    reading.longest = reading.taken + countSpaces(rest);
+    reading.literalEnd = reading.taken + countLeading<isSpace>(rest);
   return reading;
 }
 
 struct CompositeReader {
   bool (*read)(std::string_view text, double& value);
   CompositeForm form;
-  std::string_view marks;  // how the marks begin one of which the form needs
+  std::string_view markBytes;  // the first bytes of the marks that may come first in a literal
 };
 
 constexpr CompositeReader compositeReaders[] = {
@@ -70,50 +65,55 @@ constexpr CompositeReader compositeReaders[] = {
 
 /// Whether a composite literal may have a byte before its first mark.
 bool isBeforeMarks(char c) {
-  return (c >= '0' && c <= '9') || c == '.' || c == '+' || c == '-' || c == '/' || c == ' ' ||
-         (c >= '\t' && c <= '\r');
-}
-
-/// What may be the first mark of a composite literal: what follows digits and signs. A glance, so
-/// no further than a few numbers reach; what lies beyond may be any.
-///
-/// @return  0 where none follows, and so no form can be.
-char findFirstMark(std::string_view text) {
-  constexpr char any = 'e';
-  constexpr std::size_t farEnough = 64;
-  std::size_t length = 0;
-  while (length < text.size() && isBeforeMarks(text[length])) {
-    if (++length == farEnough) return any;
-  }
-  return length == 0 || length == text.size() ? '\0' : text[length];
+  return isDigit(c) || c == '.' || c == '+' || c == '-' || c == '/' || isWhiteSpace(c);
 }
 
 /// `5' 6"`, `10D 30'`, `2m 35cm`
 Reading readComposite(std::string_view text, const SymbolTexts& symbols) {
+  constexpr std::size_t glanceBytes = 64;  // more than people write before a mark
   constexpr std::string_view partsOfNumbers = "eExX";
   Reading reading;
-  const char mark = findFirstMark(text);
-  if (mark == '\0') return reading;
-  const bool isOpen = partsOfNumbers.find(mark) != std::string_view::npos;
+  const std::string_view glance = text.substr(0, glanceBytes);
+  const std::size_t markAt = countLeading<isBeforeMarks>(glance);
+  if (markAt == 0 || markAt == text.size()) return reading;  // no number, or nothing but numbers
+  const bool mayBeAnyForm =
+      markAt == glance.size() || partsOfNumbers.find(text[markAt]) != std::string_view::npos;
   for (const CompositeReader& reader : compositeReaders) {
-    if (!isOpen && reader.marks.find(mark) == std::string_view::npos) continue;
-    reading.taken = text.size();  // what such a reader looks at, it does not tell
+    if (!mayBeAnyForm && reader.markBytes.find(text[markAt]) == std::string_view::npos) continue;
+    reading.taken = text.size();  // a reader of a whole text may depend on all of it
     if (!reader.read(text, reading.value)) continue;
     reading.symbol = symbols.composite(reader.form);
-    reading.longest = text.size();
+    reading.literalEnd = text.size();
     break;
   }
   return reading;
 }
 
-/// The length of the longest beginning that ends at one of `ends` and may be a composite literal,
-/// as no operator lies inside that none of them has.
-std::size_t longestComposite(std::string_view text, const LiteralEnds& ends) {
-  constexpr std::string_view foreign = "()*^";
+/// The longest of `ends` that a composite literal may have: no such literal holds one of the
+/// operators below.
+std::size_t lastCompositeEnd(std::string_view text, const LiteralEnds& ends) {
+  constexpr std::string_view operatorsInNoComposite = "()*^";
   for (std::size_t i = 0; i + 1 < ends.count; ++i)
-    if (foreign.find(text[ends.ends[i]]) != std::string_view::npos) return ends.ends[i];
+    if (operatorsInNoComposite.find(text[ends.ends[i]]) != std::string_view::npos)
+      return ends.ends[i];
   return text.size();
 }
+
+/// Reads ever shorter beginnings of a text by one form, anew only where it must.
+struct FormReader {
+  Form* form;
+  std::size_t longest;  // longer texts are not of the form
+  Reading reading = {notRead};
+
+  static constexpr std::size_t notRead = std::string_view::npos;  // any text is shorter
+
+  /// Whether the first `length` bytes of a text are a literal of the form; `reading` then is its.
+  bool reads(std::string_view text, std::size_t length, const SymbolTexts& symbols) {
+    if (length > longest) return false;
+    if (length < reading.taken) reading = form(text.substr(0, length), symbols);
+    return length <= reading.literalEnd;
+  }
+};
 
 }  // namespace
 
@@ -128,24 +128,20 @@ bool parseValueText(std::string_view text, double* value, const Symbol** symbol,
 
 std::optional<ValueLiteral> parseLongestValueText(std::string_view text, const LiteralEnds& ends,
                                                   const SymbolTexts& symbols) {
-  constexpr Reading (*forms[])(std::string_view, const SymbolTexts&) = {
-      readNumberFirst, readPrefixFirst, readComposite};
-
   std::string_view unsignedText = text;
   const bool negative = stripLeadingWord(unsignedText, minus);
   const std::size_t start = text.size() - unsignedText.size();
-  const std::size_t notRead = text.size() + 1;
-  const std::size_t compositeEnd = std::max(longestComposite(text, ends), start);
-  Reading readings[] = {{notRead}, {notRead}, {compositeEnd - start + 1}};
+  const std::size_t compositeEnd = std::max(lastCompositeEnd(text, ends), start);
+  FormReader readers[] = {{readNumberFirst, unsignedText.size()},
+                          {readPrefixFirst, unsignedText.size()},
+                          {readComposite, compositeEnd - start}};
 
   for (std::size_t count = ends.count; count > 0 && ends.ends[count - 1] > start; --count) {
     const std::size_t length = ends.ends[count - 1] - start;
-    for (std::size_t form = 0; form < std::size(forms); ++form) {
-      Reading& reading = readings[form];
-      if (length < reading.taken) reading = forms[form](unsignedText.substr(0, length), symbols);
-      if (length <= reading.longest)
-        return ValueLiteral{start + length, negative ? -reading.value : reading.value,
-                            reading.symbol};
+    for (FormReader& reader : readers) {
+      const Reading& found = reader.reading;
+      if (reader.reads(unsignedText, length, symbols))
+        return ValueLiteral{start + length, negative ? -found.value : found.value, found.symbol};
     }
   }
   return std::nullopt;

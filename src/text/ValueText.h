@@ -12,8 +12,8 @@ namespace Units {
 /// Whether the whole of a text is a value literal: a number with an optional prefix or suffix
 /// symbol, or a composite value such as feet and inches.
 ///
-/// Nothing is allocated or thrown. A text that is no literal costs what its beginning does, up to
-/// where no form goes on, however long it is.
+/// Allocates and throws nothing. For a text that is not a literal it looks only at the beginning,
+/// up to where no form can continue.
 ///
 /// @param value   set on success, in the symbol's unit (a composite one: feet, degrees or meters);
 ///                null when not wanted.
@@ -22,7 +22,7 @@ namespace Units {
 bool parseValueText(std::string_view text, double* value, const Symbol** symbol,
                     const SymbolTexts& symbols);
 
-/// Where a literal at the front of a text may end: ascending, none of them 0.
+/// Where a literal at the front of a text may end: in ascending order, none of them 0.
 struct LiteralEnds {
   static constexpr std::size_t most = 5;
 
@@ -37,16 +37,16 @@ struct ValueLiteral {
   const Symbol* symbol;
 };
 
-/// The longest literal that a text begins with, among those that end at one of `ends`. Each of
-/// these is what `parseValueText` makes of it, but what several of them begin with is read once.
+/// The longest beginning of a text that is a literal and ends at one of `ends`. The result for each
+/// end is that of `parseValueText`, but what several of them share is read only once.
 ///
-/// @param ends  all but the last stand before an operator of the formula language, and the last
-///              there or at the end of the text.
+/// @param ends  each is before an operator of the formula language; the last may be the end of the
+///              text instead.
 std::optional<ValueLiteral> parseLongestValueText(std::string_view text, const LiteralEnds& ends,
                                                   const SymbolTexts& symbols);
 
-/// Takes the longest symbol text, of a placement if one is asked for, off the front of a text,
-/// after leading spaces. On failure nothing changes.
+/// Removes leading spaces and the longest symbol text that follows them, of a placement if one is
+/// given. On failure nothing changes.
 ///
 /// @param symbol  set on success; null when not wanted.
 bool matchLeadingSymbol(std::string_view& text, std::optional<Placement> placement,

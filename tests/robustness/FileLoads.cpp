@@ -11,12 +11,12 @@
 
 extern "C" {
 
-std::FILE* fopen(const char* path, const char* mode) {
-  using Open = std::FILE*(const char*, const char*);
+std::FILE* fdopen(int descriptor, const char* mode) noexcept {
+  using Open = std::FILE*(int, const char*);
   heap::pause(true);  // where it is first found
-  static Open* const open = reinterpret_cast<Open*>(::dlsym(RTLD_NEXT, "fopen"));
+  static Open* const open = reinterpret_cast<Open*>(::dlsym(RTLD_NEXT, "fdopen"));
   heap::pause(false);
-  return open(path, mode);
+  return open(descriptor, mode);
 }
 
 dirent* readdir(DIR* folder) {

@@ -13,7 +13,7 @@ struct Budget {
   double fixed;
 };
 constexpr Budget textBudget = {100, 1024 * 1024};
-constexpr Budget formulaBudget = {256, 64 * 1024};
+constexpr Budget formulaBudget = {128, 64 * 1024};
 
 /// The most that a long text took.
 struct Greatest {
@@ -25,11 +25,7 @@ struct Greatest {
   }
 };
 
-/// Formulas are as long as costs most: sums have just begun a second piece of memory for nodes.
-int fullSize(Shape::Kind kind) {
-  if (kind == Shape::Definitions) return 3000;
-  return kind == Shape::Formula ? 117000 : 100000;
-}
+int fullSize(Shape::Kind kind) { return kind == Shape::Definitions ? 3000 : 100000; }
 
 /// Returns the bytes taken for a byte of text.
 double measure(const Shape& shape, int size) {

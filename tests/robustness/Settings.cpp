@@ -1,8 +1,12 @@
 /// What a process can set and the library must not heed: locales, the global C++ locale, rounding
-/// modes, and a C library that sets no `errno`. `Settings FOLDER`: where localedef put de_DE and
-/// tr_TR.
+/// modes, flushed subnormals, and a C library that sets no `errno`. `Settings FOLDER`: where
+/// localedef put its locales.
 #include <dlfcn.h>
 #include <stdlib.h>
+
+#if defined(__SSE2__)
+#include <pmmintrin.h>
+#endif
 
 #include <cerrno>
 #include <cfenv>
@@ -14,6 +18,7 @@
 #include "tests/robustness/Findings.h"
 #include "tests/robustness/Sample.h"
 #include "tests/support/Build.h"
+#include "text/CharConversion.h"
 
 namespace {
 
@@ -73,6 +78,15 @@ void addNumbers(const Units::UnitsEngine& engine, std::string& all) {
   }
 }
 
+/// What standard libraries without <charconv> for doubles go through.
+void addConversionsByCLibrary(std::string& all) {
+  for (const double value : values) Units::byCLibrary::appendFixed(all, std::fabs(value), 12);
+  for (const char* text : {"1.5e3", "1,5", "1.234.5", "0.000001", ".5"}) {
+    const Units::LeadingNumber read = Units::byCLibrary::readDecimal(text);
+    all += bits(read.value) + ' ' + std::to_string(read.length) + '\n';
+  }
+}
+
 /// A prepared conversion gives what `convert` gives, whatever both run under.
 void addConversions(const Units::UnitsEngine& engine, std::string& all) {
   for (const auto& [from, to] : {std::pair("foot", "perInch"),
@@ -80,6 +94,8 @@ void addConversions(const Units::UnitsEngine& engine, std::string& all) {
                                  {"inch", "gross feet"},
                                  {"inch", "nothing"},
                                  {"inch", "less than nothing"},
+                                 {"inch", "subnormal"},
+                                 {"minus subnormal", "inch"},
                                  {"celsius", "celsius"}}) {
     const Units::PreparedConversion prepared(engine, from, to);
     double converted[std::size(values)];
@@ -115,12 +131,16 @@ std::string everything() {
       Units::Unit("gross feet", "n", Units::System::Metric,
                   Units::DerivedUnitComponent(
                       {{"foot", 1}}, Units::FactorComponent(0.1, {{"gross", 1}, {"i", -3}}))));
-  for (const auto& [unit, factor] : {std::pair("nothing", 0.0), {"less than nothing", -0.0}})
+  for (const auto& [unit, factor] : {std::pair("nothing", 0.0),
+                                     {"less than nothing", -0.0},
+                                     {"subnormal", 1.2345e-310},
+                                     {"minus subnormal", -0x1p-1074}})
     engine->addUnit(
         Units::Unit(unit, "n", Units::System::Metric,
-                    Units::DerivedUnitComponent({{"foot", 1}}, Units::FactorComponent(factor))));
+                    Units::DerivedUnitComponent({{"inch", 1}}, Units::FactorComponent(factor))));
   addConversions(*engine, all);
   addNumbers(*engine, all);
+  addConversionsByCLibrary(all);
   return all;
 }
 
@@ -144,7 +164,7 @@ int differences(const std::string& a, const std::string& b) {
 int main(int count, char** arguments) {
   const std::string plain = everything();
   if (count > 1) ::setenv("LOCPATH", arguments[1], 1);
-  for (const char* name : {"de_DE.UTF-8", "tr_TR.UTF-8"}) {
+  for (const char* name : {"de_DE.UTF-8", "fa_IR.UTF-8", "tr_TR.UTF-8"}) {
     if (std::setlocale(LC_ALL, name) == nullptr) {
       report(std::string("not on this machine: ") + name);
       continue;
@@ -161,6 +181,19 @@ int main(int count, char** arguments) {
   std::locale::global(std::locale(std::locale::classic(), new Grouping));
   check(differences(plain, everything()) == 0, "a global locale with grouping");
   std::locale::global(std::locale::classic());
+
+#if defined(__SSE2__)
+  for (const unsigned flags :
+       {_MM_FLUSH_ZERO_ON, _MM_DENORMALS_ZERO_ON, _MM_FLUSH_ZERO_ON | _MM_DENORMALS_ZERO_ON}) {
+    const unsigned before = _mm_getcsr();
+    _mm_setcsr(before | flags);
+    const std::size_t length = everything().size();
+    _mm_setcsr(before);
+    report("subnormals flushed, " + std::to_string(flags) + ": " + std::to_string(length) +
+           " bytes");
+    check(differences(plain, everything()) == 0, "after subnormals were flushed");
+  }
+#endif
 
   for (const int mode : {FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO}) {
     std::fesetround(mode);

@@ -19,7 +19,7 @@
 
 namespace {
 
-NodeArena arena(1);  // of the nodes that are made by hand
+NodeArena arena;  // of the nodes that are made by hand
 
 TEST(Evaluation, AddsWhatMatches) {
   expectOutcomes({"2 ft + 3 in = 27 inch^1", "(2 ft) - 3 in = 21 inch^1",

@@ -5,13 +5,12 @@
 #include "formula/BinaryOperatorExpression.h"
 #include "formula/ParenExpression.h"
 #include "formula/UnaryOperatorExpression.h"
-#include "tests/support/Heap.h"
 #include "tests/support/Messages.h"
 #include "tests/unit/formula/FormulaRows.h"
 
 namespace {
 
-NodeArena arena(1);  // of the nodes that are made by hand
+NodeArena arena;  // of the nodes that are made by hand
 
 constexpr const char* unexpected =
     "legacy code dbgWarn: Unexpected parse error. Dresmond 9-May-2004";
@@ -103,15 +102,6 @@ TEST(Parser, LeavesTheResultAloneOnFailure) {
   EXPECT_FALSE(
       parseFormula("(1", arena, root, sample.texts(), sample.engine, units, rejectIdentifier));
   EXPECT_EQ(root.get(), before);
-}
-
-TEST(NodeArena, TakesNoRoomForNodesThatALongTextDoesNotHave) {
-  const Sample sample;
-  const std::string text = std::string(1 << 20, ' ') + "7";
-  const long before = heap::liveBytes();
-  heap::resetPeak();
-  EXPECT_EQ(sample.outcome(text), "7");
-  EXPECT_LT(heap::peakBytes() - before, 32 << 20);
 }
 
 std::unique_ptr<Expression> binary(int op) {

@@ -171,7 +171,7 @@ TEST(Reading, RefusesOtherValuesInMaps) {
 }
 
 TEST(Reading, HasALongestText) {
-  std::string text(JSON::kLongestText + 1, ' ');
+  std::string text(JSON::longestText + 1, ' ');
   EXPECT_EQ(messageOf<TextError>([&] { parse(text); }),
             "JSON parsing error at offset 536870912: The text is too long.");
   JSON root = JSON::makeDocument();

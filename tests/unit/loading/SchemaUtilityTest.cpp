@@ -1,19 +1,40 @@
 #include <TrelvonUnits/SchemaUtility.h>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdarg>
 #include <iterator>
 #include <new>
 #include <set>
 #include <utility>
 
+#include "json/JSON.h"
+#include "loading/AddOrSkip.h"
 #include "tests/support/FolderTree.h"
+#include "tests/support/Heap.h"
 #include "tests/support/Messages.h"
 #include "tests/unit/loading/RecordingEngine.h"
 
 using namespace std::string_literals;
 
 namespace fs = std::filesystem;
+
+namespace {
+
+std::function<void()> beforeOpening;  // of the next file
+
+}  // namespace
+
+/// As the C library has it, but with another program's work in between.
+extern "C" int open(const char* path, int flags, ...) {
+  if (beforeOpening) std::exchange(beforeOpening, nullptr)();
+  va_list arguments;
+  va_start(arguments, flags);
+  const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
+  va_end(arguments);
+  return ::openat(AT_FDCWD, path, flags, mode);
+}
 
 namespace {
 
@@ -79,6 +100,17 @@ TEST(FolderLoading, ReadsFilesUpToTheirFirstNul) {
       tree.write("sub/a.json", text + behind);
       EXPECT_EQ(textsBelow(tree.path()), std::multiset<std::string>{text}) << text.size();
     }
+}
+
+TEST(FolderLoading, TakesNoMemoryForWhatItDoesNotRead) {
+  static_assert(Schemas::longestSchemaText == JSON::longestText);
+  const FolderTree tree;
+  tree.write("sub/a.json", "{}");
+  fs::resize_file(tree.path("sub/a.json"), std::uintmax_t{5} << 30);
+  const long before = heap::liveBytes();
+  heap::resetPeak();
+  EXPECT_EQ(textsBelow(tree.path()), std::multiset<std::string>{"{}"});
+  EXPECT_LT(heap::peakBytes() - before, 1 << 20);
 }
 
 TEST(FolderLoading, FindsNoFolderWhereThereIsNone) {
@@ -157,6 +189,17 @@ TEST(FolderLoading, EndsAtAFileThatBreaksOff) {
             "failed to read schema file");
   EXPECT_EQ(engine.texts.size() + static_cast<std::size_t>(engine.builds), 0u);
   EXPECT_EQ(openFiles(), filesBefore);
+}
+
+TEST(FolderLoading, EndsAtAFileThatBecomesAPipe) {
+  const FolderTree tree;
+  tree.write("sub/a.json", "{}");
+  beforeOpening = [file = tree.path("sub/a.json")] {
+    fs::remove(file);
+    EXPECT_EQ(::mkfifo(file.c_str(), 0644), 0);
+  };
+  EXPECT_EQ(failureOf(tree.path()), "failed to open schema file");
+  EXPECT_FALSE(beforeOpening);
 }
 
 TEST(FolderLoading, EndsWhereItHasNoRight) {

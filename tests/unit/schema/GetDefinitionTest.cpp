@@ -112,6 +112,15 @@ TEST(Definitions, AreNotWrittenWithNumbersThatJsonCannotHold) {
               "Definition " + typeId + " has a number that JSON cannot hold.");
 }
 
+TEST(Definitions, AreWrittenWithNulsAndReadUpToThem) {
+  Registries registries;
+  addFactor(Factor(std::string("f\0x", 3), FactorComponent(2.0)), registries);
+  const std::string written = getDefinition(std::string("f\0x", 3), registries);
+  EXPECT_NE(written.find("{\"typeid\":\"f\\u0000x\","), std::string::npos) << written;
+  load(registries, {written});
+  EXPECT_EQ(registries.factors.objects.records().count("f"), 1u);
+}
+
 TEST(Definitions, AreFoundOnlyWhenStored) {
   const std::string message = "Could not find any object with typeid x.";
   Registries registries;

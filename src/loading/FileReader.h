@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace Schemas {
+
+/// Reads a file from its beginning, chunk by chunk.
+class FileReader {
+ public:
+  static constexpr std::size_t chunkBytes = 65536;
+
+  /// Opens a file of any type. Never waits for a writer: a FIFO that nobody has open for writing
+  /// reads as an empty file.
+  ///
+  /// @throws std::bad_alloc  there is no memory for an open file.
+  explicit FileReader(const std::string& path);
+
+  bool isOpen() const { return file_ != nullptr; }
+
+  /// Whether what was opened is a regular file, whatever the path named before.
+  bool isRegular() const { return isRegular_; }
+
+  /// Bytes of a regular file when it was opened; 0 where that is not known.
+  std::uintmax_t size() const { return size_; }
+
+  /// The next bytes, at most a chunk. Fewer than asked for only at the end of the file or at an
+  /// error. Valid until the next call.
+  std::string_view read(std::size_t length = chunkBytes);
+
+  /// Whether reading has failed.
+  bool hasFailed() const;
+
+ private:
+  struct Close {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+  };
+
+  std::unique_ptr<std::FILE, Close> file_;  // null if the file could not be opened
+  bool isRegular_ = false;
+  std::uintmax_t size_ = 0;
+  std::unique_ptr<char[]> chunk_;
+};
+
+/// Makes room in `text` for the rest of a file, so that appending it chunk by chunk allocates once.
+///
+/// @throws std::bad_alloc  there is none.
+void reserveRest(std::string& text, std::uintmax_t fileSize);
+
+}  // namespace Schemas
