@@ -22,6 +22,8 @@ int statusOf(std::FILE* file, Status& status) { return _fstat64(_fileno(file), &
 
 bool isRegularFile(const Status& status) { return (status.st_mode & _S_IFMT) == _S_IFREG; }
 
+void waitForData(std::FILE*) {}
+
 /// Null, and `errno` set, if the file cannot be opened.
 std::FILE* openToRead(const char* path) {
   std::FILE* file = nullptr;
@@ -37,14 +39,17 @@ int statusOf(std::FILE* file, Status& status) { return ::fstat(::fileno(file), &
 
 bool isRegularFile(const Status& status) { return S_ISREG(status.st_mode); }
 
+/// Has reading wait for the writer's data, which opening did not.
+void waitForData(std::FILE* file) {
+  const int descriptor = ::fileno(file);
+  ::fcntl(descriptor, F_SETFL, ::fcntl(descriptor, F_GETFL) & ~O_NONBLOCK);
+}
+
 /// Null, and `errno` set, if the file cannot be opened.
 std::FILE* openToRead(const char* path) {
-  // Without O_NONBLOCK, opening a FIFO waits for a writer. Reading is to wait for the writer's
-  // data.
+  // Without O_NONBLOCK, opening a FIFO waits for a writer.
   const int descriptor = ::open(path, O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
   if (descriptor < 0) return nullptr;
-  const int flags = ::fcntl(descriptor, F_GETFL);
-  ::fcntl(descriptor, F_SETFL, flags & ~O_NONBLOCK);
   std::FILE* const file = ::fdopen(descriptor, "rb");
   if (file == nullptr) {
     const int error = errno;
@@ -58,7 +63,8 @@ std::FILE* openToRead(const char* path) {
 
 }  // namespace
 
-FileReader::FileReader(const std::string& path) : chunk_(new char[chunkBytes]) {
+FileReader::FileReader(const std::string& path, std::string& chunk) : chunk_(chunk) {
+  chunk_.resize(chunkBytes);
   // The system would read a path with a NUL up to there, and open another file.
   if (path.find('\0') != std::string::npos) return;
   file_.reset(openToRead(path.c_str()));
@@ -71,10 +77,11 @@ FileReader::FileReader(const std::string& path) : chunk_(new char[chunkBytes]) {
   Status status;
   isRegular_ = statusOf(file_.get(), status) == 0 && isRegularFile(status);
   if (isRegular_) size_ = static_cast<std::uintmax_t>(status.st_size);
+  if (!isRegular_) waitForData(file_.get());
 }
 
 std::string_view FileReader::read(std::size_t length) {
-  return {chunk_.get(), std::fread(chunk_.get(), 1, length, file_.get())};
+  return {chunk_.data(), std::fread(chunk_.data(), 1, length, file_.get())};
 }
 
 bool FileReader::hasFailed() const { return std::ferror(file_.get()) != 0; }

@@ -17,8 +17,9 @@ class FileReader {
   /// Opens a file of any type. Never waits for a writer: a FIFO that nobody has open for writing
   /// reads as an empty file.
   ///
-  /// @throws std::bad_alloc  there is no memory for an open file.
-  explicit FileReader(const std::string& path);
+  /// @param chunk  memory to read with, for one reader after the other.
+  /// @throws std::bad_alloc  there is no memory for an open file or a chunk.
+  FileReader(const std::string& path, std::string& chunk);
 
   bool isOpen() const { return file_ != nullptr; }
 
@@ -43,7 +44,7 @@ class FileReader {
   std::unique_ptr<std::FILE, Close> file_;  // null if the file could not be opened
   bool isRegular_ = false;
   std::uintmax_t size_ = 0;
-  std::unique_ptr<char[]> chunk_;
+  std::string& chunk_;
 };
 
 /// Makes room in `text` for the rest of a file, so that appending it chunk by chunk allocates once.

@@ -20,7 +20,8 @@ std::string_view readNext(Schemas::FileReader& file, std::size_t length) {
 
 /// The bytes of a file, which is read no further than its first line if that is not a bundle's.
 std::string readBundle(const std::string& path) {
-  Schemas::FileReader file(path);
+  std::string chunk;
+  Schemas::FileReader file(path, chunk);
   if (!file.isOpen()) throw std::logic_error("failed to open schema bundle");
   std::string content(readNext(file, header.size()));
   if (content != header) rejectBundle();

@@ -41,8 +41,8 @@ bool isSchemaFile(const fs::recursive_directory_iterator& walk) {
 
 /// The bytes of a file up to its first NUL. Of a text that is too long for an engine no more is
 /// read than shows that.
-std::string readText(const fs::path& path) {
-  Schemas::FileReader file(path.string());
+std::string readText(const fs::path& path, std::string& chunk) {
+  Schemas::FileReader file(path.string(), chunk);
   // Replaced since the walk found a regular file there, it may be of any type.
   if (!file.isRegular()) throw std::logic_error("failed to open schema file");
   std::string text;
@@ -75,9 +75,10 @@ void SchemaUtility::addDefinitionsFromFolder(const std::string& folder,
     throw fs::filesystem_error("recursive_directory_iterator::recursive_directory_iterator", root,
                                error);
 
+  std::string chunk;
   while (walk != fs::recursive_directory_iterator()) {
     const fs::path path = walk->path();
-    if (isSchemaFile(walk)) addOrSkip(readText(path), engine);
+    if (isSchemaFile(walk)) addOrSkip(readText(path, chunk), engine);
     walk.increment(error);
     if (error) throw fs::filesystem_error("recursive_directory_iterator::operator++", path, error);
   }

@@ -63,7 +63,7 @@ class TextTree {
   /// @param text  not empty; outlives the tree.
   /// @return  the value of the text.
   Value& insert(std::string_view text, const Value& value) {
-    std::list<Node> made(1, Node{text, value});
+    std::list<Node> made(1, Node{0, {nullptr, nullptr}, text, value});
     Node& node = made.front();
     if (Node* const known = link(node)) return known->value;
     nodes_.splice(nodes_.end(), made);
@@ -90,10 +90,10 @@ class TextTree {
   using Bit = std::size_t;  // sixteen times the place of a byte, and which of its nine bits
 
   struct Node {
-    std::string_view text;
-    Value value;
     Bit bit = 0;
     Node* next[2] = {nullptr, nullptr};
+    std::string_view text;
+    Value value;
   };
 
   static std::size_t placeOf(Bit bit) { return bit / 16; }
