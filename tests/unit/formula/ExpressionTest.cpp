@@ -1,17 +1,16 @@
 #include "formula/Expression.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <limits>
-#include <map>
-
 #include "formula/BinaryOperatorExpression.h"
 #include "formula/FunctionExpression.h"
 #include "formula/NumberConstantExpression.h"
 #include "formula/UnaryOperatorExpression.h"
 #include "tests/support/Messages.h"
 #include "tests/unit/formula/FormulaRows.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+#include <map>
 
 namespace {
 

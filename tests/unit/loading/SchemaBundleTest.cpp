@@ -2,8 +2,8 @@
 #include "tests/support/Messages.h"
 
 #include <TrelvonUnits/TrelvonUnits.h>
-#include <gtest/gtest.h>
 
+#include <gtest/gtest.h>
 #include <memory>
 #include <stdexcept>
 

@@ -1,15 +1,15 @@
+#include "tests/support/FolderTree.h"
+#include "tests/support/Messages.h"
+#include "tests/unit/loading/RecordingEngine.h"
+
 #include <TrelvonUnits/SchemaUtility.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
+#include <gtest/gtest.h>
 #include <iterator>
 #include <new>
 #include <set>
 #include <utility>
-
-#include "tests/support/FolderTree.h"
-#include "tests/support/Messages.h"
-#include "tests/unit/loading/RecordingEngine.h"
 
 using namespace std::string_literals;
 
