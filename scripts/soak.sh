@@ -41,11 +41,10 @@ coverage() {
   tail -2 "$work/coverage"
 }
 
-# What test.sh leaves out: hosts that build the sources with the other compiler, and hosts of both
-# compilers with a library by clang++.
+# What test.sh leaves out: hosts that build the sources otherwise, and hosts of both compilers with
+# a library by clang++.
 hosts() {
-  { ctest --test-dir build/release -L soak && cmake --preset clang &&
-    cmake --build build/clang --target TrelvonUnits --parallel "$jobs" &&
+  { ctest --test-dir build/release -L soak &&
     ctest --test-dir build/clang -R '^contract[.](find_package|pkg_config)'; } >"$work/hosts" ||
     { tail -50 "$work/hosts"; return 1; }
   grep 'tests passed' "$work/hosts"
@@ -110,6 +109,10 @@ step "Threads" build/tsan/tests/robustness/robustness_Threads 100
 step "Memcheck of the suite" memcheck
 step "The suite under the sanitizers, g++" suite asan
 step "The suite under the sanitizers, clang++" suite asan-clang
+
+step "The suite, optimized by clang++" suite clang
+step "The suite with clang++'s own standard library" suite libcxx
+step "All programs, benchmarks too, without precompiled headers" build plain
 
 step "Hosts built with the compilers changed over" hosts
 step "The same bits with every compiler and on every machine" scripts/bits.sh
