@@ -21,3 +21,18 @@ function(trelvon_export_only_the_interface library)
     set_property(TARGET ${library} APPEND PROPERTY LINK_DEPENDS ${map})
   endif()
 endfunction()
+
+# Headers that nearly every source of a target reads, read once. It is off in hosts' builds and in
+# the preset `plain`, which shows that each source includes what it needs. Compiler caches do not
+# find again what is compiled so: where one is set, it does more.
+function(trelvon_precompile target)
+  if(TRELVONUNITS_PRECOMPILE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    list(TRANSFORM ARGN REPLACE "(.+)" "<\\1>" OUTPUT_VARIABLE headers)
+    target_precompile_headers(${target} PRIVATE ${headers})
+  endif()
+endfunction()
+
+# Compiles tests without optimization, which would take half of the compiler's time.
+function(trelvon_compile_quickly target)
+  target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU,Clang,AppleClang>:-O0>)
+endfunction()

@@ -40,11 +40,10 @@ coverage() {
   tail -2 "$work/coverage"
 }
 
-# Not covered by test.sh: hosts that build the sources with the other compiler, and hosts built by
-# both compilers that use a library built by clang++.
+# Not covered by test.sh: other hosts that build the sources, and hosts built by both compilers that
+# use a library built by clang++.
 hosts() {
-  { ctest --test-dir build/release -L soak && cmake --preset clang &&
-    cmake --build build/clang --target TrelvonUnits --parallel "$jobs" &&
+  { ctest --test-dir build/release -L soak &&
     ctest --test-dir build/clang -R '^contract[.](find_package|pkg_config)'; } >"$work/hosts" ||
     { tail -50 "$work/hosts"; return 1; }
   grep 'tests passed' "$work/hosts"
@@ -111,6 +110,10 @@ step "Threads" build/tsan/tests/robustness/robustness_Threads 100
 step "Memcheck of the suite" memcheck
 step "The suite under the sanitizers, g++" suite asan
 step "The suite under the sanitizers, clang++" suite asan-clang
+
+step "The suite, optimized by clang++" suite clang
+step "The suite with clang++'s own standard library" suite libcxx
+step "All programs, benchmarks too, without precompiled headers" build plain
 
 step "Hosts built with the other compiler" hosts
 step "The same bits with every compiler and on every machine" scripts/bits.sh

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds and tests everything. Run it before you submit a change.
+# Builds and tests everything, with g++ as we ship it and with clang++ under the sanitizers. Run it
+# before you submit a change. scripts/soak.sh runs what takes longer.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/setup.sh
@@ -20,7 +21,9 @@ install_packages demo test
 build_and_test release  # includes the small hosts, built against an installation and the sources
 heading "Formatting of the sources"
 cmake --build build/release --target format-check
-build_and_test asan
-build_and_test clang
+build_and_test asan-clang
+
+heading "Lines"
+scripts/lines.py
 
 heading "All tests passed"

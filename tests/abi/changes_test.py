@@ -1,4 +1,4 @@
-"""What interface.py says of changes to the public headers: each is made, compiled and compared."""
+"""What interface.py says of changes to a public header: each is made, compiled and compared."""
 
 import pathlib
 import subprocess
@@ -7,49 +7,58 @@ import unittest
 
 import interface
 
-INCLUDE = pathlib.Path(__file__).resolve().parents[2] / "include"
-BODIES = """#include <TrelvonUnits/TrelvonUnits.h>
+# As the public headers are: one of them bears this name, so that what it declares counts.
+NAME = "UnitsEngine.h"
+HEADER = """#include <string>
+#define API __attribute__((visibility("default")))
 namespace Units {
+class API Record {
+  std::string typeId_;
+};
+class API UnitsEngine {
+ public:
+  virtual ~UnitsEngine();
+  virtual Record first(std::string typeId) const = 0;
+  virtual int second(std::string typeId) const = 0;
+  virtual bool last(std::string typeId) const = 0;
+};
+API UnitsEngine* CreateUnitsEngine();
+}
+"""
+BODIES = """namespace Units {
 UnitsEngine::~UnitsEngine() = default;
 UnitsEngine* CreateUnitsEngine() { return nullptr; }
 """
-DIMENSION = "  virtual Dimension getDimension(std::string typeId) const = 0;\n"
-FACTOR = "  virtual Factor getFactor(std::string typeId) const = 0;\n"
-LAST = "  virtual bool isRegistered(std::string typeId) const = 0;\n"
+FIRST = "  virtual Record first(std::string typeId) const = 0;\n"
+SECOND = "  virtual int second(std::string typeId) const = 0;\n"
+LAST = "  virtual bool last(std::string typeId) const = 0;\n"
 MORE = "  virtual int more() const;\n"
 MORE_BODY = "int UnitsEngine::more() const { return 1; }\n"
-CREATE = "TRELVONUNITS_API UnitsEngine* CreateUnitsEngine();\n"
+CREATE = "API UnitsEngine* CreateUnitsEngine();\n"
 
-# header, what stands there, what it becomes, a body, whether hosts break, whether the list changes
+# what stands there, what it becomes, a body, whether hosts break, whether the list changes
 CHANGES = {
-    "slots swapped": ("UnitsEngine.h", DIMENSION + FACTOR, FACTOR + DIMENSION, "", True, True),
-    "a slot between": ("UnitsEngine.h", DIMENSION, MORE + DIMENSION, MORE_BODY, True, True),
-    "a slot removed": ("UnitsEngine.h", LAST, "", "", True, True),
-    "a slot appended": ("UnitsEngine.h", LAST, LAST + MORE, MORE_BODY, False, True),
-    "another result": ("UnitsEngine.h", LAST, LAST.replace("bool", "int"), "", True, False),
-    "another parameter": ("UnitsEngine.h", LAST, LAST.replace("std::string", "const char*"), "",
-                          True, True),
-    "a field": ("Dimension.h", "  const std::string typeId_;\n",
-                "  const std::string typeId_;\n  int more_ = 0;\n", "", True, True),
-    "a function": ("UnitsEngine.h", CREATE, CREATE + "TRELVONUNITS_API int more();\n",
-                   "int more() { return 1; }\n", False, True),
+    "slots swapped": (FIRST + SECOND, SECOND + FIRST, "", True, True),
+    "a slot between": (FIRST, MORE + FIRST, MORE_BODY, True, True),
+    "a slot removed": (LAST, "", "", True, True),
+    "a slot appended": (LAST, LAST + MORE, MORE_BODY, False, True),
+    "another result": (LAST, LAST.replace("bool", "int"), "", True, False),
+    "another parameter": (LAST, LAST.replace("std::string", "const char*"), "", True, True),
+    "a field": ("  std::string typeId_;\n", "  std::string typeId_;\n  int more_;\n", "",
+                True, True),
+    "a function": (CREATE, CREATE + "API int more();\n", "int more() { return 1; }\n", False, True),
 }
 
 
-def build(folder, header="", before="", after="", body=""):
-    """A library of the headers, changed, with the bodies that bring their types in."""
-    include = pathlib.Path(folder) / "TrelvonUnits"
-    include.mkdir()
-    for path in (INCLUDE / "TrelvonUnits").glob("*.h"):
-        text = path.read_text(encoding="utf-8")
-        if path.name == header:
-            assert before in text, before
-            text = text.replace(before, after)
-        (include / path.name).write_text(text, encoding="utf-8")
-    source, library = include / "bodies.cpp", include / "library.so"
-    source.write_text(BODIES + body + "}\n", encoding="utf-8")
+def build(folder, before="", after="", body=""):
+    """A library of the header, changed, with the bodies that bring its types in."""
+    header, source = pathlib.Path(folder, NAME), pathlib.Path(folder, "bodies.cpp")
+    assert before in HEADER, before
+    header.write_text(HEADER.replace(before, after, 1), encoding="utf-8")
+    source.write_text(f'#include "{NAME}"\n' + BODIES + body + "}\n", encoding="utf-8")
+    library = pathlib.Path(folder, "library.so")
     subprocess.run(["g++", "-std=c++17", "-g", "-shared", "-fPIC", "-fvisibility=hidden",
-                    "-I", folder, source, "-o", library], check=True)
+                    source, "-o", library], check=True)
     return str(library)
 
 

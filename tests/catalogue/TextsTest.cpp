@@ -1,9 +1,8 @@
 #include "tests/catalogue/Packs.h"
 #include "tests/support/Bits.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
+#include <gtest/gtest.h>
 #include <tuple>
 
 namespace Units {

@@ -1,9 +1,9 @@
+#include "tests/docs/Page.h"
+
 #include <TrelvonUnits/Exceptions.h>
 
 #include <map>
 #include <sstream>
-
-#include "tests/docs/Page.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
+#include "tests/docs/Page.h"
+
 #include <TrelvonUnits/UnitsEngine.h>
 
 #include <memory>
 #include <set>
-
-#include "tests/docs/Page.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
-#include <map>
-
 #include "tests/docs/Page.h"
 #include "text/ValueText.h"
+
+#include <map>
 
 namespace {
 

@@ -2,9 +2,8 @@
 #include "tests/support/Messages.h"
 #include "tests/support/SampleUnits.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
+#include <gtest/gtest.h>
 #include <limits>
 
 namespace Units {

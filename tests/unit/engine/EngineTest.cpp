@@ -1,8 +1,8 @@
 #include "tests/support/Messages.h"
 
 #include <TrelvonUnits/TrelvonUnits.h>
-#include <gtest/gtest.h>
 
+#include <gtest/gtest.h>
 #include <memory>
 
 namespace Units {

@@ -1,21 +1,20 @@
 #include "formula/Expression.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
-#include <cmath>
 #include <cstdint>
 #include <functional>
-#include <limits>
-#include <map>
 #include <utility>
-
 #include "formula/BinaryOperatorExpression.h"
 #include "formula/FunctionExpression.h"
 #include "formula/NumberConstantExpression.h"
 #include "formula/UnaryOperatorExpression.h"
 #include "tests/support/Messages.h"
 #include "tests/unit/formula/FormulaRows.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+#include <map>
 
 namespace {
 

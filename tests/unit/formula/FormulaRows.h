@@ -1,12 +1,11 @@
 /// Formulas and what they come to, as rows.
 #pragma once
 
-#include <gtest/gtest.h>
+#include "tests/unit/formula/FormulaSample.h"
 
+#include <gtest/gtest.h>
 #include <string>
 #include <vector>
-
-#include "tests/unit/formula/FormulaSample.h"
 
 /// Rows as "formula = outcome".
 inline void expectOutcomes(const std::vector<std::string>& rows) {

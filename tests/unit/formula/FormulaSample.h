@@ -1,6 +1,11 @@
 /// An engine with a few units, symbols beside it that tests may add to, and formulas over both.
 #pragma once
 
+#include "engine/UnitsEngineImpl.h"
+#include "formula/Evaluation.h"
+#include "formula/FormulaParser.h"
+#include "model/RecordAccess.h"
+
 #include <TrelvonUnits/TrelvonUnits.h>
 
 #include <cstdio>
@@ -13,11 +18,6 @@
 #include <string_view>
 #include <utility>
 #include <vector>
-
-#include "engine/UnitsEngineImpl.h"
-#include "formula/Evaluation.h"
-#include "formula/FormulaParser.h"
-#include "model/RecordAccess.h"
 
 /// A number in 15 digits, or as many as it takes to read back to the same bits.
 inline std::string exact(double value) {

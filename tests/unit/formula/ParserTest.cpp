@@ -1,12 +1,11 @@
-#include "formula/FormulaParser.h"
-
-#include <gtest/gtest.h>
-
 #include "formula/BinaryOperatorExpression.h"
+#include "formula/FormulaParser.h"
 #include "formula/ParenExpression.h"
 #include "formula/UnaryOperatorExpression.h"
 #include "tests/support/Messages.h"
 #include "tests/unit/formula/FormulaRows.h"
+
+#include <gtest/gtest.h>
 
 namespace {
 

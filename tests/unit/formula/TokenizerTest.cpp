@@ -1,15 +1,13 @@
+#include "TrelvonUnits/Limits.h"
 #include "formula/FormulaTokenizer.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/Messages.h"
+#include "tests/unit/formula/FormulaSample.h"
 
 #include <functional>
+#include <gtest/gtest.h>
 #include <map>
 #include <string>
 #include <vector>
-
-#include "TrelvonUnits/Limits.h"
-#include "tests/support/Messages.h"
-#include "tests/unit/formula/FormulaSample.h"
 
 namespace {
 

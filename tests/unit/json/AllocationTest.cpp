@@ -1,11 +1,10 @@
-#include <gtest/gtest.h>
+#include "tests/support/FailingAllocations.h"
+#include "tests/unit/json/TextExceptions.h"
 
+#include <gtest/gtest.h>
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "tests/support/FailingAllocations.h"
-#include "tests/unit/json/TextExceptions.h"
 
 namespace {
 

@@ -1,10 +1,9 @@
-#include <gtest/gtest.h>
-
-#include <utility>
-
 #include "tests/support/Bits.h"
 #include "tests/support/Messages.h"
 #include "tests/unit/json/TextExceptions.h"
+
+#include <gtest/gtest.h>
+#include <utility>
 
 using namespace std::string_literals;
 

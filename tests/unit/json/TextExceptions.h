@@ -1,11 +1,11 @@
 /// The exceptions of documents that tests read.
 #pragma once
 
+#include "json/JSON.h"
+
 #include <memory>
 #include <stdexcept>
 #include <string>
-
-#include "json/JSON.h"
 
 /// What our documents throw: a class that nothing else throws.
 struct TextError : std::runtime_error {

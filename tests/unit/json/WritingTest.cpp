@@ -1,10 +1,9 @@
-#include <gtest/gtest.h>
+#include "tests/unit/json/TextExceptions.h"
 
 #include <cmath>
+#include <gtest/gtest.h>
 #include <limits>
 #include <utility>
-
-#include "tests/unit/json/TextExceptions.h"
 
 using namespace std::string_literals;
 

@@ -3,8 +3,8 @@
 #include "tests/support/Messages.h"
 
 #include <TrelvonUnits/TrelvonUnits.h>
-#include <gtest/gtest.h>
 
+#include <gtest/gtest.h>
 #include <chrono>
 #include <memory>
 #include <stdexcept>

@@ -1,20 +1,19 @@
+#include "tests/support/FolderTree.h"
+#include "tests/support/Messages.h"
+#include "tests/unit/loading/RecordingEngine.h"
+
 #include <TrelvonUnits/SchemaUtility.h>
+#include "json/JSON.h"
+#include "loading/AddOrSkip.h"
+#include "tests/support/Heap.h"
 #include <fcntl.h>
 #include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cstdarg>
 #include <iterator>
 #include <new>
 #include <set>
 #include <utility>
-
-#include "json/JSON.h"
-#include "loading/AddOrSkip.h"
-#include "tests/support/FolderTree.h"
-#include "tests/support/Heap.h"
-#include "tests/support/Messages.h"
-#include "tests/unit/loading/RecordingEngine.h"
 
 using namespace std::string_literals;
 

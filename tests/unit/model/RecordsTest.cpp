@@ -1,8 +1,8 @@
 #include "model/RecordAccess.h"
 
 #include <TrelvonUnits/TrelvonUnits.h>
-#include <gtest/gtest.h>
 
+#include <gtest/gtest.h>
 #include <type_traits>
 #include <utility>
 

@@ -2,11 +2,10 @@
 #include "tests/support/Messages.h"
 #include "tests/support/SampleUnits.h"
 
-#include <gtest/gtest.h>
-
 #include <cfloat>
 #include <cmath>
 #include <cstring>
+#include <gtest/gtest.h>
 #include <random>
 #include <vector>
 

@@ -3,9 +3,8 @@
 #include "registry/AddRecord.h"
 #include "tests/support/Messages.h"
 
-#include <gtest/gtest.h>
-
 #include <functional>
+#include <gtest/gtest.h>
 
 namespace Units {
 namespace {

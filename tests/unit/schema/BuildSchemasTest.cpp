@@ -3,7 +3,6 @@
 #include "tests/unit/schema/SchemaTexts.h"
 
 #include <gtest/gtest.h>
-
 #include <vector>
 
 namespace Units {

@@ -3,9 +3,8 @@
 #include "tests/support/Messages.h"
 #include "tests/unit/schema/SchemaTexts.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
+#include <gtest/gtest.h>
 #include <limits>
 
 namespace Units {

@@ -1,10 +1,10 @@
-#include "tests/support/Bits.h"
 #include "text/ClassicNumber.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/Bits.h"
 
 #include <cfloat>
 #include <cmath>
+#include <gtest/gtest.h>
 #include <string>
 
 namespace Units {

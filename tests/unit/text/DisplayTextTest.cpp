@@ -1,13 +1,13 @@
+#include "text/DisplayText.h"
+
 #include "tests/support/FailingAllocations.h"
 #include "tests/support/Messages.h"
 #include "tests/unit/text/TextSymbols.h"
-#include "text/DisplayText.h"
 #include "text/FixedPointNumberRenderer.h"
-
-#include <gtest/gtest.h>
 
 #include <cfloat>
 #include <cmath>
+#include <gtest/gtest.h>
 
 namespace Units {
 namespace {

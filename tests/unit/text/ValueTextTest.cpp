@@ -1,9 +1,9 @@
-#include "tests/unit/text/TextSymbols.h"
 #include "text/ValueText.h"
 
-#include <gtest/gtest.h>
+#include "tests/unit/text/TextSymbols.h"
 
 #include <cmath>
+#include <gtest/gtest.h>
 #include <vector>
 
 namespace Units {

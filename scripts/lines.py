@@ -1,0 +1,53 @@
+#!/usr/bin/env -S python3 -B
+"""Counts the non-blank lines of the product and of all that only tests it, and the tests' share.
+
+Texts that are data, such as the definitions, the kept inputs of the fuzz doors and the headers of a
+released version, are counted as neither.
+"""
+import collections
+import pathlib
+import subprocess
+
+ROOT = pathlib.Path(__file__).resolve().parents[1]
+PRODUCT = ("include", "src", "tools", "bindings")
+BESIDE = ("examples", "benchmarks", "scripts", "cmake")
+TESTING_SCRIPTS = ("test", "soak", "bits", "coverage", "growth", "guard", "lines", "mutants",
+                   "mutations", "reasons")
+DATA = ("tests/abi/1.0.0/TrelvonUnits/", "tests/fuzz/corpus/")
+CPP = (".c", ".cpp", ".h", ".hpp")
+OTHERS = (".cmake", ".js", ".mjs", ".py", ".sh", ".sql", ".ts")
+
+
+def place(path):
+    """What a file counts as, and the row that it stands in; None for what is no program."""
+    name, top = path.as_posix(), path.parts[0]
+    if name.startswith(DATA) or path.suffix not in CPP + OTHERS and path.name != "CMakeLists.txt":
+        return None
+    if top == "tests" or top == "scripts" and path.stem in TESTING_SCRIPTS:
+        return "tests", "/".join(path.parts[:2]) if top == "tests" and path.parts[2:] else top
+    if top in PRODUCT:
+        return ("product", top) if path.suffix in CPP else ("scripts of the product", top)
+    return ("beside both", top) if top in BESIDE else None
+
+
+def main():
+    names = subprocess.run(["git", "ls-files", "-co", "--exclude-standard"], cwd=ROOT, check=True,
+                           stdout=subprocess.PIPE, text=True).stdout.splitlines()
+    lines = collections.defaultdict(collections.Counter)
+    for path in map(pathlib.Path, names):
+        where = place(path)
+        if where and (ROOT / path).is_file():
+            text = (ROOT / path).read_text(encoding="utf-8")
+            lines[where[0]][where[1]] += sum(1 for line in text.splitlines() if line.strip())
+    sums = {part: sum(rows.values()) for part, rows in lines.items()}
+    for part, rows in lines.items():
+        print(f"{sums[part]:7}  {part}")
+        for row, count in sorted(rows.items()):
+            print(f"{count:13}  {row}")
+    share = 100 * sums["tests"] / (sums["tests"] + sums["product"])
+    print(f"Tests are {share:.1f} % of tests and product, {sums['tests'] / sums['product']:.2f} "
+          "lines for one of the product")
+
+
+if __name__ == "__main__":
+    main()
