@@ -9,7 +9,7 @@
 
 #include "tests/support/FolderTree.h"
 #include "tests/support/Messages.h"
-#include "tests/unit/loading/RecordingEngine.h"
+#include "tests/support/HostEngine.h"
 
 using namespace std::string_literals;
 
