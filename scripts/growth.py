@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """Counts the instructions for each shape at a size and at twice that size, with callgrind.
 
-    growth.py PROGRAM SIZE [SHAPE...]
+    growth.py PROGRAM SIZE [--proportions | SHAPE...]
 
 PROGRAM is robustness_Growth. Prints a table, and fails if doubling the size costs more than 2.3 times
-the instructions. Without SHAPE it measures all shapes.
+the instructions. Without SHAPE it measures all shapes, except those of small definitions with two
+dimensions blown up, which --proportions measures.
 """
 import concurrent.futures
 import os
@@ -27,8 +28,8 @@ def instructions(program, shape, size):
 
 
 def main(program, size, shapes):
-    if not shapes:
-        shapes = subprocess.run([program], capture_output=True, text=True,
+    if not shapes or shapes == ["--proportions"]:
+        shapes = subprocess.run([program, *shapes], capture_output=True, text=True,
                                 check=True).stdout.splitlines()
     size = int(size)
     # Each count is a process of its own, so all cores are busy.

@@ -1,4 +1,4 @@
-/// The same bits on every machine: operations by chance, and a checksum over all that they give.
+/// The same bits on every machine: random operations, and a checksum over all that they give.
 ///
 ///   bits COUNT [KEPT]        COUNT operations: a line a kind, with its checksum; fails where one
 ///                            differs from the file KEPT
@@ -9,50 +9,21 @@
 /// have the same checksum on every machine, with every compiler. "all" sums these up.
 #include "tests/bits/Definitions.h"
 #include "tests/bits/Formulas.h"
+#include "tests/support/Outcome.h"
+#include "tests/support/SchemaTexts.h"
 
 #include <cfloat>
-#include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <functional>
-#include <stdexcept>
 
 static_assert(FLT_EVAL_METHOD == 0, "A wider evaluation rounds to other bits.");
 
 namespace {
 
 using Units::UnitsEngine;
-
-std::string written(const std::string& text) { return text; }
-std::string written(bool answer) { return answer ? "yes" : "no"; }
-
-std::string hexadecimal(std::uint64_t bits) {
-  std::string text(16, '0');
-  for (std::size_t place = text.size(); place-- > 0; bits >>= 4)
-    text[place] = "0123456789abcdef"[bits & 15];
-  return text;
-}
-
-std::string written(double value) {
-  std::uint64_t bits = 0;
-  std::memcpy(&bits, &value, sizeof bits);
-  return std::isnan(value) ? "nan" : hexadecimal(bits);
-}
-
-template <class Record>
-std::string written(const std::map<std::string, Record>& records) {
-  std::string all;
-  for (const auto& record : records) all += record.first + ";";
-  return all;
-}
-
-std::string written(const std::set<std::string>& typeIds) {
-  std::string all;
-  for (const std::string& typeId : typeIds) all += typeId + ";";
-  return all;
-}
 
 /// What was asked and what it gave, or the text of what it threw.
 struct Operation {
@@ -62,11 +33,7 @@ struct Operation {
 
 template <class Action>
 Operation operation(const std::string& question, const Action& action) {
-  try {
-    return {question, written(action())};
-  } catch (const std::logic_error& error) {
-    return {question, std::string("!") + error.what()};
-  }
+  return {question, outcome(action)};
 }
 
 Operation converted(const UnitsEngine& engine, double value, const std::string& from,
@@ -75,10 +42,9 @@ Operation converted(const UnitsEngine& engine, double value, const std::string& 
                    [&] { return engine.convert(value, from, to); });
 }
 
-Operation evaluated(const UnitsEngine& engine, const std::string& unit, const std::string& text) {
-  const auto resolver = [](const std::string& name) {
-    return name == "x0" ? "2.5" : name == "x1" ? "(3 lengthb + x0 lengthc)" : "7 areaa";
-  };
+Operation evaluated(
+    const UnitsEngine& engine, const std::string& unit, const std::string& text,
+    const Units::VariableResolver& resolver = [](const std::string&) { return "7 areaa"; }) {
   return operation(text + " in " + unit, [&] {
     return unit.empty() ? engine.evaluateUnitlessExpression(text, resolver)
                         : engine.evaluateExpressionInUnit(unit, text, resolver);
@@ -116,10 +82,15 @@ Operation prepared(Random& random, const Definitions& definitions) {
 }
 
 Operation formulas(Random& random, const Definitions& definitions) {
-  const int power = random.below(3);
-  const std::string text = formula(random, definitions, power, random.below(5));
-  const std::string unit = power == 0 ? "" : power == 1 ? "lengthd" : "areae";
-  return evaluated(*definitions.engine, unit, text);
+  static const Vocabulary words = vocabularyOf(definitions);
+  static const char* const units[] = {"", "lengthd", "areae"};
+  const int power = random.between(0, 2);
+  RandomFormulas made(random, words);
+  const std::string text = made.make(power, random.below(5)).ways[withNames];
+  Operation done = evaluated(*definitions.engine, units[power], text,
+                             [&](const std::string& name) { return made.variables[name]; });
+  for (const auto& [name, value] : made.variables) done.question += "; " + name + " = " + value;
+  return done;
 }
 
 Operation literals(Random& random, const Definitions& definitions) {
@@ -150,20 +121,19 @@ Operation fractional(Random& random, const Definitions& definitions) {
 
 /// A schema text that is read, with a byte that is wrong at times, and a number that is written.
 Operation schemas(Random& random, const Definitions&) {
-  std::string text =
-      schema("read", "factor", R"({"id":"factor","value":)" + random.decimal() + "}");
+  std::string text = schema("read", "factor", {value("factor", random.decimal())});
   if (random.oneIn(5)) {
-    const int place = random.below(static_cast<int>(text.size()));
-    text[static_cast<std::size_t>(place)] = static_cast<char>(random.between(1, 255));
+    const std::size_t place = random.below(text.size());
+    text[place] = static_cast<char>(random.between(1, 255));
   }
-  const double value = random.number();
-  return operation(text + " " + written(value), [&] {
+  const double number = random.number();
+  return operation(text + " " + written(number), [&] {
     const std::unique_ptr<UnitsEngine> engine(Units::CreateUnitsEngine());
     std::string answer = written(engine->addDefinition(text));
     engine->buildSchemas();
     for (const auto& [typeId, factor] : engine->getFactors())
       answer += written(factor.getFactorComponent().getFactor()) + engine->getDefinition(typeId);
-    engine->addFactor(Units::Factor("written", Units::FactorComponent(value)));
+    engine->addFactor(Units::Factor("written", Units::FactorComponent(number)));
     return answer + engine->getDefinition("written");
   });
 }
@@ -173,7 +143,7 @@ Operation queries(Random& random, const Definitions& definitions) {
   const Group& group = random.oneOf(definitions.groups);
   const Group& other = random.oneOf(definitions.groups);
   const std::string unit = random.oneOf(group.powered), fellow = random.oneOf(other.plain);
-  const int kind = random.below(5);
+  const int kind = random.between(0, 4);
   return operation(std::to_string(kind) + " " + unit + " " + fellow, [&] {
     switch (kind) {
       case 0:
@@ -211,7 +181,7 @@ Maker calls(const std::string& function) {
   return [function](Random& random, const Definitions& definitions) {
     const bool isArc = function == "asin" || function == "acos";
     std::string text = random.oneIn(2) ? "(-" : "(";
-    text += std::to_string(isArc ? 0 : random.below(10)) + ".";
+    text += std::to_string(isArc ? 0 : random.between(0, 9)) + ".";
     text += random.digits(1, 17) + ")";
     if (function != "^") return evaluated(*definitions.engine, "", function + text);
     text += "^(" + std::to_string(random.between(-9, 9));

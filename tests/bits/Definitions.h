@@ -1,7 +1,7 @@
 /// The definitions that the operations use: units of a few dimensions, in groups.
 #pragma once
 
-#include "tests/bits/Random.h"
+#include "tests/support/Random.h"
 
 #include <TrelvonUnits/TrelvonUnits.h>
 
@@ -9,13 +9,13 @@
 #include <string>
 #include <vector>
 
-/// Units of one dimension. The plain ones are worked out by products alone. What the powered ones
-/// rest on is raised to powers, by the C library's pow.
+/// Units of one dimension. The plain ones need only products. What the powered ones are defined by
+/// is raised to powers, by the C library's pow.
 struct Group {
   const char* name;
   Units::PrimitivePowers powers;
-  std::vector<std::string> plain;
-  std::vector<std::string> powered;
+  std::vector<std::string> plain = {};
+  std::vector<std::string> powered = {};
 };
 
 struct Definitions {
@@ -26,8 +26,5 @@ struct Definitions {
 };
 
 constexpr std::size_t length = 0, area = 3, speed = 4, pace = 5;
-
-std::string schema(const std::string& typeId, const std::string& kind,
-                   const std::string& constants);
 
 Definitions makeDefinitions();

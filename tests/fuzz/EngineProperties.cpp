@@ -1,12 +1,11 @@
 #include "tests/fuzz/EngineProperties.h"
 
-#include <algorithm>
-#include <cstdlib>
-#include <string>
-
-#include "tests/fuzz/Demand.h"
+#include "tests/fuzz/Fuzzer.h"
 #include "tests/fuzz/JsonShape.h"
 #include "tests/fuzz/ReferenceReduction.h"
+
+#include <cstdlib>
+#include <string>
 
 namespace {
 
@@ -26,10 +25,10 @@ void checkReduction(const UnitsEngineImpl& engine) {
     Units::PrimitivePowers powers;
     engine.reduceUnit(unit, factor, offset, powers);
     if (reference.stepsLeft < 0) continue;
-    demand(areSame(factor, expectedFactor), "factor of ", typeId, ": ", factor, ", ",
-           expectedFactor);
-    demand(areSame(offset, expectedOffset), "offset of ", typeId);
-    demand(powers == expectedPowers, "powers of ", typeId);
+    check(areSame(factor, expectedFactor), "factor of ", typeId, ": ", factor, ", ",
+          expectedFactor);
+    check(areSame(offset, expectedOffset), "offset of ", typeId);
+    check(powers == expectedPowers, "powers of ", typeId);
   }
 }
 
@@ -47,9 +46,9 @@ void checkConversions(const UnitsEngineImpl& engine) {
       } catch (const Units::IncompatibleUnitsException&) {
         does = false;
       }
-      demand(can == does, "convert ", from, " to ", to);
-      demand(can == (convertible.count(to) != 0), "convertible ", from, " to ", to);
-      demand(can == engine.canConvert(to, from), "back from ", to, " to ", from);
+      check(can == does, "convert ", from, " to ", to);
+      check(can == (convertible.count(to) != 0), "convertible ", from, " to ", to);
+      check(can == engine.canConvert(to, from), "back from ", to, " to ", from);
     }
   }
 }
@@ -70,9 +69,9 @@ void checkFactors(const UnitsEngineImpl& engine, const UnitsEngineImpl& again) {
     const double value = factor.getFactorComponent().getFactor();
     const std::string number = safeNumber(engine.getDefinition(typeId));
     if (number.empty()) continue;
-    demand(areSame(std::strtod(number.c_str(), nullptr), value), number);
+    check(areSame(std::strtod(number.c_str(), nullptr), value), number);
     const double read = again.getFactor(typeId).getFactorComponent().getFactor();
-    demand(areSame(read, value), number);
+    check(areSame(read, value), number);
   }
 }
 
@@ -100,8 +99,8 @@ void checkDefinitions(const UnitsEngineImpl& engine) {
   }
   again.buildSchemas();
   for (const auto& [typeId, definition] : definitions) {
-    demandEqual(jsonShape(again.getDefinition(typeId)), jsonShape(definition), typeId);
-    demand(again.getDependencies(typeId) == engine.getDependencies(typeId), typeId);
+    checkEqual(jsonShape(again.getDefinition(typeId)), jsonShape(definition), typeId);
+    check(again.getDependencies(typeId) == engine.getDependencies(typeId), typeId);
   }
   checkFactors(engine, again);
 }

@@ -1,12 +1,11 @@
 #pragma once
 
 #include "registry/Registries.h"
+#include "schema/Definitions.h"
+#include "tests/fuzz/Fuzzer.h"
 
 #include <set>
 #include <string>
-
-#include "schema/Definitions.h"
-#include "tests/fuzz/Demand.h"
 
 /// The type ids of all records that an engine serves.
 inline std::set<std::string> storedIds(const Units::Registries& registries) {
@@ -22,6 +21,5 @@ inline std::set<std::string> storedIds(const Units::Registries& registries) {
 /// A stored record as a definition, or why there is none: a number at the edge is read as infinite,
 /// for which JSON has no text.
 inline std::string definitionOf(const std::string& typeId, const Units::Registries& registries) {
-  return textOrMessage<Units::ValidationException>(
-      [&] { return Units::getDefinition(typeId, registries); });
+  return validated([&] { return Units::getDefinition(typeId, registries); });
 }

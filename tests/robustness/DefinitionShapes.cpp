@@ -1,26 +1,22 @@
-#include <cstddef>
+#include "tests/robustness/Shapes.h"
+#include "tests/support/Check.h"
+
 #include <map>
 #include <utility>
 
-#include "tests/robustness/Findings.h"
-#include "tests/robustness/Shapes.h"
-
 namespace {
 
-using Parents = std::map<std::string, int>;
+using Units::UnitsEngine;
 
-/// Definitions from the lowest up, each with its parents, among those before it.
+/// Definitions from the lowest up, each with its parents, which are among those before it.
 struct Tree {
-  std::vector<std::pair<std::string, Parents>> nodes;
+  std::vector<std::pair<std::string, Powers>> nodes;
 
   /// Names fall as the tree grows: a walk in byte order meets the highest first.
-  static std::string name(int number) {
-    const std::string digits = std::to_string(1000000000 - number);
-    return "n" + std::string(10 - digits.size(), '0') + digits;
+  void add(Powers parents) {
+    nodes.emplace_back("n" + std::to_string(1999999999 - nodes.size()), std::move(parents));
   }
-  void add(Parents parents) {
-    nodes.emplace_back(name(static_cast<int>(nodes.size())), std::move(parents));
-  }
+  const std::string& first() const { return nodes.front().first; }
   const std::string& last() const { return nodes.back().first; }
 };
 
@@ -63,46 +59,127 @@ Tree ladder(int size) {
 Tree star(int size) {
   Tree tree;
   tree.add({});
-  Parents all;
+  Powers all = {{tree.first(), 1}};
   for (int made = 2; made < size; ++made) {
-    tree.add({{tree.nodes.front().first, 1}});
+    tree.add({{tree.first(), 1}});
     all.emplace(tree.last(), made % 2 == 0 ? 1 : -1);
   }
-  all.emplace(tree.nodes.front().first, 1);
   tree.add(all);
   return tree;
 }
 
-std::string powersText(const Parents& parents) {
-  std::string text;
-  for (const auto& [parent, exponent] : parents)
-    text += (text.empty() ? "'" : ",'") + parent + "':" + std::to_string(exponent);
-  return "'value':{" + text + "}}";
+/// Each over the next one, and the last over the first.
+Tree circle(int size) {
+  Tree tree = chain(size);
+  tree.nodes.front().second = {{tree.last(), 1}};
+  return tree;
 }
 
-std::string factorText(const std::string& typeId, const Parents& parents) {
+std::string factorText(const std::string& typeId, const Powers& parents) {
   return schema(typeId, "factor.derived",
-                "{'id':'factor','value':1.0000001},{'id':'parentFactors'," + powersText(parents));
+                {value("factor", "1.0000001"), powers("parentFactors", parents)});
 }
 
-std::string unitText(const std::string& typeId, const Parents& parents) {
-  return parents.empty() ? schema(typeId, "unit.primitive", named)
-                         : schema(typeId, "unit.derived",
-                                  named + ",{'id':'parentUnits'," + powersText(parents));
+std::string unitText(const std::string& typeId, const Powers& parents) {
+  return parents.empty() ? primitive(typeId) : derived(typeId, parents);
 }
 
-void addFactor(Units::UnitsEngine& engine, const std::string& typeId, const Parents& parents) {
+void addFactor(UnitsEngine& engine, const std::string& typeId, const Powers& parents) {
   engine.addFactor(Units::Factor(typeId, Units::FactorComponent(1.0000001, parents)));
 }
 
-void addUnit(Units::UnitsEngine& engine, const std::string& typeId, const Parents& parents) {
-  if (parents.empty())
-    engine.addUnit(
-        Units::Unit(typeId, "n", Units::System::Metric, Units::PrimitiveUnitComponent()));
-  else
-    engine.addUnit(Units::Unit(
-        typeId, "n", Units::System::Metric,
-        Units::DerivedUnitComponent(parents, Units::FactorComponent(1.0000001, {{"twelve", 1}}))));
+void addUnit(UnitsEngine& engine, const std::string& typeId, const Powers& parents) {
+  engine.addUnit(parents.empty() ? Units::Unit(typeId, "n", Units::System::Metric,
+                                               Units::PrimitiveUnitComponent())
+                                 : derivedUnit(typeId, parents, {1.0000001, {{"twelve", 1}}}));
+}
+
+/// The highest first.
+template <class TextOf>
+std::vector<std::string> textsOf(const Tree& tree, TextOf textOf) {
+  std::vector<std::string> texts;
+  for (auto node = tree.nodes.rbegin(); node != tree.nodes.rend(); ++node)
+    texts.push_back(textOf(node->first, node->second));
+  return texts;
+}
+
+template <class Run>
+Work working(const Run& run) {
+  Work work;
+  work.run = run;
+  return work;
+}
+
+template <class Add>
+Work addition(const Tree& tree, Add add, UnitsEngine& engine) {
+  return working([tree, add, &engine] {
+    for (const auto& [typeId, parents] : tree.nodes) add(engine, typeId, parents);
+  });
+}
+
+/// A unit above the last factor.
+void addOver(const Tree& tree, UnitsEngine& engine) {
+  addition(tree, addFactor, engine).run();
+  engine.addUnit(derivedUnit("over", {{"inch", 1}}, {1, {{tree.last(), 1}}}));
+}
+
+Work factorsPrepared(const Tree& tree, UnitsEngine& engine) {
+  addOver(tree, engine);
+  return working([&engine] { Units::PreparedConversion(engine, "over", "inch")(1); });
+}
+
+Work unitsPrepared(const Tree& tree, UnitsEngine& engine) {
+  addition(tree, addUnit, engine).run();
+  return working([&engine, from = tree.last(), to = tree.first()] {
+    Units::PreparedConversion(engine, from, to)(1);
+  });
+}
+
+Work factorQueries(const Tree& tree, UnitsEngine& engine) {
+  addOver(tree, engine);
+  return working([&engine, last = tree.last()] {
+    engine.convert(1, "over", "inch");
+    engine.getDependencies("over");
+    engine.getDefinition(last);
+    engine.getFactors();
+  });
+}
+
+Work unitQueries(const Tree& tree, UnitsEngine& engine) {
+  addition(tree, addUnit, engine).run();
+  addSuffix(engine, "over", tree.last(), "over");
+  std::vector<Units::Unit> units;
+  for (const auto& [typeId, unit] : engine.getUnits()) units.push_back(unit);
+  engine.addQuantity(Units::Quantity("all", "n", units));
+  return working([&engine, last = tree.last(), first = tree.first()] {
+    engine.canConvert(last, first);
+    outcome([&] { return engine.convert(1, last, first); });
+    outcome([&] { return engine.evaluateExpressionInUnit(last, "2 over + 3 over"); });
+    engine.getConvertibleUnits(first);
+    engine.getUnitsWithPrimitivePowers({{first, 1}});
+    engine.getDependencies("all");
+    engine.getDefinition("all");
+    engine.getPrimitiveUnits();
+    engine.getQuantitiesOfUnit(last);
+    engine.getSymbolsOfUnit(last);
+  });
+}
+
+/// The highest first, and as many texts that are refused.
+Work bundle(int size, UnitsEngine& engine) {
+  std::vector<std::string> texts;
+  for (const std::string& text : textsOf(chain(size), factorText)) {
+    texts.push_back(text);
+    texts.emplace_back();
+  }
+  return bundleLoad(bundleOf(texts), engine);
+}
+
+template <class TextOf>
+Work cycle(int size, TextOf textOf, UnitsEngine& engine) {
+  Work work = batch(textsOf(circle(size), textOf), engine);
+  work.run = [build = work.run] { check(isRefusal(outcome(build)), "a cycle is not refused"); };
+  return work;
 }
 
 struct Form {
@@ -112,143 +189,35 @@ struct Form {
 constexpr Form forms[] = {
     {"chain", chain}, {"diamond", diamond}, {"star", star}, {"ladder", ladder}};
 
-/// The schema texts, the highest first, and the build.
-template <class TextOf>
-Work batch(const Tree& tree, TextOf textOf, Units::UnitsEngine& engine) {
-  std::vector<std::string> texts;
-  Work work;
-  for (auto node = tree.nodes.rbegin(); node != tree.nodes.rend(); ++node) {
-    texts.push_back(textOf(node->first, node->second));
-    work.bytes += texts.back().size();
-  }
-  work.run = [texts, &engine] {
-    for (const std::string& text : texts) engine.addDefinition(text);
-    engine.buildSchemas();
-  };
-  return work;
-}
-
-template <class Add>
-Work addition(const Tree& tree, Add add, Units::UnitsEngine& engine) {
-  Work work;
-  work.run = [tree, add, &engine] {
-    for (const auto& [typeId, parents] : tree.nodes) add(engine, typeId, parents);
-  };
-  return work;
-}
-
-/// A unit above the last factor.
-void addOver(const Tree& tree, Units::UnitsEngine& engine) {
-  addition(tree, addFactor, engine).run();
-  engine.addUnit(Units::Unit(
-      "over", "n", Units::System::Metric,
-      Units::DerivedUnitComponent({{"inch", 1}}, Units::FactorComponent(1, {{tree.last(), 1}}))));
-}
-
-Work preparation(const std::string& from, const std::string& to, Units::UnitsEngine& engine) {
-  Work work;
-  work.run = [=, &engine] { Units::PreparedConversion(engine, from, to)(1); };
-  return work;
-}
-
-Work factorsPrepared(const Tree& tree, Units::UnitsEngine& engine) {
-  addOver(tree, engine);
-  return preparation("over", "inch", engine);
-}
-
-Work unitsPrepared(const Tree& tree, Units::UnitsEngine& engine) {
-  addition(tree, addUnit, engine).run();
-  return preparation(tree.last(), tree.nodes.front().first, engine);
-}
-
-Work factorQueries(const Tree& tree, Units::UnitsEngine& engine) {
-  addOver(tree, engine);
-  const std::string last = tree.last();
-  Work work;
-  work.run = [&engine, last] {
-    engine.convert(1, "over", "inch");
-    engine.getDependencies("over");
-    engine.getDefinition(last);
-    engine.getFactors();
-  };
-  return work;
-}
-
-Work unitQueries(const Tree& tree, Units::UnitsEngine& engine) {
-  addition(tree, addUnit, engine).run();
-  const std::string last = tree.last();
-  const std::string first = tree.nodes.front().first;
-  engine.addSymbol(Units::Symbol("over", engine.getUnit(last),
-                                 Units::PrefixOrSuffix("over", Units::Placement::Suffix, true)));
-  std::vector<Units::Unit> units;
-  for (const auto& [typeId, unit] : engine.getUnits()) units.push_back(unit);
-  engine.addQuantity(Units::Quantity("all", "n", units));
-  Work work;
-  work.run = [=, &engine] {
-    engine.canConvert(last, first);
-    outcome([&] { return bits(engine.convert(1, last, first)); });
-    outcome([&] { return bits(engine.evaluateExpressionInUnit(last, "2 over + 3 over")); });
-    engine.getConvertibleUnits(first);
-    engine.getUnitsWithPrimitivePowers({{first, 1}});
-    engine.getDependencies("all");
-    engine.getDefinition("all");
-    engine.getPrimitiveUnits();
-    engine.getQuantitiesOfUnit(last);
-    engine.getSymbolsOfUnit(last);
-  };
-  return work;
-}
-
-/// The highest first, and as many texts that are refused.
-Work bundle(int size, Units::UnitsEngine& engine) {
-  std::vector<std::string> texts;
-  const Tree tree = chain(size);
-  for (auto node = tree.nodes.rbegin(); node != tree.nodes.rend(); ++node) {
-    texts.push_back(factorText(node->first, node->second));
-    texts.emplace_back();
-  }
-  return bundleLoad(bundleOf(texts), engine);
-}
-
-/// Each over the next one, and the last over the first: the build refuses it.
-template <class TextOf>
-Work circle(int size, TextOf textOf, Units::UnitsEngine& engine) {
-  Tree tree = chain(size);
-  tree.nodes.front().second = {{tree.last(), 1}};
-  Work work = batch(tree, textOf, engine);
-  work.run = [build = work.run] {
-    check(outcome([&] { return build(), std::string(); }).find("ValidationException: ") == 0,
-          "a circle is not refused");
-  };
-  return work;
-}
-
-void addForm(const Form& form, std::vector<Shape>& shapes) {
-  const auto add = [&](const char* what, auto prepare) {
-    shapes.push_back({std::string(form.name) + " of " + what, Shape::Definitions,
-                      [&form, prepare](int size, Units::UnitsEngine& engine) {
-                        return prepare(form.make(size), engine);
-                      }});
-  };
-  add("factors, added", [](const Tree& t, auto& e) { return addition(t, addFactor, e); });
-  add("factors, built", [](const Tree& t, auto& e) { return batch(t, factorText, e); });
-  add("factors, asked", factorQueries);
-  add("factors, prepared", factorsPrepared);
-  add("units, added", [](const Tree& t, auto& e) { return addition(t, addUnit, e); });
-  add("units, built", [](const Tree& t, auto& e) { return batch(t, unitText, e); });
-  add("units, asked", unitQueries);
-  add("units, prepared", unitsPrepared);
-}
+struct Use {
+  const char* name;
+  Work (*prepare)(const Tree& tree, UnitsEngine& engine);
+};
+constexpr Use uses[] = {
+    {"factors, added", [](const Tree& t, UnitsEngine& e) { return addition(t, addFactor, e); }},
+    {"factors, built",
+     [](const Tree& t, UnitsEngine& e) { return batch(textsOf(t, factorText), e); }},
+    {"factors, asked", factorQueries},
+    {"factors, prepared", factorsPrepared},
+    {"units, added", [](const Tree& t, UnitsEngine& e) { return addition(t, addUnit, e); }},
+    {"units, built", [](const Tree& t, UnitsEngine& e) { return batch(textsOf(t, unitText), e); }},
+    {"units, asked", unitQueries},
+    {"units, prepared", unitsPrepared}};
 
 }  // namespace
 
 std::vector<Shape> definitionShapes() {
-  std::vector<Shape> shapes;
-  for (const Form& form : forms) addForm(form, shapes);
-  shapes.push_back({"bundle of factors", Shape::Definitions, bundle});
-  shapes.push_back({"circle of factors, built", Shape::Definitions,
-                    [](int size, auto& engine) { return circle(size, factorText, engine); }});
-  shapes.push_back({"circle of units, built", Shape::Definitions,
-                    [](int size, auto& engine) { return circle(size, unitText, engine); }});
+  std::vector<Shape> shapes = {
+      {"bundle of factors", Shape::Definitions, bundle},
+      {"cycle of factors, built", Shape::Definitions,
+       [](int size, UnitsEngine& engine) { return cycle(size, factorText, engine); }},
+      {"cycle of units, built", Shape::Definitions,
+       [](int size, UnitsEngine& engine) { return cycle(size, unitText, engine); }}};
+  for (const Form& form : forms)
+    for (const Use& use : uses)
+      shapes.push_back({std::string(form.name) + " of " + use.name, Shape::Definitions,
+                        [&form, &use](int size, UnitsEngine& engine) {
+                          return use.prepare(form.make(size), engine);
+                        }});
   return shapes;
 }

@@ -31,10 +31,9 @@ dirent* readdir(DIR* folder) {
 #endif
 
 FileLoads::FileLoads() {
-  int number = 0;
-  for (const std::string& text : sampleSchemas())
-    tree_.write("sub/" + std::to_string(++number) + ".json", text);
   std::vector<std::string> texts = sampleSchemas();
+  for (std::size_t number = 0; number < texts.size(); ++number)
+    tree_.write("sub/" + std::to_string(number) + ".json", texts[number]);
   texts.back().insert(0, 100000, ' ');  // longer than what is read at a time
   tree_.write("bundle", bundleOf(texts));
 }
@@ -48,14 +47,8 @@ Operation FileLoads::folder() const {
   return load;
 }
 
-Operation FileLoads::bundle() const {
-  return loading("addDefinitionsFromFile", [file = tree_.path("bundle").string()](auto& e) {
-    Schemas::SchemaBundle::addDefinitionsFromFile(file, e);
-  });
-}
-
-Operation FileLoads::missingBundle() const {
-  return loading("addDefinitionsFromFile, refused", [file = tree_.path("none").string()](auto& e) {
+Operation FileLoads::bundle(const std::string& name) const {
+  return loading("addDefinitionsFromFile of " + name, [file = tree_.path(name).string()](auto& e) {
     Schemas::SchemaBundle::addDefinitionsFromFile(file, e);
   });
 }

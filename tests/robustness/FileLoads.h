@@ -1,6 +1,6 @@
-/// The sample as a folder of schema files and as a bundle in a file. The loading of the folder
-/// fails from the opening of a file on: the standard library's walk over folders, which comes
-/// before, may end the process where an allocation of its own fails.
+/// The sample as a folder of schema files and as a bundle in a file. Allocations of the folder load
+/// fail only after a file is opened: before that the standard library walks over folders, which may
+/// end the process where one of its own allocations fails.
 #pragma once
 
 #include "tests/robustness/Operations.h"
@@ -18,8 +18,7 @@ class FileLoads {
   FileLoads();
 
   Operation folder() const;
-  Operation bundle() const;
-  Operation missingBundle() const;
+  Operation bundle(const std::string& name = "bundle") const;
 
  private:
   FolderTree tree_;

@@ -1,6 +1,6 @@
-#include <TrelvonUnits/Limits.h>
-
 #include "tests/robustness/Shapes.h"
+
+#include <TrelvonUnits/Limits.h>
 
 namespace {
 
@@ -62,26 +62,16 @@ constexpr Row rows[] = {
 
 std::string resolve(const std::string& name) { return name == "x" ? "1" : "(1 + x)"; }
 
-Work evaluation(const std::string& formula, Units::UnitsEngine& engine,
-                const VariableResolver& resolver) {
-  Work work;
-  work.bytes = formula.size();
-  const auto counted = [resolver, substituted = work.substituted](const std::string& name) {
-    std::string text = resolver(name);
-    *substituted += text.size();
-    return text;
-  };
-  work.run = [=, &engine] {
-    outcome([&] { return bits(engine.evaluateExpressionInUnit("foot", formula, counted)); });
-  };
-  return work;
+Work inFeet(const std::string& formula, Units::UnitsEngine& engine,
+            const Units::VariableResolver& resolver = resolve) {
+  return evaluation("foot", formula, engine, resolver);
 }
 
 Shape inOneText() {
   return {"an identifier that stands for it all", Shape::Formula,
           [](int size, Units::UnitsEngine& engine) {
             const std::string text = repeated("1+(2*3)-", size) + "1";
-            return evaluation("x", engine, [text](const std::string&) { return text; });
+            return inFeet("x", engine, [text](const std::string&) { return text; });
           }};
 }
 
@@ -94,7 +84,7 @@ Shape nestedTexts() {
               const int left = std::stoi(name.substr(1));
               return left == 1 ? std::string("1") : "n" + std::to_string(left - 1);
             };
-            return evaluation(formula + "1", engine, resolver);
+            return inFeet(formula + "1", engine, resolver);
           }};
 }
 
@@ -102,14 +92,12 @@ Shape nestedTexts() {
 Shape manySymbols() {
   return {"symbols", Shape::Formula, [](int size, Units::UnitsEngine& engine) {
             std::string formula = "1 ft";
-            const Units::Unit foot = engine.getUnit("foot");
             for (int number = 0; number < size; ++number) {
               const std::string text = "ft" + std::to_string(number);
-              engine.addSymbol(Units::Symbol(
-                  "s" + text, foot, Units::PrefixOrSuffix(text, Units::Placement::Suffix, true)));
+              addSuffix(engine, "s" + text, "foot", text);
               formula += "+1 " + text;
             }
-            return evaluation(formula, engine, resolve);
+            return inFeet(formula, engine);
           }};
 }
 
@@ -121,7 +109,7 @@ std::vector<Shape> formulaShapes() {
     shapes.push_back({row.name, Shape::Formula, [&row](int size, Units::UnitsEngine& engine) {
                         const std::string formula =
                             repeated(row.before, size) + row.middle + repeated(row.after, size);
-                        return evaluation(formula, engine, resolve);
+                        return inFeet(formula, engine);
                       }});
   shapes.push_back(inOneText());
   shapes.push_back(nestedTexts());

@@ -1,23 +1,20 @@
 /// Runs one shape once, for callgrind to count: `Growth SHAPE SIZE`. Without arguments it lists the
-/// shapes. Only what happens in `measured` counts.
-#include <cstdlib>
-
-#include "tests/robustness/Findings.h"
+/// shapes, with --proportions those of small definitions with two dimensions blown up. Only what
+/// happens in `measured` counts.
 #include "tests/robustness/Shapes.h"
+#include "tests/support/Check.h"
+
+#include <cstdlib>
 
 extern "C" __attribute__((noinline)) void measured(const Work& work) { work.run(); }
 
 int main(int count, char** arguments) {
   if (count != 3) {
-    for (const Shape& shape : allShapes()) report(shape.name);
+    for (const Shape& shape : count == 1 ? allShapes() : proportionShapes()) report(shape.name);
     return 0;
   }
+  const Shape* const shape = findShape(arguments[1]);
+  if (shape == nullptr) return report("No shape is called ", arguments[1]), 2;
   const Engine engine = sampleEngine();
-  for (const Shape& shape : allShapes()) {
-    if (shape.name != arguments[1]) continue;
-    measured(shape.prepare(std::atoi(arguments[2]), *engine));
-    return 0;
-  }
-  report(std::string("No shape is called ") + arguments[1]);
-  return 2;
+  measured(shape->prepare(std::atoi(arguments[2]), *engine));
 }

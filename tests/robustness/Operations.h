@@ -1,11 +1,11 @@
-/// Every operation of an engine, as a row, for those who make it fail.
+/// Every operation of an engine, as a row, for programs that make it fail.
 #pragma once
+
+#include "tests/support/Sample.h"
 
 #include <functional>
 #include <string>
 #include <vector>
-
-#include "tests/robustness/Sample.h"
 
 struct Operation {
   std::string name;

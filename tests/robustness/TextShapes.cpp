@@ -35,14 +35,9 @@ const Row rows[] = {
 };
 
 Work addition(const std::string& text, Units::UnitsEngine& engine) {
-  Work work;
-  work.bytes = text.size();
-  work.run = [=, &engine] {
-    outcome([&] {
-      engine.addDefinition(text);
-      engine.buildSchemas();
-      return engine.getDefinition("new");
-    });
+  Work work = batch({text}, engine);
+  work.run = [build = work.run, &engine] {
+    outcome([&] { return build(), engine.getDefinition("new"); });
   };
   return work;
 }
@@ -88,35 +83,30 @@ std::string itemsOf(const Numbered& row, int size) {
 
 std::vector<Shape> textShapes() {
   std::vector<Shape> shapes;
+  const auto add = [&](const char* name, auto textOf) {
+    shapes.push_back({name, Shape::Text, [textOf](int size, Units::UnitsEngine& engine) {
+                        return addition(textOf(size), engine);
+                      }});
+  };
   for (const Row& row : rows)
-    shapes.push_back({row.name, Shape::Text, [&row](int size, Units::UnitsEngine& engine) {
-                        return addition(quoted(dimensionHead + std::string(row.head) +
-                                               repeated(row.before, size) + row.middle +
-                                               repeated(row.after, size) + row.tail),
-                                        engine);
-                      }});
+    add(row.name, [&row](int size) {
+      return quoted(dimensionHead + std::string(row.head) + repeated(row.before, size) +
+                    row.middle + repeated(row.after, size) + row.tail);
+    });
   for (const Numbered& row : numbered)
-    shapes.push_back({row.name, Shape::Text, [&row](int size, Units::UnitsEngine& engine) {
-                        return addition(
-                            schema("new", row.kind, row.constants + itemsOf(row, size) + row.end),
-                            engine);
-                      }});
-  shapes.push_back({"a long type id", Shape::Text, [](int size, Units::UnitsEngine& engine) {
-                      return addition(schema(std::string(static_cast<std::size_t>(size), 'i'),
-                                             "factor", "{'id':'factor','value':2}"),
-                                      engine);
-                    }});
+    add(row.name, [&row](int size) {
+      return schema("new", row.kind, {row.constants + itemsOf(row, size) + row.end});
+    });
+  add("a long type id", [](int size) { return factor(repeated("i", size), {}); });
+  add("unclosed at the start", [](int size) { return repeated("[", size); });
   shapes.push_back(
       {"empty texts in a bundle", Shape::Text, [](int size, Units::UnitsEngine& engine) {
-         const std::vector<std::string> texts(static_cast<std::size_t>(size));
-         return bundleLoad(bundleOf(texts), engine);
+         return bundleLoad(bundleOf(std::vector<std::string>(static_cast<std::size_t>(size))),
+                           engine);
        }});
   shapes.push_back(
       {"a long text in a bundle", Shape::Text, [](int size, Units::UnitsEngine& engine) {
          return bundleLoad(bundleOf({repeated(" ", size)}), engine);
        }});
-  shapes.push_back({"unclosed at the start", Shape::Text, [](int size, Units::UnitsEngine& engine) {
-                      return addition(repeated("[", size), engine);
-                    }});
   return shapes;
 }

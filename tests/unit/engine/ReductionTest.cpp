@@ -4,7 +4,7 @@
 #include "engine/UnitsEngineImpl.h"
 #include "registry/Commit.h"
 #include "tests/support/Messages.h"
-#include "tests/unit/schema/SchemaTexts.h"
+#include "tests/support/SchemaTexts.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

@@ -1,6 +1,5 @@
 #include "tests/support/FolderTree.h"
 #include "tests/support/Messages.h"
-#include "tests/unit/loading/RecordingEngine.h"
 
 #include <TrelvonUnits/SchemaUtility.h>
 #include "json/JSON.h"
@@ -15,6 +14,7 @@
 #include <set>
 #include <utility>
 
+#include "tests/support/HostEngine.h"
 using namespace std::string_literals;
 
 namespace fs = std::filesystem;

@@ -1,7 +1,7 @@
 #include "registry/Registries.h"
 #include "schema/Definitions.h"
 #include "tests/support/Messages.h"
-#include "tests/unit/schema/SchemaTexts.h"
+#include "tests/support/SchemaTexts.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "schema/Definitions.h"
 #include "tests/support/Messages.h"
-#include "tests/unit/schema/SchemaTexts.h"
+#include "tests/support/SchemaTexts.h"
 
 #include <gtest/gtest.h>
 #include <vector>

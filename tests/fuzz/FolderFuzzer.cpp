@@ -1,17 +1,14 @@
 /// Folders of any content, made on disk: exactly the schema files below subfolders are read, each
 /// up to its first NUL, and an engine survives what they hold.
-#include <TrelvonUnits/TrelvonUnits.h>
+#include "tests/fuzz/Fuzzer.h"
+#include "tests/support/FolderTree.h"
+#include "tests/support/HostEngine.h"
+#include "tests/support/RandomDefinitions.h"
+
 #include <sys/stat.h>
 
-#include <cstdint>
 #include <memory>
 #include <set>
-
-#include "tests/fuzz/Choices.h"
-#include "tests/fuzz/Demand.h"
-#include "tests/fuzz/RandomSchemas.h"
-#include "tests/support/FolderTree.h"
-#include "tests/unit/loading/RecordingEngine.h"
 
 namespace {
 
@@ -19,11 +16,11 @@ namespace fs = std::filesystem;
 
 class RandomTree {
  public:
-  explicit RandomTree(Choices& choices) : choices_(choices), schemas_(choices) {
+  explicit RandomTree(Random& random) : random_(random), definitions_(random) {
     const std::string outside = content();
     elsewhere_.write("outside.json", outside);
     elsewhere_.write("sub/never.json", "behind a link to a folder");
-    for (std::size_t count = choices_.below(10); count > 0; --count) addEntry(outside);
+    for (std::size_t count = random_.below(10); count > 0; --count) addEntry(outside);
   }
 
   /// The texts that must be read; in which order is the file system's affair.
@@ -35,9 +32,9 @@ class RandomTree {
  private:
   std::string content() {
     static const char* const pieces[] = {"{", "}", "\"typeid\"", "x", "\xFF", "\r\n", "[", ":"};
-    if (choices_.oneIn(3)) return schemas_.next();
-    std::string text = choices_.text(pieces, 12);
-    if (choices_.oneIn(4)) text.insert(choices_.below(text.size() + 1), 1, '\0');
+    if (random_.oneIn(3)) return definitions_.nextText();
+    std::string text = random_.text(pieces, 12);
+    if (random_.oneIn(4)) text.insert(random_.below(text.size() + 1), 1, '\0');
     return text;
   }
 
@@ -45,13 +42,13 @@ class RandomTree {
     static const char* const folders[] = {"", "a/", "a/", "b.json/", "a/c/", ".d/"};
     static const char* const names[] = {"1.json", "2.json", "3.JSON",  ".json",
                                         "..json", "4.txt",  "5.json~", "e.x.json"};
-    const std::string folder = choices_.oneOf(folders);
-    const std::string name = choices_.oneOf(names);
+    const std::string folder = random_.oneOf(folders);
+    const std::string name = random_.oneOf(names);
     const fs::path path = tree_.path(folder + name);
     if (fs::exists(fs::symlink_status(path))) return;
     fs::create_directories(path.parent_path());
     const bool isRead = !folder.empty() && path.extension() == ".json";
-    switch (choices_.below(8)) {
+    switch (random_.below(8)) {
       case 1:
         fs::create_symlink(elsewhere_.path("outside.json"), path);
         return expect(isRead, outside);
@@ -60,7 +57,7 @@ class RandomTree {
       case 3:
         return fs::create_directory_symlink(elsewhere_.path(), path);
       case 4:
-        demand(::mkfifo(path.c_str(), 0644) == 0, "no pipe: ", path);
+        check(::mkfifo(path.c_str(), 0644) == 0, "no pipe: ", path);
         return;
       case 5:
         hasLoop = true;
@@ -76,8 +73,8 @@ class RandomTree {
     if (isRead) expected.insert(text.substr(0, text.find('\0')));
   }
 
-  Choices& choices_;
-  RandomSchemas schemas_;
+  Random& random_;
+  Units::RandomDefinitions definitions_;
   const FolderTree tree_;
   const FolderTree elsewhere_;
 };
@@ -87,26 +84,24 @@ bool load(const RandomTree& tree, Units::UnitsEngine& engine) {
   try {
     Schemas::SchemaUtility::addDefinitionsFromFolder(tree.root(), engine);
   } catch (const fs::filesystem_error&) {
-    demand(tree.hasLoop, "broken off");
+    check(tree.hasLoop, "broken off");
     return false;
   }
-  demand(!tree.hasLoop, "not broken off");
+  check(!tree.hasLoop, "not broken off");
   return true;
 }
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  Choices choices(data, size);
-  const RandomTree tree(choices);
+void fuzz(Random& random) {
+  const RandomTree tree(random);
   Units::RecordingEngine recording;
   if (load(tree, recording)) {
     const std::multiset<std::string> texts(recording.texts.begin(), recording.texts.end());
-    demand(texts == tree.expected && recording.builds == 1, texts.size(), " texts");
+    check(texts == tree.expected && recording.builds == 1, texts.size(), " texts");
   }
   const std::unique_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());
-  messageOrNone<Units::ValidationException>([&] { load(tree, *engine); });
+  validated([&] { load(tree, *engine); });
   for (const auto& [typeId, unit] : engine->getUnits())
-    demand(engine->canConvert(typeId, typeId), typeId);
-  return 0;
+    check(engine->canConvert(typeId, typeId), typeId);
 }

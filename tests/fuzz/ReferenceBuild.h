@@ -12,10 +12,10 @@
 
 #include "registry/Registries.h"
 
-/// Looks at a batch that is still pending.
-class LiteralBuild {
+/// Of a batch that is still pending.
+class ReferenceBuild {
  public:
-  explicit LiteralBuild(const Units::Registries& registries) : all_(registries) {}
+  explicit ReferenceBuild(const Units::Registries& registries) : all_(registries) {}
 
   /// @throws Units::ValidationException  what the build must throw.
   void check() const {

@@ -1,24 +1,21 @@
-/// Batches of schemas, built and asked for. What a build says or stores is what a literal walk over
+/// Batches of schemas, built and asked for. What a build says or stores is what a plain walk over
 /// the batch says, whatever the order of adding; what it stores is consistent.
-#include <cstdint>
-#include <vector>
-
 #include "engine/UnitsEngineImpl.h"
 #include "schema/Definitions.h"
-#include "tests/fuzz/Choices.h"
-#include "tests/fuzz/Demand.h"
 #include "tests/fuzz/EngineProperties.h"
-#include "tests/fuzz/LiteralBuild.h"
-#include "tests/fuzz/RandomSchemas.h"
+#include "tests/fuzz/Fuzzer.h"
+#include "tests/fuzz/ReferenceBuild.h"
 #include "tests/fuzz/StoredIds.h"
+#include "tests/support/RandomDefinitions.h"
+
+#include <vector>
 
 namespace {
 
 using Units::Registries;
-using Units::ValidationException;
 using Texts = std::vector<std::string>;
 
-constexpr std::size_t mostSchemas = 15;  // the literal walk is exponential
+constexpr std::size_t mostSchemas = 15;  // the plain walk is exponential
 
 /// Texts as they stand, one behind each NUL.
 std::vector<Texts> split(const std::string& bytes) {
@@ -32,15 +29,15 @@ std::vector<Texts> split(const std::string& bytes) {
   return batches;
 }
 
-std::vector<Texts> make(Choices& choices) {
-  RandomSchemas schemas(choices);
+std::vector<Texts> make(Random& random) {
+  Units::RandomDefinitions definitions(random);
   std::vector<Texts> batches(3);
   for (Texts& batch : batches)
     for (std::size_t count = 0; count < mostSchemas; ++count) {
-      batch.push_back(schemas.next());
-      if (choices.oneIn(64)) {  // a byte that does not belong there
+      batch.push_back(definitions.nextText());
+      if (random.oneIn(64)) {  // a byte that does not belong there
         std::string& text = batch.back();
-        text[choices.below(text.size())] = static_cast<char>(choices.below(256));
+        text[random.below(text.size())] = static_cast<char>(random.below(256));
       }
     }
   return batches;
@@ -53,32 +50,29 @@ class Builder {
     for (auto text = accepted.rbegin(); text != accepted.rend(); ++text)
       addDefinition(*text, backwards_);
 
-    const std::string expected =
-        messageOrNone<ValidationException>([&] { LiteralBuild(forwards_).check(); });
+    const std::string expected = validated([&] { ReferenceBuild(forwards_).check(); });
     std::set<std::string> ids = storedIds(forwards_);
     if (expected.empty()) {
       ids.insert(forwards_.pendingTypeIds.begin(), forwards_.pendingTypeIds.end());
       stored_.insert(stored_.end(), accepted.begin(), accepted.end());
     }
     for (Registries* registries : {&forwards_, &backwards_}) {
-      demandEqual(messageOrNone<ValidationException>([&] { buildSchemas(*registries); }), expected,
-                  "a build");
-      demand(storedIds(*registries) == ids && registries->pendingTypeIds.empty(),
-             "what is registered after \"", expected, '"');
+      checkEqual(validated([&] { buildSchemas(*registries); }), expected, "a build");
+      check(storedIds(*registries) == ids && registries->pendingTypeIds.empty(),
+            "what is registered after \"", expected, '"');
     }
   }
 
   /// All that was built, at once.
-  void check() const {
+  void checkAll() const {
     Units::UnitsEngineImpl engine;
     for (const std::string& text : stored_) engine.addDefinition(text);
     engine.buildSchemas();
     for (const std::string& id : storedIds(forwards_)) {
-      const std::string definition =
-          textOrMessage<ValidationException>([&] { return engine.getDefinition(id); });
-      demandEqual(definition, definitionOf(id, forwards_), id);
-      demandEqual(definition, definitionOf(id, backwards_), id);
-      demand(engine.getDependencies(id) == getDependencies(id, backwards_), id);
+      const std::string definition = validated([&] { return engine.getDefinition(id); });
+      checkEqual(definition, definitionOf(id, forwards_), id);
+      checkEqual(definition, definitionOf(id, backwards_), id);
+      check(engine.getDependencies(id) == getDependencies(id, backwards_), id);
     }
     checkEngine(engine);
   }
@@ -88,12 +82,11 @@ class Builder {
     Texts accepted;
     for (const std::string& text : batch) {
       const std::size_t pending = forwards_.pendingTypeIds.size();
-      const std::string refusal =
-          messageOrNone<ValidationException>([&] { addDefinition(text, forwards_); });
+      const std::string refusal = validated([&] { addDefinition(text, forwards_); });
       if (refusal.empty())
         accepted.push_back(text);
       else
-        demand(forwards_.pendingTypeIds.size() == pending, "a refused schema leaves a trace");
+        check(forwards_.pendingTypeIds.size() == pending, "a refused schema leaves a trace");
     }
     return accepted;
   }
@@ -105,11 +98,9 @@ class Builder {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  Choices choices(data, size);
-  const std::vector<Texts> batches = choices.takes('#') ? make(choices) : split(choices.rest());
+void fuzz(Random& random) {
+  const std::vector<Texts> batches = random.takes('#') ? make(random) : split(random.rest());
   Builder builder;
   for (const Texts& batch : batches) builder.build(batch);
-  builder.check();
-  return 0;
+  builder.checkAll();
 }

@@ -1,15 +1,13 @@
 /// Formulas, with a resolver that answers out of the input. Tokens are those of a tokenizer that
 /// searches everything anew, a formula has one answer however it is written, and the engine that
 /// was asked answers as before.
-#include <cstdint>
+#include "tests/fuzz/Fuzzer.h"
+#include "tests/fuzz/ReferenceTokenizer.h"
+#include "tests/support/RandomFormulas.h"
+#include "tests/unit/formula/FormulaSample.h"
+
 #include <string>
 #include <vector>
-
-#include "tests/fuzz/Choices.h"
-#include "tests/fuzz/Demand.h"
-#include "tests/fuzz/FormulaRoads.h"
-#include "tests/fuzz/ReferenceTokenizer.h"
-#include "tests/unit/formula/FormulaSample.h"
 
 namespace {
 
@@ -27,11 +25,10 @@ const std::string symbolTexts[] = {"m",  "m/s", "m^2", "/m", "-",  "(",  "()", "
                                    "m ", "1",   "in",  "'",  "x",  "$",  "%",  "s",       "$-",
                                    "+",  "e",   "m-m", "*",  ")m", "\t", "12", "\xC2\xB0"};
 
-void addSymbols(Choices& choices, Sample& sample) {
-  for (std::size_t count = choices.below(12); count > 0; --count) {
-    const std::string& text = choices.oneOf(symbolTexts);
-    sample.add(text, "foot",
-               choices.oneIn(3) ? Units::Placement::Prefix : Units::Placement::Suffix);
+void addSymbols(Random& random, Sample& sample) {
+  for (std::size_t count = random.below(12); count > 0; --count) {
+    const std::string& text = random.oneOf(symbolTexts);
+    sample.add(text, "foot", random.oneIn(3) ? Units::Placement::Prefix : Units::Placement::Suffix);
   }
 }
 
@@ -60,9 +57,9 @@ void checkNumber(const FormulaToken& token, const Sample& sample) {
     double value = 0;
     const Units::Symbol* symbol = nullptr;
     const ExactText text(sign + std::string(token.text));
-    demand(Units::parseValueText(text, &value, &symbol, sample.texts()), token.text);
-    demandEqual(sign.empty() ? value : -value, token.value, token.text);
-    demand(symbol == token.symbol, token.text);
+    check(Units::parseValueText(text, &value, &symbol, sample.texts()), token.text);
+    checkEqual(sign.empty() ? value : -value, token.value, token.text);
+    check(symbol == token.symbol, token.text);
   }
 }
 
@@ -90,26 +87,36 @@ void checkFormula(const std::string& formula, const std::vector<std::string>& re
     token.text = taken;
     return any;
   });
-  demandEqual(got, expected, formula);
+  checkEqual(got, expected, formula);
 
   const std::string outcome = sample.outcome(text, makeResolver(replacements));
-  demandEqual(sample.outcome(text, makeResolver(replacements)), outcome, formula);
-  demandEqual(sample.outcome("2 ft + 3 lb / 2 lb * 2 in"), "27 inch^1", formula);
+  checkEqual(sample.outcome(text, makeResolver(replacements)), outcome, formula);
+  checkEqual(sample.outcome("2 ft + 3 lb / 2 lb * 2 in"), "27 inch^1", formula);
 }
 
-void checkRoads(Choices& choices) {
+/// The symbols are none of those whose words and marks make composite literals.
+const Vocabulary words = {
+    [](Random& random) {
+      return random.oneOf({"1", "2", "3", "0.5", "7.25", "10", ".4", "1e3", "2E-2", "0x1.8p1"});
+    },
+    {{{"", "", "rad"}, {"lb", "st"}, {}}},
+    {"abs", "sqrt", "round", "sin", "exp", ""},
+    {"*", "/", "^"},
+    true};
+
+void checkEquivalents(Random& random) {
   static const Sample sample;
-  RandomFormulas formulas(choices);
-  const auto ways = formulas.make(choices.below(5)).ways;
+  RandomFormulas formulas(random, words);
+  const auto ways = formulas.make(random.between(0, 2), random.below(5)).ways;
   const auto resolver = [&](const std::string& name) {
     const auto found = formulas.variables.find(name);
     return found == formulas.variables.end() ? rejectIdentifier(name) : found->second;
   };
   const std::string outcome = sample.outcome(ways[bare]);
   for (const Way way : {full, spaced, applied})
-    demandEqual(sample.outcome(ways[way]), outcome, ways[way] + " for " + ways[bare]);
-  demandEqual(sample.outcome(ways[named], resolver), sample.outcome(ways[replaced]),
-              ways[named] + " for " + ways[replaced]);
+    checkEqual(sample.outcome(ways[way]), outcome, ways[way] + " for " + ways[bare]);
+  checkEqual(sample.outcome(ways[withNames], resolver), sample.outcome(ways[withTexts]),
+             ways[withNames] + " for " + ways[withTexts]);
 }
 
 /// The formula and the resolver's texts, with a ";" between them.
@@ -125,24 +132,22 @@ std::vector<std::string> split(const std::string& bytes) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  Choices choices(data, size);
-  if (choices.takes('#')) {
-    for (int count = 0; count < 8; ++count) checkRoads(choices);
-    return 0;
+void fuzz(Random& random) {
+  if (random.takes('#')) {
+    for (int count = 0; count < 8; ++count) checkEquivalents(random);
+    return;
   }
   Sample sample;
-  if (choices.takes('%')) {
-    addSymbols(choices, sample);
+  if (random.takes('%')) {
+    addSymbols(random, sample);
     for (int count = 0; count < 4; ++count) {
-      const std::string formula = choices.text(pieces, 14);
-      checkFormula(formula, {choices.text(pieces, 4), choices.text(pieces, 8), "x", "1+1"}, sample);
+      const std::string formula = random.text(pieces, 14);
+      checkFormula(formula, {random.text(pieces, 4), random.text(pieces, 8), "x", "1+1"}, sample);
     }
-    return 0;
+    return;
   }
-  std::vector<std::string> texts = split(choices.rest());
+  std::vector<std::string> texts = split(random.rest());
   const std::string formula = texts.front();
   texts.front() = "1 ft";
   checkFormula(formula, texts, sample);
-  return 0;
 }

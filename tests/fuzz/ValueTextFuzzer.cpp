@@ -1,23 +1,21 @@
 /// Values to display text and back. Numbers are read as strtod reads them and written as a stream
 /// writes them; symbols are found as a walk over all of them finds them; what was written reads
 /// back to what is written the same.
-#include <algorithm>
-#include <cfloat>
-#include <cmath>
-#include <cstdint>
-#include <cstdlib>
-#include <iomanip>
-#include <locale>
-#include <numeric>
-#include <sstream>
-
-#include "tests/fuzz/Choices.h"
-#include "tests/fuzz/Demand.h"
+#include "tests/fuzz/Fuzzer.h"
 #include "tests/unit/text/TextSymbols.h"
 #include "text/ClassicNumber.h"
 #include "text/CompositeReaders.h"
 #include "text/DisplayText.h"
 #include "text/ValueText.h"
+
+#include <algorithm>
+#include <cfloat>
+#include <cmath>
+#include <cstdlib>
+#include <iomanip>
+#include <locale>
+#include <numeric>
+#include <sstream>
 
 namespace {
 
@@ -52,10 +50,10 @@ void checkNumber(const std::string& text) {
   const LeadingNumber expected = byStrtod(text);
   const ExactText exact(text);
   const LeadingNumber read = readClassicDouble(exact);
-  demandEqual(read.length, expected.length, text);
+  checkEqual(read.length, expected.length, text);
   // glibc errs among subnormal hexadecimal numbers.
   const bool errs = text.find_first_of("xX") < read.length && std::fabs(read.value) < DBL_MIN;
-  demand(errs || areSame(read.value, expected.value), text);
+  check(errs || areSame(read.value, expected.value), text);
 }
 
 void checkFixed(double value, unsigned char places) {
@@ -64,7 +62,7 @@ void checkFixed(double value, unsigned char places) {
   stream << std::fixed << std::setprecision(places) << std::fabs(value);
   std::string text = "=";
   appendFixed(text, value, places);
-  demandEqual(text, "=" + stream.str(), "fixed");
+  checkEqual(text, "=" + stream.str(), "fixed");
 }
 
 /// What any composite reader accepts is a value text, whole.
@@ -77,20 +75,20 @@ void checkText(const std::string& text) {
   const Symbol* symbol = nullptr;
   double read = 7;
   const bool isRead = parseValueText(exact, &read, &symbol, symbols().texts);
-  demand(!isComposite || isRead, text);
-  demand(isRead ? std::isfinite(read) : read == 7 && symbol == nullptr, text);
+  check(!isComposite || isRead, text);
+  check(isRead ? std::isfinite(read) : read == 7 && symbol == nullptr, text);
 }
 
 /// Every value has a text in every form, and it begins with its sign.
-void checkDisplay(double value, Choices& choices) {
+void checkDisplay(double value, Random& random) {
   for (const auto& [typeId, symbol] : symbols().records.records()) {
     if (typeId == "none") continue;
-    const auto places = static_cast<unsigned char>(choices.below(13));
-    const auto precision = static_cast<unsigned char>(choices.below(10));
+    const auto places = static_cast<unsigned char>(random.below(13));
+    const auto precision = static_cast<unsigned char>(random.below(10));
     for (const std::string& text :
-         {formatFixedPoint(value, places, &typeId, choices.oneIn(2), symbols().records),
+         {formatFixedPoint(value, places, &typeId, random.oneIn(2), symbols().records),
           formatFractional(value, precision, &typeId, symbols().records)})
-      demand(!text.empty() && (text[0] != '-' || value < 0 || std::isnan(value)), value, text);
+      check(!text.empty() && (text[0] != '-' || value < 0 || std::isnan(value)), value, text);
   }
 }
 
@@ -102,21 +100,21 @@ void checkReadingBack(const std::string& text, const std::string& symbol, const 
   const ExactText exact(text);
   double value = 0;
   const Symbol* found = nullptr;
-  demand(parseValueText(exact, &value, &found, symbols().texts), "not read: ", text);
-  demandEqual(found ? found->getTypeId() : "", symbol, text);
-  demandEqual(write(value, symbol), text, symbol);
+  check(parseValueText(exact, &value, &found, symbols().texts), "not read: ", text);
+  checkEqual(found ? found->getTypeId() : "", symbol, text);
+  checkEqual(write(value, symbol), text, symbol);
 }
 
 class WrittenTexts {
  public:
-  explicit WrittenTexts(Choices& choices) : choices_(choices) {}
+  explicit WrittenTexts(Random& random) : random_(random) {}
 
   void checkNumbers() {
-    const std::size_t shift = 24 + choices_.below(40);
-    const double magnitude = static_cast<double>(choices_.bits() >> shift) / 1024.0;
-    const double value = choices_.oneIn(2) ? -magnitude : magnitude;
-    const auto places = static_cast<unsigned char>(choices_.below(4));
-    const bool trims = choices_.oneIn(2);
+    const std::size_t shift = 24 + random_.below(40);
+    const double magnitude = static_cast<double>(random_.bits() >> shift) / 1024.0;
+    const double value = random_.oneIn(2) ? -magnitude : magnitude;
+    const auto places = static_cast<unsigned char>(random_.below(4));
+    const bool trims = random_.oneIn(2);
     for (const char* const symbol : {"meter", "squareMeter", "kilogram", "dollar", "euro"}) {
       const auto write = [&](double number, const std::string& typeId) {
         return formatFixedPoint(number, places, &typeId, trims, symbols().records);
@@ -126,12 +124,12 @@ class WrittenTexts {
   }
 
   void checkFractions() {
-    const auto precision = static_cast<unsigned char>(choices_.below(10));
+    const auto precision = static_cast<unsigned char>(random_.below(10));
     const std::size_t denominator = std::size_t{1} << precision;
-    const std::size_t numerator = choices_.below(denominator);
+    const std::size_t numerator = random_.below(denominator);
     const std::size_t divisor = std::gcd(numerator, denominator);
-    const std::size_t inches = choices_.below(12);
-    const bool hasHyphen = choices_.oneIn(2);
+    const std::size_t inches = random_.below(12);
+    const bool hasHyphen = random_.oneIn(2);
     std::string text = sign() + number(65536) + (hasHyphen ? "' - " : "' ");
     if (inches != 0 || numerator == 0) text += std::to_string(inches);
     if (inches != 0 && numerator != 0) text += ' ';
@@ -156,19 +154,19 @@ class WrittenTexts {
   }
 
  private:
-  std::string number(std::size_t limit) { return std::to_string(choices_.below(limit)); }
-  std::string sign() { return choices_.oneIn(2) ? "-" : ""; }
+  std::string number(std::size_t limit) { return std::to_string(random_.below(limit)); }
+  std::string sign() { return random_.oneIn(2) ? "-" : ""; }
 
-  Choices& choices_;
+  Random& random_;
 };
 
 /// Registries of symbols that share texts, searched by index and by walking.
 class SymbolWalk {
  public:
-  explicit SymbolWalk(Choices& choices) : choices_(choices) {
-    for (std::size_t batches = choices_.below(4); batches > 0; --batches) {
+  explicit SymbolWalk(Random& random) : random_(random) {
+    for (std::size_t batches = random_.below(4); batches > 0; --batches) {
       RecordStore<Symbol> batch;
-      for (std::size_t count = choices_.below(12); count > 0; --count) {
+      for (std::size_t count = random_.below(12); count > 0; --count) {
         const Symbol symbol = anySymbol();
         const std::string typeId = symbol.getTypeId();
         if (!symbols_.find(typeId) && !batch.find(typeId)) batch.add(symbol);
@@ -180,25 +178,25 @@ class SymbolWalk {
     }
   }
 
-  void check() {
+  void checkAll() {
     for (std::size_t form = 0; form < specialSymbolKeys.size(); ++form)
-      demand(texts_.composite(static_cast<CompositeForm>(form)) ==
-                 firstWithKey(specialSymbolKeys[form]),
-             specialSymbolKeys[form]);
+      check(texts_.composite(static_cast<CompositeForm>(form)) ==
+                firstWithKey(specialSymbolKeys[form]),
+            specialSymbolKeys[form]);
     for (int probe = 0; probe < 16; ++probe) {
       const ExactText exact(anyText(6));
       const std::string_view text = exact;
-      demand(texts_.withText(text) ==
-                 longest([&](const auto& shown) { return shown.getText() == text; }),
-             text);
-      demand(texts_.longestAtStart(text, std::nullopt) ==
-                 longest([&](const auto& shown) { return beginsWith(text, shown.getText()); }),
-             text);
+      check(texts_.withText(text) ==
+                longest([&](const auto& shown) { return shown.getText() == text; }),
+            text);
+      check(texts_.longestAtStart(text, std::nullopt) ==
+                longest([&](const auto& shown) { return beginsWith(text, shown.getText()); }),
+            text);
       for (const Placement placement : {Placement::Prefix, Placement::Suffix})
-        demand(texts_.longestAtStart(text, placement) == longest([&](const auto& shown) {
-                 return shown.getPlacement() == placement && beginsWith(text, shown.getText());
-               }),
-               text);
+        check(texts_.longestAtStart(text, placement) == longest([&](const auto& shown) {
+                return shown.getPlacement() == placement && beginsWith(text, shown.getText());
+              }),
+              text);
     }
   }
 
@@ -206,16 +204,16 @@ class SymbolWalk {
   std::string anyText(std::size_t most) {
     static const char* const pieces[] = {"a",  "a",        "b",    "m", "/", " ",
                                          "^2", "\xC2\xB0", "\xCE", "Z", "-"};
-    return choices_.text(pieces, most);
+    return random_.text(pieces, most);
   }
 
   Symbol anySymbol() {
     static const Unit unit("unit", "unit", System::Metric, PrimitiveUnitComponent());
-    std::string typeId = std::to_string(choices_.below(1000));
-    const Placement placement = choices_.oneIn(2) ? Placement::Prefix : Placement::Suffix;
-    if (!choices_.oneIn(4)) return {typeId, unit, PrefixOrSuffix(anyText(4), placement, true)};
+    std::string typeId = std::to_string(random_.below(1000));
+    const Placement placement = random_.oneIn(2) ? Placement::Prefix : Placement::Suffix;
+    if (!random_.oneIn(4)) return {typeId, unit, PrefixOrSuffix(anyText(4), placement, true)};
     for (const std::string_view key : specialSymbolKeys)
-      if (choices_.oneIn(3)) typeId += key;
+      if (random_.oneIn(3)) typeId += key;
     return {typeId, unit, std::nullopt};
   }
 
@@ -245,7 +243,7 @@ class SymbolWalk {
     return nullptr;
   }
 
-  Choices& choices_;
+  Random& random_;
   RecordStore<Symbol> symbols_;
   SymbolTexts texts_;
 };
@@ -259,28 +257,26 @@ const std::string pieces[] = {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  Choices choices(data, size);
-  if (choices.takes('#')) {
-    WrittenTexts written(choices);
+void fuzz(Random& random) {
+  if (random.takes('#')) {
+    WrittenTexts written(random);
     written.checkNumbers();
     written.checkFractions();
     written.checkDecimals();
-    SymbolWalk(choices).check();
-  } else if (choices.takes('%')) {
+    SymbolWalk(random).checkAll();
+  } else if (random.takes('%')) {
     const double value =
-        choices.oneIn(2) ? static_cast<double>(choices.bits()) / 1e6 : choices.anyDouble();
-    checkFixed(value, static_cast<unsigned char>(choices.below(13)));
-    checkDisplay(value, choices);
+        random.oneIn(2) ? static_cast<double>(random.bits()) / 1e6 : random.anyDouble();
+    checkFixed(value, static_cast<unsigned char>(random.below(13)));
+    checkDisplay(value, random);
     for (int count = 0; count < 16; ++count) {
-      const std::string text = choices.text(pieces, 9);
+      const std::string text = random.text(pieces, 9);
       checkNumber(text);
       checkText(text);
     }
   } else {
-    const std::string text = choices.rest();
+    const std::string text = random.rest();
     checkNumber(text);
     checkText(text);
   }
-  return 0;
 }
