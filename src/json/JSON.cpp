@@ -13,8 +13,8 @@ namespace {
 
 // A document of a usual schema, with the text that it is read from, takes no memory but its own,
 // which is a block that allocators keep at hand.
-constexpr std::size_t kFirstPoolBytes = 768;
-constexpr std::size_t kFirstStackBytes = 1024;
+constexpr std::size_t kFirstPoolBytes = 768;    // tuning
+constexpr std::size_t kFirstStackBytes = 1024;  // tuning
 
 }  // namespace
 

@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::size_t kChunkBytes = 65536;
+constexpr std::size_t kChunkBytes = 65536;  // tuning
 
 /// A status, where "not found" is an answer. All else is a failure of `operation`.
 fs::file_status checked(fs::file_status status, const std::error_code& error, const fs::path& path,

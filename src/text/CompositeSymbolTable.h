@@ -17,7 +17,7 @@ struct CompositeComponent {
 /// How a value is laid out under a composite symbol: from the component that it is counted in down
 /// to the one that takes what remains.
 struct CompositeLayout {
-  static constexpr std::size_t maximumComponents = 3;
+  static constexpr std::size_t maximumComponents = 3;  // tuning
 
   std::size_t count;
   std::array<CompositeComponent, maximumComponents> components;  // the first `count`
