@@ -1,6 +1,5 @@
-#include "formula/Expression.h"
-
 #include "formula/BinaryOperatorExpression.h"
+#include "formula/Expression.h"
 #include "formula/FunctionExpression.h"
 #include "formula/NumberConstantExpression.h"
 #include "formula/UnaryOperatorExpression.h"
