@@ -35,8 +35,32 @@ def condition_end(text, begin):
     return 0
 
 
+# Capacities, growth and short cuts, which change no result: `// tuning: why` at the end of a line
+# exempts it, `// tuning {` and `// tuning }` what stands between them. Reserving needs no mark.
+TUNING = re.compile(r"//\ tuning\ \{.*?//\ tuning\ \} | ^[^\n]*(?://\ tuning\b|\breserve\()[^\n]*",
+                    re.VERBOSE | re.DOTALL | re.MULTILINE)
+
+
 def changes(text):
-    """All mutations of a source: begin, end, replacement."""
+    """All mutations of a source except those of tuning: begin, end, replacement."""
+    tuning = [match.span() for match in TUNING.finditer(text)]
+    for change in all_changes(text):
+        if not any(begin <= change[0] < end for begin, end in tuning):
+            yield change
+
+
+def context(text, begin, end, new, reach=4):
+    """A mutation with the words around it in its line, so that edits elsewhere leave it as it is."""
+    def words(part):
+        return re.findall(r'"(?:\\.|[^"\\])*"|\w+|[^\w\s]+', re.sub(r"//.*", "", part))
+    before = words(text[text.rfind("\n", 0, begin) + 1:begin])[-reach:]
+    after = words(text[end:text.find("\n", end)])[:reach]
+    old = text[begin:end]
+    change = f"not {old})" if new.startswith("(!(") else f"{old} => {new}"
+    return " ".join([*before, f"[{change}]", *after])
+
+
+def all_changes(text):
     for token in TOKEN.finditer(text):
         begin, end = token.span()
         kind, old = token.lastgroup, token.group()

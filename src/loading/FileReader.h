@@ -12,7 +12,7 @@ namespace Schemas {
 /// Reads a file from its beginning, chunk by chunk.
 class FileReader {
  public:
-  static constexpr std::size_t chunkBytes = 65536;
+  static constexpr std::size_t chunkBytes = 65536;  // tuning
 
   /// Opens a file of any type. Never waits for a writer: a FIFO that nobody has open for writing
   /// reads as an empty file.

@@ -43,7 +43,7 @@ bool hasWideInstructions() { return false; }
 
 void convertAll(const double* values, double* converted, std::size_t count, double fromOffset,
                 double fromFactor, double toFactor, double toOffset) {
-  if (hasWideInstructions())
+  if (hasWideInstructions())  // tuning
     convertWide(values, converted, count, fromOffset, fromFactor, toFactor, toOffset);
   else
     convertEach(values, converted, count, fromOffset, fromFactor, toFactor, toOffset);

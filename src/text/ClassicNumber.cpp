@@ -56,7 +56,7 @@ void appendFixed(std::string& out, double value, unsigned char decimalPlaces) {
 #if defined(__cpp_lib_to_chars)
   constexpr std::size_t mostWholeDigits = std::numeric_limits<double>::max_exponent10 + 1;
   constexpr std::size_t mostPlaces = std::numeric_limits<unsigned char>::max();
-  char digits[mostWholeDigits + 1 + mostPlaces];
+  char digits[mostWholeDigits + 1 + mostPlaces];  // tuning
   const auto written = std::to_chars(std::begin(digits), std::end(digits), std::fabs(value),
                                      std::chars_format::fixed, decimalPlaces);
   out.append(digits, static_cast<std::size_t>(written.ptr - digits));
@@ -66,7 +66,7 @@ void appendFixed(std::string& out, double value, unsigned char decimalPlaces) {
 }
 
 void appendWhole(std::string& out, std::uint64_t value) {
-  char digits[std::numeric_limits<std::uint64_t>::digits10 + 1];
+  char digits[std::numeric_limits<std::uint64_t>::digits10 + 1];  // tuning
   const auto written = std::to_chars(std::begin(digits), std::end(digits), value);
   out.append(digits, static_cast<std::size_t>(written.ptr - digits));
 }

@@ -17,7 +17,7 @@ struct CompositeComponent {
 /// How a value is laid out under a composite symbol: from the component that the value is counted
 /// in down to the one that shows the remainder.
 struct CompositeLayout {
-  static constexpr std::size_t maximumComponents = 3;
+  static constexpr std::size_t maximumComponents = 3;  // tuning
 
   std::size_t count;
   std::array<CompositeComponent, maximumComponents> components;  // the first `count`

@@ -146,19 +146,6 @@ TEST(Reduction, RefusesAbsoluteParents) {
               "Parent unit scale is absolute, but all parent units must be relative.");
 }
 
-TEST(Commit, TakesNoRecordThatRestsOnNothing) {
-  using E = UnrecognizedIdentifierException;
-  EXPECT_EQ(messageOf<E>([] {
-              stored({{"unit", derivedUnit("unit", {{"gone", 1}})}});
-            }),
-            "Could not find unit with typeid gone.");
-  const Factor record("factor", FactorComponent(Parents{{"gone", 1}}));
-  EXPECT_EQ(messageOf<E>([&] {
-              stored({}, {{"factor", record}});
-            }),
-            "Could not find factor with typeid gone.");
-}
-
 TEST(Powers, AreTheSameOrReciprocalOrNeither) {
   const int least = std::numeric_limits<int>::min();
   const struct {

@@ -1,10 +1,9 @@
-#include "formula/Expression.h"
-
 #include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <utility>
 #include "formula/BinaryOperatorExpression.h"
+#include "formula/Expression.h"
 #include "formula/FunctionExpression.h"
 #include "formula/NumberConstantExpression.h"
 #include "formula/UnaryOperatorExpression.h"
