@@ -16,5 +16,7 @@ int main(int count, char** arguments) {
   const Shape* const shape = findShape(arguments[1]);
   if (shape == nullptr) return report("No shape is called ", arguments[1]), 2;
   const Engine engine = sampleEngine();
-  measured(shape->prepare(std::atoi(arguments[2]), *engine));
+  const Work work = shape->prepare(std::atoi(arguments[2]), *engine);
+  measured(work);
+  report(work.bytes, " bytes");
 }

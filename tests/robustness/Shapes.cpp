@@ -3,7 +3,7 @@
 const std::vector<Shape>& allShapes() {
   static const std::vector<Shape> all = [] {
     std::vector<Shape> shapes = formulaShapes();
-    for (const auto& more : {textShapes(), definitionShapes(), knownProportions()})
+    for (const auto& more : {textShapes(), definitionShapes()})
       shapes.insert(shapes.end(), more.begin(), more.end());
     return shapes;
   }();

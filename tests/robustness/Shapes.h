@@ -59,7 +59,6 @@ struct Proportion {
 /// Every dimension alone, and every pair.
 std::vector<Proportion> proportions();
 std::vector<Shape> proportionShapes();
-std::vector<Shape> knownProportions();  ///< Those that have cost too much before.
 
 /// The loading of a bundle.
 Work bundleLoad(const std::string& bundle, Units::UnitsEngine& engine);
