@@ -19,7 +19,7 @@ bool isInOrder(const Power* begin, const Power* end) {
 
 /// Orders powers by inserting one after the other: the quickest way for the few of nearly all
 /// units.
-void orderFew(Power* begin, Power* end) {
+void insertionSort(Power* begin, Power* end) {
   for (Power* next = begin; next != end; ++next) {
     const Power power = *next;
     Power* place = next;
@@ -31,11 +31,11 @@ void orderFew(Power* begin, Power* end) {
 }  // namespace
 
 void combinePowers(Powers& powers, std::size_t first) {
-  constexpr std::size_t mostInserted = 8;
+  constexpr std::size_t maxInsertionSorted = 8;
   Power* const begin = powers.begin() + first;
   if (isInOrder(begin, powers.end())) return;
-  if (powers.size() - first <= mostInserted)
-    orderFew(begin, powers.end());
+  if (powers.size() - first <= maxInsertionSorted)
+    insertionSort(begin, powers.end());
   else
     std::sort(begin, powers.end(), isBefore);
 

@@ -83,7 +83,7 @@ void Reducer::enter(const RecordNode<Unit>& unit, const Powers& powers) {
                                      " is absolute, but all parent units must be relative.");
   const std::size_t workBefore = work_;
   path_.push_back(
-      {&unit, ownFactor(unit), 0, powers.size(), powers.size() + mostUncombined, workBefore});
+      {&unit, ownFactor(unit), 0, powers.size(), powers.size() + maxUncombined, workBefore});
 }
 
 /// Multiplies the next parent of the last unit on the path in, or puts it on the path.
@@ -109,9 +109,9 @@ void Reducer::takeNextParent(Powers& powers) {
 /// Adds up the powers that a unit on the path has so far when they are twice as many as they were
 /// then: parents that share primitive units cost no more memory than those have.
 void Reducer::combineIfMany(UnitStep& step, Powers& powers) {
-  if (powers.size() < step.mostPowers) return;
+  if (powers.size() < step.combineAt) return;
   combinePowers(powers, step.firstPower);
-  step.mostPowers = 2 * powers.size() - step.firstPower + mostUncombined;
+  step.combineAt = 2 * powers.size() - step.firstPower + maxUncombined;
 }
 
 /// Takes the last unit, which has all its parents, off the path, and multiplies it into the one
@@ -136,11 +136,11 @@ double Reducer::finish(Powers& powers) {
 
 /// Remembers a unit that is reduced if that is quicker than to reduce it again.
 void Reducer::remember(const UnitStep& done, const Powers& powers) {
-  constexpr std::size_t leastWork = 16;
-  if (purpose_ != Purpose::Listing && work_ - done.workBefore < leastWork) return;
+  constexpr std::size_t minWork = 16;
+  if (purpose_ != Purpose::Listing && work_ - done.workBefore < minWork) return;
   const KnownUnit known = {done.factor, knownPowers_.size(), powers.size() - done.firstPower};
   knownPowers_.append(powers.begin() + done.firstPower, powers.end());
-  units_.remember(done.unit, known);
+  units_.insert(done.unit, known);
 }
 
 /// Adds the powers of a remembered unit.
@@ -183,7 +183,7 @@ double Reducer::valueOf(const RecordNode<Factor>& root) {
       continue;
     }
     const double value = step.value;
-    factors_.remember(step.factor, value);
+    factors_.insert(step.factor, value);
     factorPath_.pop_back();
     if (factorPath_.empty()) return value;
   }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/Memo.h"
+#include "engine/PointerMap.h"
 #include "engine/Powers.h"
 #include "model/RecordNode.h"
 #include "model/ShortList.h"
@@ -48,7 +48,7 @@ class Reducer {
     double factor;
     std::size_t next;
     std::size_t firstPower;  // its powers so far are those from here on
-    std::size_t mostPowers;  // when there are so many in all, its own are added up
+    std::size_t combineAt;   // when there are so many in all, its own are added up
     std::size_t workBefore;  // when it was entered
   };
   struct FactorStep {
@@ -64,7 +64,7 @@ class Reducer {
     std::size_t powerCount;
   };
 
-  static constexpr std::size_t mostUncombined = 64;
+  static constexpr std::size_t maxUncombined = 64;
 
   double reduceRelative(const RecordNode<Unit>& unit, Powers& powers);
   void enter(const RecordNode<Unit>& unit, const Powers& powers);
@@ -78,9 +78,9 @@ class Reducer {
 
   const Purpose purpose_;
   std::size_t work_ = 0;  // powers and factors looked at so far, the measure of what took long
-  Memo<RecordNode<Unit>, KnownUnit> units_;
+  PointerMap<RecordNode<Unit>, KnownUnit> units_;
   Powers knownPowers_;
-  Memo<RecordNode<Factor>, double> factors_;
+  PointerMap<RecordNode<Factor>, double> factors_;
   ShortList<UnitStep, 4> path_;
   ShortList<FactorStep, 4> factorPath_;
 };

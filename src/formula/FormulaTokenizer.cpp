@@ -21,13 +21,13 @@ std::string_view withoutTrailingSeparators(std::string_view text) {
 
 FormulaTokenizer::FormulaTokenizer(std::string_view formula, const Units::SymbolTexts& symbols,
                                    const Units::UnitMath& unitMath, VariableResolver resolver,
-                                   int mostSubstitutions)
+                                   int maxSubstitutions)
     : text_(formula),
       operators_(unitMath),
       symbols_(symbols),
       unitMath_(unitMath),
       resolver_(std::move(resolver)),
-      substitutionsLeft_(mostSubstitutions) {}
+      substitutionsLeft_(maxSubstitutions) {}
 
 bool FormulaTokenizer::nextToken(FormulaToken& token) {
   while (true) {

@@ -40,10 +40,10 @@ struct FormulaToken {
 class FormulaTokenizer {
  public:
   /// @param formula           must outlive the tokenizer.
-  /// @param mostSubstitutions how many identifiers may be replaced.
+  /// @param maxSubstitutions how many identifiers may be replaced.
   FormulaTokenizer(std::string_view formula, const Units::SymbolTexts& symbols,
                    const Units::UnitMath& unitMath, VariableResolver resolver,
-                   int mostSubstitutions = Units::maximumSubstitutions);
+                   int maxSubstitutions = Units::maximumSubstitutions);
 
   /// False when no token is left.
   /// @throws Units::ParseException  an identifier resolves to itself, or a limit of

@@ -27,13 +27,13 @@ class OperatorSearch {
   void restart();
 
  private:
-  static constexpr std::size_t reach = Units::LiteralEnds::most;
+  static constexpr std::size_t maxEnds = Units::LiteralEnds::most;
 
   void dropPassed(std::string_view rest);
   void findNext(std::string_view rest);
 
-  std::array<bool, 256> isOperator_ = {};      // by byte
-  std::array<std::size_t, reach> found_ = {};  // distances from the end of the text
+  std::array<bool, 256> isOperator_ = {};        // by byte
+  std::array<std::size_t, maxEnds> found_ = {};  // distances from the end of the text
   std::size_t count_ = 0;
   bool foundAll_ = false;
 };

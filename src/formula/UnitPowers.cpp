@@ -22,8 +22,8 @@ bool isBefore(const UnitPower& a, const UnitPower& b) { return std::less<>()(a.u
 /// Sorts by unit and keeps the order of equals. The few of nearly all products are inserted one
 /// after the other: the standard library's sort would take memory first.
 void sortByUnit(UnitPower* begin, UnitPower* end) {
-  constexpr std::ptrdiff_t mostInserted = 16;
-  if (end - begin > mostInserted) return std::stable_sort(begin, end, isBefore);
+  constexpr std::ptrdiff_t maxInsertionSorted = 16;
+  if (end - begin > maxInsertionSorted) return std::stable_sort(begin, end, isBefore);
   for (UnitPower* next = begin; next != end; ++next)
     std::rotate(std::upper_bound(begin, next, *next, isBefore), next, next + 1);
 }
@@ -60,10 +60,10 @@ void UnitPowers::combine(UnitPowers&& other, double sign) {
 }
 
 void UnitPowers::append(const UnitPowers& other, double sign) {
-  constexpr std::size_t mostAdded = 16;
+  constexpr std::size_t maxUnsettled = 16;
   powers_.reserve(powers_.size() + other.powers_.size());
   for (const auto& [unit, exponent] : other) powers_.push_back({unit, sign_ * sign * exponent});
-  if (powers_.size() > 2 * settled_ + mostAdded) settle();
+  if (powers_.size() > 2 * settled_ + maxUnsettled) settle();
 }
 
 /// Exponents of a unit are added in the order in which they came: one is gone as soon as a sum is

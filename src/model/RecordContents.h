@@ -60,7 +60,7 @@ struct Factor::Contents : CountedContents {
 };
 
 struct AbsoluteUnitComponent::Contents : CountedContents {
-  Contents(const std::string& parent, double zero) : parentUnit(parent), offset(zero) {}
+  Contents(const std::string& parent, double distance) : parentUnit(parent), offset(distance) {}
 
   const std::string parentUnit;
   const double offset;
@@ -84,10 +84,10 @@ struct Unit::Contents : CountedContents {
   using Component =
       std::variant<AbsoluteUnitComponent, DerivedUnitComponent, PrimitiveUnitComponent>;
 
-  template <class KindOfComponent>
-  Contents(const std::string& id, const std::string& shown, System system,
-           const KindOfComponent& kind)
-      : typeId(id), name(shown), unitSystem(system), component(kind) {}
+  template <class ComponentKind>
+  Contents(const std::string& id, const std::string& unitName, System system,
+           const ComponentKind& ofKind)
+      : typeId(id), name(unitName), unitSystem(system), component(ofKind) {}
 
   const std::string typeId;
   const std::string name;
@@ -96,8 +96,8 @@ struct Unit::Contents : CountedContents {
 };
 
 struct PrefixOrSuffix::Contents : CountedContents {
-  Contents(const std::string& shown, Placement where, bool spaced)
-      : text(shown), placement(where), space(spaced) {}
+  Contents(const std::string& displayed, Placement side, bool spaced)
+      : text(displayed), placement(side), space(spaced) {}
 
   const std::string text;
   const Placement placement;
@@ -105,9 +105,9 @@ struct PrefixOrSuffix::Contents : CountedContents {
 };
 
 struct Symbol::Contents : CountedContents {
-  Contents(const std::string& id, const Unit& shown,
+  Contents(const std::string& id, const Unit& ofUnit,
            const std::optional<PrefixOrSuffix>& decoration)
-      : typeId(id), unit(shown), prefixOrSuffix(decoration) {}
+      : typeId(id), unit(ofUnit), prefixOrSuffix(decoration) {}
 
   const std::string typeId;
   const Unit unit;
@@ -115,8 +115,8 @@ struct Symbol::Contents : CountedContents {
 };
 
 struct Quantity::Contents : CountedContents {
-  Contents(const std::string& id, const std::string& shown, const std::vector<Unit>& listed)
-      : typeId(id), name(shown), units(listed) {}
+  Contents(const std::string& id, const std::string& quantityName, const std::vector<Unit>& listed)
+      : typeId(id), name(quantityName), units(listed) {}
 
   const std::string typeId;
   const std::string name;

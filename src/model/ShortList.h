@@ -10,7 +10,7 @@ namespace Units {
 
 /// A list of plain values that is nearly always short: the first `few` lie within it, and only a
 /// longer one takes memory from the heap. Apart from that, a vector.
-template <class T, std::size_t few>
+template <class T, std::size_t inlineCapacity>
 class ShortList {
   static_assert(std::is_trivially_copyable_v<T>);
 
@@ -36,9 +36,9 @@ class ShortList {
     return *this;
   }
 
-  T* begin() { return heap_ ? heap_.get() : few_; }
+  T* begin() { return heap_ ? heap_.get() : inline_; }
   T* end() { return begin() + size_; }
-  const T* begin() const { return heap_ ? heap_.get() : few_; }
+  const T* begin() const { return heap_ ? heap_.get() : inline_; }
   const T* end() const { return begin() + size_; }
   std::size_t size() const { return size_; }
   bool empty() const { return size_ == 0; }
@@ -95,17 +95,17 @@ class ShortList {
  private:
   void take(ShortList& other) noexcept {
     heap_ = std::move(other.heap_);
-    if (!heap_) std::copy(other.few_, other.few_ + other.size_, few_);
+    if (!heap_) std::copy(other.inline_, other.inline_ + other.size_, inline_);
     size_ = other.size_;
     capacity_ = other.capacity_;
     other.size_ = 0;
-    other.capacity_ = few;
+    other.capacity_ = inlineCapacity;
   }
 
   std::unique_ptr<T[]> heap_;
   std::size_t size_ = 0;
-  std::size_t capacity_ = few;
-  T few_[few];
+  std::size_t capacity_ = inlineCapacity;
+  T inline_[inlineCapacity];
 };
 
 }  // namespace Units

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "model/CompositeForms.h"
 #include "model/RecordStore.h"
-#include "model/SpecialSymbols.h"
 #include "model/TextTree.h"
 
 #include <array>

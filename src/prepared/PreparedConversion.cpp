@@ -1,7 +1,7 @@
 #include <TrelvonUnits/PreparedConversion.h>
 
-#include "prepared/CoherentTwins.h"
 #include "prepared/ConversionLoops.h"
+#include "prepared/FactorFinder.h"
 
 #include <cmath>
 
@@ -29,12 +29,12 @@ PreparedConversion::PreparedConversion(const UnitsEngine& engine, const std::str
   engine.convert(0.0, fromUnitTypeId, toUnitTypeId);  // throws for the same reasons
   const Scale from = scaleOf(engine, fromUnitTypeId);
   const Scale to = scaleOf(engine, toUnitTypeId);
-  CoherentTwins twins(engine);
+  FactorFinder finder(engine);
   fromOffset_ = from.offset;
-  fromFactor_ = twins.factorOf(from.relativeUnit);
-  toFactor_ = twins.factorOf(to.relativeUnit);
+  fromFactor_ = finder.factorOf(from.relativeUnit);
+  toFactor_ = finder.factorOf(to.relativeUnit);
   toOffset_ = to.offset;
-  inverted_ = twins.areReciprocal(from.relativeUnit, to.relativeUnit);
+  inverted_ = finder.areReciprocal(from.relativeUnit, to.relativeUnit);
 }
 
 double PreparedConversion::reciprocalOf(double value) { return std::pow(value, -1.0); }

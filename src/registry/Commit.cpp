@@ -34,8 +34,8 @@ void linkFactors(Registries& registries) {
 }
 
 bool isSimple(const RecordNode<Unit>& unit) {
-  constexpr std::size_t mostParents = 8;
-  return !unit.isAbsolute && unit.parents.size() + unit.parentFactors.size() <= mostParents &&
+  constexpr std::size_t maxParents = 8;
+  return !unit.isAbsolute && unit.parents.size() + unit.parentFactors.size() <= maxParents &&
          std::all_of(unit.parents.begin(), unit.parents.end(), [](const auto& power) {
            return RecordAccess::primitive(power.parent->record) != nullptr;
          });

@@ -11,11 +11,11 @@
 
 namespace Units {
 
-/// How far the walks of one build have come with a record.
-enum class Walk { UnderWay, Finished };
+/// How far the states of one build have come with a record.
+enum class VisitState { OnPath, Finished };
 
 template <class Record>
-using Walks = std::unordered_map<const Record*, Walk>;
+using VisitStates = std::unordered_map<const Record*, VisitState>;
 
 /// Walks from a record of the running build depth first over its parents, in type id order. Ends at
 /// stored records, which passed this when they were stored.
@@ -27,15 +27,15 @@ using Walks = std::unordered_map<const Record*, Walk>;
 /// finished.
 ///
 /// @param parentsOf  gives the parents of a record, by type id; may refuse it by an exception.
-/// @param walks      of this build, among records of this kind.
+/// @param states      of this build, among records of this kind.
 /// @throws ValidationException  a parent is neither stored nor in the build, or is on the path that
 ///                              leads to it.
 template <class SchemaData, class Record, class ParentsOf>
 void checkAncestry(const std::string& root, const KindRegistry<SchemaData, Record>& registry,
-                   const ParentsOf& parentsOf, Walks<Record>& walks) {
+                   const ParentsOf& parentsOf, VisitStates<Record>& states) {
   using Parent = ParentList::const_iterator;
   struct Step {
-    Walk* walk;
+    VisitState* state;
     Parent next;
     Parent end;
   };
@@ -44,13 +44,13 @@ void checkAncestry(const std::string& root, const KindRegistry<SchemaData, Recor
     if (registry.objects.find(id)) return;
     const Record* const built = registry.built.find(id);
     if (!built) throw ValidationException("Parent " + id + " has an unexpected type.");
-    const auto [walk, isFirst] = walks.try_emplace(built, Walk::UnderWay);
-    if (!isFirst && walk->second == Walk::Finished) return;
+    const auto [state, isFirst] = states.try_emplace(built, VisitState::OnPath);
+    if (!isFirst && state->second == VisitState::Finished) return;
     if (!isFirst)
       throw ValidationException("A schema identifies its descendant " + id +
                                 " as one of its parents.");
     const ParentList& parents = parentsOf(*built);
-    path.push_back({&walk->second, parents.begin(), parents.end()});
+    path.push_back({&state->second, parents.begin(), parents.end()});
   };
   visit(root);
   while (!path.empty()) {
@@ -58,7 +58,7 @@ void checkAncestry(const std::string& root, const KindRegistry<SchemaData, Recor
     if (step.next != step.end) {
       visit((step.next++)->first);
     } else {
-      *step.walk = Walk::Finished;
+      *step.state = VisitState::Finished;
       path.pop_back();
     }
   }

@@ -48,9 +48,9 @@ void checkBuiltFactors(const FactorRegistry& factors) {
   const auto parentsOf = [](const Factor& factor) -> const ParentList& {
     return RecordAccess::parentFactorPowers(RecordAccess::factorComponent(factor));
   };
-  Walks<Factor> walks;
+  VisitStates<Factor> states;
   for (const auto& [typeId, node] : factors.built.nodes())
-    checkAncestry(RecordAccess::typeId(node.record), factors, parentsOf, walks);
+    checkAncestry(RecordAccess::typeId(node.record), factors, parentsOf, states);
 }
 
 [[noreturn]] void refuseParent(const std::string& parent, const char* kind,
@@ -60,7 +60,8 @@ void checkBuiltFactors(const FactorRegistry& factors) {
 }
 
 void checkDerived(const std::string& typeId, const DerivedUnitComponent& derived,
-                  const FactorRegistry& factors, const UnitRegistry& units, Walks<Unit>& walks) {
+                  const FactorRegistry& factors, const UnitRegistry& units,
+                  VisitStates<Unit>& states) {
   const FactorComponent& component = RecordAccess::factorComponent(derived);
   for (const auto& [parent, exponent] : RecordAccess::parentFactorPowers(component))
     findDependency(factors, parent, typeId);
@@ -74,7 +75,7 @@ void checkDerived(const std::string& typeId, const DerivedUnitComponent& derived
     const auto* const isDerived = RecordAccess::derived(unit);
     return isDerived ? RecordAccess::parentUnitPowers(*isDerived) : none;
   };
-  checkAncestry(typeId, units, parentsOf, walks);
+  checkAncestry(typeId, units, parentsOf, states);
 }
 
 void checkAbsolute(const std::string& typeId, const AbsoluteUnitComponent& absolute,
@@ -88,11 +89,11 @@ void checkAbsolute(const std::string& typeId, const AbsoluteUnitComponent& absol
 }
 
 void checkBuiltUnits(const FactorRegistry& factors, const UnitRegistry& units) {
-  Walks<Unit> walks;
+  VisitStates<Unit> states;
   for (const auto& [id, node] : units.built.nodes()) {
     const std::string& typeId = RecordAccess::typeId(node.record);
     if (const auto* const derived = RecordAccess::derived(node.record))
-      checkDerived(typeId, *derived, factors, units, walks);
+      checkDerived(typeId, *derived, factors, units, states);
     else if (const auto* const absolute = RecordAccess::absolute(node.record))
       checkAbsolute(typeId, *absolute, units);
   }

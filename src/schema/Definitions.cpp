@@ -26,9 +26,9 @@ namespace {
 /// Keeps a schema as pending.
 /// @return  those of `dependencies` that are not registered then; a schema that names itself is.
 template <class SchemaData, class Record>
-std::set<std::string> keep(const std::string& typeId, SchemaData&& data,
-                           std::set<std::string> dependencies,
-                           KindRegistry<SchemaData, Record>& kind, Registries& registries) {
+std::set<std::string> storePending(const std::string& typeId, SchemaData&& data,
+                                   std::set<std::string> dependencies,
+                                   KindRegistry<SchemaData, Record>& kind, Registries& registries) {
   for (auto id = dependencies.begin(); id != dependencies.end();)
     id = *id == typeId || isRegistered(*id, registries) ? dependencies.erase(id) : std::next(id);
   std::map<std::string, SchemaData> made;
@@ -66,23 +66,26 @@ std::set<std::string> addDefinition(const std::string& text, Registries& registr
   const std::string& typeId = header.typeId;
   checkTypeId(typeId, registries);
   if (auto data = readDimensionSchema(header))
-    return keep(typeId, *std::move(data), {}, registries.dimensions, registries);
+    return storePending(typeId, *std::move(data), {}, registries.dimensions, registries);
   if (auto data = readFactorSchema(header)) {
     auto dependencies = factorSchemaDependencies(*data);
-    return keep(typeId, *std::move(data), std::move(dependencies), registries.factors, registries);
+    return storePending(typeId, *std::move(data), std::move(dependencies), registries.factors,
+                        registries);
   }
   if (auto data = readUnitSchema(header)) {
     auto dependencies = unitSchemaDependencies(*data);
-    return keep(typeId, *std::move(data), std::move(dependencies), registries.units, registries);
+    return storePending(typeId, *std::move(data), std::move(dependencies), registries.units,
+                        registries);
   }
   if (auto data = readSymbolSchema(header)) {
     auto dependencies = symbolSchemaDependencies(*data);
-    return keep(typeId, *std::move(data), std::move(dependencies), registries.symbols, registries);
+    return storePending(typeId, *std::move(data), std::move(dependencies), registries.symbols,
+                        registries);
   }
   if (auto data = readQuantitySchema(header)) {
     auto dependencies = quantitySchemaDependencies(*data);
-    return keep(typeId, *std::move(data), std::move(dependencies), registries.quantities,
-                registries);
+    return storePending(typeId, *std::move(data), std::move(dependencies), registries.quantities,
+                        registries);
   }
   throw ValidationException("Inheritance from an unrecognized base schema.");
 }

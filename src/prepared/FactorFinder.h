@@ -15,10 +15,10 @@ namespace Units {
 /// A second engine gets a copy of the unit and a twin: a unit of the same primitive units all of
 /// whose factors are 1. From the copy to its twin, 1 converts to the factor, to the bit:
 /// pow((0 + 1) * factor, 1) / 1 - 0.
-class CoherentTwins {
+class FactorFinder {
  public:
   /// @param source  units and factors are copied from it; must outlive this.
-  explicit CoherentTwins(const UnitsEngine& source);
+  explicit FactorFinder(const UnitsEngine& source);
 
   /// @param unitTypeId  a relative unit of the source.
   double factorOf(const std::string& unitTypeId);

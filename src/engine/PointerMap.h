@@ -10,12 +10,12 @@ namespace Units {
 /// What was found for records, by the address of each: a hash table that costs nothing to make, and
 /// little to fill and to drop, since all of that happens within one call.
 template <class Key, class Value>
-class Memo {
+class PointerMap {
  public:
-  Memo() = default;
+  PointerMap() = default;
 
   /// With room for `count` keys.
-  explicit Memo(std::size_t count) {
+  explicit PointerMap(std::size_t count) {
     for (size_ = 16; size_ < 2 * count;) size_ *= 2;
     slots_ = std::make_unique<Slot[]>(size_);
   }
@@ -28,7 +28,7 @@ class Memo {
   }
 
   /// @param key  one that nothing is known for.
-  void remember(const Key* key, const Value& value) {
+  void insert(const Key* key, const Value& value) {
     if (2 * count_ >= size_) grow();
     slots_[placeOf(key)] = {key, value};
     ++count_;
@@ -50,7 +50,7 @@ class Memo {
   }
 
   void grow() {
-    Memo larger(size_ ? size_ : 8);
+    PointerMap larger(size_ ? size_ : 8);
     for (std::size_t place = 0; place < size_; ++place)
       if (const Key* const key = slots_[place].key)
         larger.slots_[larger.placeOf(key)] = slots_[place];

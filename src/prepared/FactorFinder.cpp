@@ -1,4 +1,4 @@
-#include "prepared/CoherentTwins.h"
+#include "prepared/FactorFinder.h"
 
 #include <cmath>
 #include <cstdint>
@@ -60,10 +60,10 @@ void addParentsFirst(const std::string& root, std::set<std::string>& added,
 
 }  // namespace
 
-CoherentTwins::CoherentTwins(const UnitsEngine& source)
+FactorFinder::FactorFinder(const UnitsEngine& source)
     : source_(source), engine_(CreateUnitsEngine()) {}
 
-double CoherentTwins::factorOf(const std::string& unitTypeId) {
+double FactorFinder::factorOf(const std::string& unitTypeId) {
   addUnits(unitTypeId);
   const std::string copy = copyOf(unitTypeId);
   const std::string twin = twinOf(unitTypeId);
@@ -75,19 +75,19 @@ double CoherentTwins::factorOf(const std::string& unitTypeId) {
   return std::copysign(subnormal(engine_->convert(0x1p1000, copy, twin)), sign);
 }
 
-bool CoherentTwins::areReciprocal(const std::string& unitTypeId, const std::string& otherTypeId) {
+bool FactorFinder::areReciprocal(const std::string& unitTypeId, const std::string& otherTypeId) {
   addUnits(unitTypeId);
   addUnits(otherTypeId);
   return engine_->convert(2.0, twinOf(unitTypeId), twinOf(otherTypeId)) != 2.0;
 }
 
-void CoherentTwins::addUnits(const std::string& root) {
+void FactorFinder::addUnits(const std::string& root) {
   addParentsFirst(
       root, units_, [this](const std::string& typeId) { return parentsOfUnit(typeId); },
       [this](const std::string& typeId) { addUnitWithTwin(typeId); });
 }
 
-void CoherentTwins::addFactors(const std::string& root) {
+void FactorFinder::addFactors(const std::string& root) {
   addParentsFirst(
       root, factors_,
       [this](const std::string& typeId) {
@@ -96,12 +96,12 @@ void CoherentTwins::addFactors(const std::string& root) {
       [this](const std::string& typeId) { addFactor(typeId); });
 }
 
-CoherentTwins::Parents CoherentTwins::parentsOfUnit(const std::string& typeId) const {
+FactorFinder::Parents FactorFinder::parentsOfUnit(const std::string& typeId) const {
   const auto derived = source_.getUnit(typeId).getDerivedUnitComponent();
   return derived ? derived->getParentUnitPowers() : Parents();
 }
 
-void CoherentTwins::addUnitWithTwin(const std::string& typeId) {
+void FactorFinder::addUnitWithTwin(const std::string& typeId) {
   const auto add = [&](const std::string& name, const auto& component) {
     engine_->addUnit(Unit(name, name, System::Metric, component));
   };
@@ -121,7 +121,7 @@ void CoherentTwins::addUnitWithTwin(const std::string& typeId) {
   add(twinOf(typeId), DerivedUnitComponent(renamed(parents, twinOf), FactorComponent()));
 }
 
-void CoherentTwins::addFactor(const std::string& typeId) {
+void FactorFinder::addFactor(const std::string& typeId) {
   const FactorComponent component = source_.getFactor(typeId).getFactorComponent();
   engine_->addFactor(Factor(
       copyOf(typeId),
