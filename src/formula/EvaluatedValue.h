@@ -7,8 +7,8 @@
 
 /// A value of a formula and its units.
 ///
-/// Most units pass through unchanged from the unit that a literal names, so they are borrowed from
-/// its terms, which outlive the evaluation, and copied only by who changes or keeps them.
+/// Most units are those of a literal, unchanged. So they are borrowed from the UnitTerms of its
+/// unit, which outlive the evaluation, and copied only when they change.
 class EvaluatedValue {
  public:
   explicit EvaluatedValue(double number) : value(number) {}
@@ -30,13 +30,13 @@ class EvaluatedValue {
 
   bool isUnitless() { return units().empty(); }
 
-  /// Whether values may be added. Units that are lent by one unit of the engine need no look.
+  /// Whether the values may be added. Two units borrowed from the same UnitTerms are equal.
   bool hasSameUnitsAs(EvaluatedValue& other) {
     return (borrowed_ && borrowed_ == other.borrowed_) || haveSamePowers(units(), other.units());
   }
 
-  /// Makes this value's units those of its product with another, or of the quotient by it, whose
-  /// units are used up.
+  /// Set the units to those of the product with, or the quotient by, another value, whose units may
+  /// be moved from.
   void multiplyUnits(EvaluatedValue& other) {
     if (other.borrowed_)
       changeableUnits().multiplyBy(*other.borrowed_);
@@ -57,5 +57,5 @@ class EvaluatedValue {
   UnitPowers owned_;  // empty while units are borrowed
 };
 
-/// The operands that wait for their operator, the last one on top.
+/// A stack of operands that wait for their operator.
 using EvaluatedValues = std::vector<EvaluatedValue>;

@@ -29,7 +29,7 @@ Units::LiteralEnds OperatorSearch::findEnds(std::string_view rest) {
   while (count_ < maxEnds && !foundAll_) findNext(rest);
   Units::LiteralEnds all;
   for (; all.count < count_; ++all.count) all.ends[all.count] = rest.size() - found_[all.count];
-  if (foundAll_) all.ends[all.count++] = rest.size();  // so there is room for one more
+  if (foundAll_) all.ends[all.count++] = rest.size();  // then count_ < maxEnds
   return all;
 }
 

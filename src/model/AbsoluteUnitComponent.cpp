@@ -7,7 +7,7 @@ namespace Units {
 AbsoluteUnitComponent::AbsoluteUnitComponent(const std::string& parentUnit, double offset)
     : contents_(new Contents(parentUnit, offset)) {}
 
-// The contents are shared: moving copies, too.
+// Contents are shared, so a move is a copy.
 AbsoluteUnitComponent::AbsoluteUnitComponent(const AbsoluteUnitComponent& other) noexcept = default;
 AbsoluteUnitComponent::AbsoluteUnitComponent(AbsoluteUnitComponent&& other) noexcept = default;
 AbsoluteUnitComponent::~AbsoluteUnitComponent() = default;

@@ -14,10 +14,10 @@
 #include <variant>
 #include <vector>
 
-/// What the copies of a record share, by class: set when the record is made, and never changed.
+/// What all copies of a record share, by class. Set on construction and never changed.
 namespace Units {
 
-/// The base of all contents: how many records share them.
+/// The base of all contents: counts the records that share them.
 struct CountedContents {
   mutable std::atomic<std::size_t> owners{1};
 };
@@ -27,14 +27,13 @@ Shared<Contents>::Shared(const Shared& other) noexcept : contents_(other.content
   contents_->owners.fetch_add(1, std::memory_order_relaxed);
 }
 
-/// The last owner must see what all others did with the contents before it deletes them.
+/// Acquire and release: other owners' accesses must precede the deletion by the last owner.
 template <class Contents>
 Shared<Contents>::~Shared() {
   if (contents_->owners.fetch_sub(1, std::memory_order_acq_rel) == 1) delete contents_;
 }
 
-/// Parents and their exponents in type id order, in less memory than the map takes that they come
-/// in.
+/// Parents and their exponents in type id order. Takes less memory than a map.
 using ParentList = std::vector<std::pair<std::string, int>>;
 
 struct Dimension::Contents : CountedContents {

@@ -9,8 +9,7 @@ namespace Units {
 
 namespace {
 
-/// What a conversion needs of a unit: the offset that it adds, and the relative unit whose factor
-/// it multiplies by.
+/// What a conversion uses of a unit: the offset, and the relative unit that has the factor.
 struct Scale {
   double offset;
   std::string relativeUnit;
@@ -26,7 +25,7 @@ Scale scaleOf(const UnitsEngine& engine, const std::string& unitTypeId) {
 
 PreparedConversion::PreparedConversion(const UnitsEngine& engine, const std::string& fromUnitTypeId,
                                        const std::string& toUnitTypeId) {
-  engine.convert(0.0, fromUnitTypeId, toUnitTypeId);  // throws for the same reasons
+  engine.convert(0.0, fromUnitTypeId, toUnitTypeId);  // throws as every conversion would
   const Scale from = scaleOf(engine, fromUnitTypeId);
   const Scale to = scaleOf(engine, toUnitTypeId);
   FactorFinder finder(engine);

@@ -11,25 +11,24 @@
 
 namespace Units {
 
-/// How far the states of one build have come with a record.
+/// The progress of a depth-first search at a record.
 enum class VisitState { OnPath, Finished };
 
 template <class Record>
 using VisitStates = std::unordered_map<const Record*, VisitState>;
 
-/// Walks from a record of the running build depth first over its parents, in type id order. Ends at
-/// stored records, which passed this when they were stored.
+/// Checks the ancestors of a record of the current build: a depth-first search over parents in type
+/// id order. It stops at stored records, which were checked when they were stored.
 ///
-/// Each record is walked once in a build, for all roots together, with the same first fault as a
-/// walk that begins anew at every root: a record is finished when all that it rests on is, without
-/// a fault. No parent below it is missing or refused by `parentsOf`, which no path changes; and
-/// none lies on the path to it, since a record on the path is under way, while those below are
-/// finished.
+/// Each record is visited once per build, for all roots together. The first error is the same as if
+/// every root were searched from scratch: a record is finished only after all of its ancestors are,
+/// without an error. None of them is missing or rejected by `parentsOf`, whatever path leads to it,
+/// and none of them is on the current path, since records on the path are not finished.
 ///
-/// @param parentsOf  gives the parents of a record, by type id; may refuse it by an exception.
-/// @param states      of this build, among records of this kind.
-/// @throws ValidationException  a parent is neither stored nor in the build, or is on the path that
-///                              leads to it.
+/// @param parentsOf  returns the parents of a record, by type id; may throw to reject it.
+/// @param states     of this build and kind of record.
+/// @throws ValidationException  a parent is neither stored nor in the build, or is on the path to
+///                              itself.
 template <class SchemaData, class Record, class ParentsOf>
 void checkAncestry(const std::string& root, const KindRegistry<SchemaData, Record>& registry,
                    const ParentsOf& parentsOf, VisitStates<Record>& states) {

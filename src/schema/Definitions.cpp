@@ -23,8 +23,8 @@ namespace Units {
 
 namespace {
 
-/// Keeps a schema as pending.
-/// @return  those of `dependencies` that are not registered then; a schema that names itself is.
+/// Stores a schema as pending.
+/// @return  the `dependencies` that are not registered. The schema itself counts as registered.
 template <class SchemaData, class Record>
 std::set<std::string> storePending(const std::string& typeId, SchemaData&& data,
                                    std::set<std::string> dependencies,
@@ -35,12 +35,12 @@ std::set<std::string> storePending(const std::string& typeId, SchemaData&& data,
   const auto entry = made.try_emplace(typeId, std::move(data)).first;
   registries.pendingTypeIds.insert(entry->first);
 
-  // From here on nothing allocates or throws.
+  // From here on, nothing allocates or throws.
   kind.pending.merge(made);
   return dependencies;
 }
 
-/// Drops the batch of a build, whether it has been stored or not.
+/// Drops the batch of a build, whether the build succeeds or fails.
 struct BatchDropper {
   Registries& registries;
   const BuiltDropper built{registries};
@@ -54,7 +54,7 @@ struct BatchDropper {
   }
 };
 
-[[noreturn]] void refuse(const std::string& typeId) {
+[[noreturn]] void throwUnknownTypeId(const std::string& typeId) {
   throw UnrecognizedIdentifierException("Could not find any object with typeid " + typeId + ".");
 }
 
@@ -112,7 +112,7 @@ std::string getDefinition(const std::string& typeId, const Registries& registrie
     return writeSymbolSchema(*symbol);
   if (const auto* const quantity = registries.quantities.objects.find(typeId))
     return writeQuantitySchema(*quantity);
-  refuse(typeId);
+  throwUnknownTypeId(typeId);
 }
 
 std::set<std::string> getDependencies(const std::string& typeId, const Registries& registries) {
@@ -126,8 +126,8 @@ std::set<std::string> getDependencies(const std::string& typeId, const Registrie
     collectSymbolReferences(*symbol, references, units);
   else if (const auto* const quantity = registries.quantities.objects.find(typeId))
     collectQuantityReferences(*quantity, references, units);
-  else if (!isRegistered(typeId, registries))  // else a dimension, or pending
-    refuse(typeId);
+  else if (!isRegistered(typeId, registries))  // dimensions and pending schemas have none
+    throwUnknownTypeId(typeId);
   return std::move(references.typeIds);
 }
 
