@@ -1,5 +1,5 @@
-# The test `guard`: instructions instead of times. Its ratios are those of an optimized build with
-# g++; elsewhere it would cry wolf.
+# The test `guard` counts instructions instead of measuring time. The expected ratios are those of
+# an optimized build with g++; other builds would fail it.
 find_path(TRELVONUNITS_VALGRIND_DIR valgrind/callgrind.h DOC "Folder that holds valgrind/callgrind.h")
 find_program(TRELVONUNITS_VALGRIND valgrind)
 mark_as_advanced(TRELVONUNITS_VALGRIND_DIR TRELVONUNITS_VALGRIND)

@@ -1,5 +1,5 @@
-# Doubles are rounded after each step, in the order written. A compiler may otherwise fuse a
-# product with a sum, or turn pow(x, -1.0) into 1 / x, which gives other bits.
+# Doubles must be rounded after each step, in the order written. Otherwise a compiler may fuse a
+# product with a sum, or turn pow(x, -1.0) into 1 / x, which gives different bits.
 add_library(trelvon_arithmetic INTERFACE)
 target_compile_options(trelvon_arithmetic INTERFACE
   $<$<CXX_COMPILER_ID:GNU,Clang,AppleClang>:-ffp-contract=off;-fno-builtin-pow>)
@@ -12,8 +12,8 @@ if(TRELVONUNITS_DEVELOPER)
     $<$<CXX_COMPILER_ID:GNU,Clang,AppleClang>:-Werror>)
 endif()
 
-# Hidden visibility does not reach the standard library's templates: a std::map of our records is
-# exported as a weak symbol, unless the linker is told what the interface is.
+# Hidden visibility does not apply to templates of the standard library: a std::map of our records
+# is exported as a weak symbol, unless a version script lists the interface.
 function(trelvon_export_only_the_interface library)
   if(UNIX AND NOT APPLE)
     set(map ${PROJECT_SOURCE_DIR}/cmake/TrelvonUnits.map)

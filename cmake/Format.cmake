@@ -1,4 +1,4 @@
-# Lays out every source of the tree, or, with CHECK, fails when one is laid out otherwise.
+# Formats every source file or, with CHECK, fails if one is not formatted.
 #   cmake -D ROOT=<tree> -D CLANG_FORMAT=<program> [-D CHECK=ON] -P Format.cmake
 cmake_minimum_required(VERSION 3.25)
 
@@ -7,7 +7,7 @@ if(NOT CLANG_FORMAT)
 endif()
 execute_process(COMMAND ${CLANG_FORMAT} --version OUTPUT_VARIABLE version)
 if(NOT version MATCHES "version 14\\.")
-  # Another release breaks some lines elsewhere: it can neither check the layout nor keep it.
+  # Other releases break some lines differently, so they can neither check nor keep the layout.
   message(WARNING "The layout is clang-format 14's, but this is ${version}: nothing done.")
   return()
 endif()

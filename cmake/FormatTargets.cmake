@@ -1,4 +1,4 @@
-# By its own name first: the layout is that of release 14.
+# The layout is that of release 14, so prefer its own name.
 find_program(TRELVONUNITS_CLANG_FORMAT NAMES clang-format-14 clang-format)
 mark_as_advanced(TRELVONUNITS_CLANG_FORMAT)
 

@@ -1,6 +1,6 @@
-# Counts the instructions of works and of what each is held against, and fails when a ratio is over
-# the expected one by more than a tenth. Instructions, unlike times, are the same on a busy machine,
-# and their ratio is nearly the same on another one.
+# Counts the instructions of each operation and of its reference, and fails if a ratio exceeds the
+# expected one by more than a tenth. Unlike times, counts do not change on a busy machine, and their
+# ratios are nearly the same on other machines.
 #   cmake -D VALGRIND=<program> -D PROGRAM=<guard> -D FOLDER=<for its dumps> -D EXPECTED=<table>
 #         [-D UPDATE=ON] -P Guard.cmake
 cmake_minimum_required(VERSION 3.25)

@@ -1,4 +1,4 @@
-# Fails when a page does not hold an example as it is, program and output.
+# Fails if a page does not quote these files, programs and output, verbatim.
 #   cmake -D PAGE=<file> -D "QUOTED=<file>;<file>" -P Quotes.cmake
 file(READ ${PAGE} page)
 foreach(file IN LISTS QUOTED)

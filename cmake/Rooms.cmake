@@ -1,8 +1,8 @@
-# Reads every include of the tree and fails on an arrow that is not drawn here.
+# Reads every #include and fails on a dependency between modules that is not listed here.
 #   cmake -D ROOT=<tree> -P Rooms.cmake
 cmake_minimum_required(VERSION 3.25)
 
-# Every room sees itself and include/TrelvonUnits, and beyond them only what stands here.
+# Every module may include itself, include/TrelvonUnits and only these:
 set(rooms model registry json text formula schema engine loading prepared)
 set(registry_sees model)
 set(json_sees rapidjson)
@@ -10,7 +10,7 @@ set(text_sees model)
 set(formula_sees text model)
 set(schema_sees json registry model)
 set(engine_sees schema formula registry text model)
-# The folders around the library. A file may reach for RapidJSON where it checks our use of it.
+# The folders around the library. Only those that check our use of RapidJSON may include it.
 set(tests_sees ${rooms} tests)
 set(tests/unit/json_sees ${rooms} tests rapidjson)
 set(benchmarks_sees ${rooms} benchmarks rapidjson)
@@ -28,13 +28,13 @@ foreach(folder IN LISTS room_folders folders)
     math(EXPR count "${count} + 1")
     file(STRINGS ${ROOT}/${file} includes REGEX "^[ \t]*#[ \t]*include")
     foreach(include IN LISTS includes)
-      # A name in quotes starts at the root; of the others only those of a room are ours to judge.
+      # Names in quotes start at the root. Of those in angle brackets, check only modules' names.
       string(REGEX MATCH "([<\"])([^/\">]*)" ignored "${include}")
       set(bracket "${CMAKE_MATCH_1}")
       set(seen "${CMAKE_MATCH_2}")
       if(NOT seen IN_LIST ${room}_sees AND NOT seen STREQUAL room AND NOT seen STREQUAL TrelvonUnits
          AND (bracket STREQUAL "\"" OR seen IN_LIST rooms OR seen STREQUAL rapidjson))
-        message(SEND_ERROR "${file}: an arrow that is not drawn: ${include}")
+        message(SEND_ERROR "${file}: forbidden: ${include}")
       endif()
     endforeach()
   endforeach()

@@ -1,4 +1,4 @@
-# Runs an example and fails when it does, or when it prints anything else than expected.
+# Runs an example and fails if it fails or if its output differs from the expected output.
 #   cmake -D PROGRAM=<file> -D SCHEMAS=<folder> -D EXPECTED=<file> -P RunExample.cmake
 execute_process(COMMAND ${PROGRAM} ${SCHEMAS}
   OUTPUT_VARIABLE printed COMMAND_ERROR_IS_FATAL ANY)

@@ -72,7 +72,7 @@ void showDefinition(const Units::UnitsEngine& engine, const std::string& typeId)
     std::cout << "  " << dependency << '\n';
 }
 
-/// A bag of cement as a unit of mass, read from schema text; a currency, record by record.
+/// Adds a bag of cement, a unit of mass, from schema text and a currency from records.
 void addOurOwn(Units::UnitsEngine& engine) {
   heading("Definitions of our own");
   const auto missing = engine.addDefinition(R"({

@@ -3,7 +3,6 @@
 #include "benchmarks/Catalogue.h"
 #include "benchmarks/peers/Turns.h"
 #include "benchmarks/peers/Udunits.h"
-
 #include "model/SymbolTexts.h"
 #include "text/ValueText.h"
 

@@ -1,8 +1,8 @@
 #include "benchmarks/peers/Qalculate.h"
 
-#include <libqalculate/qalculate.h>
-
 #include "benchmarks/peers/Turns.h"
+
+#include <libqalculate/qalculate.h>
 
 namespace peers {
 

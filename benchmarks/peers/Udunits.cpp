@@ -1,8 +1,8 @@
 #include "benchmarks/peers/Udunits.h"
 
-#include <udunits2.h>
-
 #include "benchmarks/peers/Turns.h"
+
+#include <udunits2.h>
 
 namespace peers {
 

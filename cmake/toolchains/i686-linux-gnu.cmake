@@ -2,5 +2,5 @@
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 set(CMAKE_CXX_COMPILER i686-linux-gnu-g++)
-# Without these the processor evaluates in registers that are wider than a double.
+# Without these flags, doubles are evaluated in x87 registers, at higher precision.
 set(CMAKE_CXX_FLAGS_INIT "-msse2 -mfpmath=sse")

@@ -11,7 +11,7 @@ namespace Units {
 
 namespace {
 
-/// What turns a value in one unit into a value in another.
+/// Converts a value from one unit to another.
 struct ConversionRule {
   ReducedUnit from;
   ReducedUnit to;
@@ -23,8 +23,8 @@ struct ConversionRule {
   }
 };
 
-/// Hands the rule of two units that convert into each other to `use`.
-/// @return  whether they do.
+/// Calls `use` with the conversion rule of two units if they are convertible.
+/// @return  whether they are.
 template <class Use>
 bool withRule(const std::string& fromUnitTypeId, const std::string& toUnitTypeId,
               Reducer::Purpose purpose, const Registries& registries, Use use) {

@@ -7,11 +7,11 @@
 
 namespace Units {
 
-/// Whether two units are both absolute or both relative. An absolute unit has a zero of its own, so
-/// that it never converts into a relative one.
+/// Whether two units are both absolute or both relative. An absolute unit has its own zero, so it
+/// is never convertible to a relative one.
 bool areBothAbsoluteOrRelative(const RecordNode<Unit>& a, const RecordNode<Unit>& b);
 
-/// The operations of the engine's interface, which says what they do and throw.
+/// The operations that UnitsEngine.h documents.
 double convertValue(double value, const std::string& fromUnitTypeId,
                     const std::string& toUnitTypeId, const Registries& registries);
 bool canConvertUnits(const std::string& fromUnitTypeId, const std::string& toUnitTypeId,

@@ -8,8 +8,8 @@
 
 namespace Units {
 
-/// The engine's units for the length of one evaluation: a unit that a formula names a thousand
-/// times is reduced once, and so is what several of its units depend on.
+/// Reduces the units that a formula names, once each per evaluation. Ancestors that they share are
+/// reduced once, too.
 class FormulaUnits final : public UnitTermsSource {
  public:
   explicit FormulaUnits(const RecordStore<Unit>& units) : units_(units) {}
@@ -19,7 +19,7 @@ class FormulaUnits final : public UnitTermsSource {
  private:
   const RecordStore<Unit>& units_;
   Reducer reducer_;
-  std::unordered_map<const void*, UnitTerms> terms_;  // by the identity of units
+  std::unordered_map<const void*, UnitTerms> terms_;  // by identity of the unit
 };
 
 }  // namespace Units

@@ -10,16 +10,15 @@ namespace {
 
 bool isBefore(const Power& a, const Power& b) { return std::less<>()(a.unit, b.unit); }
 
-/// Whether each comes before the next: then there is nothing to add up.
+/// Whether the units are strictly increasing, so that there is nothing to sort or add up.
 bool isInOrder(const Power* begin, const Power* end) {
   for (; end - begin > 1; ++begin)
     if (!isBefore(begin[0], begin[1])) return false;
   return true;
 }
 
-/// Orders powers by inserting one after the other: the quickest way for the few of nearly all
-/// units.
-void orderFew(Power* begin, Power* end) {
+/// Fastest for the short lists of nearly all units.
+void insertionSort(Power* begin, Power* end) {
   for (Power* next = begin; next != end; ++next) {
     const Power power = *next;
     Power* place = next;
@@ -31,18 +30,18 @@ void orderFew(Power* begin, Power* end) {
 }  // namespace
 
 void combinePowers(Powers& powers, std::size_t first) {
-  constexpr std::size_t mostInserted = 8;
+  constexpr std::size_t maxInsertionSorted = 8;
   Power* const begin = powers.begin() + first;
   if (isInOrder(begin, powers.end())) return;
-  if (powers.size() - first <= mostInserted)
-    orderFew(begin, powers.end());
+  if (powers.size() - first <= maxInsertionSorted)
+    insertionSort(begin, powers.end());
   else
     std::sort(begin, powers.end(), isBefore);
 
   Power* end = begin;
   for (Power* next = begin; next != powers.end();) {
     const auto* const unit = next->unit;
-    std::int64_t sum = 0;  // of 32 bits each: no count of them that fits in memory overflows it
+    std::int64_t sum = 0;  // of 32-bit exponents: too few fit in memory to overflow it
     for (; next != powers.end() && next->unit == unit; ++next) sum += next->exponent;
     *end++ = {unit, sum};
   }

@@ -11,12 +11,12 @@
 
 namespace Units {
 
-/// Brings the powers from `first` to the end into order and adds up the exponents of each unit. A
-/// unit that cancels stays, with exponent 0. The sums may have more than 32 bits.
+/// Sorts the powers from `first` to the end and adds up the exponents of each unit. A unit that
+/// cancels stays, with exponent 0. Sums may exceed 32 bits.
 void combinePowers(Powers& powers, std::size_t first);
 
-/// Exponents have 32 bits; a product or sum beyond stays at the limit. (Wrapped around, it could
-/// come out as an exponent that units really have.)
+/// Clamps a product or sum of exponents to 32 bits. (Wraparound could produce an exponent that
+/// units really have.)
 inline std::int64_t saturate(std::int64_t exponent) {
   using Limits = std::numeric_limits<std::int32_t>;
   return std::clamp<std::int64_t>(exponent, Limits::min(), Limits::max());

@@ -13,16 +13,16 @@ namespace Units {
 
 namespace {
 
-// A machine that evaluates doubles wider gives other results: it wants other options (for x86 of 32
-// bits, -msse2 -mfpmath=sse).
+// Results differ on a machine that evaluates doubles at higher precision. It needs other options
+// (for 32-bit x86, -msse2 -mfpmath=sse).
 static_assert(std::is_same_v<std::double_t, double>);
 
-/// pow(base, exponent), which is the base or 1 to the bit where it is not computed here.
+/// pow(base, exponent). The shortcuts return the same bits.
 double power(double base, int exponent) {
   return exponent == 1 || base == 1.0 ? base : std::pow(base, static_cast<double>(exponent));
 }
 
-/// Adds the powers of a simple unit, each `exponent` times, to the end of a list.
+/// Appends the powers of a simple unit, multiplied by `exponent`.
 void append(Powers& powers, const RecordNode<Unit>& simple, int exponent) {
   powers.reserve(powers.size() + simple.parents.size());
   Power* target = powers.end();
@@ -31,8 +31,8 @@ void append(Powers& powers, const RecordNode<Unit>& simple, int exponent) {
   powers.setEnd(target);
 }
 
-/// Writes powers, each `exponent` times, to `target`. Those of 0 are gone.
-/// @return  the end of what was written.
+/// Writes powers, multiplied by `exponent`, to `target`. Omits those with exponent 0.
+/// @return  the end of the output.
 Power* multiply(const Power* first, const Power* last, int exponent, Power* target) {
   for (; first != last; ++first)
     if (first->exponent != 0) *target++ = {first->unit, saturate(first->exponent * exponent)};
@@ -48,22 +48,22 @@ ReducedUnit Reducer::reduce(const RecordNode<Unit>& unit) {
     reduced.offset = RecordAccess::offset(*RecordAccess::absolute(unit.record));
     relative = unit.parents[0].parent;
   }
-  if (relative->isSimple) {  // no way down: its parents' factors are all 1
+  if (relative->isSimple) {  // no search needed: its parents' factors are all 1
     reduced.factor = ownFactor(*relative);
     append(reduced.powers, *relative, 1);
     combinePowers(reduced.powers, 0);
   } else if (const KnownUnit* const known = units_.find(relative)) {
     reduced.factor = known->factor;
     const Power* const first = knownPowers_.begin() + known->firstPower;
-    reduced.powers.append(first, first + known->powerCount);  // those of 0 too
+    reduced.powers.append(first, first + known->powerCount);  // including exponents of 0
   } else {
     reduced.factor = reduceRelative(*relative, reduced.powers);
   }
   return reduced;
 }
 
-/// @param powers  empty; takes the unit's powers.
-/// @return  its factor.
+/// @param powers  empty; receives the unit's powers.
+/// @return  the unit's factor.
 double Reducer::reduceRelative(const RecordNode<Unit>& unit, Powers& powers) {
   enter(unit, powers);
   while (true) {
@@ -76,24 +76,24 @@ double Reducer::reduceRelative(const RecordNode<Unit>& unit, Powers& powers) {
   }
 }
 
-/// Puts a unit on the path, whose powers will follow those so far.
+/// Pushes a unit onto the path. Its powers will follow those of the units before it.
 void Reducer::enter(const RecordNode<Unit>& unit, const Powers& powers) {
   if (unit.isAbsolute)
     throw IncompatibleUnitsException("Parent unit " + RecordAccess::typeId(unit.record) +
                                      " is absolute, but all parent units must be relative.");
   const std::size_t workBefore = work_;
   path_.push_back(
-      {&unit, ownFactor(unit), 0, powers.size(), powers.size() + mostUncombined, workBefore});
+      {&unit, ownFactor(unit), 0, powers.size(), powers.size() + maxUncombined, workBefore});
 }
 
-/// Multiplies the next parent of the last unit on the path in, or puts it on the path.
+/// Multiplies the next parent into the last unit on the path, or pushes the parent onto the path.
 void Reducer::takeNextParent(Powers& powers) {
   UnitStep& step = path_.back();
   combineIfMany(step, powers);
   const auto& [parent, exponent] = step.unit->parents[step.next];
   const std::size_t before = powers.size();
   double factor = 1.0;
-  if (parent->isSimple) {  // reduced as quickly as remembered
+  if (parent->isSimple) {  // reducing it is as fast as a lookup
     factor = ownFactor(*parent);
     append(powers, *parent, exponent);
   } else if (const KnownUnit* const known = units_.find(parent)) {
@@ -106,17 +106,17 @@ void Reducer::takeNextParent(Powers& powers) {
   work_ += 1 + powers.size() - before;
 }
 
-/// Adds up the powers that a unit on the path has so far when they are twice as many as they were
-/// then: parents that share primitive units cost no more memory than those have.
+/// Combines the powers of a unit on the path whenever their number has doubled, so that memory
+/// depends on the number of distinct primitive units, not on the number of parents.
 void Reducer::combineIfMany(UnitStep& step, Powers& powers) {
-  if (powers.size() < step.mostPowers) return;
+  if (powers.size() < step.combineAt) return;
   combinePowers(powers, step.firstPower);
-  step.mostPowers = 2 * powers.size() - step.firstPower + mostUncombined;
+  step.combineAt = 2 * powers.size() - step.firstPower + maxUncombined;
 }
 
-/// Takes the last unit, which has all its parents, off the path, and multiplies it into the one
-/// before, if there is one.
-/// @return  its factor.
+/// Pops the last unit, whose parents are all multiplied in, from the path and multiplies it into
+/// the unit before it, if any.
+/// @return  the popped unit's factor.
 double Reducer::finish(Powers& powers) {
   const UnitStep done = path_.back();
   combinePowers(powers, done.firstPower);
@@ -134,16 +134,16 @@ double Reducer::finish(Powers& powers) {
   return done.factor;
 }
 
-/// Remembers a unit that is reduced if that is quicker than to reduce it again.
+/// Stores a reduced unit if a lookup is faster than reducing it again.
 void Reducer::remember(const UnitStep& done, const Powers& powers) {
-  constexpr std::size_t leastWork = 16;
-  if (purpose_ != Purpose::Listing && work_ - done.workBefore < leastWork) return;
+  constexpr std::size_t minWork = 16;
+  if (purpose_ != Purpose::Listing && work_ - done.workBefore < minWork) return;
   const KnownUnit known = {done.factor, knownPowers_.size(), powers.size() - done.firstPower};
   knownPowers_.append(powers.begin() + done.firstPower, powers.end());
-  units_.remember(done.unit, known);
+  units_.insert(done.unit, known);
 }
 
-/// Adds the powers of a remembered unit.
+/// Appends the powers of a stored unit.
 /// @return  its factor.
 double Reducer::recall(const KnownUnit& known, int exponent, Powers& powers) const {
   const Power* const first = knownPowers_.begin() + known.firstPower;
@@ -152,7 +152,7 @@ double Reducer::recall(const KnownUnit& known, int exponent, Powers& powers) con
   return known.factor;
 }
 
-/// The factor of a unit beside those of its parents.
+/// The factor of a unit without those of its parent units.
 double Reducer::ownFactor(const RecordNode<Unit>& unit) {
   if (purpose_ != Purpose::Conversion) return 1.0;
   work_ += unit.parentFactors.size();
@@ -183,7 +183,7 @@ double Reducer::valueOf(const RecordNode<Factor>& root) {
       continue;
     }
     const double value = step.value;
-    factors_.remember(step.factor, value);
+    factors_.insert(step.factor, value);
     factorPath_.pop_back();
     if (factorPath_.empty()) return value;
   }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/Memo.h"
+#include "engine/PointerMap.h"
 #include "engine/Powers.h"
 #include "model/RecordNode.h"
 #include "model/ShortList.h"
@@ -18,15 +18,15 @@ struct ReducedUnit {
 
 /// Reduces stored units to primitive terms.
 ///
-/// It remembers what it has reduced for as long as it lives, which is one call of the engine, so
-/// that definitions that share parents cost their number and not the number of paths through them.
-/// Nothing recurses: definitions may be chained at any length.
+/// It stores what it has reduced. It lives for one call to the engine. If definitions share
+/// parents, the cost depends on their number, not on the number of paths through them. Nothing
+/// recurses, so chains of definitions may have any length.
 class Reducer {
  public:
   enum class Purpose {
-    Conversion,  // of few units: what takes little, as nearly all do, is not worth remembering
-    Comparison,  // of few units by their powers alone: no factor is computed
-    Listing,     // the same of all units: each is worth remembering
+    Conversion,  // a few units; those that are cheap to reduce, nearly all, are not stored
+    Comparison,  // a few units, powers only: no factor is computed
+    Listing,     // all units, powers only: every one is stored
   };
 
   explicit Reducer(Purpose purpose = Purpose::Conversion) : purpose_(purpose) {}
@@ -38,17 +38,18 @@ class Reducer {
 
   Reducer(const Reducer&) = delete;
 
-  /// @throws IncompatibleUnitsException  a parent unit is absolute. The reducer is of no use then.
+  /// @throws IncompatibleUnitsException  a parent unit is absolute. The reducer must not be used
+  ///                                     afterwards.
   ReducedUnit reduce(const RecordNode<Unit>& unit);
 
  private:
-  /// A record on the way down: its parents before `next` are multiplied in.
+  /// A record on the search path. Its parents before `next` are multiplied in.
   struct UnitStep {
     const RecordNode<Unit>* unit;
     double factor;
     std::size_t next;
-    std::size_t firstPower;  // its powers so far are those from here on
-    std::size_t mostPowers;  // when there are so many in all, its own are added up
+    std::size_t firstPower;  // where its powers begin
+    std::size_t combineAt;   // at this total number of powers, its own are combined
     std::size_t workBefore;  // when it was entered
   };
   struct FactorStep {
@@ -57,14 +58,14 @@ class Reducer {
     std::size_t next;
   };
 
-  /// A relative unit that is remembered, with its share of `knownPowers_`.
+  /// A relative unit that has been reduced, and its range of `knownPowers_`.
   struct KnownUnit {
     double factor;
     std::size_t firstPower;
     std::size_t powerCount;
   };
 
-  static constexpr std::size_t mostUncombined = 64;
+  static constexpr std::size_t maxUncombined = 64;
 
   double reduceRelative(const RecordNode<Unit>& unit, Powers& powers);
   void enter(const RecordNode<Unit>& unit, const Powers& powers);
@@ -77,10 +78,10 @@ class Reducer {
   double valueOf(const RecordNode<Factor>& factor);
 
   const Purpose purpose_;
-  std::size_t work_ = 0;  // powers and factors looked at so far, the measure of what took long
-  Memo<RecordNode<Unit>, KnownUnit> units_;
+  std::size_t work_ = 0;  // number of powers and factors read so far; measures cost
+  PointerMap<RecordNode<Unit>, KnownUnit> units_;
   Powers knownPowers_;
-  Memo<RecordNode<Factor>, double> factors_;
+  PointerMap<RecordNode<Factor>, double> factors_;
   ShortList<UnitStep, 4> path_;
   ShortList<FactorStep, 4> factorPath_;
 };

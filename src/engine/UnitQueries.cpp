@@ -45,7 +45,7 @@ RecordMap<Unit> primitiveUnitsOfDimension(const std::optional<Dimension>& dimens
 
 RecordMap<Unit> convertibleUnits(const std::string& unitTypeId, const Registries& registries) {
   const RecordStore<Unit>& units = registries.units.objects;
-  if (units.size() == 0) return {};  // without a unit to compare with, the id is not looked up
+  if (units.size() == 0) return {};  // with no unit to compare with, the id is not looked up
   const RecordNode<Unit>& from = lookUpNode(units, unitTypeId);
   Reducer reducer(units.size());
   const ReducedUnit reduced = reducer.reduce(from);

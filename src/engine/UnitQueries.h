@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-/// The queries of the engine's interface, which says what they give and throw.
+/// The queries that UnitsEngine.h documents.
 namespace Units {
 
 RecordMap<Unit> primitiveUnits(const Registries& registries);

@@ -1,6 +1,6 @@
-#include <TrelvonUnits/UnitsEngine.h>
-
 #include "engine/UnitsEngineImpl.h"
+
+#include <TrelvonUnits/UnitsEngine.h>
 
 namespace Units {
 

@@ -12,7 +12,7 @@
 
 #include <utility>
 
-// The operations in slot order, then those that formulas ask for.
+// The operations in slot order, followed by those for formulas.
 namespace Units {
 
 UnitsEngineImpl::UnitsEngineImpl() {

@@ -8,14 +8,15 @@
 
 namespace Units {
 
-/// The one engine: the registries and, beside them, the spelling tables of its formulas. Every
-/// operation is a free function over these; see there.
+/// The only engine: the registries and the spelling tables for formulas. Each operation forwards to
+/// a free function over these.
 class UnitsEngineImpl final : public UnitsEngine, public UnitMath {
  public:
-  /// Empty, its spelling tables filled: first formulas on two threads must not race to fill them.
+  /// An empty engine. Fills the spelling tables, since the first formulas on two threads must not
+  /// race to fill them.
   UnitsEngineImpl();
 
-  UnitsEngineImpl(const UnitsEngineImpl&) = delete;  // the symbol index points into the registries
+  UnitsEngineImpl(const UnitsEngineImpl&) = delete;  // the symbol index points to records
 
   double convert(double value, std::string fromUnitTypeId, std::string toUnitTypeId) const override;
   bool canConvert(std::string fromUnitTypeId, std::string toUnitTypeId) const override;
@@ -65,7 +66,7 @@ class UnitsEngineImpl final : public UnitsEngine, public UnitMath {
   const BinaryOperatorMap& getBinaryOperatorMap() const override;
   const UnaryOperatorMap& getUnaryOperatorMap() const override;
 
-  /// The units of this engine for one evaluation of a formula.
+  /// This engine's units, for one evaluation of a formula.
   FormulaUnits formulaUnits() const { return FormulaUnits(registries_.units.objects); }
 
  private:

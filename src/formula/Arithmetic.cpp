@@ -5,10 +5,10 @@
 
 namespace {
 
-constexpr double largest = 1e30;
+constexpr double largestResult = 1e30;
 
 bool isInRange(double result, bool mayBeZero) {
-  return errno == 0 && !(std::fabs(result) > largest) && (result != 0 || mayBeZero);
+  return errno == 0 && !(std::fabs(result) > largestResult) && (result != 0 || mayBeZero);
 }
 
 }  // namespace

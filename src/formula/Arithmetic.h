@@ -1,11 +1,11 @@
 #pragma once
 
-/// The two operations of the C library that a formula may drive out of the range of doubles. They
-/// are false, and leave no result, when `errno` tells of an overflow or underflow, and beyond 1e30.
+/// The two C library functions whose result a formula can make overflow or underflow. They return
+/// false, without a valid result, if `errno` reports either one or if the result exceeds 1e30.
 ///
-/// Where the C library sets no `errno` on underflow, a zero that cannot be exact tells of it.
+/// If the C library does not set `errno` on underflow, a zero that cannot be exact detects it.
 
-/// Replaces a base, which must not be negative or else have an integral exponent, by its power.
+/// Replaces a base by its power. The exponent of a negative base must be an integer.
 bool computePower(double& base, double exponent);
 
 /// Replaces an exponent by e raised to it.

@@ -37,7 +37,7 @@ bool divide(EvaluatedValue& left, EvaluatedValue& right) {
   return true;
 }
 
-/// The base and the exponent that `pow` gets. False where there is no power.
+/// Adjusts base and exponent for `pow`. Returns false if the power is undefined.
 bool prepareBase(double& base, double& exponent) {
   if (Units::isNearZero(base)) {
     if (Units::isNearZero(exponent) || exponent < 0) return false;

@@ -5,7 +5,7 @@
 
 #include <memory>
 
-/// Two operands and what joins them.
+/// A binary operator and its operands.
 class BinaryOperatorExpression final : public Expression {
  public:
   static constexpr ExpressionKind nodeKind = ExpressionKind::BinaryOperator;

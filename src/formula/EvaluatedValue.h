@@ -7,45 +7,45 @@
 
 /// A value of a formula and its units.
 ///
-/// Most units pass through unchanged from the unit that a literal names, so they are borrowed from
-/// its terms, which outlive the evaluation, and copied only by who changes or keeps them.
+/// Most units are those of a literal, unchanged. So they are borrowed from the UnitTerms of its
+/// unit, which outlive the evaluation, and copied only when they change.
 class EvaluatedValue {
  public:
   explicit EvaluatedValue(double number) : value(number) {}
-  EvaluatedValue(double number, const UnitPowers* lender) : value(number), lent_(lender) {}
+  EvaluatedValue(double number, const UnitPowers* borrowed) : value(number), borrowed_(borrowed) {}
 
   const UnitPowers& units() {
-    if (lent_) return *lent_;
+    if (borrowed_) return *borrowed_;
     owned_.settle();
     return owned_;
   }
 
   UnitPowers& changeableUnits() {
-    if (lent_) {
-      owned_ = *lent_;
-      lent_ = nullptr;
+    if (borrowed_) {
+      owned_ = *borrowed_;
+      borrowed_ = nullptr;
     }
     return owned_;
   }
 
   bool isUnitless() { return units().empty(); }
 
-  /// Whether values may be added. Units that are lent by one unit of the engine need no look.
+  /// Whether the values may be added. Two units borrowed from the same UnitTerms are equal.
   bool hasSameUnitsAs(EvaluatedValue& other) {
-    return (lent_ && lent_ == other.lent_) || haveSamePowers(units(), other.units());
+    return (borrowed_ && borrowed_ == other.borrowed_) || haveSamePowers(units(), other.units());
   }
 
-  /// Makes this value's units those of its product with another, or of the quotient by it, whose
-  /// units are used up.
+  /// Set the units to those of the product with, or the quotient by, another value, whose units may
+  /// be moved from.
   void multiplyUnits(EvaluatedValue& other) {
-    if (other.lent_)
-      changeableUnits().multiplyBy(*other.lent_);
+    if (other.borrowed_)
+      changeableUnits().multiplyBy(*other.borrowed_);
     else if (!other.owned_.empty())
       changeableUnits().multiplyBy(std::move(other.owned_));
   }
   void divideUnits(EvaluatedValue& other) {
-    if (other.lent_)
-      changeableUnits().divideBy(*other.lent_);
+    if (other.borrowed_)
+      changeableUnits().divideBy(*other.borrowed_);
     else if (!other.owned_.empty())
       changeableUnits().divideBy(std::move(other.owned_));
   }
@@ -53,9 +53,9 @@ class EvaluatedValue {
   double value;
 
  private:
-  const UnitPowers* lent_ = nullptr;
+  const UnitPowers* borrowed_ = nullptr;
   UnitPowers owned_;  // empty while units are borrowed
 };
 
-/// The operands that wait for their operator, the last one on top.
+/// A stack of operands that wait for their operator.
 using EvaluatedValues = std::vector<EvaluatedValue>;

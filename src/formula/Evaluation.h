@@ -10,20 +10,20 @@
 #include <string>
 #include <string_view>
 
-/// A formula's value in a unit. A unitless value counts as one in that unit already.
-/// @throws Units::ParseException  the formula cannot be read or evaluated, or measures something
-///                                else than the unit. What the resolver throws passes through.
+/// Returns a formula's value in a unit. A unitless value is taken to be in that unit already.
+/// @throws Units::ParseException  the formula cannot be parsed or evaluated, or its units are not
+///                                compatible with the unit. Exceptions of the resolver propagate.
 double evaluateExpressionInUnit(const Units::Unit& unit, std::string_view formula,
                                 VariableResolver resolver, const Units::SymbolTexts& symbols,
                                 const Units::UnitMath& unitMath, UnitTermsSource& units);
 
-/// The value of a formula that must be unitless.
-/// @throws Units::ParseException  the formula cannot be read or evaluated, or has units. What the
-///                                resolver throws passes through.
+/// Returns the value of a formula that must be unitless.
+/// @throws Units::ParseException  the formula cannot be parsed or evaluated, or has units.
+///                                Exceptions of the resolver propagate.
 double evaluateUnitlessExpression(std::string_view formula, VariableResolver resolver,
                                   const Units::SymbolTexts& symbols,
                                   const Units::UnitMath& unitMath, UnitTermsSource& units);
 
-/// The resolver where a host gives none: no identifier stands for anything.
+/// The default resolver, which rejects every identifier.
 /// @throws Units::ParseException  always.
 std::string rejectIdentifier(const std::string& identifier);

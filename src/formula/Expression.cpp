@@ -12,7 +12,7 @@ bool Expression::evaluate(double& value, UnitPowerMap& units) const {
 
 std::optional<EvaluatedValue> Expression::compute() const {
   EvaluatedValues values;
-  values.reserve(4);  // as many as most formulas need at once
+  values.reserve(4);  // enough for most formulas
   for (const Expression* node = first_;; node = node->next_) {
     if (!node->apply(values)) return std::nullopt;
     if (node == this) return std::move(values.back());

@@ -8,7 +8,7 @@
 #include <memory>
 #include <optional>
 
-/// Which class a node is of.
+/// The class of a node.
 enum class ExpressionKind : std::int32_t {
   BinaryOperator,
   UnaryOperator,
@@ -20,27 +20,27 @@ enum class ExpressionKind : std::int32_t {
 
 /// A node of a formula's tree.
 ///
-/// A tree is as deep as its author likes: a sum of a million terms is a tree of a million levels.
-/// So nothing here recurses. Nodes are chained in the order in which they are evaluated, operands
-/// before their operator, and each knows where the chain of its subtree begins; evaluating is
-/// walking along that chain. A node that refuses its operands unseen leaves them out of it.
+/// A tree may have any depth: a sum of a million terms has a million levels. So nothing here
+/// recurses. Nodes form a linked list in evaluation order, operands before their operator, and each
+/// node points to the start of its subtree's list. Evaluation iterates over that list. A node that
+/// rejects its operands without evaluating them does not link them.
 class Expression {
  public:
   virtual ~Expression() = default;
 
   /// Evaluates the subtree below this node.
   ///
-  /// @param value  in primitive terms when the result has units.
-  /// @param units  replaced by the result's.
-  /// @return  false when there is no result: units that do not match in a sum, a division by zero,
+  /// @param value  set to the result, in primitive units if it has units.
+  /// @param units  set to the units of the result.
+  /// @return  false if there is no result: mismatched units in a sum, a division by zero,
   ///          an argument outside a function's domain, an overflow.
-  /// @throws Units::ParseException  a rule that the formula's author must be told about is broken.
+  /// @throws Units::ParseException  the formula breaks a rule that has its own message.
   virtual bool evaluate(double& value, UnitPowerMap& units) const;
 
-  /// The same in one result, which may borrow from the tree: empty for false.
+  /// Returns value and units together, or nothing if there is no result. The units may be borrowed.
   std::optional<EvaluatedValue> compute() const;
 
-  // Nodes lie in the arena of their formula, which alone frees memory.
+  // Nodes are allocated in the arena of their formula. Only the arena frees memory.
   static void* operator new(std::size_t size, NodeArena& arena) { return arena.allocate(size); }
   static void operator delete(void*, NodeArena&) {}
   static void operator delete(void*) {}
@@ -53,15 +53,15 @@ class Expression {
  protected:
   explicit Expression(ExpressionKind kind) : first_(this), kind_(kind) {}
 
-  /// Has this node evaluated after its operands. They must not be linked to another node.
+  /// Link this node after its operands in evaluation order. They must not be linked elsewhere.
   void linkOperand(Expression& operand);
   void linkOperands(Expression& left, Expression& right);
   void unlinkOperands() { first_ = this; }
 
-  /// Replaces the values of the node's operands by its own. False as for `evaluate`.
+  /// Replaces the values of the node's operands by its own. Returns false as `evaluate` does.
   virtual bool apply(EvaluatedValues& values) const = 0;
 
-  /// Nodes on their way out, chained by `next_`.
+  /// Nodes to delete, linked by `next_`.
   class Removal {
    public:
     void take(std::unique_ptr<Expression>& node) noexcept;
@@ -71,20 +71,20 @@ class Expression {
     Expression* top_ = nullptr;
   };
 
-  /// Hands the operands over, without allocating.
+  /// Moves the operands to `removal`, without allocating.
   virtual void removeOperands(Removal& removal) noexcept = 0;
 
-  /// Deletes all nodes below this one. The destructor of every class that has operands calls it, so
-  /// that none of them is deleted by the destructor of another.
+  /// Deletes all nodes below this one. The destructor of every class with operands calls it, so
+  /// that destructors do not recurse.
   void deleteOperands() noexcept;
 
  private:
-  Expression* first_;           // where the chain of this subtree begins
-  Expression* next_ = nullptr;  // after this node in the chain
+  Expression* first_;           // the first node of this subtree in evaluation order
+  Expression* next_ = nullptr;  // the next node in evaluation order
   const ExpressionKind kind_;
 };
 
-/// The node as one of the class `Node`, or null when it is of another class.
+/// Casts to the class `Node`. Null if the node is of another class.
 template <class Node>
 Node* nodeAs(Expression* expression) {
   return expression->kind() == Node::nodeKind ? static_cast<Node*>(expression) : nullptr;

@@ -16,7 +16,7 @@
 
 namespace {
 
-/// Whether a literal with this symbol may read otherwise once the separators behind it are cut off.
+/// Whether cutting off trailing separators may change how a literal with this symbol is read.
 bool endsInSeparator(const Units::Symbol* symbol) {
   const Units::PrefixOrSuffix* const shown =
       symbol ? Units::RecordAccess::prefixOrSuffix(*symbol) : nullptr;
@@ -75,7 +75,7 @@ bool FormulaParser::takeOperator(std::string_view spelling) {
 
 bool FormulaParser::takeBinaryOperator(std::string_view spelling) {
   const FormulaBinaryOperator op = unitMath_.getBinaryOperatorMap().find(spelling);
-  if (op == FormulaBinaryOperator::None) throwUnexpectedParseError();  // each takes two operands
+  if (op == FormulaBinaryOperator::None) throwUnexpectedParseError();  // all can be binary
   auto node = arena_.make<BinaryOperatorExpression>(op);
   reduceOperators(operands_, operators_, getPriority(*node));
   operators_.push_back(std::move(node));
@@ -158,13 +158,13 @@ bool FormulaParser::takeCloseParen() {
   return true;
 }
 
-/// Makes an operand of the opener and what it stands before. False when the parenthesis is not its
-/// own, or empty where it must not be: only a function may have no input, "pi()".
+/// Turns an opener and its contents into an operand. Returns false if `opener` does not open a
+/// parenthesis, or if its parentheses are empty, which only a function's may be: "pi()".
 bool FormulaParser::close(Expression& opener) {
   const bool isEmpty = state_ == State::BeforeOperand;
   if (auto* const paren = nodeAs<ParenExpression>(&opener)) {
     if (isEmpty) return false;
-    if (!paren->closeOne()) return true;  // it goes on waiting, and its operand with it
+    if (!paren->closeOne()) return true;  // other parentheses of this node are still open
     paren->setInner(popOperand(operands_));
   } else if (auto* const symbol = nodeAs<SymbolExpression>(&opener)) {
     if (isEmpty) return false;

@@ -15,38 +15,38 @@
 
 /// Builds the tree of a formula.
 ///
-/// @param arena          where the tree's nodes are put.
-/// @param expressionOut  set on success to the root.
-/// @param resolver       gives the text that an identifier stands for.
-/// @return  false when the text is no formula.
+/// @param arena          allocates the tree's nodes.
+/// @param expressionOut  set to the root on success.
+/// @param resolver       returns the text that replaces an identifier.
+/// @return  false if the text is not a formula.
 /// @throws Units::ParseException  as FormulaTokenizer::nextToken.
 bool parseFormula(std::string_view text, NodeArena& arena,
                   std::unique_ptr<Expression>& expressionOut, const Units::SymbolTexts& symbols,
                   const Units::UnitMath& unitMath, UnitTermsSource& units,
                   VariableResolver resolver);
 
-/// Two stacks that turn tokens, one after the other, into a tree.
+/// An operator-precedence parser: builds a tree from tokens with two stacks.
 class FormulaParser {
  public:
   FormulaParser(NodeArena& arena, const Units::SymbolTexts& symbols,
                 const Units::UnitMath& unitMath, UnitTermsSource& units)
       : arena_(arena), symbols_(symbols), unitMath_(unitMath), units_(units) {
-    constexpr std::size_t usualDepth = 8;  // as many as most formulas need at once
+    constexpr std::size_t usualDepth = 8;  // enough for most formulas
     operands_.reserve(usualDepth);
     operators_.reserve(usualDepth);
   }
 
-  /// False when no formula goes on like this.
+  /// Returns false if no formula continues with this token.
   bool take(const FormulaToken& token);
 
-  /// Sets the root of the tree. False when no formula ends here.
+  /// Sets the root of the tree. Returns false if the formula is incomplete.
   bool finish(std::unique_ptr<Expression>& expressionOut);
 
  private:
   enum class State {
     BeforeOperand,
     AfterOperand,
-    BeforeOpenParen,  // after a function or a prefix symbol, which stands for the parenthesis
+    BeforeOpenParen,  // after a function or a prefix symbol, which counts as the parenthesis
   };
 
   bool takeOperator(std::string_view spelling);

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// Of a text that begins with no separator.
+/// @param text  must not begin with a separator.
 std::string_view withoutTrailingSeparators(std::string_view text) {
   while (Units::isSeparator(text.back())) text.remove_suffix(1);
   return text;
@@ -21,13 +21,13 @@ std::string_view withoutTrailingSeparators(std::string_view text) {
 
 FormulaTokenizer::FormulaTokenizer(std::string_view formula, const Units::SymbolTexts& symbols,
                                    const Units::UnitMath& unitMath, VariableResolver resolver,
-                                   int mostSubstitutions)
+                                   int maxSubstitutions)
     : text_(formula),
       operators_(unitMath),
       symbols_(symbols),
       unitMath_(unitMath),
       resolver_(std::move(resolver)),
-      substitutionsLeft_(mostSubstitutions) {}
+      substitutionsLeft_(maxSubstitutions) {}
 
 bool FormulaTokenizer::nextToken(FormulaToken& token) {
   while (true) {
@@ -62,9 +62,9 @@ void FormulaTokenizer::takeOperator(FormulaToken& token) {
 bool FormulaTokenizer::scanValueOrSymbol(FormulaToken& token, const Units::LiteralEnds& ends) {
   const std::string_view longest = text_.rest().substr(0, ends.ends[ends.count - 1]);
   const auto literal = Units::parseLongestValueText(longest, ends, symbols_);
-  // A symbol comes before a literal that is shorter than can be. It is looked for once: one that
-  // begins a shorter text begins the longest one too, since what follows it there, an operator, is
-  // no letter.
+  // A symbol takes precedence over a literal that is shorter than `longest`. One search suffices: a
+  // symbol that a shorter text begins with also begins `longest`, since the operator that follows
+  // the shorter text is not a letter.
   if (!literal || literal->length < longest.size()) {
     std::string_view after = longest;
     if (Units::matchLeadingSymbol(after, std::nullopt, nullptr, symbols_)) {
@@ -83,7 +83,7 @@ std::string_view FormulaTokenizer::takeTrimmed(std::size_t length) {
   return withoutTrailingSeparators(text);
 }
 
-/// Puts the resolver's text in the place of an identifier that has been taken off the front.
+/// Puts the replacement of an identifier, which has been read, in front of the unread text.
 void FormulaTokenizer::substitute(std::string_view identifier) {
   checkSubstitution();
   const std::string name(identifier);

@@ -26,29 +26,29 @@ struct FormulaToken {
   FormulaTokenType type = FormulaTokenType::Operator;
   std::string_view text;                  // valid until the next token is read
   double value = 0;                       // of a number
-  const Units::Symbol* symbol = nullptr;  // of a number that has one; in the registry
+  const Units::Symbol* symbol = nullptr;  // of a number with a symbol; in the registry
 };
 
-/// Takes a formula apart, from the front, into tokens.
+/// Splits a formula into tokens.
 ///
-/// There are no fixed token boundaries: a token runs up to some operator, and the longest text that
-/// is a value literal is one number, so that "1e-5" and "5' - 6\"" are one token each. What is
-/// neither literal, symbol nor function is an identifier: the resolver's text is put in its place,
-/// in parentheses, and reading goes on there.
+/// A token ends at an operator, but not always at the next one: the longest text that is a value
+/// literal is one number, so "1e-5" and "5' - 6\"" are one token each. Text that is not a literal,
+/// symbol or function is an identifier. The resolver's text, in parentheses, replaces it and is
+/// read next.
 ///
-/// The cost is linear in the formula and in the texts put into it.
+/// The cost is linear in the length of the formula and of all replacements.
 class FormulaTokenizer {
  public:
   /// @param formula           must outlive the tokenizer.
-  /// @param mostSubstitutions how many identifiers may be replaced.
+  /// @param maxSubstitutions  how many identifiers may be replaced.
   FormulaTokenizer(std::string_view formula, const Units::SymbolTexts& symbols,
                    const Units::UnitMath& unitMath, VariableResolver resolver,
-                   int mostSubstitutions = Units::maximumSubstitutions);
+                   int maxSubstitutions = Units::maximumSubstitutions);
 
-  /// False when no token is left.
+  /// Returns false if no token is left.
   /// @throws Units::ParseException  an identifier resolves to itself, or a limit of
-  ///                                <TrelvonUnits/Limits.h> is reached. What the resolver throws
-  ///                                passes through.
+  ///                                <TrelvonUnits/Limits.h> is reached. Exceptions of
+  ///                                the resolver propagate.
   bool nextToken(FormulaToken& token);
 
  private:
@@ -63,6 +63,6 @@ class FormulaTokenizer {
   const Units::SymbolTexts& symbols_;
   const Units::UnitMath& unitMath_;
   VariableResolver resolver_;
-  std::vector<std::size_t> openSubstitutions_;  // where each ends, as a distance from the end
+  std::vector<std::size_t> openSubstitutions_;  // ends, as distances from the end of the text
   int substitutionsLeft_;
 };

@@ -9,7 +9,7 @@
 
 void FunctionExpression::addInput(std::unique_ptr<Expression> input) {
   inputs_.push_back(std::move(input));
-  // Inputs that the function does not take are complained of before they are looked at.
+  // If the number of inputs is wrong, `apply` rejects them before they are evaluated.
   if (inputs_.size() == 1 && findInputFunction(function_))
     linkOperand(*inputs_.front());
   else
@@ -20,7 +20,7 @@ bool FunctionExpression::apply(EvaluatedValues& values) const {
   if (function_ == FormulaFunction::Pi) {
     if (!inputs_.empty())
       throw Units::ParseException("Expected no inputs to function call \"pi()\".");
-    values.emplace_back(3.14159265358979);  // of 15 digits: seven steps below the nearest double
+    values.emplace_back(3.14159265358979);  // 15 digits: seven ulps below the double nearest to pi
     return true;
   }
   const InputFunction* const function = findInputFunction(function_);
@@ -32,7 +32,7 @@ bool FunctionExpression::apply(EvaluatedValues& values) const {
 
   EvaluatedValue& input = values.back();
   const bool hasUnits = !input.isUnitless();
-  if (function->unitRule == UnitRule::Refuse && hasUnits)
+  if (function->unitRule == UnitRule::Reject && hasUnits)
     throw Units::ParseException("Function input must be unitless.");
   if (!function->compute(input.value)) return false;
   if (function->unitRule == UnitRule::Root && hasUnits) input.changeableUnits().raiseTo(0.5);

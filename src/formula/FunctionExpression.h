@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-/// A function and its inputs: in practice one, or none for "pi()".
+/// A function and its inputs: one, or none for "pi()". Other counts are rejected on evaluation.
 class FunctionExpression final : public Expression {
  public:
   static constexpr ExpressionKind nodeKind = ExpressionKind::Function;

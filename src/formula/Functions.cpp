@@ -24,7 +24,7 @@ bool computeTan(double& x) {
   return true;
 }
 
-/// Brings a sine or cosine that rounding has carried a little too far back into its range.
+/// Clamps a sine or cosine that is slightly out of range because of rounding.
 bool clampToArc(double& x) {
   if (std::fabs(x) > 1.00000000000001) return false;
   x = std::clamp(x, -1.0, 1.0);
@@ -87,20 +87,20 @@ bool computeRoundDown(double& x) {
 }
 
 constexpr InputFunction inputFunctions[] = {
-    {FormulaFunction::Sin, UnitRule::Refuse, computeSin},
-    {FormulaFunction::Cos, UnitRule::Refuse, computeCos},
-    {FormulaFunction::Tan, UnitRule::Refuse, computeTan},
-    {FormulaFunction::Asin, UnitRule::Refuse, computeAsin},
-    {FormulaFunction::Acos, UnitRule::Refuse, computeAcos},
-    {FormulaFunction::Atan, UnitRule::Refuse, computeAtan},
-    {FormulaFunction::Exp, UnitRule::Refuse, computeExponential},
-    {FormulaFunction::Log, UnitRule::Refuse, computeLog},
+    {FormulaFunction::Sin, UnitRule::Reject, computeSin},
+    {FormulaFunction::Cos, UnitRule::Reject, computeCos},
+    {FormulaFunction::Tan, UnitRule::Reject, computeTan},
+    {FormulaFunction::Asin, UnitRule::Reject, computeAsin},
+    {FormulaFunction::Acos, UnitRule::Reject, computeAcos},
+    {FormulaFunction::Atan, UnitRule::Reject, computeAtan},
+    {FormulaFunction::Exp, UnitRule::Reject, computeExponential},
+    {FormulaFunction::Log, UnitRule::Reject, computeLog},
     {FormulaFunction::Sqrt, UnitRule::Root, computeSqrt},
     {FormulaFunction::Abs, UnitRule::Keep, computeAbs},
     {FormulaFunction::Round, UnitRule::Keep, computeRound},
     {FormulaFunction::RoundUp, UnitRule::Keep, computeRoundUp},
     {FormulaFunction::RoundDown, UnitRule::Keep, computeRoundDown},
-    {FormulaFunction::Ln, UnitRule::Refuse, computeLn},
+    {FormulaFunction::Ln, UnitRule::Reject, computeLn},
 };
 
 }  // namespace

@@ -2,9 +2,9 @@
 
 #include "formula/SpellingTables.h"
 
-/// What a function makes of the units of its input.
+/// How a function treats the units of its input.
 enum class UnitRule {
-  Refuse,  // the input must be unitless
+  Reject,  // the input must be unitless
   Keep,
   Root,  // raised to the power 0.5
 };
@@ -13,8 +13,8 @@ enum class UnitRule {
 struct InputFunction {
   FormulaFunction function;
   UnitRule unitRule;
-  bool (*compute)(double& x);  // replaces x by the result; false where there is none
+  bool (*compute)(double& x);  // replaces x by the result; false if there is none
 };
 
-/// Null for "pi()", which takes no input, and for what is no function.
+/// Null for "pi()", which has no input, and for None.
 const InputFunction* findInputFunction(FormulaFunction function);

@@ -7,8 +7,9 @@
 #include <utility>
 #include <vector>
 
-/// The memory of one formula's tree: blocks that are freed together, the first of them in place.
-/// Deleting a node ends its life; its memory is freed with the arena, which must outlive the tree.
+/// Allocates the nodes of one formula's tree in blocks. The first block is part of the arena
+/// itself. Deleting a node runs its destructor; all memory is freed with the arena, which must
+/// outlive the tree.
 class NodeArena {
  public:
   NodeArena() = default;
@@ -21,7 +22,7 @@ class NodeArena {
     return std::unique_ptr<Node>(new (*this) Node(std::forward<Arguments>(arguments)...));
   }
 
-  /// @param size  of a node that `make` makes.
+  /// @param size  the size of a node that `make` accepts.
   void* allocate(std::size_t size) {
     size = (size + alignment - 1) / alignment * alignment;
     if (size > free_) addBlock();
@@ -31,7 +32,7 @@ class NodeArena {
 
  private:
   static constexpr std::size_t alignment = alignof(std::max_align_t);
-  static constexpr std::size_t firstBlockBytes = 1024;  // for as many nodes as most formulas have
+  static constexpr std::size_t firstBlockBytes = 1024;  // enough for most formulas
   static constexpr std::size_t largestBlockBytes = 65536;
 
   void addBlock() {
@@ -44,6 +45,6 @@ class NodeArena {
   alignas(alignment) std::array<std::byte, firstBlockBytes> firstBlock_;
   std::byte* next_ = firstBlock_.data();
   std::size_t free_ = firstBlockBytes;
-  std::size_t blockBytes_ = firstBlockBytes;  // of the last block
+  std::size_t blockBytes_ = firstBlockBytes;  // size of the last block
   std::vector<std::unique_ptr<std::byte[]>> blocks_;
 };

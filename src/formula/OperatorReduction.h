@@ -5,25 +5,25 @@
 #include <memory>
 #include <vector>
 
-/// What the parser holds until it knows where it belongs: operands, or the operators and opened
-/// parentheses that wait for them.
+/// Expressions whose place in the tree is not known yet: either operands, or operators and open
+/// parentheses that wait for operands.
 using ExpressionStack = std::vector<std::unique_ptr<Expression>>;
 
-/// @throws std::logic_error  "Unexpected parse error": always.
+/// @throws std::logic_error  always.
 [[noreturn]] void throwUnexpectedParseError();
 
 /// @throws Units::ParseException  the stack is empty.
 std::unique_ptr<Expression> pop(ExpressionStack& stack);
 
-/// Pops an operand that must be there.
-/// @throws std::logic_error  it is not.
+/// Pops an operand.
+/// @throws std::logic_error  the stack is empty.
 std::unique_ptr<Expression> popOperand(ExpressionStack& operands);
 
 /// How tightly an operator binds. All binary operators are left-associative, "^" too.
-/// @throws std::logic_error  the expression is no operator, or one of an unknown kind.
+/// @throws std::logic_error  the expression is not an operator, or is an unknown one.
 int getPriority(const Expression& expression);
 
-/// Gives the operators on top of the operator stack their operands, down to one that binds less
-/// tightly than `priority` (0: to the end) or to an open parenthesis.
+/// Pops operators and gives them their operands, down to an operator that binds less tightly than
+/// `priority` (0: all operators) or to an open parenthesis.
 /// @throws std::logic_error  there are too few operands.
 void reduceOperators(ExpressionStack& operands, ExpressionStack& operators, int priority);

@@ -26,10 +26,10 @@ bool OperatorSearch::isAtStart(std::string_view rest) {
 
 Units::LiteralEnds OperatorSearch::findEnds(std::string_view rest) {
   dropPassed(rest);
-  while (count_ < reach && !foundAll_) findNext(rest);
+  while (count_ < maxEnds && !foundAll_) findNext(rest);
   Units::LiteralEnds all;
   for (; all.count < count_; ++all.count) all.ends[all.count] = rest.size() - found_[all.count];
-  if (foundAll_) all.ends[all.count++] = rest.size();  // so there is room for one more
+  if (foundAll_) all.ends[all.count++] = rest.size();  // then count_ < maxEnds
   return all;
 }
 

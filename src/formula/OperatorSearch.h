@@ -7,33 +7,34 @@
 #include <cstddef>
 #include <string_view>
 
-/// Finds operators and parentheses ahead in the unread text of a formula, each of them once. All
-/// are spelled with one byte.
+/// Finds the next operators and parentheses in the unread text of a formula. Each is one byte.
 ///
-/// Where a literal ends is tried at several of the operators ahead. Remembering them from token to
-/// token, by their distance from the end, keeps reading linear.
+/// A literal may end at any of several operators ahead. Their positions are stored from token to
+/// token, as distances from the end of the text, so each is searched for once and reading is
+/// linear.
 class OperatorSearch {
  public:
   explicit OperatorSearch(const Units::UnitMath& unitMath);
 
-  /// Whether a text begins with an operator. `rest` must be what is left of the text of the call
-  /// before, unless `restart` was called; so for the next function.
+  /// Whether a text begins with an operator. Here and in `findEnds`, `rest` must be a suffix of the
+  /// text of the previous call, unless `restart` was called.
   bool isAtStart(std::string_view rest);
 
-  /// Where a literal at the front may end: at the first operators, or else at the end of the text.
+  /// Where a literal at the front may end: at the next few operators and, if these are all, at the
+  /// end of the text.
   Units::LiteralEnds findEnds(std::string_view rest);
 
-  /// Another text follows.
+  /// The next call may pass any text.
   void restart();
 
  private:
-  static constexpr std::size_t reach = Units::LiteralEnds::most;
+  static constexpr std::size_t maxEnds = Units::LiteralEnds::most;
 
   void dropPassed(std::string_view rest);
   void findNext(std::string_view rest);
 
-  std::array<bool, 256> isOperator_ = {};      // by byte
-  std::array<std::size_t, reach> found_ = {};  // distances from the end of the text
+  std::array<bool, 256> isOperator_ = {};        // by byte
+  std::array<std::size_t, maxEnds> found_ = {};  // distances from the end of the text
   std::size_t count_ = 0;
   bool foundAll_ = false;
 };

@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <memory>
 
-/// An expression in parentheses. Without it, the mark of open parentheses: those that open side by
-/// side are one node, so that a thousand of them want no more memory than one.
+/// An expression in parentheses. Until it is set, a marker for open parentheses. Adjacent open
+/// parentheses share a node, so a thousand of them take no more memory than one.
 class ParenExpression final : public Expression {
  public:
   static constexpr ExpressionKind nodeKind = ExpressionKind::Paren;
@@ -15,7 +15,7 @@ class ParenExpression final : public Expression {
   ~ParenExpression() override { deleteOperands(); }
 
   void openAnother() { ++open_; }
-  /// Whether it was the last of those open.
+  /// Returns whether this closed the last open one.
   bool closeOne() { return --open_ == 0; }
 
   void setInner(std::unique_ptr<Expression> inner);

@@ -6,8 +6,7 @@
 #include <string>
 #include <string_view>
 
-/// How the operators and functions of the formula language are spelled. 0 stands for "none" in all
-/// three enumerations and is in no table.
+/// The spellings of the operators and functions of the formula language. No table contains None.
 
 enum class FormulaBinaryOperator : std::int32_t {
   None = 0,
@@ -50,14 +49,14 @@ class ValStringMap {
 
   virtual ~ValStringMap() = default;
 
-  /// `E::None` when no entry is spelled so.
+  /// `E::None` if no entry has this spelling.
   E find(std::string_view spelling) const {
     const Spellings& all = spellings();
     const auto found = all.find(spelling);
     return found == all.end() ? E::None : found->second;
   }
 
-  /// Empty when no entry has this value.
+  /// Empty if no entry has this value.
   std::string spellingOf(E value) const {
     ensureFilled();
     const auto found = valueToString_.find(value);
@@ -74,7 +73,7 @@ class ValStringMap {
   /// Adds every entry of the table.
   virtual void populate() const = 0;
 
-  /// A later entry of the same spelling or value takes the place of an earlier one.
+  /// An entry replaces earlier entries with the same spelling or value.
   void add(const char* spelling, E value) const {
     stringToValue_[spelling] = value;
     valueToString_[value] = spelling;

@@ -12,9 +12,9 @@ class SymbolExpression final : public Expression {
  public:
   static constexpr ExpressionKind nodeKind = ExpressionKind::Symbol;
 
-  /// Of a symbol before its operand, which is set later.
+  /// For a prefix symbol, whose operand is set later.
   SymbolExpression(const Units::Symbol& symbol, UnitTermsSource& units);
-  /// Of a symbol after its operand.
+  /// For a suffix symbol.
   SymbolExpression(const Units::Symbol& symbol, UnitTermsSource& units,
                    std::unique_ptr<Expression> operand);
   ~SymbolExpression() override { deleteOperands(); }

@@ -5,7 +5,7 @@
 
 void UnaryOperatorExpression::setOperand(std::unique_ptr<Expression> operand) {
   operand_ = std::move(operand);
-  // An operator that is none is complained of before its operand is looked at.
+  // `apply` rejects other operators before their operand is evaluated.
   if (op_ == FormulaUnaryOperator::Negate) linkOperand(*operand_);
 }
 

@@ -5,7 +5,7 @@
 
 #include <memory>
 
-/// An operand with an operator before it.
+/// A unary operator and its operand.
 class UnaryOperatorExpression final : public Expression {
  public:
   static constexpr ExpressionKind nodeKind = ExpressionKind::UnaryOperator;

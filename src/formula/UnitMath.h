@@ -8,7 +8,7 @@
 
 namespace Units {
 
-/// The conversion arithmetic and the name tables of an engine, as formulas use them.
+/// The parts of an engine that formulas use: conversion arithmetic and spelling tables.
 class UnitMath {
  public:
   virtual ~UnitMath() = default;
@@ -17,10 +17,10 @@ class UnitMath {
   virtual void reduceUnit(const Unit& unit, double& factor, double& offset,
                           PrimitivePowers& powers) const = 0;
 
-  /// Whether two dimensions are the same or, with `inverted` set, exactly reciprocal.
+  /// Whether two dimensions are the same or exactly reciprocal, in which case `inverted` is set.
   virtual bool arePowersCompatible(PrimitivePowers a, PrimitivePowers b, bool& inverted) const = 0;
 
-  /// Turns a value in the unit into primitive terms, and replaces `powers` by the unit's exponents.
+  /// Converts a value in the unit to primitive units and sets `powers` to the unit's exponents.
   virtual void reduceValue(const Unit& unit, double& value, UnitPowerMap& powers) const = 0;
 
   virtual const FunctionMap& getFunctionMap() const = 0;

@@ -14,16 +14,16 @@
 namespace {
 
 bool isNegligible(double exponent) {
-  return !(std::fabs(exponent) >= Units::exponentEpsilon);  // NaN is, too
+  return !(std::fabs(exponent) >= Units::exponentEpsilon);  // true for NaN
 }
 
 bool isBefore(const UnitPower& a, const UnitPower& b) { return std::less<>()(a.unit, b.unit); }
 
-/// Sorts by unit and keeps the order of equals. The few of nearly all products are inserted one
-/// after the other: the standard library's sort would take memory first.
+/// A stable sort by unit. The few powers of nearly all products are sorted by insertion, because
+/// std::stable_sort allocates.
 void sortByUnit(UnitPower* begin, UnitPower* end) {
-  constexpr std::ptrdiff_t mostInserted = 16;
-  if (end - begin > mostInserted) return std::stable_sort(begin, end, isBefore);
+  constexpr std::ptrdiff_t maxInsertionSorted = 16;
+  if (end - begin > maxInsertionSorted) return std::stable_sort(begin, end, isBefore);
   for (UnitPower* next = begin; next != end; ++next)
     std::rotate(std::upper_bound(begin, next, *next, isBefore), next, next + 1);
 }
@@ -46,9 +46,9 @@ UnitPowers::UnitPowers(const Units::Powers& powers) : settled_(powers.size()) {
   }
 }
 
-/// The shorter list is added to the longer one, whichever side that is: a sum is the same from both
-/// sides, and its negative the negative of a sum. Exponents of 0 are not, which stay on the left
-/// side and go on the right one.
+/// Appends the shorter list to the longer one. Swapping the sides changes no result, because a + b
+/// is b + a, and a - b is -(b - a). Exponents of 0 prevent a swap: they are kept on the left side
+/// and dropped on the right side.
 void UnitPowers::combine(UnitPowers&& other, double sign) {
   if (other.powers_.size() > powers_.size() && !hasZeros_ && !other.hasZeros_) {
     std::swap(*this, other);
@@ -60,14 +60,14 @@ void UnitPowers::combine(UnitPowers&& other, double sign) {
 }
 
 void UnitPowers::append(const UnitPowers& other, double sign) {
-  constexpr std::size_t mostAdded = 16;
+  constexpr std::size_t maxUnsettled = 16;
   powers_.reserve(powers_.size() + other.powers_.size());
   for (const auto& [unit, exponent] : other) powers_.push_back({unit, sign_ * sign * exponent});
-  if (powers_.size() > 2 * settled_ + mostAdded) settle();
+  if (powers_.size() > 2 * settled_ + maxUnsettled) settle();
 }
 
-/// Exponents of a unit are added in the order in which they came: one is gone as soon as a sum is
-/// negligible, and the next begins anew.
+/// Exponents of a unit are added in the order of the products. A negligible sum is set to 0 before
+/// the next exponent is added.
 void UnitPowers::settle() {
   if (settled_ < powers_.size()) mergeAdded();
   if (sign_ < 0.0)

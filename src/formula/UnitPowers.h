@@ -9,8 +9,8 @@
 #include <string>
 #include <utility>
 
-/// The units of a formula's value: type id of a primitive unit to its exponent, which a root may
-/// make fractional. Empty means unitless.
+/// The units of a formula's value: type ids of primitive units and their exponents, which a root
+/// may make fractional. Empty means unitless.
 using UnitPowerMap = std::map<std::string, double>;
 
 struct UnitPower {
@@ -18,11 +18,10 @@ struct UnitPower {
   double exponent;
 };
 
-/// The same while a formula is computed: each unit once, ordered by the address of its node.
+/// The units of a value during evaluation. Each unit occurs once, in order of node addresses.
 ///
-/// Products only add to the end. What they add is merged by `settle`, which comes before any look
-/// at the powers, and when as much has been added as was there before. So a product of n units
-/// takes time in proportion to n log n.
+/// A product only appends powers. `settle` merges them, before the powers are read and whenever the
+/// list has doubled. So a product of n units takes O(n log n) time.
 class UnitPowers {
  public:
   UnitPowers() = default;
@@ -30,21 +29,20 @@ class UnitPowers {
   /// The powers of a unit.
   explicit UnitPowers(const Units::Powers& powers);
 
-  /// Adds the exponents of another value to these, or subtracts them. An exponent that cancels is
-  /// taken out.
-  /// @param other  used up.
+  /// Add or subtract the exponents of another value. An exponent that cancels is removed.
+  /// @param other  moved from.
   void multiplyBy(UnitPowers&& other) { combine(std::move(other), 1.0); }
   void divideBy(UnitPowers&& other) { combine(std::move(other), -1.0); }
 
-  /// The same with powers that stay, and are settled.
+  /// @param other  not changed; must be settled.
   void multiplyBy(const UnitPowers& other) { append(other, 1.0); }
   void divideBy(const UnitPowers& other) { append(other, -1.0); }
 
-  /// Multiplies every exponent by `exponent`; one that is near zero leaves no units.
-  /// @throws std::logic_error  an exponent comes out as zero or as NaN.
+  /// Multiplies every exponent by `exponent`. If that is near zero, the result is unitless.
+  /// @throws std::logic_error  an exponent becomes zero or NaN.
   void raiseTo(double exponent);
 
-  /// Merges what products have added. The members below want this done.
+  /// Merges the appended powers. Call it before the members below.
   void settle();
 
   bool empty() const { return powers_.empty(); }
@@ -57,16 +55,15 @@ class UnitPowers {
   void mergeAdded();
 
   Units::ShortList<UnitPower, 2> powers_;
-  std::size_t settled_ = 0;  // so many of them are in order
-  double sign_ = 1.0;        // of all exponents
-  bool hasZeros_ = false;    // as a unit has whose parents cancel
+  std::size_t settled_ = 0;  // this many powers are sorted and merged
+  double sign_ = 1.0;        // to multiply all exponents by
+  bool hasZeros_ = false;    // true for a unit whose parents cancel
 };
 
 UnitPowerMap toUnitPowerMap(const UnitPowers& powers);
 
-/// Whether values in these units may be added: the same entries, their exponents nearly equal.
+/// Whether values in these units may be added: same units, nearly equal exponents.
 bool haveSamePowers(const UnitPowers& a, const UnitPowers& b);
 
-/// Cuts exponents to integers, toward zero. One beyond 32 bits becomes the nearest that they hold;
-/// NaN becomes 0.
+/// Truncates exponents to integers, toward zero, and clamps them to 32 bits. NaN becomes 0.
 Units::Powers truncatePowers(const UnitPowers& powers);

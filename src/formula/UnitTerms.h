@@ -4,8 +4,7 @@
 
 #include <TrelvonUnits/Unit.h>
 
-/// A unit in the terms that formulas compute in: v in the unit is (v + offset) * factor of
-/// `powers`.
+/// A unit in primitive terms, for formulas: v in the unit is (v + offset) * factor of `powers`.
 struct UnitTerms {
   double factor;
   double offset;
@@ -14,12 +13,12 @@ struct UnitTerms {
   double fromUnit(double value) const { return (offset + value) * factor; }
 };
 
-/// Gives units in these terms, each of them once: for the length of one evaluation.
+/// Returns the terms of units during one evaluation. Reduces each unit once.
 class UnitTermsSource {
  public:
   virtual ~UnitTermsSource() = default;
 
-  /// @param unit  of a symbol of the engine, or one that the engine holds.
-  /// @return  stays where it is as long as the source.
+  /// @param unit  the unit of a stored symbol, or a stored unit.
+  /// @return  valid as long as the source.
   virtual const UnitTerms& termsOf(const Units::Unit& unit) = 0;
 };

@@ -1,13 +1,13 @@
 #include "json/JSON.h"
 
+#include "json/ParseInPlace.h"
+#include "json/RapidJson.h"
+
 #include <rapidjson/error/en.h>
 
 #include <array>
 #include <stdexcept>
 #include <utility>
-
-#include "json/ParseInPlace.h"
-#include "json/RapidJson.h"
 
 namespace {
 

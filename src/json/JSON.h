@@ -1,5 +1,7 @@
 #pragma once
 
+#include "json/ExceptionFactory.h"
+
 #include <rapidjson/fwd.h>
 
 #include <cstddef>
@@ -8,8 +10,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "json/ExceptionFactory.h"
 
 struct ThrowingAllocator;
 using RapidPool = rapidjson::MemoryPoolAllocator<ThrowingAllocator>;

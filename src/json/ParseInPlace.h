@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include "json/RapidJson.h"
+
+#include <string>
 
 /// Reads `text` into `document`. The result, with error code and offset, is that of RapidJSON's
 /// default parse. But it does not recurse, so that deeply nested text cannot overflow the stack,

@@ -1,7 +1,7 @@
-#include <TrelvonUnits/SchemaBundle.h>
-
 #include "loading/AddOrSkip.h"
 #include "loading/FileReader.h"
+
+#include <TrelvonUnits/SchemaBundle.h>
 
 #include <cstddef>
 #include <stdexcept>

@@ -1,7 +1,7 @@
-#include <TrelvonUnits/SchemaUtility.h>
-
 #include "loading/AddOrSkip.h"
 #include "loading/FileReader.h"
+
+#include <TrelvonUnits/SchemaUtility.h>
 
 #include <algorithm>
 #include <cstddef>

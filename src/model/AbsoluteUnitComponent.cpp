@@ -1,13 +1,13 @@
-#include <TrelvonUnits/AbsoluteUnitComponent.h>
-
 #include "model/RecordContents.h"
+
+#include <TrelvonUnits/AbsoluteUnitComponent.h>
 
 namespace Units {
 
 AbsoluteUnitComponent::AbsoluteUnitComponent(const std::string& parentUnit, double offset)
     : contents_(new Contents(parentUnit, offset)) {}
 
-// The contents are shared: moving copies, too.
+// Contents are shared, so a move is a copy.
 AbsoluteUnitComponent::AbsoluteUnitComponent(const AbsoluteUnitComponent& other) noexcept = default;
 AbsoluteUnitComponent::AbsoluteUnitComponent(AbsoluteUnitComponent&& other) noexcept = default;
 AbsoluteUnitComponent::~AbsoluteUnitComponent() = default;

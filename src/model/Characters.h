@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string_view>
 
-/// What bytes of a text are, in the classic locale, whatever the process's locale is.
+/// Character classes of the C locale, independent of the process's locale.
 namespace Units {
 
 inline bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }

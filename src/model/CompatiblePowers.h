@@ -2,8 +2,8 @@
 
 namespace Units {
 
-/// Whether two dimensions are the same or, with `inverted` set, exactly reciprocal. Both are in the
-/// same order; entries of 0 are ignored.
+/// Whether two dimensions are the same or exactly reciprocal, in which case `inverted` is set. Both
+/// must be in the same order. Exponents of 0 are ignored.
 template <class SomePowers>
 bool arePowersCompatible(const SomePowers& a, const SomePowers& b, bool& inverted) {
   const auto isZero = [](const auto& power) {
@@ -24,8 +24,7 @@ bool arePowersCompatible(const SomePowers& a, const SomePowers& b, bool& inverte
     if (unitA != unitB) return false;
     if (exponentA == exponentB)
       same = true;
-    else if (exponentA ==
-             -static_cast<long long>(exponentB))  // wide enough to negate the least int
+    else if (exponentA == -static_cast<long long>(exponentB))  // so that INT_MIN can be negated
       opposite = true;
     else
       return false;

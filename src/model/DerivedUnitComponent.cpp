@@ -1,6 +1,6 @@
-#include <TrelvonUnits/DerivedUnitComponent.h>
-
 #include "model/RecordContents.h"
+
+#include <TrelvonUnits/DerivedUnitComponent.h>
 
 namespace Units {
 
@@ -8,7 +8,7 @@ DerivedUnitComponent::DerivedUnitComponent(const std::map<std::string, int>& par
                                            const FactorComponent& factorComponent)
     : contents_(new Contents(parentUnitPowers, factorComponent)) {}
 
-// The contents are shared: moving copies, too.
+// Contents are shared, so a move is a copy.
 DerivedUnitComponent::DerivedUnitComponent(const DerivedUnitComponent& other) noexcept = default;
 DerivedUnitComponent::DerivedUnitComponent(DerivedUnitComponent&& other) noexcept = default;
 DerivedUnitComponent::~DerivedUnitComponent() = default;

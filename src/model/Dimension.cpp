@@ -1,6 +1,6 @@
-#include <TrelvonUnits/Dimension.h>
-
 #include "model/RecordContents.h"
+
+#include <TrelvonUnits/Dimension.h>
 
 #include <utility>
 
@@ -8,7 +8,7 @@ namespace Units {
 
 Dimension::Dimension(std::string typeId) : contents_(new Contents(std::move(typeId))) {}
 
-// The contents are shared: moving copies, too.
+// Contents are shared, so a move is a copy.
 Dimension::Dimension(const Dimension& other) noexcept = default;
 Dimension::Dimension(Dimension&& other) noexcept = default;
 Dimension::~Dimension() = default;

@@ -1,13 +1,13 @@
-#include <TrelvonUnits/Factor.h>
-
 #include "model/RecordContents.h"
+
+#include <TrelvonUnits/Factor.h>
 
 namespace Units {
 
 Factor::Factor(const std::string& typeId, const FactorComponent& factorComponent)
     : contents_(new Contents(typeId, factorComponent)) {}
 
-// The contents are shared: moving copies, too.
+// Contents are shared, so a move is a copy.
 Factor::Factor(const Factor& other) noexcept = default;
 Factor::Factor(Factor&& other) noexcept = default;
 Factor::~Factor() = default;

@@ -1,6 +1,6 @@
-#include <TrelvonUnits/FactorComponent.h>
-
 #include "model/RecordContents.h"
+
+#include <TrelvonUnits/FactorComponent.h>
 
 namespace Units {
 
@@ -11,7 +11,7 @@ FactorComponent::FactorComponent(double factor,
                                  const std::map<std::string, int>& parentFactorPowers)
     : contents_(new Contents(factor, parentFactorPowers)) {}
 
-// The contents are shared: moving copies, too.
+// Contents are shared, so a move is a copy.
 FactorComponent::FactorComponent(const FactorComponent& other) noexcept = default;
 FactorComponent::FactorComponent(FactorComponent&& other) noexcept = default;
 FactorComponent::~FactorComponent() = default;

@@ -9,22 +9,22 @@
 
 namespace Units {
 
-/// An ordered map of texts with a table of hashes in front, which answers nearly all look-ups.
+/// An ordered map with string keys and a hash table in front, which answers nearly all lookups.
 ///
-/// Strangers choose the texts, and std::hash is the same in every process: they can make any number
-/// of texts with one hash. So the table only helps. A text may lie in one of a few slots that its
-/// hash selects; where all of them are taken, it is found by the map alone. No choice of texts
-/// makes a look-up slower than a search of the map and a few comparisons of hashes, and nothing
-/// that a caller sees depends on the hashes.
+/// Keys may come from an attacker, and std::hash is the same in every process, so any number of
+/// keys may share a hash. Therefore the table is only a shortcut. A key's hash selects a few slots;
+/// if all of them are taken, the key is found only in the map. No choice of keys makes a lookup
+/// slower than a search of the map plus a few comparisons of hashes, and no result depends on the
+/// hashes.
 ///
-/// Values stay where they are once they are in.
+/// Values never move once they are inserted.
 template <class Value>
 class IndexedMap {
  public:
-  using Entries = std::map<std::string_view, Value>;  // keys are views that outlive the map
+  using Entries = std::map<std::string_view, Value>;  // the keys' text must outlive the map
 
   IndexedMap() = default;
-  IndexedMap(const IndexedMap&) = delete;  // the slots point at the entries
+  IndexedMap(const IndexedMap&) = delete;  // the slots point to the entries
   IndexedMap& operator=(const IndexedMap&) = delete;
   IndexedMap(IndexedMap&& other) noexcept { swap(other); }
   IndexedMap& operator=(IndexedMap&& other) noexcept {
@@ -36,7 +36,7 @@ class IndexedMap {
   const Entries& entries() const { return entries_; }
   Entries& entries() { return entries_; }
 
-  /// Null when there is no such key.
+  /// Null if there is no such key.
   const Value* find(std::string_view key) const {
     if (slots_.empty()) return nullptr;
     const std::size_t hash = hashOf(key);
@@ -49,7 +49,8 @@ class IndexedMap {
     return found == entries_.end() ? nullptr : &found->second;
   }
 
-  /// Makes room for `count` more entries: for twice as many, since entries often come one by one.
+  /// Makes room for `count` more entries. Reserves twice what is needed, since entries are often
+  /// added one at a time.
   void reserve(std::size_t count) {
     const std::size_t size = entries_.size() + count;
     if (2 * size <= capacity_) return;
@@ -61,15 +62,15 @@ class IndexedMap {
     for (const auto& entry : entries_) index(entry);
   }
 
-  /// Quickest in the order of keys. When it throws, nothing has changed.
-  /// @param key  of no entry.
+  /// Fastest in key order. If it throws, nothing has changed.
+  /// @param key  must not be in the map.
   void emplace(std::string_view key, Value&& value) {
     reserve(1);
     index(*entries_.emplace_hint(entries_.end(), key, std::move(value)));
   }
 
-  /// Takes in the entries of another map, none of whose keys is here, after `reserve` has made room
-  /// for them. They stay where they are.
+  /// Moves all entries of another map to this one. They keep their addresses. No key may be in both
+  /// maps, and `reserve` must have made room.
   void merge(IndexedMap& other) noexcept {
     if (entries_.empty()) return swap(other);
     for (const auto& entry : other.entries_) index(entry);
@@ -86,7 +87,7 @@ class IndexedMap {
     const Entry* entry = nullptr;
   };
 
-  // At most half of the slots are taken: of texts that nobody has chosen so, nearly all find room.
+  // At most half of the slots are taken, so nearly all keys fit unless they were chosen to collide.
   static constexpr std::size_t slotsPerKey = 8;
 
   static std::size_t hashOf(std::string_view key) { return std::hash<std::string_view>()(key); }
@@ -110,8 +111,8 @@ class IndexedMap {
   }
 
   Entries entries_;
-  std::vector<Slot> slots_;   // the last keys' slots lie behind the capacity
-  std::size_t capacity_ = 0;  // none, or a power of two
+  std::vector<Slot> slots_;   // has slotsPerKey - 1 extra, so a key's slots never wrap around
+  std::size_t capacity_ = 0;  // 0 or a power of two
 };
 
 }  // namespace Units

@@ -7,14 +7,14 @@
 
 namespace Units {
 
-/// A primitive unit and its exponent, with room for sums of many exponents of 32 bits.
+/// A primitive unit and its exponent. 64 bits hold sums of many 32-bit exponents.
 struct Power {
   const RecordNode<Unit>* unit;
   std::int64_t exponent;
 };
 
-/// Primitive units and their exponents: each unit once, ordered by the address of its node, which
-/// is quick to compare and, within an engine, as good an order as any.
+/// Primitive units and their exponents. Each unit occurs once. The order is that of node addresses,
+/// which are fast to compare and unique within an engine.
 using Powers = ShortList<Power, 8>;
 
 }  // namespace Units

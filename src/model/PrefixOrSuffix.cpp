@@ -1,13 +1,13 @@
-#include <TrelvonUnits/PrefixOrSuffix.h>
-
 #include "model/RecordContents.h"
+
+#include <TrelvonUnits/PrefixOrSuffix.h>
 
 namespace Units {
 
 PrefixOrSuffix::PrefixOrSuffix(const std::string& text, Placement placement, bool hasSpace)
     : contents_(new Contents(text, placement, hasSpace)) {}
 
-// The contents are shared: moving copies, too.
+// Contents are shared, so a move is a copy.
 PrefixOrSuffix::PrefixOrSuffix(const PrefixOrSuffix& other) noexcept = default;
 PrefixOrSuffix::PrefixOrSuffix(PrefixOrSuffix&& other) noexcept = default;
 PrefixOrSuffix::~PrefixOrSuffix() = default;

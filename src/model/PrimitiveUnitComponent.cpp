@@ -1,13 +1,13 @@
-#include <TrelvonUnits/PrimitiveUnitComponent.h>
-
 #include "model/RecordContents.h"
+
+#include <TrelvonUnits/PrimitiveUnitComponent.h>
 
 namespace Units {
 
 PrimitiveUnitComponent::PrimitiveUnitComponent(const std::optional<Dimension>& dimension)
     : contents_(new Contents(dimension)) {}
 
-// The contents are shared: moving copies, too.
+// Contents are shared, so a move is a copy.
 PrimitiveUnitComponent::PrimitiveUnitComponent(const PrimitiveUnitComponent& other) noexcept =
     default;
 PrimitiveUnitComponent::PrimitiveUnitComponent(PrimitiveUnitComponent&& other) noexcept = default;

@@ -1,6 +1,6 @@
-#include <TrelvonUnits/Quantity.h>
-
 #include "model/RecordContents.h"
+
+#include <TrelvonUnits/Quantity.h>
 
 namespace Units {
 
@@ -8,7 +8,7 @@ Quantity::Quantity(const std::string& typeId, const std::string& name,
                    const std::vector<Unit>& units)
     : contents_(new Contents(typeId, name, units)) {}
 
-// The contents are shared: moving copies, too.
+// Contents are shared, so a move is a copy.
 Quantity::Quantity(const Quantity& other) noexcept = default;
 Quantity::Quantity(Quantity&& other) noexcept = default;
 Quantity::~Quantity() = default;

@@ -13,14 +13,14 @@
 
 namespace Units {
 
-/// Reads records in place, where their getters would copy. References hold as long as the record.
+/// Reads records in place, whereas their getters copy. References are valid as long as the record.
 struct RecordAccess {
   template <class Record>
   static const std::string& typeId(const Record& record) {
     return record.contents_->typeId;
   }
 
-  /// The same for all copies of a record, and for no other.
+  /// Equal for all copies of a record, and only for them.
   template <class Record>
   static const void* identity(const Record& record) {
     return record.contents_.get();
@@ -61,7 +61,7 @@ struct RecordAccess {
     return component.contents_->dimension;
   }
 
-  // Of the three components of a unit, the one that it holds; null for the other two.
+  // A unit has one of these three components; the other two are null.
   static const AbsoluteUnitComponent* absolute(const Unit& unit) {
     return std::get_if<AbsoluteUnitComponent>(&unit.contents_->component);
   }

@@ -14,10 +14,10 @@
 #include <variant>
 #include <vector>
 
-/// What the copies of a record share, by class: set when the record is made, and never changed.
+/// What all copies of a record share, by class. Set on construction and never changed.
 namespace Units {
 
-/// The base of all contents: how many records share them.
+/// The base of all contents: counts the records that share them.
 struct CountedContents {
   mutable std::atomic<std::size_t> owners{1};
 };
@@ -27,14 +27,13 @@ Shared<Contents>::Shared(const Shared& other) noexcept : contents_(other.content
   contents_->owners.fetch_add(1, std::memory_order_relaxed);
 }
 
-/// The last owner must see what all others did with the contents before it deletes them.
+/// Acquire and release: other owners' accesses must precede the deletion by the last owner.
 template <class Contents>
 Shared<Contents>::~Shared() {
   if (contents_->owners.fetch_sub(1, std::memory_order_acq_rel) == 1) delete contents_;
 }
 
-/// Parents and their exponents in type id order, in less memory than the map takes that they come
-/// in.
+/// Parents and their exponents in type id order. Takes less memory than a map.
 using ParentList = std::vector<std::pair<std::string, int>>;
 
 struct Dimension::Contents : CountedContents {
@@ -60,7 +59,7 @@ struct Factor::Contents : CountedContents {
 };
 
 struct AbsoluteUnitComponent::Contents : CountedContents {
-  Contents(const std::string& parent, double zero) : parentUnit(parent), offset(zero) {}
+  Contents(const std::string& parent, double distance) : parentUnit(parent), offset(distance) {}
 
   const std::string parentUnit;
   const double offset;
@@ -84,10 +83,10 @@ struct Unit::Contents : CountedContents {
   using Component =
       std::variant<AbsoluteUnitComponent, DerivedUnitComponent, PrimitiveUnitComponent>;
 
-  template <class KindOfComponent>
-  Contents(const std::string& id, const std::string& shown, System system,
-           const KindOfComponent& kind)
-      : typeId(id), name(shown), unitSystem(system), component(kind) {}
+  template <class ComponentKind>
+  Contents(const std::string& id, const std::string& unitName, System system,
+           const ComponentKind& ofKind)
+      : typeId(id), name(unitName), unitSystem(system), component(ofKind) {}
 
   const std::string typeId;
   const std::string name;
@@ -96,8 +95,8 @@ struct Unit::Contents : CountedContents {
 };
 
 struct PrefixOrSuffix::Contents : CountedContents {
-  Contents(const std::string& shown, Placement where, bool spaced)
-      : text(shown), placement(where), space(spaced) {}
+  Contents(const std::string& displayed, Placement side, bool spaced)
+      : text(displayed), placement(side), space(spaced) {}
 
   const std::string text;
   const Placement placement;
@@ -105,9 +104,9 @@ struct PrefixOrSuffix::Contents : CountedContents {
 };
 
 struct Symbol::Contents : CountedContents {
-  Contents(const std::string& id, const Unit& shown,
+  Contents(const std::string& id, const Unit& ofUnit,
            const std::optional<PrefixOrSuffix>& decoration)
-      : typeId(id), unit(shown), prefixOrSuffix(decoration) {}
+      : typeId(id), unit(ofUnit), prefixOrSuffix(decoration) {}
 
   const std::string typeId;
   const Unit unit;
@@ -115,8 +114,8 @@ struct Symbol::Contents : CountedContents {
 };
 
 struct Quantity::Contents : CountedContents {
-  Contents(const std::string& id, const std::string& shown, const std::vector<Unit>& listed)
-      : typeId(id), name(shown), units(listed) {}
+  Contents(const std::string& id, const std::string& quantityName, const std::vector<Unit>& listed)
+      : typeId(id), name(quantityName), units(listed) {}
 
   const std::string typeId;
   const std::string name;

@@ -15,7 +15,7 @@ namespace Units {
 template <class Record>
 using RecordMap = std::map<std::string, Record>;
 
-/// What messages call a kind of record.
+/// The name of a kind of record in messages.
 template <class Record>
 inline constexpr const char* kindWord = nullptr;
 template <>

@@ -12,17 +12,17 @@ namespace Units {
 template <class Record>
 struct RecordNode;
 
-/// A stored record that another one depends on, and its exponent there.
+/// A stored parent of a record, and its exponent.
 template <class Record>
 struct ParentPower {
   const RecordNode<Record>* parent;
   int exponent;
 };
 
-/// A stored record, and the stored records that it depends on: looked up once, when it is stored,
-/// and valid as long as the engine, since records never move and never go. Beside them lie copies
-/// of what nearly every operation reads of the record. Nothing that is computed from records is
-/// kept here.
+/// A stored record with pointers to its stored parents and copies of the fields that nearly every
+/// operation reads. Parents are looked up once, when the record is stored. The pointers are valid
+/// for the engine's lifetime, since records are never moved or removed. Nothing computed from
+/// records is cached here.
 template <class Record>
 struct RecordNode {
   explicit RecordNode(const Record& stored) : record(stored) {}
@@ -35,7 +35,7 @@ struct RecordNode<Factor> {
   explicit RecordNode(const Factor& stored) : record(stored) {}
 
   Factor record;
-  double ownValue = 1.0;                          // its factor without those of its parents
+  double ownValue = 1.0;                          // excludes the parents' factors
   std::vector<ParentPower<Factor>> parents = {};  // in type id order
 };
 
@@ -45,9 +45,9 @@ struct RecordNode<Unit> {
 
   Unit record;
   bool isAbsolute = false;
-  bool isSimple = false;   // relative, with few parents and all of them primitive
-  double ownFactor = 1.0;  // without those of its parents
-  ShortList<ParentPower<Unit>, 2> parents = {};  // in type id order; a primitive unit has itself
+  bool isSimple = false;                         // relative; has few parents, all primitive
+  double ownFactor = 1.0;                        // excludes the parents' factors
+  ShortList<ParentPower<Unit>, 2> parents = {};  // in type id order; a primitive unit is its own
   std::vector<ParentPower<Factor>> parentFactors = {};
 };
 

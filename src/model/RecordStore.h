@@ -13,13 +13,13 @@
 
 namespace Units {
 
-/// The records of one kind that an engine holds, in type id order. Records and their nodes stay
-/// where they are once they are in.
+/// The records of one kind that an engine stores, in type id order. Stored records and their nodes
+/// never move.
 template <class Record>
 class RecordStore {
  public:
   using Node = RecordNode<Record>;
-  using Nodes = typename IndexedMap<Node>::Entries;  // keys are views of the records' ids
+  using Nodes = typename IndexedMap<Node>::Entries;  // keys are views of the records' type ids
 
   RecordStore() = default;
 
@@ -38,7 +38,7 @@ class RecordStore {
     return all;
   }
 
-  /// Null when no record has that type id.
+  /// Null if no record has that type id.
   const Node* findNode(std::string_view typeId) const { return nodes_.find(typeId); }
 
   const Record* find(std::string_view typeId) const {
@@ -49,13 +49,13 @@ class RecordStore {
   /// Makes room for `count` more records.
   void reserve(std::size_t count) { nodes_.reserve(count); }
 
-  /// Takes in a record, whose node depends on nothing yet. Quickest in type id order. When it
-  /// throws, nothing has changed.
-  /// @param record  of an id that none of the records here has.
+  /// Adds a record. Its node has no parents yet. Fastest in type id order. If it throws, nothing
+  /// has changed.
+  /// @param record  its type id must not be in the store.
   void add(const Record& record) { nodes_.emplace(RecordAccess::typeId(record), Node(record)); }
 
-  /// Takes in the records of another store, none of which is here yet, after `reserve` has made
-  /// room for them. They and their nodes stay where they are.
+  /// Moves all records of another store to this one. They and their nodes keep their addresses. No
+  /// type id may be in both stores, and `reserve` must have made room.
   void merge(RecordStore& other) noexcept { nodes_.merge(other.nodes_); }
 
  private:
@@ -63,22 +63,22 @@ class RecordStore {
 };
 
 template <class Record>
-[[noreturn]] void refuseUnknown(const std::string& typeId) {
+[[noreturn]] void throwUnknown(const std::string& typeId) {
   throw UnrecognizedIdentifierException(std::string("Could not find ") + kindWord<Record> +
                                         " with typeid " + typeId + ".");
 }
 
-/// The node of the record named `typeId`, in place: valid as long as the store.
-/// @throws UnrecognizedIdentifierException  when no record of this kind has that id.
+/// The node of the record with that type id. The reference is valid as long as the store.
+/// @throws UnrecognizedIdentifierException  no record of this kind has that type id.
 template <class Record>
 const RecordNode<Record>& lookUpNode(const RecordStore<Record>& records,
                                      const std::string& typeId) {
   const RecordNode<Record>* const node = records.findNode(typeId);
-  if (!node) refuseUnknown<Record>(typeId);
+  if (!node) throwUnknown<Record>(typeId);
   return *node;
 }
 
-/// The record named `typeId`, likewise.
+/// The record with that type id; as above.
 template <class Record>
 const Record& lookUp(const RecordStore<Record>& records, const std::string& typeId) {
   return lookUpNode(records, typeId).record;

@@ -8,9 +8,9 @@
 
 namespace Units {
 
-/// A list of plain values that is nearly always short: the first `few` lie within it, and only a
-/// longer one takes memory from the heap. Apart from that, a vector.
-template <class T, std::size_t few>
+/// A vector of trivially copyable values that stores up to `inlineCapacity` of them inline and more
+/// on the heap.
+template <class T, std::size_t inlineCapacity>
 class ShortList {
   static_assert(std::is_trivially_copyable_v<T>);
 
@@ -19,7 +19,7 @@ class ShortList {
   using iterator = T*;
   using const_iterator = const T*;
 
-  ShortList() {}  // NOLINT(modernize-use-equals-default): leaves the first few as they are
+  ShortList() {}  // NOLINT(modernize-use-equals-default): leaves the inline values uninitialized
   ShortList(std::initializer_list<T> values) { append(values.begin(), values.end()); }
   ShortList(const T* first, const T* last) { append(first, last); }
   ShortList(const ShortList& other) { append(other.begin(), other.end()); }
@@ -36,9 +36,9 @@ class ShortList {
     return *this;
   }
 
-  T* begin() { return heap_ ? heap_.get() : few_; }
+  T* begin() { return heap_ ? heap_.get() : inline_; }
   T* end() { return begin() + size_; }
-  const T* begin() const { return heap_ ? heap_.get() : few_; }
+  const T* begin() const { return heap_ ? heap_.get() : inline_; }
   const T* end() const { return begin() + size_; }
   std::size_t size() const { return size_; }
   bool empty() const { return size_ == 0; }
@@ -47,7 +47,7 @@ class ShortList {
   const T& operator[](std::size_t index) const { return begin()[index]; }
 
   void push_back(const T& value) {
-    const T copy = value;  // which may be one of this list
+    const T copy = value;  // `value` may be an element of this list
     if (size_ == capacity_) reserve(size_ + 1);
     begin()[size_++] = copy;
   }
@@ -55,10 +55,10 @@ class ShortList {
   void pop_back() { --size_; }
   void clear() { size_ = 0; }
 
-  /// Ends the list at `end`, within what was reserved for it.
+  /// Sets the end of the list, which must be within the reserved memory.
   void setEnd(const T* end) { size_ = static_cast<std::size_t>(end - begin()); }
 
-  /// Makes room for `size` values and, where that takes memory, for as many again.
+  /// Makes room for `size` values. If it must allocate, it at least doubles the capacity.
   void reserve(std::size_t size) {
     if (size <= capacity_) return;
     const std::size_t capacity = std::max(size, 2 * capacity_);
@@ -73,7 +73,7 @@ class ShortList {
     append(first, last);
   }
 
-  /// Adds values that are not of this list.
+  /// @param first  must not point into this list.
   void append(const T* first, const T* last) {
     const std::size_t count = static_cast<std::size_t>(last - first);
     reserve(size_ + count);
@@ -95,17 +95,17 @@ class ShortList {
  private:
   void take(ShortList& other) noexcept {
     heap_ = std::move(other.heap_);
-    if (!heap_) std::copy(other.few_, other.few_ + other.size_, few_);
+    if (!heap_) std::copy(other.inline_, other.inline_ + other.size_, inline_);
     size_ = other.size_;
     capacity_ = other.capacity_;
     other.size_ = 0;
-    other.capacity_ = few;
+    other.capacity_ = inlineCapacity;
   }
 
   std::unique_ptr<T[]> heap_;
   std::size_t size_ = 0;
-  std::size_t capacity_ = few;
-  T few_[few];
+  std::size_t capacity_ = inlineCapacity;
+  T inline_[inlineCapacity];
 };
 
 }  // namespace Units

@@ -1,6 +1,6 @@
-#include <TrelvonUnits/Symbol.h>
-
 #include "model/RecordContents.h"
+
+#include <TrelvonUnits/Symbol.h>
 
 namespace Units {
 
@@ -8,7 +8,7 @@ Symbol::Symbol(const std::string& typeId, const Unit& unit,
                const std::optional<PrefixOrSuffix>& prefixOrSuffix)
     : contents_(new Contents(typeId, unit, prefixOrSuffix)) {}
 
-// The contents are shared: moving copies, too.
+// Contents are shared, so a move is a copy.
 Symbol::Symbol(const Symbol& other) noexcept = default;
 Symbol::Symbol(Symbol&& other) noexcept = default;
 Symbol::~Symbol() = default;

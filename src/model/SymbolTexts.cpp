@@ -16,7 +16,7 @@ std::string_view textOf(const Symbol& symbol) {
   return RecordAccess::text(*RecordAccess::prefixOrSuffix(symbol));
 }
 
-/// The earlier of two symbols in registry order; either may be null.
+/// The first of two symbols in registry order. Either may be null.
 const Symbol* earlier(const Symbol* a, const Symbol* b) {
   if (!a || !b) return a ? a : b;
   return *b < *a ? b : a;

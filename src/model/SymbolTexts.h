@@ -1,7 +1,7 @@
 #pragma once
 
+#include "model/CompositeForms.h"
 #include "model/RecordStore.h"
-#include "model/SpecialSymbols.h"
 #include "model/TextTree.h"
 
 #include <array>
@@ -11,10 +11,10 @@
 
 namespace Units {
 
-/// Symbols by what they show: an index beside a symbol registry, so that reading a text never walks
-/// over all symbols. It points at the records, which must stay where they are.
+/// An index of symbols by their display text, so that reading a text never iterates over all
+/// symbols. It points to the records, which must not move.
 ///
-/// Where several symbols qualify, the first in registry order (by type id) is the one found.
+/// If several symbols match, the first in registry order (by type id) wins.
 class SymbolTexts {
  public:
   SymbolTexts() = default;
@@ -22,26 +22,26 @@ class SymbolTexts {
   /// The index of all symbols of a store.
   explicit SymbolTexts(const RecordStore<Symbol>& symbols);
 
-  // An index is never copied: a copy would point at the records of the other's owner.
+  // Not copyable: a copy would point to records of another owner.
   SymbolTexts(SymbolTexts&&) = default;
   SymbolTexts& operator=(SymbolTexts&&) = default;
 
-  /// Takes in the symbols of another index, which is left empty. Neither allocates nor throws.
+  /// Moves the symbols of another index to this one. Does not allocate or throw.
   void merge(SymbolTexts&& other) noexcept;
 
-  /// The symbol with the longest non-empty text that `text` begins with, of the placement if one is
-  /// asked for; null if none. A text counts only where `text` ends after it or goes on with
-  /// something else than a letter of the classic locale.
+  /// The symbol with the longest non-empty text that `text` begins with, or null. Considers only
+  /// the given placement, if any. The symbol's text must not be followed by a letter (of the C
+  /// locale) in `text`.
   const Symbol* longestAtStart(std::string_view text, std::optional<Placement> placement) const;
 
-  /// The symbol, of either placement, that shows exactly `text`; null if none.
+  /// The symbol, of either placement, whose text is exactly `text`, or null.
   const Symbol* withText(std::string_view text) const;
 
-  /// The symbol without prefix or suffix whose type id contains the form's key; null if none.
+  /// The symbol without prefix or suffix whose type id contains the form's key, or null.
   const Symbol* composite(CompositeForm form) const;
 
  private:
-  using Texts = TextTree<const Symbol*>;  // by views of the records' texts
+  using Texts = TextTree<const Symbol*>;  // keys are views of the records' texts
 
   void add(const Symbol& symbol);
 

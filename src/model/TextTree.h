@@ -9,19 +9,19 @@
 
 namespace Units {
 
-/// Values by text, found by the whole text or by the texts that another one begins with. A search
-/// is linear in the text that is looked for, whatever texts are here: a PATRICIA tree (D. R.
-/// Morrison, Journal of the ACM 15(4), 1968) for each first byte.
+/// A map with string keys that finds a key equal to a text, or the longest key that is a prefix of
+/// a text. A search is linear in the length of the text, regardless of the keys. There is a
+/// PATRICIA tree (D. R. Morrison, Journal of the ACM 15(4), 1968) for each first byte.
 ///
-/// Each node holds a text, and a bit by which texts part. A descent reads only such bits, so the
-/// text where it ends must still be compared. A link that does not lead to a later bit ends it.
-/// Each byte counts nine bits, the first of which says that the byte is there: by this bit a text
-/// parts from the longer ones that begin with it.
+/// Each node stores a key and the index of a bit in which keys differ. A descent tests only these
+/// bits, so the key where it ends must still be compared. A descent ends at a link that does not
+/// lead to a later bit. Each byte has nine bits. The first one is set if the byte exists, so it
+/// separates a key from longer keys that begin with it.
 template <class Value>
 class TextTree {
  public:
   TextTree() = default;
-  TextTree(const TextTree&) = delete;  // the nodes point at each other
+  TextTree(const TextTree&) = delete;  // the nodes point to each other
   TextTree& operator=(const TextTree&) = delete;
   TextTree(TextTree&& other) noexcept { swap(other); }
   TextTree& operator=(TextTree&& other) noexcept {
@@ -30,7 +30,7 @@ class TextTree {
     return *this;
   }
 
-  /// Null when there is no such text.
+  /// Null if there is no such key.
   const Value* find(std::string_view text) const {
     const Node* const root = rootOf(text);
     if (!root) return nullptr;
@@ -38,8 +38,8 @@ class TextTree {
     return end.text == text ? &end.value : nullptr;
   }
 
-  /// The value of the longest text that `text` begins with and whose length is accepted; null if
-  /// none.
+  /// The value of the longest key that `text` begins with and whose length `accepts` accepts, or
+  /// null.
   template <class Accepts>
   const Value* findLongestPrefix(std::string_view text, Accepts accepts) const {
     const Node* const root = rootOf(text);
@@ -48,7 +48,7 @@ class TextTree {
     const std::size_t common = commonLength(end.text, text);
     if (common == end.text.size() && accepts(common)) return &end.value;
 
-    // The shorter ones part from the way down where they end.
+    // Shorter prefixes branch off the same path, each at the presence bit after its last byte.
     const Value* longest = nullptr;
     const Node* node = root->next[1];
     for (Bit last = 0; node->bit > last && placeOf(node->bit) <= common;) {
@@ -59,9 +59,9 @@ class TextTree {
     return longest;
   }
 
-  /// Adds a text, unless it is here already. When it throws, nothing has changed.
-  /// @param text  not empty; outlives the tree.
-  /// @return  the value of the text.
+  /// Adds a key if it is not in the tree yet. If it throws, nothing has changed.
+  /// @param text  not empty; must outlive the tree.
+  /// @return  the value of the key, old or new.
   Value& insert(std::string_view text, const Value& value) {
     std::list<Node> made(1, Node{0, {nullptr, nullptr}, text, value});
     Node& node = made.front();
@@ -70,8 +70,8 @@ class TextTree {
     return node.value;
   }
 
-  /// Takes in the texts of another tree, which is left empty. Where a text is here already, `join`
-  /// gets the value that stays and the one that goes.
+  /// Moves all keys of another tree to this one. If a key is in both, calls `join` with the value
+  /// that stays and the value that is dropped.
   template <class Join>
   void merge(TextTree& other, Join join) noexcept {
     other.roots_ = {};
@@ -87,7 +87,7 @@ class TextTree {
   }
 
  private:
-  using Bit = std::size_t;  // sixteen times the place of a byte, and which of its nine bits
+  using Bit = std::size_t;  // 16 * index of the byte + index of one of its nine bits
 
   struct Node {
     Bit bit = 0;
@@ -99,7 +99,7 @@ class TextTree {
   static std::size_t placeOf(Bit bit) { return bit / 16; }
   static bool isPresence(Bit bit) { return bit % 16 == 0; }
 
-  /// The nine bits of a text at a place: none of them set behind its end.
+  /// The nine bits of a text at an index. All are 0 beyond its end.
   static unsigned bitsAt(std::size_t place, std::string_view text) {
     return place < text.size() ? 0x100u | static_cast<unsigned char>(text[place]) : 0u;
   }
@@ -119,7 +119,7 @@ class TextTree {
     return static_cast<unsigned char>(text.front());
   }
 
-  /// The node that all texts with the first byte of `text` hang on; null when there are none.
+  /// The root of the tree for the first byte of `text`, or null.
   const Node* rootOf(std::string_view text) const {
     return text.empty() ? nullptr : roots_[firstByte(text)];
   }
@@ -133,11 +133,11 @@ class TextTree {
     return *node;
   }
 
-  /// Puts a node into the tree, unless its text is here.
-  /// @return  the node of that text; null when there was none.
+  /// Inserts a node unless its key is in the tree already.
+  /// @return  the node that has the key already, or null.
   Node* link(Node& node) noexcept {
     Node*& root = roots_[firstByte(node.text)];
-    if (!root) {  // parts nothing
+    if (!root) {  // the first key of this tree: there is no bit to test
       node.bit = 0;
       node.next[0] = node.next[1] = root = &node;
       return nullptr;

@@ -4,10 +4,11 @@
 
 namespace Units {
 
-/// Added in rounding, so that a number that fell just short of a step in binary still reaches it.
+/// Added when rounding, so that a number just below a step because of binary error still reaches
+/// it.
 inline constexpr double roundingTolerance = 1e-9;
 
-/// An exponent of a unit whose magnitude is below this counts as gone.
+/// A unit's exponent of a magnitude below this counts as 0.
 inline constexpr double exponentEpsilon = 2.220446049250313e-16;
 
 inline bool isNearZero(double x) { return std::fabs(x) <= 1e-9; }

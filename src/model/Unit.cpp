@@ -1,6 +1,6 @@
-#include <TrelvonUnits/Unit.h>
-
 #include "model/RecordContents.h"
+
+#include <TrelvonUnits/Unit.h>
 
 namespace Units {
 
@@ -16,7 +16,7 @@ Unit::Unit(const std::string& typeId, const std::string& name, System unitSystem
            const PrimitiveUnitComponent& component)
     : contents_(new Contents(typeId, name, unitSystem, component)) {}
 
-// The contents are shared: moving copies, too.
+// Contents are shared, so a move is a copy.
 Unit::Unit(const Unit& other) noexcept = default;
 Unit::Unit(Unit&& other) noexcept = default;
 Unit::~Unit() = default;

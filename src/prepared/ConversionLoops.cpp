@@ -1,7 +1,7 @@
 #include "prepared/ConversionLoops.h"
 
-// The compiler vectorizes the loops below. Processors differ only in how many numbers one
-// instruction takes; the bits are the same, since products and sums are never fused.
+// The compiler vectorizes the loops below. Wider instructions produce the same bits, since products
+// and sums are never fused.
 namespace Units {
 
 namespace {
@@ -18,7 +18,7 @@ TRELVON_INLINED void convertEach(const double* values, double* converted, std::s
   const auto convert = [=](double value) {
     return (fromOffset + value) * fromFactor / toFactor - toOffset;
   };
-  if (values == converted) {  // separate, because arrays that may overlap are not vectorized
+  if (values == converted) {  // separate, because loops over overlapping arrays are not vectorized
     for (std::size_t i = 0; i < count; ++i) converted[i] = convert(converted[i]);
   } else {
     for (std::size_t i = 0; i < count; ++i) converted[i] = convert(values[i]);

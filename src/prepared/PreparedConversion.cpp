@@ -1,7 +1,7 @@
-#include <TrelvonUnits/PreparedConversion.h>
-
-#include "prepared/CoherentTwins.h"
 #include "prepared/ConversionLoops.h"
+#include "prepared/FactorFinder.h"
+
+#include <TrelvonUnits/PreparedConversion.h>
 
 #include <cmath>
 
@@ -9,8 +9,7 @@ namespace Units {
 
 namespace {
 
-/// What a conversion needs of a unit: the offset that it adds, and the relative unit whose factor
-/// it multiplies by.
+/// What a conversion uses of a unit: the offset, and the relative unit that has the factor.
 struct Scale {
   double offset;
   std::string relativeUnit;
@@ -26,15 +25,15 @@ Scale scaleOf(const UnitsEngine& engine, const std::string& unitTypeId) {
 
 PreparedConversion::PreparedConversion(const UnitsEngine& engine, const std::string& fromUnitTypeId,
                                        const std::string& toUnitTypeId) {
-  engine.convert(0.0, fromUnitTypeId, toUnitTypeId);  // throws for the same reasons
+  engine.convert(0.0, fromUnitTypeId, toUnitTypeId);  // throws as every conversion would
   const Scale from = scaleOf(engine, fromUnitTypeId);
   const Scale to = scaleOf(engine, toUnitTypeId);
-  CoherentTwins twins(engine);
+  FactorFinder finder(engine);
   fromOffset_ = from.offset;
-  fromFactor_ = twins.factorOf(from.relativeUnit);
-  toFactor_ = twins.factorOf(to.relativeUnit);
+  fromFactor_ = finder.factorOf(from.relativeUnit);
+  toFactor_ = finder.factorOf(to.relativeUnit);
   toOffset_ = to.offset;
-  inverted_ = twins.areReciprocal(from.relativeUnit, to.relativeUnit);
+  inverted_ = finder.areReciprocal(from.relativeUnit, to.relativeUnit);
 }
 
 double PreparedConversion::reciprocalOf(double value) { return std::pow(value, -1.0); }

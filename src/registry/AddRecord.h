@@ -4,8 +4,8 @@
 
 namespace Units {
 
-/// Each stores a record after its kind's check and then the check of its type id have passed; a
-/// failure leaves the registries unchanged.
+/// Each checks a record by the rules of its kind, then checks its type id, then stores it. If it
+/// throws, the registries are unchanged.
 void addDimension(const Dimension& dimension, Registries& registries);
 void addFactor(const Factor& factor, Registries& registries);
 void addUnit(const Unit& unit, Registries& registries);

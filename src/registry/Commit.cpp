@@ -10,8 +10,8 @@ namespace Units {
 
 namespace {
 
-/// The node of a record that is on its way in, or in already.
-/// @throws UnrecognizedIdentifierException  there is none.
+/// The node of a record that is built or stored.
+/// @throws UnrecognizedIdentifierException  there is no such record.
 template <class Kind>
 const auto& nodeOf(const std::string& typeId, const Kind& kind) {
   const auto* const built = kind.built.findNode(typeId);
@@ -34,8 +34,8 @@ void linkFactors(Registries& registries) {
 }
 
 bool isSimple(const RecordNode<Unit>& unit) {
-  constexpr std::size_t mostParents = 8;
-  return !unit.isAbsolute && unit.parents.size() + unit.parentFactors.size() <= mostParents &&
+  constexpr std::size_t maxParents = 8;
+  return !unit.isAbsolute && unit.parents.size() + unit.parentFactors.size() <= maxParents &&
          std::all_of(unit.parents.begin(), unit.parents.end(), [](const auto& power) {
            return RecordAccess::primitive(power.parent->record) != nullptr;
          });
@@ -71,7 +71,7 @@ void store(Kind& kind) noexcept {
 }  // namespace
 
 void commit(Registries& registries) {
-  // What may throw comes first: nothing has changed yet.
+  // Steps that may throw come first. None of them changes what is stored.
   linkFactors(registries);
   linkUnits(registries);
   SymbolTexts symbolTexts(registries.symbols.built);
@@ -81,7 +81,7 @@ void commit(Registries& registries) {
   reserve(registries.symbols);
   reserve(registries.quantities);
 
-  // From here on nothing allocates or throws: nodes change their owner and stay where they are.
+  // From here on, nothing allocates or throws. Nodes change their owner but keep their addresses.
   store(registries.dimensions);
   store(registries.factors);
   store(registries.units);

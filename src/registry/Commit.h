@@ -4,14 +4,14 @@
 
 namespace Units {
 
-/// Stores what the kinds have `built`: the only writer of stored records and of what is kept beside
-/// them. When it throws (std::bad_alloc), nothing is stored.
+/// Moves the `built` records of all kinds to `objects`. This is the only function that changes
+/// stored records or their index. If it throws (std::bad_alloc), nothing is stored.
 ///
-/// @throws UnrecognizedIdentifierException  a record rests on one that is neither stored nor built,
-///                                          which no record that has passed its checks does.
+/// @throws UnrecognizedIdentifierException  a record depends on one that is neither stored nor
+///                                          built. This cannot happen after the record checks.
 void commit(Registries& registries);
 
-/// Drops at the end of a call what it has built and not stored, empty tables included.
+/// At the end of a call, drops what it has built but not stored, and frees the empty tables.
 struct BuiltDropper {
   Registries& registries;
 

@@ -7,13 +7,13 @@
 
 namespace Units {
 
-/// One kind of definition on its way from schema text to served record.
+/// The definitions of one kind, from pending schema to stored record.
 template <class SchemaData, class Record>
 struct KindRegistry {
-  std::map<std::string, SchemaData> pending;  // read, waiting for a build
-  std::map<std::string, SchemaData> batch;    // what the running build works on
-  RecordStore<Record> built;                  // made by the running call, not served yet
-  RecordStore<Record> objects;                // what the engine serves
+  std::map<std::string, SchemaData> pending;  // schemas waiting for a build
+  std::map<std::string, SchemaData> batch;    // schemas of the current build
+  RecordStore<Record> built;                  // made by the current call, not stored yet
+  RecordStore<Record> objects;                // stored: what the engine returns
 };
 
 }  // namespace Units

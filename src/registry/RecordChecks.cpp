@@ -1,7 +1,7 @@
 #include "registry/RecordChecks.h"
 
+#include "model/CompositeForms.h"
 #include "model/RecordAccess.h"
-#include "model/SpecialSymbols.h"
 
 #include <TrelvonUnits/Exceptions.h>
 

@@ -6,11 +6,11 @@
 
 #include <string>
 
-/// The rules that a record must meet before it is stored. Each check throws a ValidationException
-/// at the first violation, in the order given.
+/// The rules for records. Each check throws a ValidationException for the first violation, in the
+/// order given.
 namespace Units {
 
-/// The type id is not empty and names nothing yet.
+/// The type id is not empty and not registered yet.
 void checkTypeId(const std::string& typeId, const Registries& registries);
 
 /// No exponent is 0.
@@ -24,20 +24,20 @@ void checkExponents(const Powers& powers) {
 void checkFactorParents(const FactorComponent& component, const RecordStore<Factor>& factors);
 void checkFactorParents(const Factor& factor, const RecordStore<Factor>& factors);
 
-/// The id names a stored unit that is not absolute.
+/// The type id belongs to a stored unit that is not absolute.
 void checkRelativeUnit(const std::string& unitTypeId, const RecordStore<Unit>& units);
 
-/// The name is not empty; parents and dimension are stored and fit the unit's component.
+/// The name is not empty. Parents and dimension are stored and valid for the unit's component.
 void checkUnit(const Unit& unit, const Registries& registries);
 
-/// A symbol without prefix or suffix is named as one of the composite forms.
+/// The type id of a symbol without prefix or suffix contains the key of a composite form.
 void checkSpecialSymbol(const std::string& symbolTypeId);
 
-/// The symbol may stand without prefix or suffix if it does; its unit is stored.
+/// A symbol without prefix or suffix is composite. The unit is stored.
 /// @return  the symbol to store, with the stored unit.
 Symbol checkSymbol(const Symbol& symbol, const RecordStore<Unit>& units);
 
-/// The name is not empty; all units are stored.
+/// The name is not empty. All units are stored.
 /// @return  the quantity to store, with the stored units.
 Quantity checkQuantity(const Quantity& quantity, const RecordStore<Unit>& units);
 

@@ -10,20 +10,20 @@
 
 namespace Units {
 
-/// Everything an engine knows. The order of the kinds is the order of every walk over them.
+/// Everything an engine stores. All iteration over the kinds is in this order.
 ///
-/// `objects` and `symbolTexts` are written by `commit` alone.
+/// Only `commit` changes `objects` and `symbolTexts`.
 struct Registries {
   KindRegistry<Dimension, Dimension> dimensions;
   KindRegistry<FactorSchemaData, Factor> factors;
   KindRegistry<UnitSchemaData, Unit> units;
   KindRegistry<SymbolSchemaData, Symbol> symbols;
   KindRegistry<QuantitySchemaData, Quantity> quantities;
-  std::set<std::string_view> pendingTypeIds;  // views of the ids in `pending`
-  SymbolTexts symbolTexts;                    // of symbols.objects
+  std::set<std::string_view> pendingTypeIds;  // views of the keys of `pending`
+  SymbolTexts symbolTexts;                    // index of symbols.objects
 };
 
-/// Whether a type id names a stored record.
+/// Whether a type id belongs to a stored record.
 inline bool isStored(std::string_view typeId, const Registries& registries) {
   return registries.dimensions.objects.findNode(typeId) ||
          registries.factors.objects.findNode(typeId) || registries.units.objects.findNode(typeId) ||
@@ -31,7 +31,7 @@ inline bool isStored(std::string_view typeId, const Registries& registries) {
          registries.quantities.objects.findNode(typeId);
 }
 
-/// Whether a type id names a stored record or a pending schema.
+/// Whether a type id belongs to a stored record or a pending schema.
 inline bool isRegistered(std::string_view typeId, const Registries& registries) {
   return isStored(typeId, registries) || registries.pendingTypeIds.count(typeId) != 0;
 }

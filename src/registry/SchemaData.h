@@ -8,8 +8,8 @@
 #include <variant>
 #include <vector>
 
-/// What is read from a schema text and waits for a build, by kind. (A dimension needs nothing but
-/// its type id and waits as a Dimension.)
+/// What is read from a schema text and waits for a build, by kind. (A dimension has only a type id,
+/// so it is stored as a Dimension.)
 namespace Units {
 
 struct SimpleFactorSchemaData {
@@ -54,7 +54,7 @@ using UnitSchemaData = std::variant<AbsoluteUnitSchemaData, DerivedUnitSchemaDat
 
 struct PrefixOrSuffixSchemaData {
   std::string text;
-  std::string placement;  // as written; read when the symbol is built
+  std::string placement;  // as written; interpreted when the symbol is built
   bool space;
 };
 

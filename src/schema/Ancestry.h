@@ -11,31 +11,30 @@
 
 namespace Units {
 
-/// How far the walks of one build have come with a record.
-enum class Walk { UnderWay, Finished };
+/// The progress of a depth-first search at a record.
+enum class VisitState { OnPath, Finished };
 
 template <class Record>
-using Walks = std::unordered_map<const Record*, Walk>;
+using VisitStates = std::unordered_map<const Record*, VisitState>;
 
-/// Walks from a record of the running build depth first over its parents, in type id order. Ends at
-/// stored records, which passed this when they were stored.
+/// Checks the ancestors of a record of the current build: a depth-first search over parents in type
+/// id order. It stops at stored records, which were checked when they were stored.
 ///
-/// Each record is walked once in a build, for all roots together, with the same first fault as a
-/// walk that begins anew at every root: a record is finished when all that it rests on is, without
-/// a fault. No parent below it is missing or refused by `parentsOf`, which no path changes; and
-/// none lies on the path to it, since a record on the path is under way, while those below are
-/// finished.
+/// Each record is visited once per build, for all roots together. The first error is the same as if
+/// every root were searched from scratch: a record is finished only after all of its ancestors are,
+/// without an error. None of them is missing or rejected by `parentsOf`, whatever path leads to it,
+/// and none of them is on the current path, since records on the path are not finished.
 ///
-/// @param parentsOf  gives the parents of a record, by type id; may refuse it by an exception.
-/// @param walks      of this build, among records of this kind.
-/// @throws ValidationException  a parent is neither stored nor in the build, or is on the path that
-///                              leads to it.
+/// @param parentsOf  returns the parents of a record, by type id; may throw to reject it.
+/// @param states     of this build and kind of record.
+/// @throws ValidationException  a parent is neither stored nor in the build, or is on the path to
+///                              itself.
 template <class SchemaData, class Record, class ParentsOf>
 void checkAncestry(const std::string& root, const KindRegistry<SchemaData, Record>& registry,
-                   const ParentsOf& parentsOf, Walks<Record>& walks) {
+                   const ParentsOf& parentsOf, VisitStates<Record>& states) {
   using Parent = ParentList::const_iterator;
   struct Step {
-    Walk* walk;
+    VisitState* state;
     Parent next;
     Parent end;
   };
@@ -44,13 +43,13 @@ void checkAncestry(const std::string& root, const KindRegistry<SchemaData, Recor
     if (registry.objects.find(id)) return;
     const Record* const built = registry.built.find(id);
     if (!built) throw ValidationException("Parent " + id + " has an unexpected type.");
-    const auto [walk, isFirst] = walks.try_emplace(built, Walk::UnderWay);
-    if (!isFirst && walk->second == Walk::Finished) return;
+    const auto [state, isFirst] = states.try_emplace(built, VisitState::OnPath);
+    if (!isFirst && state->second == VisitState::Finished) return;
     if (!isFirst)
       throw ValidationException("A schema identifies its descendant " + id +
                                 " as one of its parents.");
     const ParentList& parents = parentsOf(*built);
-    path.push_back({&walk->second, parents.begin(), parents.end()});
+    path.push_back({&state->second, parents.begin(), parents.end()});
   };
   visit(root);
   while (!path.empty()) {
@@ -58,7 +57,7 @@ void checkAncestry(const std::string& root, const KindRegistry<SchemaData, Recor
     if (step.next != step.end) {
       visit((step.next++)->first);
     } else {
-      *step.walk = Walk::Finished;
+      *step.state = VisitState::Finished;
       path.pop_back();
     }
   }

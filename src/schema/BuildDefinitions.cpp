@@ -18,7 +18,7 @@ namespace {
 using FactorRegistry = KindRegistry<FactorSchemaData, Factor>;
 using UnitRegistry = KindRegistry<UnitSchemaData, Unit>;
 
-/// What a record is made of goes as soon as it is made: the next one finds room there.
+/// Frees each schema as soon as its record is built, so that the next record can reuse the memory.
 template <class SchemaData, class Record, class Build>
 void buildKind(KindRegistry<SchemaData, Record>& kind, const Build& build) {
   kind.built.reserve(kind.batch.size());
@@ -48,33 +48,34 @@ void checkBuiltFactors(const FactorRegistry& factors) {
   const auto parentsOf = [](const Factor& factor) -> const ParentList& {
     return RecordAccess::parentFactorPowers(RecordAccess::factorComponent(factor));
   };
-  Walks<Factor> walks;
+  VisitStates<Factor> states;
   for (const auto& [typeId, node] : factors.built.nodes())
-    checkAncestry(RecordAccess::typeId(node.record), factors, parentsOf, walks);
+    checkAncestry(RecordAccess::typeId(node.record), factors, parentsOf, states);
 }
 
-[[noreturn]] void refuseParent(const std::string& parent, const char* kind,
+[[noreturn]] void rejectParent(const std::string& parent, const char* kind,
                                const std::string& unit) {
   throw ValidationException("Parent unit " + parent + " in " + kind + " unit " + unit +
                             " is not a relative unit.");
 }
 
 void checkDerived(const std::string& typeId, const DerivedUnitComponent& derived,
-                  const FactorRegistry& factors, const UnitRegistry& units, Walks<Unit>& walks) {
+                  const FactorRegistry& factors, const UnitRegistry& units,
+                  VisitStates<Unit>& states) {
   const FactorComponent& component = RecordAccess::factorComponent(derived);
   for (const auto& [parent, exponent] : RecordAccess::parentFactorPowers(component))
     findDependency(factors, parent, typeId);
   for (const auto& [parent, exponent] : RecordAccess::parentUnitPowers(derived))
     if (RecordAccess::absolute(findDependency(units, parent, typeId)))
-      refuseParent(parent, "derived", typeId);
+      rejectParent(parent, "derived", typeId);
 
   static const ParentList none;
   const auto parentsOf = [&](const Unit& unit) -> const ParentList& {
-    if (RecordAccess::absolute(unit)) refuseParent(RecordAccess::typeId(unit), "derived", typeId);
+    if (RecordAccess::absolute(unit)) rejectParent(RecordAccess::typeId(unit), "derived", typeId);
     const auto* const isDerived = RecordAccess::derived(unit);
     return isDerived ? RecordAccess::parentUnitPowers(*isDerived) : none;
   };
-  checkAncestry(typeId, units, parentsOf, walks);
+  checkAncestry(typeId, units, parentsOf, states);
 }
 
 void checkAbsolute(const std::string& typeId, const AbsoluteUnitComponent& absolute,
@@ -84,15 +85,15 @@ void checkAbsolute(const std::string& typeId, const AbsoluteUnitComponent& absol
   if (!built)
     checkRelativeUnit(parent, units.objects);
   else if (RecordAccess::absolute(*built))
-    refuseParent(parent, "absolute", typeId);
+    rejectParent(parent, "absolute", typeId);
 }
 
 void checkBuiltUnits(const FactorRegistry& factors, const UnitRegistry& units) {
-  Walks<Unit> walks;
+  VisitStates<Unit> states;
   for (const auto& [id, node] : units.built.nodes()) {
     const std::string& typeId = RecordAccess::typeId(node.record);
     if (const auto* const derived = RecordAccess::derived(node.record))
-      checkDerived(typeId, *derived, factors, units, walks);
+      checkDerived(typeId, *derived, factors, units, states);
     else if (const auto* const absolute = RecordAccess::absolute(node.record))
       checkAbsolute(typeId, *absolute, units);
   }

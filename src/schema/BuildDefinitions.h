@@ -4,12 +4,12 @@
 
 namespace Units {
 
-/// Makes a record in `built` of every schema in `batch`, kind by kind, and checks how the records
-/// refer to one another and to stored ones.
+/// Builds a record in `built` from every schema in `batch`, kind by kind. Then checks the records'
+/// references to each other and to stored records.
 ///
-/// @throws ValidationException  the first fault: of a symbol, quantity or primitive unit whose unit
-///                              or dimension is missing, by kind and type id; then of a factor,
-///                              then of a unit, by type id.
+/// @throws ValidationException  the first error. Missing units or dimensions of symbols, quantities
+///                              and primitive units come first, by kind and type id; then errors
+///                              of factors, then of units, by type id.
 void buildDefinitions(Registries& registries);
 
 }  // namespace Units

@@ -23,24 +23,24 @@ namespace Units {
 
 namespace {
 
-/// Keeps a schema as pending.
-/// @return  those of `dependencies` that are not registered then; a schema that names itself is.
+/// Stores a schema as pending.
+/// @return  the `dependencies` that are not registered. The schema itself counts as registered.
 template <class SchemaData, class Record>
-std::set<std::string> keep(const std::string& typeId, SchemaData&& data,
-                           std::set<std::string> dependencies,
-                           KindRegistry<SchemaData, Record>& kind, Registries& registries) {
+std::set<std::string> storePending(const std::string& typeId, SchemaData&& data,
+                                   std::set<std::string> dependencies,
+                                   KindRegistry<SchemaData, Record>& kind, Registries& registries) {
   for (auto id = dependencies.begin(); id != dependencies.end();)
     id = *id == typeId || isRegistered(*id, registries) ? dependencies.erase(id) : std::next(id);
   std::map<std::string, SchemaData> made;
   const auto entry = made.try_emplace(typeId, std::move(data)).first;
   registries.pendingTypeIds.insert(entry->first);
 
-  // From here on nothing allocates or throws.
+  // From here on, nothing allocates or throws.
   kind.pending.merge(made);
   return dependencies;
 }
 
-/// Drops the batch of a build, whether it has been stored or not.
+/// Drops the batch of a build, whether the build succeeds or fails.
 struct BatchDropper {
   Registries& registries;
   const BuiltDropper built{registries};
@@ -54,7 +54,7 @@ struct BatchDropper {
   }
 };
 
-[[noreturn]] void refuse(const std::string& typeId) {
+[[noreturn]] void throwUnknownTypeId(const std::string& typeId) {
   throw UnrecognizedIdentifierException("Could not find any object with typeid " + typeId + ".");
 }
 
@@ -66,23 +66,26 @@ std::set<std::string> addDefinition(const std::string& text, Registries& registr
   const std::string& typeId = header.typeId;
   checkTypeId(typeId, registries);
   if (auto data = readDimensionSchema(header))
-    return keep(typeId, *std::move(data), {}, registries.dimensions, registries);
+    return storePending(typeId, *std::move(data), {}, registries.dimensions, registries);
   if (auto data = readFactorSchema(header)) {
     auto dependencies = factorSchemaDependencies(*data);
-    return keep(typeId, *std::move(data), std::move(dependencies), registries.factors, registries);
+    return storePending(typeId, *std::move(data), std::move(dependencies), registries.factors,
+                        registries);
   }
   if (auto data = readUnitSchema(header)) {
     auto dependencies = unitSchemaDependencies(*data);
-    return keep(typeId, *std::move(data), std::move(dependencies), registries.units, registries);
+    return storePending(typeId, *std::move(data), std::move(dependencies), registries.units,
+                        registries);
   }
   if (auto data = readSymbolSchema(header)) {
     auto dependencies = symbolSchemaDependencies(*data);
-    return keep(typeId, *std::move(data), std::move(dependencies), registries.symbols, registries);
+    return storePending(typeId, *std::move(data), std::move(dependencies), registries.symbols,
+                        registries);
   }
   if (auto data = readQuantitySchema(header)) {
     auto dependencies = quantitySchemaDependencies(*data);
-    return keep(typeId, *std::move(data), std::move(dependencies), registries.quantities,
-                registries);
+    return storePending(typeId, *std::move(data), std::move(dependencies), registries.quantities,
+                        registries);
   }
   throw ValidationException("Inheritance from an unrecognized base schema.");
 }
@@ -109,7 +112,7 @@ std::string getDefinition(const std::string& typeId, const Registries& registrie
     return writeSymbolSchema(*symbol);
   if (const auto* const quantity = registries.quantities.objects.find(typeId))
     return writeQuantitySchema(*quantity);
-  refuse(typeId);
+  throwUnknownTypeId(typeId);
 }
 
 std::set<std::string> getDependencies(const std::string& typeId, const Registries& registries) {
@@ -123,8 +126,8 @@ std::set<std::string> getDependencies(const std::string& typeId, const Registrie
     collectSymbolReferences(*symbol, references, units);
   else if (const auto* const quantity = registries.quantities.objects.find(typeId))
     collectQuantityReferences(*quantity, references, units);
-  else if (!isRegistered(typeId, registries))  // else a dimension, or pending
-    refuse(typeId);
+  else if (!isRegistered(typeId, registries))  // dimensions and pending schemas have none
+    throwUnknownTypeId(typeId);
   return std::move(references.typeIds);
 }
 

@@ -7,11 +7,11 @@
 #include <optional>
 #include <string>
 
-/// Schemas of dimensions: a type id, and constants that nobody reads. A dimension needs no building
-/// and refers to nothing.
+/// Schemas of dimensions: only a type id; constants are ignored. A dimension needs no build step
+/// and has no dependencies.
 namespace Units {
 
-/// Empty when the schema is not one of a dimension.
+/// Empty if the schema is not a dimension's.
 std::optional<Dimension> readDimensionSchema(const SchemaHeader& header);
 
 std::string writeDimensionSchema(const Dimension& dimension);

@@ -2,7 +2,7 @@
 
 #include "model/RecordAccess.h"
 #include "registry/RecordChecks.h"
-#include "schema/Constants.h"
+#include "schema/ConstantReaders.h"
 #include "schema/SchemaWriter.h"
 
 #include <map>
@@ -50,7 +50,7 @@ void collectParentFactors(const std::vector<ParentPower<Factor>>& parents, Refer
     const auto& current = *waiting.back();
     waiting.pop_back();
     for (const auto& [parent, exponent] : current) {
-      if (!out.walkedFactors.insert(parent).second) continue;
+      if (!out.visitedFactors.insert(parent).second) continue;
       out.typeIds.insert(RecordAccess::typeId(parent->record));
       waiting.push_back(&parent->parents);
     }

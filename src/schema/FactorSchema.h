@@ -13,33 +13,31 @@
 #include <string>
 #include <vector>
 
-/// Schemas of factors: a number, and for a derived factor powers of others.
+/// Schemas of factors: a number and, for a derived factor, powers of parent factors.
 ///
-///   factor          "factor": number, 1.0 when absent
-///   factor.derived  "factor" as above; "parentFactors": {type id: exponent, ...}, none when absent
+///   factor          "factor": number, default 1.0
+///   factor.derived  "factor" as above; "parentFactors": {type id: exponent, ...}, default empty
 namespace Units {
 
-/// Empty when the schema is not one of a factor.
-/// @throws ValidationException  a constant has the wrong form, or an exponent is 0.
+/// Empty if the schema is not a factor's.
+/// @throws ValidationException  a constant has the wrong type, or an exponent is 0.
 std::optional<FactorSchemaData> readFactorSchema(const SchemaHeader& header);
 
 std::set<std::string> factorSchemaDependencies(const FactorSchemaData& data);
 
-/// Makes the record, in `built`.
-/// Checks nothing: the parents may be built later.
+/// Builds the record in `built`. Does not check the parents, which may be built later.
 void buildFactor(const std::string& typeId, const FactorSchemaData& data,
                  RecordStore<Factor>& built);
 
-/// Adds all factors that a stored record depends on by its parent factors, directly or through
-/// others.
+/// Adds the given parent factors of a stored record and all of their ancestors.
 void collectParentFactors(const std::vector<ParentPower<Factor>>& parents, References& out);
 
-/// A factor without parents is written as a simple one, whatever it was read as.
-/// @throws ValidationException  the number is infinite or none.
+/// Writes a factor without parents as a simple factor, even if it was read as a derived one.
+/// @throws ValidationException  the number is infinite or NaN.
 std::string writeFactorSchema(const Factor& factor);
 
-/// Appends what the schemas of factors and of derived units both say of a component: "factor", and
-/// "parentFactors" when there are any.
+/// Appends the constants that schemas of factors and of derived units share: "factor" and, if there
+/// are any, "parentFactors".
 void addFactorConstants(JSON& document, const std::string& typeId, const FactorComponent& component,
                         std::vector<JSON>& constants);
 

@@ -8,11 +8,11 @@
 
 namespace Units {
 
-/// The record of one kind that a schema of the running build refers to: a stored one, else one that
-/// the build has made. Stays where it is until the build ends.
+/// The record of one kind that a schema of the current build refers to, either stored or built.
+/// Does not move until the build ends.
 ///
-/// @throws ValidationException  there is neither. The id may belong to another kind: no id names
-///                              two things, so that one message covers both cases.
+/// @throws ValidationException  there is no such record, or the type id belongs to another kind.
+///                              Type ids are unique, so one message covers both cases.
 template <class SchemaData, class Record>
 const Record& findDependency(const KindRegistry<SchemaData, Record>& registry,
                              const std::string& dependency, const std::string& schemaTypeId) {

@@ -1,7 +1,7 @@
 #include "schema/QuantitySchema.h"
 
 #include "model/RecordAccess.h"
-#include "schema/Constants.h"
+#include "schema/ConstantReaders.h"
 #include "schema/FindDependency.h"
 #include "schema/SchemaWriter.h"
 #include "schema/UnitSchema.h"

@@ -12,18 +12,18 @@
 #include <set>
 #include <string>
 
-/// Schemas of quantities: "name", a text that is not empty, and "units", an array of typed values
-/// whose order and repeats are kept; none when absent.
+/// Schemas of quantities: "name", a non-empty string, and "units", an array of typed values,
+/// default empty, whose order and duplicates are preserved.
 namespace Units {
 
-/// Empty when the schema is not one of a quantity.
-/// @throws ValidationException  a constant is missing or has the wrong form.
+/// Empty if the schema is not a quantity's.
+/// @throws ValidationException  a constant is missing or has the wrong type.
 std::optional<QuantitySchemaData> readQuantitySchema(const SchemaHeader& header);
 
 std::set<std::string> quantitySchemaDependencies(const QuantitySchemaData& data);
 
-/// Makes the record, in `built`.
-/// @throws ValidationException  a unit is neither stored nor built; the first in the list's order.
+/// Builds the record in `built`.
+/// @throws ValidationException  a unit is neither stored nor built: the first one in the list.
 void buildQuantity(const std::string& typeId, const QuantitySchemaData& data,
                    const KindRegistry<UnitSchemaData, Unit>& units, RecordStore<Quantity>& built);
 

@@ -11,19 +11,19 @@
 
 namespace Units {
 
-/// What stored records depend on, gathered by the collectors of the kinds.
+/// The dependencies of stored records, filled by the `collect` function of each kind.
 ///
-/// The type ids cannot tell what has been walked: a quantity adds the id of its unit before it
-/// walks it. Records that several others share are walked once, so that a collector costs what it
-/// reaches, not the number of paths there.
+/// Each record is visited once, so the cost depends on the number of records, not on the number of
+/// paths to them. The type ids do not show which records have been visited: a quantity adds the
+/// type id of its unit before it visits it.
 struct References {
   std::set<std::string> typeIds;
-  std::unordered_set<const RecordNode<Factor>*> walkedFactors;
-  std::unordered_set<const RecordNode<Unit>*> walkedUnits;
+  std::unordered_set<const RecordNode<Factor>*> visitedFactors;
+  std::unordered_set<const RecordNode<Unit>*> visitedUnits;
 };
 
-/// The node of a record that another one names. It is stored: the checks on the way in see to that.
-/// @throws std::out_of_range  it is not.
+/// The node of a record that a stored record refers to, so the record checks ensure that it exists.
+/// @throws std::out_of_range  there is no such node.
 template <class Record>
 const RecordNode<Record>& storedNode(const RecordStore<Record>& records,
                                      const std::string& typeId) {

@@ -7,7 +7,7 @@ namespace Units {
 
 namespace {
 
-/// The strings of an array, none of them empty.
+/// The elements of an array of non-empty strings.
 std::vector<std::string> readNonEmptyStringArray(const JSON& value, ExceptionFactory& factory) {
   if (!value.isArray()) raiseError(factory, "Expected an array.");
   std::vector<std::string> texts;
@@ -19,7 +19,7 @@ std::vector<std::string> readNonEmptyStringArray(const JSON& value, ExceptionFac
   return texts;
 }
 
-/// The id of a property object, in place; it may be empty.
+/// A view of the id of a property object, which may be empty.
 std::string_view readPropertyId(const JSON& property, ExceptionFactory& factory) {
   if (!property.isObject()) raiseError(factory, "Expected an object describing a property.");
   if (!property.hasMember("id"))
@@ -29,7 +29,7 @@ std::string_view readPropertyId(const JSON& property, ExceptionFactory& factory)
   return id.getStringView();
 }
 
-/// The property objects of the array that is the document's member `name`, by id; empty when there
+/// The property objects, by id, in the array that is the document's member `name`. Empty if there
 /// is no such member.
 Properties readPropertyArray(const JSON& document, ExceptionFactory& factory,
                              const std::string& name) {
@@ -46,7 +46,7 @@ Properties readPropertyArray(const JSON& document, ExceptionFactory& factory,
   return properties;
 }
 
-/// What a property object holds: its "value" (null counts), else its "typedValue", not examined.
+/// The "value" of a property object (null counts), else its "typedValue", unchecked.
 JSON resolvePropertyValue(const JSON& property, ExceptionFactory& factory) {
   if (property.hasMember("value")) return property.getMember("value");
   if (!property.hasMember("typedValue"))
@@ -77,7 +77,7 @@ SchemaHeader readSchemaHeader(std::shared_ptr<ExceptionFactory> factory, const s
   JSON document = JSON::parse(factory, text);
   std::string typeId = readTypeId(document, *factory);
   std::string baseTypeId = readBaseTypeId(document, *factory);
-  // All faults of the constants come before any fault of the properties.
+  // All errors in the constants come before any error in the properties.
   Properties constants = readPropertyArray(document, *factory, "constants");
   for (auto& [id, constant] : constants) constant = resolvePropertyValue(constant, *factory);
   Properties properties = readPropertyArray(document, *factory, "properties");

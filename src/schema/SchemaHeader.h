@@ -8,32 +8,32 @@
 #include <string>
 #include <string_view>
 
-/// What all schema documents have in common, whatever kind of definition they hold:
+/// The structure that schema documents of all kinds share:
 ///
 ///   {"typeid": "f1", "inherits": ["vellamor.unit:factor-1.0.0"],
 ///    "constants": [{"id": "factor", "value": 0.5}]}
 ///
 namespace Units {
 
-/// Property objects, or their values, by the objects' ids: views into a document.
+/// Property objects, or their values, by id. Both are views into a document.
 using Properties = std::map<std::string_view, JSON>;
 
-/// A schema document, with everything read and checked that does not depend on its kind. Movable,
-/// not copyable.
+/// A schema document. Everything that does not depend on its kind is read and checked. Movable, not
+/// copyable.
 struct SchemaHeader {
   std::string typeId;
-  std::string baseTypeId;  // the one entry of "inherits"; selects the kind
-  Properties constants;    // the value, or the typed value if there is none
+  std::string baseTypeId;  // the only element of "inherits"; selects the kind
+  Properties constants;    // the value, or else the typed value
   Properties properties;   // the whole property object
-  JSON document;           // what the views in both look into
+  JSON document;           // owns the text and values of both
 };
 
 /// Reads a schema text up to its first NUL.
-/// @throws  what `factory` makes of the message for the first fault.
+/// @throws  the exception that `factory` creates for the first error.
 SchemaHeader readSchemaHeader(std::shared_ptr<ExceptionFactory> factory, const std::string& text);
 
-/// Whether a schema instantiates the base of a kind: its base id contains ":" + kindWord + "-1.",
-/// whatever stands before, and whatever minor version follows.
+/// Whether a schema's base is that of a kind: its type id contains ":" + kindWord + "-1.". What
+/// precedes this and which minor version follows does not matter.
 bool isOfKind(const SchemaHeader& header, std::string_view kindWord);
 
 }  // namespace Units

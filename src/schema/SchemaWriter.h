@@ -6,8 +6,7 @@
 #include <string>
 #include <vector>
 
-/// The pieces that schema documents are written with. All pieces of a document are made with it as
-/// `owner`, and live no longer than it does.
+/// The parts of schema documents. The `owner` of each part is its document, which must outlive it.
 namespace Units {
 
 /// {"typeid": typeId, "inherits": ["vellamor.unit:" + kindWord + "-1.0.0"]}
@@ -21,7 +20,7 @@ JSON makeValueProperty(JSON& owner, const std::string& id, JSON&& value);
 JSON makeValueProperty(JSON& owner, const std::string& id, bool value);
 JSON makeValueProperty(JSON& owner, const std::string& id, double value);
 JSON makeValueProperty(JSON& owner, const std::string& id, const std::string& value);
-JSON makeValueProperty(JSON&, const std::string&, const char*) = delete;  // it would be a bool
+JSON makeValueProperty(JSON&, const std::string&, const char*) = delete;  // would convert to bool
 
 /// {"id": id, "value": {parent: exponent, ...}}, parents in type id order.
 JSON makePowersProperty(JSON& owner, const std::string& id, const ParentList& powers);
@@ -32,11 +31,11 @@ JSON makeTypedValue(JSON& owner, const std::string& typeId);
 /// {"id": id, "typedValue": {"typeid": typeId}}
 JSON makeTypedValueProperty(JSON& owner, const std::string& id, const std::string& typeId);
 
-/// Appends the member "constants", the properties in the order given.
+/// Appends the member "constants" with the properties in the given order.
 void setConstants(JSON& document, std::vector<JSON>&& properties);
 
-/// Refuses a definition with a number that is infinite or none: JSON has no word for it.
-/// @throws ValidationException  naming the definition.
+/// Rejects an infinite number or NaN, which JSON cannot represent.
+/// @throws ValidationException  with the type id in the message.
 void checkWritable(double number, const std::string& typeId);
 
 }  // namespace Units

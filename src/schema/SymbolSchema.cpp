@@ -2,7 +2,7 @@
 
 #include "model/RecordAccess.h"
 #include "registry/RecordChecks.h"
-#include "schema/Constants.h"
+#include "schema/ConstantReaders.h"
 #include "schema/FindDependency.h"
 #include "schema/SchemaWriter.h"
 #include "schema/UnitSchema.h"

@@ -12,21 +12,22 @@
 #include <set>
 #include <string>
 
-/// Schemas of symbols: a unit, and how numbers in it are shown.
+/// Schemas of symbols: a unit and how its values are displayed.
 ///
-///   symbol                 "unit": typed value; its type id names one of the composite forms
-///   symbol.prefixOrSuffix  "unit"; "text": string; "placement": "Prefix" or any other text, which
-///                          is read as Suffix; "space": true or false
+///   symbol                 "unit": typed value; the symbol's type id contains the key of a
+///                          composite form
+///   symbol.prefixOrSuffix  "unit"; "text": string; "placement": "Prefix"; any other string means
+///                          Suffix; "space": true or false
 namespace Units {
 
-/// Empty when the schema is not one of a symbol.
-/// @throws ValidationException  a constant is missing or has the wrong form, or a symbol without
-///                              prefix or suffix is not named as a composite (tested last).
+/// Empty if the schema is not a symbol's.
+/// @throws ValidationException  a constant is missing or has the wrong type, or the type id of a
+///                              composite symbol has no composite form's key (checked last).
 std::optional<SymbolSchemaData> readSymbolSchema(const SchemaHeader& header);
 
 std::set<std::string> symbolSchemaDependencies(const SymbolSchemaData& data);
 
-/// Makes the record, in `built`.
+/// Builds the record in `built`.
 /// @throws ValidationException  the unit is neither stored nor built.
 void buildSymbol(const std::string& typeId, const SymbolSchemaData& data,
                  const KindRegistry<UnitSchemaData, Unit>& units, RecordStore<Symbol>& built);

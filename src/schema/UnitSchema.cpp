@@ -2,7 +2,7 @@
 
 #include "model/RecordAccess.h"
 #include "registry/RecordChecks.h"
-#include "schema/Constants.h"
+#include "schema/ConstantReaders.h"
 #include "schema/FactorSchema.h"
 #include "schema/FindDependency.h"
 #include "schema/SchemaWriter.h"
@@ -134,11 +134,11 @@ void collectUnitReferences(const RecordNode<Unit>& unit, References& out) {
   while (!waiting.empty()) {
     const RecordNode<Unit>& current = *waiting.back();
     waiting.pop_back();
-    if (!out.walkedUnits.insert(&current).second) continue;
+    if (!out.visitedUnits.insert(&current).second) continue;
     if (const auto* const primitive = RecordAccess::primitive(current.record)) {
       if (const auto& dimension = RecordAccess::dimension(*primitive))
         out.typeIds.insert(RecordAccess::typeId(*dimension));
-      continue;  // its node has the unit itself for a parent
+      continue;  // its node lists the unit itself as a parent
     }
     for (const auto& [parent, exponent] : current.parents) {
       out.typeIds.insert(RecordAccess::typeId(parent->record));

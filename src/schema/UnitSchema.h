@@ -12,34 +12,32 @@
 #include <set>
 #include <string>
 
-/// Schemas of units, of four kinds. All have "name" and "unitSystem": "Metric" or any other text,
-/// which is read as Imperial.
+/// Schemas of units, of four kinds. All have "name" and "unitSystem": "Metric"; any other string
+/// means Imperial.
 ///
-///   unit.absolute               "offset": number, 0.0 when absent; "parentUnit": typed value
-///   unit.derived                "factor", "parentFactors": as in a derived factor;
+///   unit.absolute               "offset": number, default 0.0; "parentUnit": typed value
+///   unit.derived                "factor", "parentFactors": as for a derived factor;
 ///                               "parentUnits": {type id: exponent, ...}, at least one
 ///   unit.primitive.dimensional  "dimension": typed value
-///   unit.primitive              nothing more
+///   unit.primitive              no other constants
 namespace Units {
 
-/// Empty when the schema is not one of a unit.
-/// @throws ValidationException  a constant is missing or has the wrong form, there are no parent
+/// Empty if the schema is not a unit's.
+/// @throws ValidationException  a constant is missing or has the wrong type, there are no parent
 ///                              units, or an exponent is 0.
 std::optional<UnitSchemaData> readUnitSchema(const SchemaHeader& header);
 
 std::set<std::string> unitSchemaDependencies(const UnitSchemaData& data);
 
-/// Makes the record, in `built`.
-/// Checks no parents: they may be built later.
+/// Builds the record in `built`. Does not check the parents, which may be built later.
 /// @throws ValidationException  the dimension is neither stored nor built.
 void buildUnit(const std::string& typeId, const UnitSchemaData& data,
                const KindRegistry<Dimension, Dimension>& dimensions, RecordStore<Unit>& built);
 
-/// Adds all units, factors and dimensions that a stored unit depends on, directly or through
-/// others.
+/// Adds all units, factors and dimensions that a stored unit depends on, directly or indirectly.
 void collectUnitReferences(const RecordNode<Unit>& unit, References& out);
 
-/// @throws ValidationException  the factor or offset is infinite or no number.
+/// @throws ValidationException  the factor or offset is infinite or NaN.
 std::string writeUnitSchema(const Unit& unit);
 
 }  // namespace Units

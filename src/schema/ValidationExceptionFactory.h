@@ -7,7 +7,7 @@
 
 namespace Units {
 
-/// Makes every fault of a schema text a ValidationException.
+/// Creates a ValidationException for every error in a schema text.
 class ValidationExceptionFactory final : public ExceptionFactory {
  public:
   std::exception_ptr createException(const std::string& message) override;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/SpecialSymbols.h"
+#include "model/CompositeForms.h"
 
 #include <array>
 #include <cstddef>

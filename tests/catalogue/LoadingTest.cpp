@@ -1,9 +1,10 @@
 #include "tests/catalogue/Packs.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
 #include <iterator>
 #include <random>
 #include <regex>

@@ -1,8 +1,9 @@
 #include "tests/catalogue/Packs.h"
 #include "tests/support/Bits.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
+
+#include <algorithm>
 #include <tuple>
 
 namespace Units {

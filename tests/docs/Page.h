@@ -5,11 +5,12 @@
 #include <TrelvonUnits/SchemaUtility.h>
 #include <TrelvonUnits/UnitsEngine.h>
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <charconv>
 #include <exception>
 #include <fstream>
-#include <gtest/gtest.h>
 #include <iterator>
 #include <memory>
 #include <sstream>

@@ -2,6 +2,8 @@
 /// from every root anew, with the path in a vector.
 #pragma once
 
+#include "registry/Registries.h"
+
 #include <TrelvonUnits/Exceptions.h>
 
 #include <algorithm>
@@ -9,8 +11,6 @@
 #include <string>
 #include <variant>
 #include <vector>
-
-#include "registry/Registries.h"
 
 /// Of a batch that is still pending.
 class ReferenceBuild {

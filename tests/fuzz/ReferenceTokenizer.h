@@ -2,14 +2,14 @@
 /// searched for again for each token, and nothing is bounded.
 #pragma once
 
+#include "formula/FormulaTokenizer.h"
+#include "text/ValueText.h"
+
 #include <TrelvonUnits/TrelvonUnits.h>
 
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "formula/FormulaTokenizer.h"
-#include "text/ValueText.h"
 
 struct ReferenceTokenizer {
   std::string rest;

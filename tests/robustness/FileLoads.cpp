@@ -1,11 +1,11 @@
 #include "tests/robustness/FileLoads.h"
 
+#include "tests/support/Heap.h"
+
 #include <dirent.h>
 #include <dlfcn.h>
 
 #include <cstdio>
-
-#include "tests/support/Heap.h"
 
 #if !defined(TRELVON_TESTS_SANITIZED)
 

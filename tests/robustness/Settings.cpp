@@ -10,8 +10,6 @@
 #if defined(__SSE2__)
 #include <pmmintrin.h>
 #endif
-#include <stdlib.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <cfenv>
@@ -19,6 +17,7 @@
 #include <cmath>
 #include <limits>
 #include <locale>
+#include <stdlib.h>
 
 namespace {
 

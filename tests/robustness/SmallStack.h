@@ -1,14 +1,14 @@
 /// Threads as small as those of hosts that start many: what recurses over its input dies on them.
 #pragma once
 
+#include "tests/support/Build.h"
+
 #include <pthread.h>
 
 #include <cstddef>
 #include <exception>
 #include <functional>
 #include <stdexcept>
-
-#include "tests/support/Build.h"
 
 inline constexpr std::size_t smallStackBytes = (isSlowBuild ? 512 : 128) * 1024;
 

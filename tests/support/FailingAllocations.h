@@ -1,11 +1,11 @@
 /// Allocations that fail when a test says so.
 #pragma once
 
+#include "tests/support/Heap.h"
+
 #include <gtest/gtest.h>
 
 #include <new>
-
-#include "tests/support/Heap.h"
 
 /// Runs `action` again and again, failing a later allocation each time, until it needs no more; it
 /// must throw std::bad_alloc each time and leave no block behind. Returns how many it needs.

@@ -1,13 +1,13 @@
 #include "tests/support/Heap.h"
 
+#include "tests/support/Build.h"
+
 #include <malloc.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <new>
-
-#include "tests/support/Build.h"
 
 namespace {
 

@@ -2,8 +2,9 @@
 #include "tests/support/Messages.h"
 #include "tests/support/SampleUnits.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
+
+#include <cmath>
 #include <limits>
 
 namespace Units {

@@ -3,6 +3,7 @@
 #include <TrelvonUnits/TrelvonUnits.h>
 
 #include <gtest/gtest.h>
+
 #include <memory>
 
 namespace Units {

@@ -1,13 +1,14 @@
 #include "engine/Reduction.h"
-#include "model/CompatiblePowers.h"
 
 #include "engine/UnitsEngineImpl.h"
+#include "model/CompatiblePowers.h"
 #include "registry/Commit.h"
 #include "tests/support/Messages.h"
 #include "tests/support/SchemaTexts.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
+
+#include <cmath>
 #include <limits>
 
 namespace Units {

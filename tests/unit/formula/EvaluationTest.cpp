@@ -1,7 +1,3 @@
-#include <algorithm>
-#include <cstdint>
-#include <functional>
-#include <utility>
 #include "formula/BinaryOperatorExpression.h"
 #include "formula/Expression.h"
 #include "formula/FunctionExpression.h"
@@ -10,10 +6,15 @@
 #include "tests/support/Messages.h"
 #include "tests/unit/formula/FormulaRows.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <functional>
 #include <limits>
 #include <map>
+#include <utility>
 
 namespace {
 

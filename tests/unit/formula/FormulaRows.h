@@ -4,6 +4,7 @@
 #include "tests/unit/formula/FormulaSample.h"
 
 #include <gtest/gtest.h>
+
 #include <string>
 #include <vector>
 

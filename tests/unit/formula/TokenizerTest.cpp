@@ -3,8 +3,9 @@
 #include "tests/support/Messages.h"
 #include "tests/unit/formula/FormulaSample.h"
 
-#include <functional>
 #include <gtest/gtest.h>
+
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>

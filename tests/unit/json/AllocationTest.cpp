@@ -2,6 +2,7 @@
 #include "tests/unit/json/TextExceptions.h"
 
 #include <gtest/gtest.h>
+
 #include <string>
 #include <utility>
 #include <vector>

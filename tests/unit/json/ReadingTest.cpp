@@ -3,6 +3,7 @@
 #include "tests/unit/json/TextExceptions.h"
 
 #include <gtest/gtest.h>
+
 #include <utility>
 
 using namespace std::string_literals;

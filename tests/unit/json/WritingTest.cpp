@@ -1,7 +1,8 @@
 #include "tests/unit/json/TextExceptions.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
+
+#include <cmath>
 #include <limits>
 #include <utility>
 

@@ -5,6 +5,7 @@
 #include <TrelvonUnits/TrelvonUnits.h>
 
 #include <gtest/gtest.h>
+
 #include <chrono>
 #include <memory>
 #include <stdexcept>

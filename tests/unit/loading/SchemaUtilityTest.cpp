@@ -1,20 +1,21 @@
+#include "json/JSON.h"
+#include "loading/AddOrSkip.h"
 #include "tests/support/FolderTree.h"
+#include "tests/support/Heap.h"
+#include "tests/support/HostEngine.h"
 #include "tests/support/Messages.h"
 
 #include <TrelvonUnits/SchemaUtility.h>
-#include "json/JSON.h"
-#include "loading/AddOrSkip.h"
-#include "tests/support/Heap.h"
+
 #include <fcntl.h>
 #include <gtest/gtest.h>
+
 #include <algorithm>
 #include <cstdarg>
 #include <iterator>
 #include <new>
 #include <set>
 #include <utility>
-
-#include "tests/support/HostEngine.h"
 using namespace std::string_literals;
 
 namespace fs = std::filesystem;

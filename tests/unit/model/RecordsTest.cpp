@@ -3,6 +3,7 @@
 #include <TrelvonUnits/TrelvonUnits.h>
 
 #include <gtest/gtest.h>
+
 #include <type_traits>
 #include <utility>
 

@@ -2,10 +2,11 @@
 #include "tests/support/Messages.h"
 #include "tests/support/SampleUnits.h"
 
+#include <gtest/gtest.h>
+
 #include <cfloat>
 #include <cmath>
 #include <cstring>
-#include <gtest/gtest.h>
 #include <random>
 #include <vector>
 

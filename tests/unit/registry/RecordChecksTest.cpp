@@ -3,8 +3,9 @@
 #include "registry/AddRecord.h"
 #include "tests/support/Messages.h"
 
-#include <functional>
 #include <gtest/gtest.h>
+
+#include <functional>
 
 namespace Units {
 namespace {

@@ -3,6 +3,7 @@
 #include "tests/support/SchemaTexts.h"
 
 #include <gtest/gtest.h>
+
 #include <vector>
 
 namespace Units {

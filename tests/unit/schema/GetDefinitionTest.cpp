@@ -3,8 +3,9 @@
 #include "tests/support/Messages.h"
 #include "tests/support/SchemaTexts.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
+
+#include <cmath>
 #include <limits>
 
 namespace Units {

@@ -1,5 +1,6 @@
-#include "tests/support/Bits.h"
 #include "text/CharConversion.h"
+
+#include "tests/support/Bits.h"
 
 #include <gtest/gtest.h>
 

@@ -2,9 +2,10 @@
 
 #include "tests/support/Bits.h"
 
+#include <gtest/gtest.h>
+
 #include <cfloat>
 #include <cmath>
-#include <gtest/gtest.h>
 #include <string>
 
 namespace Units {

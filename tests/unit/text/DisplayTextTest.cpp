@@ -5,9 +5,10 @@
 #include "tests/unit/text/TextSymbols.h"
 #include "text/FixedPointNumberRenderer.h"
 
+#include <gtest/gtest.h>
+
 #include <cfloat>
 #include <cmath>
-#include <gtest/gtest.h>
 
 namespace Units {
 namespace {

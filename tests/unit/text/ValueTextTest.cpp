@@ -2,8 +2,9 @@
 
 #include "tests/unit/text/TextSymbols.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
+
+#include <cmath>
 #include <vector>
 
 namespace Units {

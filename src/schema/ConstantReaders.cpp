@@ -1,4 +1,4 @@
-#include "schema/Constants.h"
+#include "schema/ConstantReaders.h"
 
 namespace Units {
 

@@ -11,13 +11,13 @@
 #include <utility>
 #include <vector>
 
-/// Taking the constants of a kind out of a schema header. All failures are ValidationExceptions.
+/// Read the constants of a kind from a schema header. All errors are ValidationExceptions.
 namespace Units {
 
-/// A constant, as its handler reads it. Constants that nobody asks for are ignored.
+/// Reads a constant with a handler. Constants that are never read are ignored.
 ///
-/// @param fallback  what the constant is when the schema does not give it; empty when it must.
-/// @param handler   tests the form of the JSON value and converts it; one of those below.
+/// @param fallback  the default; empty if the schema must define the constant.
+/// @param handler   checks and converts the JSON value; one of the functions below.
 template <class T>
 T readConstant(const SchemaHeader& header, std::string_view id, std::optional<T> fallback,
                T (*handler)(const JSON&)) {
@@ -38,7 +38,7 @@ std::map<std::string, int> readIntegerMap(const JSON& value);
 /// The type id in an object {"typeid": "..."} that has no other member.
 std::string readTypedValue(const JSON& value);
 
-/// The type ids in an array of such objects, in its order; repeats are kept.
+/// The type ids in an array of such objects, in order, with duplicates.
 std::vector<std::string> readTypedValueArray(const JSON& value);
 
 }  // namespace Units

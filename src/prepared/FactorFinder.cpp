@@ -1,4 +1,4 @@
-#include "prepared/CoherentTwins.h"
+#include "prepared/FactorFinder.h"
 
 #include <cmath>
 #include <cstdint>
@@ -10,8 +10,7 @@ namespace Units {
 
 namespace {
 
-// Type ids in the second engine. They cannot collide, because each names one definition of the
-// source.
+// Type ids in the second engine. They are unique because type ids of the source are.
 std::string copyOf(const std::string& typeId) { return "copy:" + typeId; }
 std::string twinOf(const std::string& typeId) { return "twin:" + typeId; }
 
@@ -22,8 +21,8 @@ std::map<std::string, int> renamed(const std::map<std::string, int>& powers,
   return result;
 }
 
-/// A subnormal double from 2^1000 times its value. No arithmetic is done with it, whose result the
-/// processor might flush to zero: its bits are how many times it holds the smallest double.
+/// A subnormal double, given 2^1000 times its value. Arithmetic might flush it to zero, so its bits
+/// are set instead: they are its value in multiples of the smallest double.
 double subnormal(double scaled) {
   const double count = std::fabs(scaled) * 0x1p74;
   const auto bits = static_cast<std::uint64_t>(count);
@@ -32,11 +31,10 @@ double subnormal(double scaled) {
   return value;
 }
 
-/// Adds a record after everything that it depends on, without recursion.
+/// Adds a record after all of its ancestors, without recursion.
 /// @param added  the records that have been added already.
-/// @throws std::logic_error  a record is its own ancestor. Our engines have no such records, but
-/// the
-///                           source may be a host's engine.
+/// @throws std::logic_error  a record is its own ancestor. This library's engine rejects such
+///                           records, but the source may be a host's own engine.
 void addParentsFirst(const std::string& root, std::set<std::string>& added,
                      const std::function<std::map<std::string, int>(const std::string&)>& parentsOf,
                      const std::function<void(const std::string&)>& add) {
@@ -60,34 +58,34 @@ void addParentsFirst(const std::string& root, std::set<std::string>& added,
 
 }  // namespace
 
-CoherentTwins::CoherentTwins(const UnitsEngine& source)
+FactorFinder::FactorFinder(const UnitsEngine& source)
     : source_(source), engine_(CreateUnitsEngine()) {}
 
-double CoherentTwins::factorOf(const std::string& unitTypeId) {
+double FactorFinder::factorOf(const std::string& unitTypeId) {
   addUnits(unitTypeId);
   const std::string copy = copyOf(unitTypeId);
   const std::string twin = twinOf(unitTypeId);
   const double factor = engine_->convert(1.0, copy, twin);
   if (factor != 0.0) return factor;
-  // Zero, or subnormal on a processor that flushes subnormal results to zero. And 0 / 1 - 0 is -0
-  // where results are rounded downward, whatever the sign was; 1 / 0 keeps it.
+  // The factor is zero, or subnormal on a processor that flushes subnormal results to zero. The
+  // sign comes from 1 / 0, because 0 / 1 - 0 is always -0 when rounding downward.
   const double sign = engine_->convert(1.0, twin, copy);
   return std::copysign(subnormal(engine_->convert(0x1p1000, copy, twin)), sign);
 }
 
-bool CoherentTwins::areReciprocal(const std::string& unitTypeId, const std::string& otherTypeId) {
+bool FactorFinder::areReciprocal(const std::string& unitTypeId, const std::string& otherTypeId) {
   addUnits(unitTypeId);
   addUnits(otherTypeId);
   return engine_->convert(2.0, twinOf(unitTypeId), twinOf(otherTypeId)) != 2.0;
 }
 
-void CoherentTwins::addUnits(const std::string& root) {
+void FactorFinder::addUnits(const std::string& root) {
   addParentsFirst(
       root, units_, [this](const std::string& typeId) { return parentsOfUnit(typeId); },
       [this](const std::string& typeId) { addUnitWithTwin(typeId); });
 }
 
-void CoherentTwins::addFactors(const std::string& root) {
+void FactorFinder::addFactors(const std::string& root) {
   addParentsFirst(
       root, factors_,
       [this](const std::string& typeId) {
@@ -96,12 +94,12 @@ void CoherentTwins::addFactors(const std::string& root) {
       [this](const std::string& typeId) { addFactor(typeId); });
 }
 
-CoherentTwins::Parents CoherentTwins::parentsOfUnit(const std::string& typeId) const {
+FactorFinder::Parents FactorFinder::parentsOfUnit(const std::string& typeId) const {
   const auto derived = source_.getUnit(typeId).getDerivedUnitComponent();
   return derived ? derived->getParentUnitPowers() : Parents();
 }
 
-void CoherentTwins::addUnitWithTwin(const std::string& typeId) {
+void FactorFinder::addUnitWithTwin(const std::string& typeId) {
   const auto add = [&](const std::string& name, const auto& component) {
     engine_->addUnit(Unit(name, name, System::Metric, component));
   };
@@ -121,7 +119,7 @@ void CoherentTwins::addUnitWithTwin(const std::string& typeId) {
   add(twinOf(typeId), DerivedUnitComponent(renamed(parents, twinOf), FactorComponent()));
 }
 
-void CoherentTwins::addFactor(const std::string& typeId) {
+void FactorFinder::addFactor(const std::string& typeId) {
   const FactorComponent component = source_.getFactor(typeId).getFactorComponent();
   engine_->addFactor(Factor(
       copyOf(typeId),

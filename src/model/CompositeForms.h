@@ -6,7 +6,7 @@
 
 namespace Units {
 
-/// The composite forms of symbols without prefix or suffix, in the order of their keys.
+/// The composite forms that a symbol without prefix or suffix can have, in the order of their keys.
 enum class CompositeForm : std::size_t {
   DegreesMinutesSeconds,
   FeetAndInches,
@@ -14,8 +14,8 @@ enum class CompositeForm : std::size_t {
   MetersAndCentimeters,
 };
 
-/// What a composite symbol's type id contains, by form. Byte order, in which layouts are looked
-/// for, is the same as the order of the forms.
+/// The key that a composite symbol's type id contains, by form. The forms are in byte order of
+/// their keys, which is the order in which they are tried.
 inline constexpr std::array<std::string_view, 4> specialSymbolKeys = {
     ":degreesMinutesSeconds-1", ":feetAndInches-1", ":feetHyphenInches-1",
     ":metersAndCentimeters-1"};

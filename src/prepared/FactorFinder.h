@@ -10,20 +10,20 @@
 
 namespace Units {
 
-/// Finds the factor of a unit by conversion, since no engine returns it.
+/// Finds the factor of a unit by conversion, since the public interface does not return it.
 ///
-/// A second engine gets a copy of the unit and a twin: a unit of the same primitive units all of
-/// whose factors are 1. From the copy to its twin, 1 converts to the factor, to the bit:
+/// A second engine gets a copy of the unit and a twin: a unit with the same primitive units but
+/// with all factors 1. Converting 1 from the copy to the twin returns the factor, bit for bit:
 /// pow((0 + 1) * factor, 1) / 1 - 0.
-class CoherentTwins {
+class FactorFinder {
  public:
-  /// @param source  units and factors are copied from it; must outlive this.
-  explicit CoherentTwins(const UnitsEngine& source);
+  /// @param source  units and factors are copied from it; must outlive this object.
+  explicit FactorFinder(const UnitsEngine& source);
 
   /// @param unitTypeId  a relative unit of the source.
   double factorOf(const std::string& unitTypeId);
 
-  /// Whether two relative units of the source that convert into each other are reciprocal.
+  /// Whether two relative, convertible units of the source are reciprocal.
   bool areReciprocal(const std::string& unitTypeId, const std::string& otherTypeId);
 
  private:
@@ -37,7 +37,7 @@ class CoherentTwins {
 
   const UnitsEngine& source_;
   std::unique_ptr<UnitsEngine> engine_;
-  std::set<std::string> units_;  // that the second engine has
+  std::set<std::string> units_;  // added to the second engine
   std::set<std::string> factors_;
 };
 
