@@ -27,6 +27,14 @@ void insertionSort(Power* begin, Power* end) {
   }
 }
 
+/// Sorts powers that are the ordered lists of some units, one after the other: of two, as most often,
+/// by merging alone.
+void sortRuns(Power* begin, Power* end) {
+  Power* const second = std::is_sorted_until(begin, end, isBefore);
+  if (!std::is_sorted(second, end, isBefore)) std::sort(second, end, isBefore);
+  std::inplace_merge(begin, second, end, isBefore);
+}
+
 }  // namespace
 
 void combinePowers(Powers& powers, std::size_t first) {
@@ -36,7 +44,7 @@ void combinePowers(Powers& powers, std::size_t first) {
   if (powers.size() - first <= maxInsertionSorted)
     insertionSort(begin, powers.end());
   else
-    std::sort(begin, powers.end(), isBefore);
+    sortRuns(begin, powers.end());
 
   Power* end = begin;
   for (Power* next = begin; next != powers.end();) {

@@ -192,6 +192,9 @@ class Subject {
                : numbered("p", number);
   }
 
+  /// The primitive powers of all units over "wide", each of which counts for every unit.
+  std::size_t powersOfUnits() const { return unitsOverWide_ * at(powerCount); }
+
   const Sizes sizes_;
   const std::string unit;
   std::string top;
@@ -250,6 +253,7 @@ class Subject {
     tree.addLadder(sizes_[unitLadder]);
     for (const auto& [typeId, over] : tree.nodes) add(derived(typeId, over));
     top = tree.last;
+    unitsOverWide_ = 2 + at(parents) + tree.nodes.size();
   }
 
   void addSymbols() {
@@ -263,6 +267,7 @@ class Subject {
   const std::vector<std::string> colliding_ = collidingIds(at(colliding));
   std::vector<std::string> texts_;
   std::string topFactor_;
+  std::size_t unitsOverWide_ = 0;
 };
 
 std::string resolve(const std::string&) { return numbered("1 u", 0); }
@@ -305,7 +310,8 @@ constexpr Use uses[] = {{"add",
 std::vector<NamedWork> worksOf(Dimension a, Dimension b, int size, UnitsEngine& engine) {
   const auto subject = std::make_shared<Subject>(blownUp(a, b, size));
   std::vector<NamedWork> works = {{"build", Shape::Definitions, subject->built(engine)}};
-  const std::size_t bytes = works.front().work.bytes;
+  constexpr std::size_t bytesOfAPower = 16;  // in a schema text
+  const std::size_t bytes = works.front().work.bytes + bytesOfAPower * subject->powersOfUnits();
   for (const Use& use : uses) {
     Work work;
     work.bytes = bytes;
