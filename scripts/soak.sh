@@ -103,6 +103,8 @@ programs=build/release/tests/robustness
 
 step "Failing allocations, peak memory, growth of instructions: the figures of the pages" \
   scripts/figures.py --check
+step "Proportions: one dimension of definitions blown up, and pairs" \
+  "$programs"/robustness_Proportions 350
 step "Depth on a small stack, full size" "$programs"/robustness_Depths
 step "Callbacks" "$programs"/robustness_Callbacks
 step "Threads: build with ThreadSanitizer" build tsan

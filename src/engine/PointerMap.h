@@ -16,7 +16,7 @@ class PointerMap {
 
   /// Reserves room for `count` keys.
   explicit PointerMap(std::size_t count) {
-    for (size_ = 16; size_ < 2 * count;) size_ *= 2;
+    for (size_ = 16; size_ < 2 * count;) size_ *= 2;  // tuning
     slots_ = std::make_unique<Slot[]>(size_);
   }
 
@@ -29,7 +29,7 @@ class PointerMap {
 
   /// @param key  must not be in the table.
   void insert(const Key* key, const Value& value) {
-    if (2 * count_ >= size_) grow();
+    if (2 * count_ >= size_) grow();  // tuning
     slots_[placeOf(key)] = {key, value};
     ++count_;
   }
@@ -42,7 +42,7 @@ class PointerMap {
 
   /// The slot of `key`, or the free slot where it would be inserted.
   std::size_t placeOf(const Key* key) const {
-    constexpr std::uint64_t spread = 0x9E3779B97F4A7C15;  // 2^64 / golden ratio; odd
+    constexpr std::uint64_t spread = 0x9E3779B97F4A7C15;  // tuning: 2^64 / golden ratio; odd
     const std::uint64_t hash = reinterpret_cast<std::uintptr_t>(key) * spread;
     std::size_t place = static_cast<std::size_t>(hash >> 32) & (size_ - 1);
     while (slots_[place].key && slots_[place].key != key) place = (place + 1) & (size_ - 1);
@@ -50,7 +50,7 @@ class PointerMap {
   }
 
   void grow() {
-    PointerMap larger(size_ ? size_ : 8);
+    PointerMap larger(size_ ? size_ : 8);  // tuning
     for (std::size_t place = 0; place < size_; ++place)
       if (const Key* const key = slots_[place].key)
         larger.slots_[larger.placeOf(key)] = slots_[place];

@@ -31,17 +31,17 @@ void insertionSort(Power* begin, Power* end) {
 /// by merging alone.
 void sortRuns(Power* begin, Power* end) {
   Power* const second = std::is_sorted_until(begin, end, isBefore);
-  if (!std::is_sorted(second, end, isBefore)) std::sort(second, end, isBefore);
+  if (!std::is_sorted(second, end, isBefore)) std::sort(second, end, isBefore);  // tuning
   std::inplace_merge(begin, second, end, isBefore);
 }
 
 }  // namespace
 
 void combinePowers(Powers& powers, std::size_t first) {
-  constexpr std::size_t maxInsertionSorted = 8;
+  constexpr std::size_t maxInsertionSorted = 8;  // tuning
   Power* const begin = powers.begin() + first;
   if (isInOrder(begin, powers.end())) return;
-  if (powers.size() - first <= maxInsertionSorted)
+  if (powers.size() - first <= maxInsertionSorted)  // tuning
     insertionSort(begin, powers.end());
   else
     sortRuns(begin, powers.end());

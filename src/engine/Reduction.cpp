@@ -103,15 +103,15 @@ void Reducer::takeNextParent(Powers& powers) {
   }
   ++step.next;
   step.factor = power(factor, exponent) * step.factor;
-  work_ += 1 + powers.size() - before;
+  work_ += 1 + powers.size() - before;  // tuning
 }
 
 /// Combines the powers of a unit on the path whenever their number has doubled, so that memory
 /// depends on the number of distinct primitive units, not on the number of parents.
 void Reducer::combineIfMany(UnitStep& step, Powers& powers) {
-  if (powers.size() < step.combineAt) return;
+  if (powers.size() < step.combineAt) return;  // tuning
   combinePowers(powers, step.firstPower);
-  step.combineAt = 2 * powers.size() - step.firstPower + maxUncombined;
+  step.combineAt = 2 * powers.size() - step.firstPower + maxUncombined;  // tuning
 }
 
 /// Pops the last unit, whose parents are all multiplied in, from the path and multiplies it into
@@ -136,8 +136,8 @@ double Reducer::finish(Powers& powers) {
 
 /// Stores a reduced unit if a lookup is faster than reducing it again.
 void Reducer::remember(const UnitStep& done, const Powers& powers) {
-  constexpr std::size_t minWork = 16;
-  if (purpose_ != Purpose::Listing && work_ - done.workBefore < minWork) return;
+  constexpr std::size_t minWork = 16;  // tuning
+  if (purpose_ != Purpose::Listing && work_ - done.workBefore < minWork) return;  // tuning
   const KnownUnit known = {done.factor, knownPowers_.size(), powers.size() - done.firstPower};
   knownPowers_.append(powers.begin() + done.firstPower, powers.end());
   units_.insert(done.unit, known);
@@ -155,7 +155,7 @@ double Reducer::recall(const KnownUnit& known, int exponent, Powers& powers) con
 /// The factor of a unit without those of its parent units.
 double Reducer::ownFactor(const RecordNode<Unit>& unit) {
   if (purpose_ != Purpose::Conversion) return 1.0;
-  work_ += unit.parentFactors.size();
+  work_ += unit.parentFactors.size();  // tuning
   double factor = unit.ownFactor;
   for (const auto& [parent, exponent] : unit.parentFactors)
     factor *= power(valueOf(*parent), exponent);

@@ -65,7 +65,7 @@ class Reducer {
     std::size_t powerCount;
   };
 
-  static constexpr std::size_t maxUncombined = 64;
+  static constexpr std::size_t maxUncombined = 64;  // tuning
 
   double reduceRelative(const RecordNode<Unit>& unit, Powers& powers);
   void enter(const RecordNode<Unit>& unit, const Powers& powers);

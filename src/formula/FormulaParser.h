@@ -31,7 +31,7 @@ class FormulaParser {
   FormulaParser(NodeArena& arena, const Units::SymbolTexts& symbols,
                 const Units::UnitMath& unitMath, UnitTermsSource& units)
       : arena_(arena), symbols_(symbols), unitMath_(unitMath), units_(units) {
-    constexpr std::size_t usualDepth = 8;  // enough for most formulas
+    constexpr std::size_t usualDepth = 8;  // tuning: enough for most formulas
     operands_.reserve(usualDepth);
     operators_.reserve(usualDepth);
   }

@@ -15,7 +15,7 @@ std::size_t FormulaText::freeSpace() const {
 }
 
 void FormulaText::makeRoom(std::size_t length) {
-  const std::size_t size = 2 * (length + rest_.size());
+  const std::size_t size = 2 * (length + rest_.size());  // tuning
   std::unique_ptr<char[]> larger(new char[size]);
   char* const start = larger.get() + size - rest_.size();
   std::copy(rest_.begin(), rest_.end(), start);

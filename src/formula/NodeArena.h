@@ -32,11 +32,11 @@ class NodeArena {
 
  private:
   static constexpr std::size_t alignment = alignof(std::max_align_t);
-  static constexpr std::size_t firstBlockBytes = 1024;  // enough for most formulas
-  static constexpr std::size_t largestBlockBytes = 65536;
+  static constexpr std::size_t firstBlockBytes = 1024;     // tuning: enough for most formulas
+  static constexpr std::size_t largestBlockBytes = 65536;  // tuning
 
   void addBlock() {
-    const std::size_t size = std::min(2 * blockBytes_, largestBlockBytes);
+    const std::size_t size = std::min(2 * blockBytes_, largestBlockBytes);  // tuning
     blocks_.push_back(std::unique_ptr<std::byte[]>(new std::byte[size]));
     next_ = blocks_.back().get();
     free_ = blockBytes_ = size;

@@ -22,7 +22,7 @@ bool isBefore(const UnitPower& a, const UnitPower& b) { return std::less<>()(a.u
 /// A stable sort by unit. The few powers of nearly all products are sorted by insertion, because
 /// std::stable_sort allocates.
 void sortByUnit(UnitPower* begin, UnitPower* end) {
-  constexpr std::ptrdiff_t maxInsertionSorted = 16;
+  constexpr std::ptrdiff_t maxInsertionSorted = 16;  // tuning
   if (end - begin > maxInsertionSorted) return std::stable_sort(begin, end, isBefore);
   for (UnitPower* next = begin; next != end; ++next)
     std::rotate(std::upper_bound(begin, next, *next, isBefore), next, next + 1);
@@ -63,7 +63,7 @@ void UnitPowers::append(const UnitPowers& other, double sign) {
   constexpr std::size_t maxUnsettled = 16;
   powers_.reserve(powers_.size() + other.powers_.size());
   for (const auto& [unit, exponent] : other) powers_.push_back({unit, sign_ * sign * exponent});
-  if (powers_.size() > 2 * settled_ + maxUnsettled) settle();
+  if (powers_.size() > 2 * settled_ + maxUnsettled) settle();  // tuning
 }
 
 /// Exponents of a unit are added in the order of the products. A negligible sum is set to 0 before

@@ -53,9 +53,9 @@ class IndexedMap {
   /// added one at a time.
   void reserve(std::size_t count) {
     const std::size_t size = entries_.size() + count;
-    if (2 * size <= capacity_) return;
-    std::size_t capacity = 8;
-    while (capacity < 4 * size) capacity *= 2;
+    if (2 * size <= capacity_) return;  // tuning
+    std::size_t capacity = 8;  // tuning
+    while (capacity < 4 * size) capacity *= 2;  // tuning
     std::vector<Slot> slots(capacity + slotsPerKey - 1);
     slots_.swap(slots);
     capacity_ = capacity;
@@ -88,7 +88,7 @@ class IndexedMap {
   };
 
   // At most half of the slots are taken, so nearly all keys fit unless they were chosen to collide.
-  static constexpr std::size_t slotsPerKey = 8;
+  static constexpr std::size_t slotsPerKey = 8;  // tuning
 
   static std::size_t hashOf(std::string_view key) { return std::hash<std::string_view>()(key); }
 

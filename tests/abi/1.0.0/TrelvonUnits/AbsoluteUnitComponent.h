@@ -1,35 +1,42 @@
 #pragma once
 
 #include <TrelvonUnits/Export.h>
+#include <TrelvonUnits/Shared.h>
 
 #include <string>
 
 namespace Units {
 
-/// How a unit with a shifted zero, such as a temperature scale, hangs on the unit below it.
+/// How an absolute unit, a scale with a shifted zero, is defined relative to its parent unit.
 ///
-/// A reading v on such a scale is v + getOffset() of the parent unit: with parent kelvin and
-/// offset 273.15, a reading of 20 is 293.15 K.
+/// A reading v on the scale is v + getOffset() of the parent unit:
+///
+///   AbsoluteUnitComponent("example.unit:kelvin-1.0.0", 273.15)   20 degrees Celsius are 293.15 K
+///
+/// An absolute unit converts only to other absolute units. Differences of readings are counted in
+/// the parent unit.
 class TRELVONUNITS_API AbsoluteUnitComponent {
  public:
-  /// @param parentUnit  type id of a relative unit. Kept as given: only an engine knows which ids
-  ///                    exist, and it looks when the unit is added.
-  /// @param offset      counted in parent units; any double.
+  /// Nothing is checked here: an engine checks the parent unit when the unit is added.
+  ///
+  /// @param parentUnit  type id of a relative unit, that is, one that is not absolute itself.
+  /// @param offset      added to a reading; counted in the parent unit, of either sign; any double.
   AbsoluteUnitComponent(const std::string& parentUnit, double offset);
 
-  AbsoluteUnitComponent(const AbsoluteUnitComponent& other);
-  AbsoluteUnitComponent(AbsoluteUnitComponent&& other);  ///< Copies; `other` stays readable.
+  AbsoluteUnitComponent(const AbsoluteUnitComponent& other) noexcept;
+  AbsoluteUnitComponent(
+      AbsoluteUnitComponent&& other) noexcept;  ///< Copies; `other` stays readable.
   ~AbsoluteUnitComponent();
   AbsoluteUnitComponent& operator=(const AbsoluteUnitComponent&) = delete;
 
-  std::string getParentUnit() const;
-  double getOffset() const;
+  std::string getParentUnit() const;  ///< A type id, as given.
+  double getOffset() const;           ///< Counted in the parent unit.
 
  private:
   friend struct RecordAccess;  // reads in place inside the library
 
-  const std::string parentUnit_;
-  const double offset_;
+  struct Contents;
+  const Shared<Contents> contents_;
 };
 
 }  // namespace Units

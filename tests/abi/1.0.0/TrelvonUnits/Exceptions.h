@@ -5,12 +5,20 @@
 #include <stdexcept>
 #include <string>
 
-/// Every failure of the library is thrown. The five classes below say what kind it is; all are
-/// std::logic_error, and what() is the message alone. Allocation and file system failures reach
-/// the caller as the standard library's own exceptions.
+/// The library reports every failure by throwing. The five classes below say what kind of failure
+/// it is; all derive from std::logic_error, and what() is the message alone. docs/errors.md
+/// explains every message.
+///
+/// The library never translates the exceptions of others: std::bad_alloc, the errors of
+/// std::filesystem, and exceptions from a host's own resolver or engine reach the caller unchanged.
+/// So one handler for std::logic_error catches all failures of the library, and one for
+/// std::exception all failures.
+///
+/// Each constructor takes the message that what() returns.
 namespace Units {
 
-/// Units that do not convert into one another.
+/// Thrown when units do not convert into each other: "Cannot convert between units a and b.".
+/// Ask `UnitsEngine::canConvert` first to avoid it.
 class TRELVONUNITS_API IncompatibleUnitsException : public std::logic_error {
  public:
   explicit IncompatibleUnitsException(std::string message);
@@ -18,7 +26,8 @@ class TRELVONUNITS_API IncompatibleUnitsException : public std::logic_error {
   ~IncompatibleUnitsException() override;
 };
 
-/// A formula that cannot be read or evaluated.
+/// Thrown when a formula cannot be read or evaluated, for example "Unable to parse expression." for
+/// unbalanced parentheses or for a sum of a length and a mass.
 class TRELVONUNITS_API ParseException : public std::logic_error {
  public:
   explicit ParseException(std::string message);
@@ -26,7 +35,8 @@ class TRELVONUNITS_API ParseException : public std::logic_error {
   ~ParseException() override;
 };
 
-/// A display precision beyond what formatting supports.
+/// Thrown when formatting is asked for more digits than it supports: more than 12 decimal places,
+/// or a fraction finer than 2 to the power -9.
 class TRELVONUNITS_API PrecisionException : public std::logic_error {
  public:
   explicit PrecisionException(std::string message);
@@ -34,7 +44,8 @@ class TRELVONUNITS_API PrecisionException : public std::logic_error {
   ~PrecisionException() override;
 };
 
-/// A type id that names nothing of the kind asked for.
+/// Thrown when a type id names no stored record of the requested kind, for example "Could not find
+/// unit with typeid a.".
 class TRELVONUNITS_API UnrecognizedIdentifierException : public std::logic_error {
  public:
   explicit UnrecognizedIdentifierException(std::string message);
@@ -42,8 +53,8 @@ class TRELVONUNITS_API UnrecognizedIdentifierException : public std::logic_error
   ~UnrecognizedIdentifierException() override;
 };
 
-/// A definition, as schema text or as a record, that breaks the rules of its kind, or a type id
-/// that is empty or already taken.
+/// Thrown when a definition, as schema text or as a record, breaks the rules of its kind, or when
+/// its type id is empty or already taken. The engine has not stored it.
 class TRELVONUNITS_API ValidationException : public std::logic_error {
  public:
   explicit ValidationException(std::string message);

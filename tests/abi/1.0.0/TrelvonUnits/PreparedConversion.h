@@ -10,42 +10,51 @@ namespace Units {
 
 /// A conversion between two units that is worked out once and then applied to many numbers.
 ///
-/// It gives what `UnitsEngine::convert` gave when it was made, to the bit for every double (what is
-/// not a number stays one). It never changes, keeps nothing of the engine, allocates nothing when
-/// it is applied, and may be applied on many threads at once.
+/// - The results are those of `UnitsEngine::convert` at the time of construction, to the bit for
+///   every double. (NaN stays NaN, but its bits may differ.)
+/// - It never changes and holds no reference to the engine, which may be destroyed first.
+/// - Applying it allocates nothing, never throws, and may happen on many threads at once.
+/// - Construction costs more than a single `convert`, so it pays only for repeated use.
 ///
 ///   const Units::PreparedConversion toMeters(*engine, foot, meter);
 ///   toMeters(6.0);                           // 1.8288
 ///   toMeters.convert(feet, meters, count);   // a whole array
 class TRELVONUNITS_API PreparedConversion {
  public:
-  /// @param engine          any engine; only its public operations are used.
+  /// Works the conversion out.
+  ///
+  /// @param engine          any engine; only its public const operations are called, and only here.
   /// @param fromUnitTypeId  type id of a stored unit; looked up first.
   /// @param toUnitTypeId    type id of a stored unit.
-  /// @throws UnrecognizedIdentifierException  as `convert`: an id names no unit.
-  /// @throws IncompatibleUnitsException       as `convert`: different dimensions, or only one has
-  /// an
-  ///                                          offset.
+  /// @throws UnrecognizedIdentifierException  as for `convert`: an id names no unit.
+  /// @throws IncompatibleUnitsException       as for `convert`: the dimensions differ, or exactly
+  ///                                          one of the units is absolute.
+  /// @throws std::logic_error                 a host-implemented engine returns a unit or factor
+  ///                                          that is its own ancestor.
   PreparedConversion(const UnitsEngine& engine, const std::string& fromUnitTypeId,
                      const std::string& toUnitTypeId);
 
-  /// @param value  counted in the first unit; any double. A reciprocal of 0 is infinite.
+  /// Converts one number.
+  ///
+  /// @param value  counted in the first unit; any double. The reciprocal of 0 is an infinity, and
+  ///               NaN stays NaN.
   /// @return  counted in the second unit.
   double operator()(double value) const {
     const double primitive = (fromOffset_ + value) * fromFactor_;
     return (inverted_ ? reciprocalOf(primitive) : primitive) / toFactor_ - toOffset_;
   }
 
-  /// Converts an array.
+  /// Converts an array. The results are the same as for the numbers one by one.
   ///
   /// @param values     `count` numbers, counted in the first unit.
-  /// @param converted  room for as many, counted in the second unit: `values` itself, or an array
-  ///                   that does not overlap it.
+  /// @param converted  receives `count` numbers, counted in the second unit. It is either `values`
+  ///                   itself, to convert in place, or an array that does not overlap it.
+  /// @param count      may be 0; then neither array is accessed.
   void convert(const double* values, double* converted, std::size_t count) const;
 
  private:
-  static double reciprocalOf(
-      double value);  // in the library: pow(value, -1.0), which is not 1 / value
+  /// pow(value, -1.0), to the bit, which is not always 1 / value.
+  static double reciprocalOf(double value);
 
   double fromOffset_;
   double fromFactor_;

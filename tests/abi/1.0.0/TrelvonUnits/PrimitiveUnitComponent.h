@@ -2,30 +2,37 @@
 
 #include <TrelvonUnits/Dimension.h>
 #include <TrelvonUnits/Export.h>
+#include <TrelvonUnits/Shared.h>
 
 #include <optional>
 
 namespace Units {
 
-/// Marks a base unit, one that is not expressed through others.
+/// Marks a primitive unit, one that is not defined in terms of others: a meter, a kilogram, a
+/// dollar.
 ///
-/// The dimension groups primitive units for hosts. It takes no part in conversion: two primitive
-/// units never convert into each other, whatever dimension they share.
+/// The dimension groups primitive units for hosts. It plays no part in conversion: two primitive
+/// units never convert into each other, even if they share a dimension.
 class TRELVONUNITS_API PrimitiveUnitComponent {
  public:
+  /// @param dimension  any dimension, or none. When the unit is added, an engine rejects a
+  /// dimension
+  ///                   that is not stored.
   PrimitiveUnitComponent(const std::optional<Dimension>& dimension = std::nullopt);
 
-  PrimitiveUnitComponent(const PrimitiveUnitComponent& other);
-  PrimitiveUnitComponent(PrimitiveUnitComponent&& other);  ///< Copies; `other` stays readable.
+  PrimitiveUnitComponent(const PrimitiveUnitComponent& other) noexcept;
+  PrimitiveUnitComponent(
+      PrimitiveUnitComponent&& other) noexcept;  ///< Copies; `other` stays readable.
   ~PrimitiveUnitComponent();
   PrimitiveUnitComponent& operator=(const PrimitiveUnitComponent&) = delete;
 
-  std::optional<Dimension> getDimension() const;
+  std::optional<Dimension> getDimension() const;  ///< As given; may be empty.
 
  private:
   friend struct RecordAccess;  // reads in place inside the library
 
-  const std::optional<Dimension> dimension_;
+  struct Contents;
+  const Shared<Contents> contents_;
 };
 
 }  // namespace Units

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <TrelvonUnits/Export.h>
+#include <TrelvonUnits/Shared.h>
 #include <TrelvonUnits/Unit.h>
 
 #include <string>
@@ -8,36 +9,46 @@
 
 namespace Units {
 
-/// A physical quantity and the units in which it may be expressed.
+/// A physical quantity, such as torque, and the units in which it may be expressed.
+///
+/// An engine converts between all units with equal powers; a quantity tells which of them make
+/// sense together. Torque and energy have the same powers, but list different units.
 class TRELVONUNITS_API Quantity {
  public:
-  /// @param typeId  names the quantity; an engine refuses an empty one when it is added.
-  /// @param name    for display; an engine refuses an empty one.
-  /// @param units   in the order in which a host offers them; repeats are kept. An engine replaces
-  ///                each by its own unit of that type id when the quantity is added.
+  /// Nothing is checked here: an engine checks all three when the quantity is added.
+  ///
+  /// @param typeId  any text that is not empty.
+  /// @param name    UTF-8, for display; not empty.
+  /// @param units   in the order in which a host offers them; may be empty, and repeats are kept.
+  ///                When the quantity is added, an engine replaces each unit by its own unit with
+  ///                the same type id.
   Quantity(const std::string& typeId, const std::string& name, const std::vector<Unit>& units);
 
-  Quantity(const Quantity& other);
-  Quantity(Quantity&& other);  ///< Copies; `other` stays readable.
+  Quantity(const Quantity& other) noexcept;
+  Quantity(Quantity&& other) noexcept;  ///< Copies; `other` stays readable.
   ~Quantity();
   Quantity& operator=(const Quantity&) = delete;
 
-  std::string getTypeId() const;
-  std::string getName() const;
-  std::vector<Unit> getUnits() const;
+  std::string getTypeId() const;       ///< As given.
+  std::string getName() const;         ///< As given.
+  std::vector<Unit> getUnits() const;  ///< In full, in the given order.
 
-  // Quantities are compared by their type ids alone, byte by byte.
+  /// Whether both type ids have the same bytes. Two quantities with the same type id are equal even
+  /// if their names or units differ.
   bool operator==(const Quantity& other) const;
+  /// The negation of `==`.
   bool operator!=(const Quantity& other) const;
+  /// Orders by type id, byte by byte as std::string does: "B" before "a", "a" before "ab". This is
+  /// the order of the maps that an engine returns.
   bool operator<(const Quantity& other) const;
+  /// The same as `other < *this`.
   bool operator>(const Quantity& other) const;
 
  private:
   friend struct RecordAccess;  // reads in place inside the library
 
-  const std::string typeId_;
-  const std::string name_;
-  const std::vector<Unit> units_;
+  struct Contents;
+  const Shared<Contents> contents_;
 };
 
 }  // namespace Units

@@ -7,29 +7,36 @@
 
 namespace Schemas {
 
-/// Fills engines from schema files.
+/// Fills engines from folders of schema files.
 class TRELVONUNITS_API SchemaUtility {
  public:
-  SchemaUtility() = delete;
+  SchemaUtility() = delete;  ///< All functions are static.
 
-  /// Gives every schema file below a folder to an engine, then builds them all.
+  /// Adds every schema file below a folder to an engine, then builds them all.
   ///
-  /// Read are the files with the exact extension ".json" in sub folders at any depth; files that
-  /// lie directly in `folder`, and links to folders, are passed over. So is, without a report, a
-  /// file that the engine refuses with a ValidationException: compare what is registered with what
-  /// was expected. Files come in the order in which the file system lists them, which matters only
-  /// where two files claim one type id; the first one read keeps it.
+  ///   Schemas::SchemaUtility::addDefinitionsFromFolder("schemas/core", *engine);
+  ///
+  /// Reads files named `*.json` at any depth below the top level: `core/length/foot.json`, but not
+  /// `core/foot.json`. The extension must match exactly; `foot.JSON` is not read. Symbolic links to
+  /// folders are not followed.
+  ///
+  /// A file that the engine rejects with a ValidationException is skipped silently. To notice that,
+  /// compare the number of stored records with the number that you expect, or add the files one by
+  /// one with `addDefinition`.
+  ///
+  /// The order of the files is that of the file system. It matters only if two files have the same
+  /// type id: the first one read wins, and the other is skipped.
   ///
   /// @param folder  path of the schema folder.
-  /// @param engine  any engine. It gets one `addDefinition` a file and one `buildSchemas` at the
-  ///                end, which builds what was pending before the call as well.
-  /// @throws std::logic_error  "schema folder not found" when `folder` is missing or no folder;
-  ///                           "failed to open schema file" or "failed to read schema file" for a
-  ///                           file that cannot be opened or breaks off. Files read before it stay
-  ///                           pending.
-  /// @throws std::filesystem::filesystem_error  a status or a folder cannot be read. Files read
-  ///                                            before it stay pending.
-  /// @throws ValidationException  the build fails; its whole batch is dropped.
+  /// @param engine  any engine. The call makes one `addDefinition` per file and one `buildSchemas`
+  ///                at the end, which also builds what was pending before the call.
+  /// @throws std::logic_error  "schema folder not found": `folder` does not exist or is not a
+  ///                           folder; "failed to open schema file" or "failed to read schema
+  ///                           file": a file cannot be opened, or a read error occurs.
+  /// @throws std::filesystem::filesystem_error  the status of an entry cannot be determined, or a
+  ///                                            folder cannot be listed.
+  /// @throws ValidationException  the build fails; all pending schemas are dropped. After any of
+  ///                              the other exceptions, the files read so far stay pending.
   static void addDefinitionsFromFolder(const std::string& folder, Units::UnitsEngine& engine);
 };
 

@@ -2,6 +2,7 @@
 
 #include <TrelvonUnits/Export.h>
 #include <TrelvonUnits/PrefixOrSuffix.h>
+#include <TrelvonUnits/Shared.h>
 #include <TrelvonUnits/Unit.h>
 
 #include <optional>
@@ -9,40 +10,53 @@
 
 namespace Units {
 
-/// How numbers in a unit are shown: with a text before or after them or, for a composite symbol,
-/// in one of four built-in layouts such as feet and inches.
+/// How numbers in a unit are displayed: with a text before or after them or, for a composite
+/// symbol, in one of four built-in layouts. Formulas also read the text of a symbol as its unit.
+///
+/// A composite symbol has no prefix or suffix; a piece of its type id names the layout. The number
+/// counts the first unit of the layout:
+///
+///   ":feetAndInches-1"           5' 6"
+///   ":feetHyphenInches-1"        5' - 6"
+///   ":degreesMinutesSeconds-1"   10 degrees, 30' 0" (with the degree sign)
+///   ":metersAndCentimeters-1"    2m 35cm
 class TRELVONUNITS_API Symbol {
  public:
-  /// @param typeId          names the symbol; an engine refuses an empty one when it is added.
-  /// @param unit            the unit shown. An engine replaces it by its own unit of that type id
-  ///                        when the symbol is added.
-  /// @param prefixOrSuffix  none for a composite symbol, whose type id must then contain
-  ///                        ":degreesMinutesSeconds-1", ":feetAndInches-1", ":feetHyphenInches-1"
-  ///                        or ":metersAndCentimeters-1".
+  /// Nothing is checked here: an engine checks the type id and the unit when the symbol is added.
+  ///
+  /// @param typeId          any text that is not empty; for a composite symbol, one that contains
+  ///                        one of the four pieces above.
+  /// @param unit            the unit displayed. When the symbol is added, an engine replaces it by
+  ///                        its own unit with the same type id.
+  /// @param prefixOrSuffix  empty for a composite symbol.
   Symbol(const std::string& typeId, const Unit& unit,
          const std::optional<PrefixOrSuffix>& prefixOrSuffix);
 
-  Symbol(const Symbol& other);
-  Symbol(Symbol&& other);  ///< Copies; `other` stays readable.
+  Symbol(const Symbol& other) noexcept;
+  Symbol(Symbol&& other) noexcept;  ///< Copies; `other` stays readable.
   ~Symbol();
   Symbol& operator=(const Symbol&) = delete;
 
-  std::string getTypeId() const;
-  Unit getUnit() const;
-  std::optional<PrefixOrSuffix> getPrefixOrSuffix() const;
+  std::string getTypeId() const;                            ///< As given.
+  Unit getUnit() const;                                     ///< The unit displayed, in full.
+  std::optional<PrefixOrSuffix> getPrefixOrSuffix() const;  ///< Empty for a composite symbol.
 
-  // Symbols are compared by their type ids alone, byte by byte.
+  /// Whether both type ids have the same bytes. Two symbols with the same type id are equal even if
+  /// they look different.
   bool operator==(const Symbol& other) const;
+  /// The negation of `==`.
   bool operator!=(const Symbol& other) const;
+  /// Orders by type id, byte by byte as std::string does: "B" before "a", "a" before "ab". This is
+  /// the order of the maps that an engine returns.
   bool operator<(const Symbol& other) const;
+  /// The same as `other < *this`.
   bool operator>(const Symbol& other) const;
 
  private:
   friend struct RecordAccess;  // reads in place inside the library
 
-  const std::string typeId_;
-  const Unit unit_;
-  const std::optional<PrefixOrSuffix> prefixOrSuffix_;
+  struct Contents;
+  const Shared<Contents> contents_;
 };
 
 }  // namespace Units

@@ -1,6 +1,9 @@
 #pragma once
 
-/// Everything that a host sees of the library.
+/// The whole public interface. Each header below also compiles on its own.
+///
+/// Start with UnitsEngine.h; fill an engine with SchemaUtility.h, SchemaBundle.h or its own add
+/// operations.
 
 #include <TrelvonUnits/AbsoluteUnitComponent.h>
 #include <TrelvonUnits/DerivedUnitComponent.h>
