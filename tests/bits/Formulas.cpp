@@ -34,7 +34,8 @@ std::string compositeLiteral(Random& random) {
       return text += random.oneOf({"\"", "''", " in", " inches", ""});
     case 1:
       text += random.oneOf({"\xC2\xB0 ", "\xC2\xB0 ", "\xC2\xB0 ", ""});
-      text += number(random) + random.oneOf({"' ", "' ", "' ", ""});
+      text += number(random);
+      text += random.oneOf({"' ", "' ", "' ", ""});
       text += number(random);
       return text += random.oneOf({"\"", "\"", "\"", ""});
     default:

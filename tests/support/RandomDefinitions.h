@@ -101,7 +101,8 @@ class RandomDefinitions {
   double number() {
     if (random_.oneIn(8)) return random_.anyDouble();
     const double places[] = {1, 1, 10, 100, 1e6, 1e14};
-    return random_.between(1, 65535) / random_.oneOf(places);
+    const int part = random_.between(1, 65535);
+    return part / random_.oneOf(places);
   }
 
   std::map<std::string, int> anyPowers(const Ids& known, std::size_t least) {

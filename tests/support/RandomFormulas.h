@@ -1,4 +1,5 @@
-/// Random formulas, each written in several equivalent ways.
+/// Random formulas, each written in several equivalent ways. No expression draws two random values:
+/// compilers evaluate operands in different orders, and all of them must make the same formulas.
 #pragma once
 
 #include "tests/support/Random.h"
@@ -59,12 +60,16 @@ class RandomFormulas {
       return made;
     }
     const auto& suffixes = words_.suffixes[static_cast<std::size_t>(power)];
-    if (suffixes.empty()) return joined(leaf(power - 1), "*", leaf(1), 2);
+    if (suffixes.empty()) {
+      const WrittenFormula left = leaf(power - 1);
+      return joined(left, "*", leaf(1), 2);
+    }
     const std::string number = words_.number(random_);
     const std::string suffix = random_.oneOf(suffixes);
     made.ways.fill(number + suffix);
-    made.ways[spaced] = gap() + number + spaces();
-    made.ways[spaced] += suffix + spaces();
+    made.ways[spaced] = gap() + number;
+    made.ways[spaced] += spaces() + suffix;
+    made.ways[spaced] += spaces();
     if (!suffix.empty()) made.ways[applied] = "(" + number + ")" + suffix;
     return made;
   }
