@@ -22,6 +22,9 @@ build_and_test release  # includes the small hosts, built against an installatio
 heading "Formatting of the sources"
 cmake --build build/release --target format-check
 build_and_test asan-clang
+heading "libcxx: build the library"
+cmake --preset libcxx
+cmake --build --preset libcxx-library --parallel "$jobs"
 
 heading "Lines"
 scripts/lines.py

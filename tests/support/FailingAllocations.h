@@ -11,6 +11,10 @@
 /// must throw std::bad_alloc each time and leave no block behind. Returns how many it needs.
 template <class Action>
 long failEachAllocation(const Action& action) {
+  try {
+    throw std::bad_alloc();  // libc++ keeps what it allocates for the first exception of a thread
+  } catch (const std::bad_alloc&) {
+  }
   for (long index = 0;; ++index)
     for (const bool andAllThatFollow : {false, true}) {
       const long before = heap::liveBlocks();

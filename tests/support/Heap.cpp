@@ -93,6 +93,12 @@ void* aligned_alloc(std::size_t alignment, std::size_t size) {
   return mustFail() ? nullptr : counted(__libc_memalign(alignment, size));
 }
 
+/// libc++ allocates exceptions by it.
+int posix_memalign(void** block, std::size_t alignment, std::size_t size) {
+  *block = mustFail() ? nullptr : counted(__libc_memalign(alignment, size));
+  return *block == nullptr ? ENOMEM : 0;
+}
+
 void free(void* block) {
   uncount(block);
   __libc_free(block);
