@@ -1,7 +1,7 @@
 #!/usr/bin/env -S python3 -B
 """Counts the non-blank lines of the product and of all that only tests it, and the tests' share.
 
-Texts that are data, such as the definitions, the kept inputs of the fuzz doors and the headers of a
+Texts that are data, such as the definitions, the kept inputs of the fuzz targets and the headers of a
 released version, are counted as neither.
 """
 import collections

@@ -37,7 +37,7 @@ void loadFiles(const std::vector<fs::path>& files, UnitsEngine& engine) {
 }
 
 TEST(Catalogue, IsTheSameInAnyOrderOfItsFilesAndNoneIsDropped) {
-  const auto served = definitionsOf(catalogue());
+  const auto stored = definitionsOf(catalogue());
   std::mt19937 random(20260101);
   for (int order = 0; order < 3; ++order) {
     const std::unique_ptr<UnitsEngine> engine(CreateUnitsEngine());
@@ -49,25 +49,25 @@ TEST(Catalogue, IsTheSameInAnyOrderOfItsFilesAndNoneIsDropped) {
       loadFiles(files, *engine);
       count += files.size();
     }
-    EXPECT_EQ(count, served.size());
-    EXPECT_EQ(definitionsOf(*engine), served);
+    EXPECT_EQ(count, stored.size());
+    EXPECT_EQ(definitionsOf(*engine), stored);
   }
 }
 
 TEST(Catalogue, IsWrittenOutAndLoadedAfresh) {
-  const auto served = definitionsOf(catalogue());
+  const auto stored = definitionsOf(catalogue());
   const std::unique_ptr<UnitsEngine> again(CreateUnitsEngine());
-  for (const std::string& definition : served) again->addDefinition(definition);
+  for (const std::string& definition : stored) again->addDefinition(definition);
   again->buildSchemas();
   const auto reread = definitionsOf(*again);
-  ASSERT_EQ(reread.size(), served.size());
+  ASSERT_EQ(reread.size(), stored.size());
   // Spelled in their files so that the parser reads them right, which the shortest form is not.
   const std::regex unsafe(
       "^.\"typeid\":\"trelvon.(unit:(electronvolt|barn)|factor:(yocto|quecto))-1.*");
   std::size_t drifted = 0;
-  for (std::size_t at = 0; at < served.size(); ++at) {
-    const bool isUnsafe = std::regex_match(served[at], unsafe);
-    EXPECT_EQ(reread[at] == served[at], !isUnsafe) << served[at];
+  for (std::size_t at = 0; at < stored.size(); ++at) {
+    const bool isUnsafe = std::regex_match(stored[at], unsafe);
+    EXPECT_EQ(reread[at] == stored[at], !isUnsafe) << stored[at];
     drifted += isUnsafe;
   }
   EXPECT_EQ(drifted, 4u);

@@ -30,13 +30,13 @@ class Records(unittest.TestCase):
     def setUpClass(cls):
         output = subprocess.run([DUMP], capture_output=True, check=True).stdout.decode("utf-8")
         lines = output.split("\n")[:-1]
-        cls.served = [json.loads(line) for line in lines if line.startswith("{")]
+        cls.stored = [json.loads(line) for line in lines if line.startswith("{")]
         cls.reductions = [line.split("\t")[1:] for line in lines if line.startswith("reduction\t")]
         cls.shipped = lib.Catalogue()
 
     def test_are_what_the_files_say(self):
-        self.assertEqual({record["typeid"] for record in self.served}, set(self.shipped.by_id))
-        for record in self.served:
+        self.assertEqual({record["typeid"] for record in self.stored}, set(self.shipped.by_id))
+        for record in self.stored:
             file = json.loads(self.shipped.by_id[record["typeid"]].text)
             del file["source"]
             self.assertEqual({"constants": [], **record}, file)

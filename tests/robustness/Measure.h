@@ -15,7 +15,7 @@ inline bool isFormula(Shape::Kind kind) {
   return kind == Shape::Formula || kind == Shape::UnitFormula;
 }
 inline Budget budgetOf(Shape::Kind kind) {
-  return isFormula(kind) ? Budget{256, 64 * 1024} : Budget{100, 1024 * 1024};
+  return isFormula(kind) ? Budget{128, 64 * 1024} : Budget{100, 1024 * 1024};
 }
 
 struct Taken {

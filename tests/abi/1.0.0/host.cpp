@@ -164,7 +164,7 @@ void ask(const UnitsEngine& engine) {
   expect(engine.getSymbolsOfUnit("ft").count(sign) == 1, "symbols of a foot");
   expect(engine.getQuantitiesOfUnit("m").count("height") == 1, "quantities of a meter");
   expect(engine.getDefinition("score") == schemaText, "a definition");
-  expect(engine.getDependencies("score").count("dozen") == 1, "what a score rests on");
+  expect(engine.getDependencies("score").count("dozen") == 1, "what a score depends on");
   expect(engine.isRegistered("m") && !engine.isRegistered("n"), "type ids");
 }
 
