@@ -136,7 +136,7 @@ double Reducer::finish(Powers& powers) {
 
 /// Stores a reduced unit if a lookup is faster than reducing it again.
 void Reducer::remember(const UnitStep& done, const Powers& powers) {
-  constexpr std::size_t minWork = 16;  // tuning
+  constexpr std::size_t minWork = 16;                                             // tuning
   if (purpose_ != Purpose::Listing && work_ - done.workBefore < minWork) return;  // tuning
   const KnownUnit known = {done.factor, knownPowers_.size(), powers.size() - done.firstPower};
   knownPowers_.append(powers.begin() + done.firstPower, powers.end());

@@ -53,8 +53,8 @@ class IndexedMap {
   /// added one at a time.
   void reserve(std::size_t count) {
     const std::size_t size = entries_.size() + count;
-    if (2 * size <= capacity_) return;  // tuning
-    std::size_t capacity = 8;  // tuning
+    if (2 * size <= capacity_) return;          // tuning
+    std::size_t capacity = 8;                   // tuning
     while (capacity < 4 * size) capacity *= 2;  // tuning
     std::vector<Slot> slots(capacity + slotsPerKey - 1);
     slots_.swap(slots);
