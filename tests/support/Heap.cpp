@@ -114,6 +114,12 @@ void* operator new(std::size_t size) {
   return counted(block);
 }
 
+/// Sorting and merging get their buffers by it.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  void* const block = mustFail() ? nullptr : std::malloc(size == 0 ? 1 : size);
+  return block == nullptr ? nullptr : counted(block);
+}
+
 void* operator new(std::size_t size, std::align_val_t alignment) {
   const auto step = static_cast<std::size_t>(alignment);
   void* const block =
@@ -128,6 +134,7 @@ void operator delete(void* block) noexcept {
 }
 
 void operator delete(void* block, std::size_t) noexcept { operator delete(block); }
+void operator delete(void* block, const std::nothrow_t&) noexcept { operator delete(block); }
 void operator delete(void* block, std::align_val_t) noexcept { operator delete(block); }
 void operator delete(void* block, std::size_t, std::align_val_t) noexcept {
   operator delete(block);
