@@ -63,8 +63,8 @@ std::FILE* openToRead(const char* path) {
 
 }  // namespace
 
-FileReader::FileReader(const std::string& path, std::string& chunk) : chunk_(chunk) {
-  chunk_.resize(chunkBytes);
+FileReader::FileReader(const std::string& path, std::unique_ptr<char[]>& chunk) : chunk_(chunk) {
+  if (!chunk_) chunk_.reset(new char[chunkBytes]);  // not cleared: most files touch little of it
   // The system would read a path with a NUL up to there, and open another file.
   if (path.find('\0') != std::string::npos) return;
   file_.reset(openToRead(path.c_str()));
@@ -81,7 +81,7 @@ FileReader::FileReader(const std::string& path, std::string& chunk) : chunk_(chu
 }
 
 std::string_view FileReader::read(std::size_t length) {
-  return {chunk_.data(), std::fread(chunk_.data(), 1, length, file_.get())};
+  return {chunk_.get(), std::fread(chunk_.get(), 1, length, file_.get())};
 }
 
 bool FileReader::hasFailed() const { return std::ferror(file_.get()) != 0; }

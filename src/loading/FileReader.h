@@ -17,9 +17,9 @@ class FileReader {
   /// Opens a file of any type. Never waits for a writer: a FIFO that nobody has open for writing
   /// reads as an empty file.
   ///
-  /// @param chunk  memory to read with, for one reader after the other.
+  /// @param chunk  memory to read with, for one reader after the other. Made when it is null.
   /// @throws std::bad_alloc  there is no memory for an open file or a chunk.
-  FileReader(const std::string& path, std::string& chunk);
+  FileReader(const std::string& path, std::unique_ptr<char[]>& chunk);
 
   bool isOpen() const { return file_ != nullptr; }
 
@@ -44,7 +44,7 @@ class FileReader {
   std::unique_ptr<std::FILE, Close> file_;  // null if the file could not be opened
   bool isRegular_ = false;
   std::uintmax_t size_ = 0;
-  std::string& chunk_;
+  std::unique_ptr<char[]>& chunk_;
 };
 
 /// Makes room in `text` for the rest of a file, so that appending it chunk by chunk allocates once.

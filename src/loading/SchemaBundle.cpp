@@ -4,6 +4,7 @@
 #include <TrelvonUnits/SchemaBundle.h>
 
 #include <cstddef>
+#include <memory>
 #include <stdexcept>
 
 namespace {
@@ -20,7 +21,7 @@ std::string_view readNext(Schemas::FileReader& file, std::size_t length) {
 
 /// The bytes of a file, which is read no further than its first line if that is not a bundle's.
 std::string readBundle(const std::string& path) {
-  std::string chunk;
+  std::unique_ptr<char[]> chunk;
   Schemas::FileReader file(path, chunk);
   if (!file.isOpen()) throw std::logic_error("failed to open schema bundle");
   std::string content(readNext(file, header.size()));

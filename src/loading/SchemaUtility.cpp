@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <stdexcept>
 #include <string_view>
 #include <system_error>
@@ -41,7 +42,7 @@ bool isSchemaFile(const fs::recursive_directory_iterator& walk) {
 
 /// The bytes of a file up to its first NUL. Of a text that is too long for an engine no more is
 /// read than shows that.
-std::string readText(const fs::path& path, std::string& chunk) {
+std::string readText(const fs::path& path, std::unique_ptr<char[]>& chunk) {
   Schemas::FileReader file(path.string(), chunk);
   // Replaced since the walk found a regular file there, it may be of any type.
   if (!file.isRegular()) throw std::logic_error("failed to open schema file");
@@ -75,7 +76,7 @@ void SchemaUtility::addDefinitionsFromFolder(const std::string& folder,
     throw fs::filesystem_error("recursive_directory_iterator::recursive_directory_iterator", root,
                                error);
 
-  std::string chunk;
+  std::unique_ptr<char[]> chunk;
   while (walk != fs::recursive_directory_iterator()) {
     const fs::path path = walk->path();
     if (isSchemaFile(walk)) addOrSkip(readText(path, chunk), engine);

@@ -49,13 +49,13 @@ class IndexedMap {
     return found == entries_.end() ? nullptr : &found->second;
   }
 
-  /// Makes room for `count` more entries. Reserves twice what is needed, since entries are often
-  /// added one at a time.
+  /// Makes room for `count` more entries. The table doubles, since entries are often added one at a
+  /// time.
   void reserve(std::size_t count) {
     const std::size_t size = entries_.size() + count;
     if (2 * size <= capacity_) return;          // tuning
     std::size_t capacity = 8;                   // tuning
-    while (capacity < 4 * size) capacity *= 2;  // tuning
+    while (capacity < 2 * size) capacity *= 2;  // tuning
     std::vector<Slot> slots(capacity + slotsPerKey - 1);
     slots_.swap(slots);
     capacity_ = capacity;
