@@ -209,6 +209,8 @@ TEST(UnitPowers, KeepZerosOnTheLeftSideAlone) {
   EXPECT_EQ(product(ofUnit({{"b", 1}}), ofUnit({{"a", 0}, {"c", 2}}), false),
             (Map{{"b", 1}, {"c", 2}}));
   EXPECT_EQ(product(ofUnit({{"a", 0}}), ofUnit({{"a", 0}, {"c", 2}}), false), (Map{{"c", 2}}));
+  EXPECT_EQ(product(ofUnit({{"a", 0}}), ofUnit({{"b", 1}, {"c", 2}}), false),
+            (Map{{"a", 0}, {"b", 1}, {"c", 2}}));
   EXPECT_EQ(product(ofUnit({{"a", 1}}), ofUnit({{"a", 3}, {"b", -1}, {"c", 2}}), true),
             (Map{{"a", -2}, {"b", 1}, {"c", -2}}));
   EXPECT_EQ(product(ofUnit({{"a", 1}}), ofUnit({{"a", 1}, {"b", 1}}), true), (Map{{"b", -1}}));
