@@ -81,7 +81,7 @@ void Reducer::enter(const RecordNode<Unit>& unit, const Powers& powers) {
   if (unit.isAbsolute)
     throw IncompatibleUnitsException("Parent unit " + RecordAccess::typeId(unit.record) +
                                      " is absolute, but all parent units must be relative.");
-  const std::size_t workBefore = work_;
+  const std::size_t workBefore = work_++;  // tuning: a chain is work, too
   path_.push_back(
       {&unit, ownFactor(unit), 0, powers.size(), powers.size() + maxUncombined, workBefore});
 }

@@ -31,7 +31,7 @@ bool FunctionExpression::apply(EvaluatedValues& values) const {
   if (inputs_.size() != 1) throw Units::ParseException("Expected one input to function call.");
 
   EvaluatedValue& input = values.back();
-  const bool hasUnits = !input.isUnitless();
+  const bool hasUnits = function->unitRule != UnitRule::Keep && !input.isUnitless();
   if (function->unitRule == UnitRule::Reject && hasUnits)
     throw Units::ParseException("Function input must be unitless.");
   if (!function->compute(input.value)) return false;

@@ -127,7 +127,7 @@ struct Tree {
 
 /// The schema texts of units over one another, and formulas of them:
 ///
-///   tree of units > unit > middle units > "wide" > primitive units
+///   tree of units > unit > middle units > chain of units > "wide" > primitive units
 ///                        > tree of factors > factors
 class Subject {
  public:
@@ -236,9 +236,12 @@ class Subject {
     for (int number = 0; number < sizes_[parentFactors]; ++number)
       factors[numbered("g", number)] = 1;
     add(derived("wide", primitives, {powers("parentFactors", factors)}));
+    Tree stem{"stem", "wide"};  // which all parents share
+    stem.addChain(sizes_[unitChain]);
+    for (const auto& [typeId, over] : stem.nodes) add(derived(typeId, over));
     for (int number = 0; number < sizes_[parents]; ++number) {
       middles[numbered("middle", number)] = number % 2 == 0 ? 2 : -1;  // never cancel out
-      add(derived(numbered("middle", number), Powers{{"wide", 1}}));
+      add(derived(numbered("middle", number), Powers{{stem.last, 1}}));
     }
     std::string more;
     for (int number = 0; number < sizes_[constants]; ++number)
@@ -253,7 +256,7 @@ class Subject {
     tree.addLadder(sizes_[unitLadder]);
     for (const auto& [typeId, over] : tree.nodes) add(derived(typeId, over));
     top = tree.last;
-    unitsOverWide_ = 2 + at(parents) + tree.nodes.size();
+    unitsOverWide_ = 2 + at(parents) + stem.nodes.size() + tree.nodes.size();
   }
 
   void addSymbols() {
