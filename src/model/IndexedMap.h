@@ -14,8 +14,7 @@ namespace Units {
 /// Keys may come from an attacker, and std::hash is the same in every process, so any number of
 /// keys may share a hash. Therefore the table is only a shortcut. A key's hash selects a few slots;
 /// if all of them are taken, the key is found only in the map. No choice of keys makes a lookup
-/// slower than a search of the map plus a few comparisons of hashes, and no result depends on the
-/// hashes.
+/// slower than a search of the map plus a few comparisons, and no result depends on the hashes.
 ///
 /// Values never move once they are inserted.
 template <class Value>

@@ -1,7 +1,6 @@
 #include "engine/Reduction.h"
 
 #include "engine/UnitsEngineImpl.h"
-#include "model/CompatiblePowers.h"
 #include "registry/Commit.h"
 #include "tests/support/Messages.h"
 #include "tests/support/SchemaTexts.h"
@@ -98,6 +97,22 @@ TEST(Reduction, KeepsExponentsThatCancelAndStaysWithin32Bits) {
   }
 }
 
+TEST(Reduction, TurnsValuesIntoPrimitiveTerms) {
+  UnitsEngineImpl engine;
+  engine.addUnit(primitiveUnit("k"));
+  engine.addUnit(derivedUnit("inverse", {{"k", -1}}));
+  engine.addUnit(derivedUnit("cancelled", {{"k", 1}, {"inverse", 1}}, FactorComponent(2.0)));
+  engine.addUnit(Unit("scale", "name", System::Metric, AbsoluteUnitComponent("k", 273.15)));
+  double value = 0;
+  UnitPowerMap powers = {{"replaced", 1.0}};
+  engine.reduceValue(engine.getUnit("scale"), value, powers);
+  EXPECT_EQ(value, 273.15);
+  EXPECT_EQ(powers, (UnitPowerMap{{"k", 1.0}}));
+  engine.reduceValue(engine.getUnit("cancelled"), value = 4, powers);
+  EXPECT_EQ(value, 8);
+  EXPECT_EQ(powers, (UnitPowerMap{{"k", 0.0}}));
+}
+
 Registries stored(RecordMap<Unit> units, RecordMap<Factor> factors = {}) {
   Registries registries;
   registries.factors.built = RecordStore<Factor>(std::move(factors));
@@ -168,9 +183,10 @@ TEST(Powers, AreTheSameOrReciprocalOrNeither) {
       {{{"a", least}}, {{"a", least + 1}}, false, false},
       {{{"a", least}}, {{"a", -(least + 1)}}, false, false},
   };
+  const UnitsEngineImpl engine;
   for (const auto& row : rows) {
     bool inverted = !row.inverted;
-    EXPECT_EQ(arePowersCompatible(row.a, row.b, inverted), row.compatible) << (&row - rows);
+    EXPECT_EQ(engine.arePowersCompatible(row.a, row.b, inverted), row.compatible) << (&row - rows);
     EXPECT_EQ(inverted, row.inverted) << (&row - rows);
   }
 }
