@@ -3,8 +3,6 @@
 #include "formula/Arithmetic.h"
 #include "model/Tolerances.h"
 
-#include <TrelvonUnits/Exceptions.h>
-
 #include <algorithm>
 #include <cmath>
 #include <stdexcept>
@@ -12,29 +10,29 @@
 
 namespace {
 
-bool add(EvaluatedValue& left, EvaluatedValue& right) {
-  if (!left.hasSameUnitsAs(right)) return false;
+FormulaReason add(EvaluatedValue& left, EvaluatedValue& right) {
+  if (!left.hasSameUnitsAs(right)) return FormulaReason::UnitsDiffer;
   left.value = right.value + left.value;
-  return true;
+  return FormulaReason::Done;
 }
 
-bool subtract(EvaluatedValue& left, EvaluatedValue& right) {
-  if (!left.hasSameUnitsAs(right)) return false;
+FormulaReason subtract(EvaluatedValue& left, EvaluatedValue& right) {
+  if (!left.hasSameUnitsAs(right)) return FormulaReason::UnitsDiffer;
   left.value = left.value - right.value;
-  return true;
+  return FormulaReason::Done;
 }
 
-bool multiply(EvaluatedValue& left, EvaluatedValue& right) {
+FormulaReason multiply(EvaluatedValue& left, EvaluatedValue& right) {
   left.value = right.value * left.value;
   left.multiplyUnits(right);
-  return true;
+  return FormulaReason::Done;
 }
 
-bool divide(EvaluatedValue& left, EvaluatedValue& right) {
-  if (Units::isNearZero(right.value)) return false;
+FormulaReason divide(EvaluatedValue& left, EvaluatedValue& right) {
+  if (Units::isNearZero(right.value)) return FormulaReason::DivisorNearZero;
   left.value = left.value / right.value;
   left.divideUnits(right);
-  return true;
+  return FormulaReason::Done;
 }
 
 /// Adjusts base and exponent for `pow`. Returns false if the power is undefined.
@@ -50,13 +48,13 @@ bool prepareBase(double& base, double& exponent) {
   return true;
 }
 
-bool raise(EvaluatedValue& left, EvaluatedValue& right) {
-  if (!right.isUnitless())
-    throw Units::ParseException("Right-hand operand of the power operator must be unitless.");
+FormulaReason raise(EvaluatedValue& left, EvaluatedValue& right) {
+  if (!right.isUnitless()) return FormulaReason::ExponentHasUnits;
   double exponent = right.value;
-  if (!prepareBase(left.value, exponent) || !computePower(left.value, exponent)) return false;
-  if (!left.isUnitless()) left.changeableUnits().raiseTo(exponent);
-  return true;
+  if (!prepareBase(left.value, exponent)) return FormulaReason::UndefinedPower;
+  const FormulaReason reason = computePower(left.value, exponent);
+  if (reason != FormulaReason::Done) return reason;
+  return left.isUnitless() ? FormulaReason::Done : left.changeableUnits().raiseTo(exponent);
 }
 
 }  // namespace
@@ -68,7 +66,7 @@ void BinaryOperatorExpression::setOperands(std::unique_ptr<Expression> left,
   linkOperands(*left_, *right_);
 }
 
-bool BinaryOperatorExpression::apply(EvaluatedValues& values) const {
+FormulaReason BinaryOperatorExpression::apply(EvaluatedValues& values) const {
   EvaluatedValue right = std::move(values.back());
   values.pop_back();
   EvaluatedValue& left = values.back();

@@ -17,7 +17,7 @@ class BinaryOperatorExpression final : public Expression {
   void setOperands(std::unique_ptr<Expression> left, std::unique_ptr<Expression> right);
 
  private:
-  bool apply(EvaluatedValues& values) const override;
+  FormulaReason apply(EvaluatedValues& values) const override;
   void removeOperands(Removal& removal) noexcept override;
 
   const FormulaBinaryOperator op_;

@@ -1,20 +1,16 @@
 #include "formula/Evaluation.h"
 
 #include "formula/FormulaParser.h"
+#include "formula/Refusal.h"
 #include "model/CompatiblePowers.h"
 
 #include <TrelvonUnits/Exceptions.h>
 
 #include <cmath>
 #include <memory>
-#include <optional>
 #include <utility>
 
 namespace {
-
-[[noreturn]] void throwUnableToParse() {
-  throw Units::ParseException("Unable to parse expression.");
-}
 
 /// The formula's value, whose units may be borrowed from `units`.
 EvaluatedValue evaluate(std::string_view formula, VariableResolver resolver,
@@ -22,34 +18,41 @@ EvaluatedValue evaluate(std::string_view formula, VariableResolver resolver,
                         UnitTermsSource& units) {
   NodeArena arena;
   std::unique_ptr<Expression> root;
-  std::optional<EvaluatedValue> result;
-  if (parseFormula(formula, arena, root, symbols, unitMath, units, std::move(resolver)))
-    result = root->compute();
-  if (!result) throwUnableToParse();
-  return *std::move(result);
+  const FormulaReason reason =
+      parseFormula(formula, arena, root, symbols, unitMath, units, std::move(resolver));
+  if (reason != FormulaReason::Done) throwRefusal(reason);
+  return root->compute();
 }
 
 }  // namespace
+
+FormulaReason countInUnit(EvaluatedValue& result, const Units::Unit& unit, UnitTermsSource& units,
+                          bool& inverted) {
+  if (result.isUnitless()) return FormulaReason::Done;
+  const UnitTerms& terms = units.termsOf(unit);
+  if (!Units::arePowersCompatible(truncatePowers(result.units()), truncatePowers(terms.powers),
+                                  inverted))
+    return FormulaReason::UnitsDoNotFit;
+  result.value =
+      (inverted ? std::pow(result.value, -1.0) : result.value) / terms.factor - terms.offset;
+  return FormulaReason::Done;
+}
 
 double evaluateExpressionInUnit(const Units::Unit& unit, std::string_view formula,
                                 VariableResolver resolver, const Units::SymbolTexts& symbols,
                                 const Units::UnitMath& unitMath, UnitTermsSource& units) {
   EvaluatedValue result = evaluate(formula, std::move(resolver), symbols, unitMath, units);
-  if (result.isUnitless()) return result.value;
-
-  const UnitTerms& terms = units.termsOf(unit);
   bool inverted = false;
-  if (!Units::arePowersCompatible(truncatePowers(result.units()), truncatePowers(terms.powers),
-                                  inverted))
-    throwUnableToParse();
-  return (inverted ? std::pow(result.value, -1.0) : result.value) / terms.factor - terms.offset;
+  const FormulaReason reason = countInUnit(result, unit, units, inverted);
+  if (reason != FormulaReason::Done) throwRefusal(reason);
+  return result.value;
 }
 
 double evaluateUnitlessExpression(std::string_view formula, VariableResolver resolver,
                                   const Units::SymbolTexts& symbols,
                                   const Units::UnitMath& unitMath, UnitTermsSource& units) {
   EvaluatedValue result = evaluate(formula, std::move(resolver), symbols, unitMath, units);
-  if (!result.isUnitless()) throw Units::ParseException("Expression must be unitless.");
+  if (!result.isUnitless()) throwRefusal(FormulaReason::HasUnits);
   return result.value;
 }
 

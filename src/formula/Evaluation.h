@@ -1,9 +1,11 @@
 #pragma once
 
+#include "formula/EvaluatedValue.h"
 #include "formula/UnitMath.h"
 #include "formula/UnitTerms.h"
 #include "model/SymbolTexts.h"
 
+#include <TrelvonUnits/FormulaReason.h>
 #include <TrelvonUnits/Unit.h>
 #include <TrelvonUnits/VariableResolver.h>
 
@@ -23,6 +25,13 @@ double evaluateExpressionInUnit(const Units::Unit& unit, std::string_view formul
 double evaluateUnitlessExpression(std::string_view formula, VariableResolver resolver,
                                   const Units::SymbolTexts& symbols,
                                   const Units::UnitMath& unitMath, UnitTermsSource& units);
+
+/// Replaces a formula's value, in primitive units, by the value in a unit. A unitless value is taken
+/// to be in that unit already.
+///
+/// @param inverted  set if the unit has the reciprocal dimension.
+Units::FormulaReason countInUnit(EvaluatedValue& result, const Units::Unit& unit,
+                                 UnitTermsSource& units, bool& inverted);
 
 /// The default resolver, which rejects every identifier.
 /// @throws Units::ParseException  always.

@@ -1,22 +1,38 @@
 #include "formula/Expression.h"
 
+#include "formula/Refusal.h"
+
 #include <utility>
 
+namespace {
+
+struct NoWatch {
+  void before(const Expression&) const {}
+  void after(const Expression&, const EvaluatedValues&) const {}
+};
+
+constexpr std::size_t usualOperands = 4;  // tuning: enough for most formulas
+
+}  // namespace
+
 bool Expression::evaluate(double& value, UnitPowerMap& units) const {
-  std::optional<EvaluatedValue> result = compute();
-  if (!result) return false;
-  value = result->value;
-  units = toUnitPowerMap(result->units());
+  EvaluatedValues values;
+  const FormulaReason reason = walk(values, NoWatch());
+  if (reason != FormulaReason::Done) {
+    if (ownMessageOf(reason)) throwRefusal(reason);
+    return false;
+  }
+  value = values.back().value;
+  units = toUnitPowerMap(values.back().units());
   return true;
 }
 
-std::optional<EvaluatedValue> Expression::compute() const {
+EvaluatedValue Expression::compute() const {
   EvaluatedValues values;
-  values.reserve(4);  // enough for most formulas
-  for (const Expression* node = first_;; node = node->next_) {
-    if (!node->apply(values)) return std::nullopt;
-    if (node == this) return std::move(values.back());
-  }
+  values.reserve(usualOperands);
+  const FormulaReason reason = walk(values, NoWatch());
+  if (reason != FormulaReason::Done) throwRefusal(reason);
+  return std::move(values.back());
 }
 
 void Expression::linkOperand(Expression& operand) {

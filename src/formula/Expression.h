@@ -3,10 +3,13 @@
 #include "formula/EvaluatedValue.h"
 #include "formula/NodeArena.h"
 
+#include <TrelvonUnits/FormulaReason.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <optional>
+
+using Units::FormulaReason;
 
 /// The class of a node.
 enum class ExpressionKind : std::int32_t {
@@ -37,8 +40,20 @@ class Expression {
   /// @throws Units::ParseException  the formula breaks a rule that has its own message.
   virtual bool evaluate(double& value, UnitPowerMap& units) const;
 
-  /// Returns value and units together, or nothing if there is no result. The units may be borrowed.
-  std::optional<EvaluatedValue> compute() const;
+  /// Returns value and units together. The units may be borrowed.
+  /// @throws Units::ParseException  there is no result.
+  EvaluatedValue compute() const;
+
+  /// Evaluates the subtree and lets `watch` see each node before and after it is applied:
+  /// `watch.before(node)`, `watch.after(node, values)`.
+  ///
+  /// @param values  empty; set to the result.
+  template <class Watch>
+  FormulaReason walk(EvaluatedValues& values, Watch&& watch) const;
+
+  /// Calls `visit` with every node of the subtree, in evaluation order.
+  template <class Visit>
+  void forEach(Visit&& visit) const;
 
   // Nodes are allocated in the arena of their formula. Only the arena frees memory.
   static void* operator new(std::size_t size, NodeArena& arena) { return arena.allocate(size); }
@@ -50,6 +65,10 @@ class Expression {
 
   ExpressionKind kind() const { return kind_; }
 
+  /// The number of the token that the node was made for, from 0.
+  std::uint32_t tokenNumber() const { return tokenNumber_; }
+  void setTokenNumber(std::uint32_t number) { tokenNumber_ = number; }
+
  protected:
   explicit Expression(ExpressionKind kind) : first_(this), kind_(kind) {}
 
@@ -58,8 +77,9 @@ class Expression {
   void linkOperands(Expression& left, Expression& right);
   void unlinkOperands() { first_ = this; }
 
-  /// Replaces the values of the node's operands by its own. Returns false as `evaluate` does.
-  virtual bool apply(EvaluatedValues& values) const = 0;
+  /// Replaces the values of the node's operands by its own. If it is refused, their values are of
+  /// no use.
+  virtual FormulaReason apply(EvaluatedValues& values) const = 0;
 
   /// Nodes to delete, linked by `next_`.
   class Removal {
@@ -82,7 +102,27 @@ class Expression {
   Expression* first_;           // the first node of this subtree in evaluation order
   Expression* next_ = nullptr;  // the next node in evaluation order
   const ExpressionKind kind_;
+  std::uint32_t tokenNumber_ = 0;
 };
+
+template <class Watch>
+FormulaReason Expression::walk(EvaluatedValues& values, Watch&& watch) const {
+  for (const Expression* node = first_;; node = node->next_) {
+    watch.before(*node);
+    const FormulaReason reason = node->apply(values);
+    if (reason != FormulaReason::Done) return reason;
+    watch.after(*node, values);
+    if (node == this) return FormulaReason::Done;
+  }
+}
+
+template <class Visit>
+void Expression::forEach(Visit&& visit) const {
+  for (const Expression* node = first_;; node = node->next_) {
+    visit(*node);
+    if (node == this) return;
+  }
+}
 
 /// Casts to the class `Node`. Null if the node is of another class.
 template <class Node>

@@ -25,22 +25,26 @@ bool endsInSeparator(const Units::Symbol* symbol) {
 
 }  // namespace
 
-bool parseFormula(std::string_view text, NodeArena& arena,
-                  std::unique_ptr<Expression>& expressionOut, const Units::SymbolTexts& symbols,
-                  const Units::UnitMath& unitMath, UnitTermsSource& units,
-                  VariableResolver resolver) {
+FormulaReason parseFormula(std::string_view text, NodeArena& arena,
+                           std::unique_ptr<Expression>& expressionOut,
+                           const Units::SymbolTexts& symbols, const Units::UnitMath& unitMath,
+                           UnitTermsSource& units, VariableResolver resolver) {
   FormulaTokenizer tokenizer(text, symbols, unitMath, std::move(resolver));
   FormulaParser parser(arena, symbols, unitMath, units);
   FormulaToken token;
-  while (tokenizer.nextToken(token))
-    if (!parser.take(token)) return false;
+  while (tokenizer.nextToken(token)) {
+    const FormulaReason reason = parser.take(token);
+    if (reason != FormulaReason::Done) return reason;
+  }
   return parser.finish(expressionOut);
 }
 
-bool FormulaParser::take(const FormulaToken& token) {
+FormulaReason FormulaParser::take(const FormulaToken& token) {
+  ++tokenCount_;
   if (state_ == State::BeforeOpenParen) {
+    if (token.type != FormulaTokenType::OpenParen) return FormulaReason::MissingParentheses;
     state_ = State::BeforeOperand;
-    return token.type == FormulaTokenType::OpenParen;
+    return FormulaReason::Done;
   }
   switch (token.type) {
     case FormulaTokenType::Operator:
@@ -59,63 +63,76 @@ bool FormulaParser::take(const FormulaToken& token) {
   throw std::logic_error("legacy code dbgWarn: Unknown token type. Dresmond 8-May-2004");
 }
 
-bool FormulaParser::finish(std::unique_ptr<Expression>& expressionOut) {
-  if (state_ != State::AfterOperand) return false;
+FormulaReason FormulaParser::finish(std::unique_ptr<Expression>& expressionOut) {
+  if (state_ == State::BeforeOpenParen) return FormulaReason::MissingParentheses;
+  if (state_ == State::BeforeOperand) return FormulaReason::MissingOperand;
   reduceOperators(operands_, operators_, 0);
-  if (!operators_.empty()) return false;
+  if (!operators_.empty()) return FormulaReason::NeverClosed;
   if (operands_.size() != 1) throwUnexpectedParseError();
   expressionOut = pop(operands_);
-  return true;
+  return FormulaReason::Done;
 }
 
-bool FormulaParser::takeOperator(std::string_view spelling) {
+std::optional<std::uint32_t> FormulaParser::openToken() const {
+  if (operators_.empty()) return std::nullopt;
+  return operators_.back()->tokenNumber();
+}
+
+template <class Node, class... Arguments>
+std::unique_ptr<Node> FormulaParser::make(Arguments&&... arguments) {
+  auto node = arena_.make<Node>(std::forward<Arguments>(arguments)...);
+  node->setTokenNumber(tokenCount_ - 1);
+  return node;
+}
+
+FormulaReason FormulaParser::takeOperator(std::string_view spelling) {
   const bool isBinary = state_ == State::AfterOperand;
   return isBinary ? takeBinaryOperator(spelling) : takeUnaryOperator(spelling);
 }
 
-bool FormulaParser::takeBinaryOperator(std::string_view spelling) {
+FormulaReason FormulaParser::takeBinaryOperator(std::string_view spelling) {
   const FormulaBinaryOperator op = unitMath_.getBinaryOperatorMap().find(spelling);
   if (op == FormulaBinaryOperator::None) throwUnexpectedParseError();  // all can be binary
-  auto node = arena_.make<BinaryOperatorExpression>(op);
+  auto node = make<BinaryOperatorExpression>(op);
   reduceOperators(operands_, operators_, getPriority(*node));
   operators_.push_back(std::move(node));
   state_ = State::BeforeOperand;
-  return true;
+  return FormulaReason::Done;
 }
 
-bool FormulaParser::takeUnaryOperator(std::string_view spelling) {
+FormulaReason FormulaParser::takeUnaryOperator(std::string_view spelling) {
   const FormulaUnaryOperator op = unitMath_.getUnaryOperatorMap().find(spelling);
   if (op == FormulaUnaryOperator::None) {
     if (unitMath_.getBinaryOperatorMap().find(spelling) == FormulaBinaryOperator::None)
       throwUnexpectedParseError();
-    return false;
+    return FormulaReason::MissingOperand;
   }
-  operators_.push_back(arena_.make<UnaryOperatorExpression>(op));
-  return true;
+  operators_.push_back(make<UnaryOperatorExpression>(op));
+  return FormulaReason::Done;
 }
 
-bool FormulaParser::takeFunction(std::string_view name) {
-  if (state_ == State::AfterOperand) return false;
+FormulaReason FormulaParser::takeFunction(std::string_view name) {
+  if (state_ == State::AfterOperand) return FormulaReason::NotAfterOperand;
   const FormulaFunction function = unitMath_.getFunctionMap().find(name);
   if (function == FormulaFunction::None) throwUnexpectedParseError();
-  operators_.push_back(arena_.make<FunctionExpression>(function));
+  operators_.push_back(make<FunctionExpression>(function));
   state_ = State::BeforeOpenParen;
-  return true;
+  return FormulaReason::Done;
 }
 
-bool FormulaParser::takeNumber(const FormulaToken& token) {
-  if (state_ == State::AfterOperand) return false;
+FormulaReason FormulaParser::takeNumber(const FormulaToken& token) {
+  if (state_ == State::AfterOperand) return FormulaReason::NotAfterOperand;
   double value = token.value;
   const Units::Symbol* symbol = token.symbol;
   if (endsInSeparator(symbol) && !Units::parseValueText(token.text, &value, &symbol, symbols_))
     throwUnexpectedParseError();
   // The sign belongs to the whole literal: -5' 6" is minus five feet six inches.
   if (dropUnaryMinus()) value = -value;
-  operands_.push_back(symbol ? arena_.make<NumberConstantExpression>(
+  operands_.push_back(symbol ? make<NumberConstantExpression>(
                                    value, units_.termsOf(Units::RecordAccess::unit(*symbol)))
-                             : arena_.make<NumberConstantExpression>(value));
+                             : make<NumberConstantExpression>(value));
   state_ = State::AfterOperand;
-  return true;
+  return FormulaReason::Done;
 }
 
 bool FormulaParser::dropUnaryMinus() {
@@ -126,55 +143,59 @@ bool FormulaParser::dropUnaryMinus() {
   return true;
 }
 
-bool FormulaParser::takeUnitSymbol(std::string_view text) {
+FormulaReason FormulaParser::takeUnitSymbol(std::string_view text) {
   const Units::Symbol* const symbol = symbols_.withText(text);
-  if (!symbol) return false;
+  if (!symbol) return FormulaReason::UnusableSymbol;
   if (Units::RecordAccess::prefixOrSuffix(*symbol)->getPlacement() == Units::Placement::Suffix) {
-    if (state_ == State::BeforeOperand || operands_.empty()) return false;
-    operands_.push_back(arena_.make<SymbolExpression>(*symbol, units_, pop(operands_)));
+    if (state_ == State::BeforeOperand || operands_.empty())
+      return FormulaReason::SuffixWithoutOperand;
+    operands_.push_back(make<SymbolExpression>(*symbol, units_, pop(operands_)));
   } else {
-    if (state_ == State::AfterOperand) return false;
-    operators_.push_back(arena_.make<SymbolExpression>(*symbol, units_));
+    if (state_ == State::AfterOperand) return FormulaReason::NotAfterOperand;
+    operators_.push_back(make<SymbolExpression>(*symbol, units_));
     state_ = State::BeforeOpenParen;
   }
-  return true;
+  return FormulaReason::Done;
 }
 
-bool FormulaParser::takeOpenParen() {
-  if (state_ == State::AfterOperand) return false;
+FormulaReason FormulaParser::takeOpenParen() {
+  if (state_ == State::AfterOperand) return FormulaReason::NotAfterOperand;
   auto* const justOpened =
       operators_.empty() ? nullptr : nodeAs<ParenExpression>(operators_.back().get());
   if (justOpened)
     justOpened->openAnother();
   else
-    operators_.push_back(arena_.make<ParenExpression>());
-  return true;
+    operators_.push_back(make<ParenExpression>());
+  return FormulaReason::Done;
 }
 
-bool FormulaParser::takeCloseParen() {
+FormulaReason FormulaParser::takeCloseParen() {
   if (state_ == State::AfterOperand) reduceOperators(operands_, operators_, 0);
-  if (operators_.empty() || !close(*operators_.back())) return false;
-  state_ = State::AfterOperand;
-  return true;
+  if (operators_.empty())
+    return operands_.empty() ? FormulaReason::MissingOperand : FormulaReason::NeverOpened;
+  const FormulaReason reason = close(*operators_.back());
+  if (reason == FormulaReason::Done) state_ = State::AfterOperand;
+  return reason;
 }
 
-/// Turns an opener and its contents into an operand. Returns false if `opener` does not open a
-/// parenthesis, or if its parentheses are empty, which only a function's may be: "pi()".
-bool FormulaParser::close(Expression& opener) {
+/// Turns an opener and its contents into an operand. Refuses an operator that has no right operand,
+/// and empty parentheses, which only a function may have: "pi()".
+FormulaReason FormulaParser::close(Expression& opener) {
   const bool isEmpty = state_ == State::BeforeOperand;
   if (auto* const paren = nodeAs<ParenExpression>(&opener)) {
-    if (isEmpty) return false;
-    if (!paren->closeOne()) return true;  // other parentheses of this node are still open
+    if (isEmpty) return FormulaReason::EmptyParentheses;
+    if (!paren->closeOne())
+      return FormulaReason::Done;  // other parentheses of this node are still open
     paren->setInner(popOperand(operands_));
   } else if (auto* const symbol = nodeAs<SymbolExpression>(&opener)) {
-    if (isEmpty) return false;
+    if (isEmpty) return FormulaReason::EmptyParentheses;
     symbol->setOperand(popOperand(operands_));
   } else if (auto* const function = nodeAs<FunctionExpression>(&opener)) {
     if (!isEmpty) function->addInput(popOperand(operands_));
   } else {
     if (!isEmpty) throwUnexpectedParseError();
-    return false;
+    return FormulaReason::MissingOperand;
   }
   operands_.push_back(pop(operators_));
-  return true;
+  return FormulaReason::Done;
 }

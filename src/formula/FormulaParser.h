@@ -10,7 +10,9 @@
 #include <TrelvonUnits/VariableResolver.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 /// Builds the tree of a formula.
@@ -18,12 +20,12 @@
 /// @param arena          allocates the tree's nodes.
 /// @param expressionOut  set to the root on success.
 /// @param resolver       returns the text that replaces an identifier.
-/// @return  false if the text is not a formula.
+/// @return  why the text is not a formula.
 /// @throws Units::ParseException  as FormulaTokenizer::nextToken.
-bool parseFormula(std::string_view text, NodeArena& arena,
-                  std::unique_ptr<Expression>& expressionOut, const Units::SymbolTexts& symbols,
-                  const Units::UnitMath& unitMath, UnitTermsSource& units,
-                  VariableResolver resolver);
+FormulaReason parseFormula(std::string_view text, NodeArena& arena,
+                           std::unique_ptr<Expression>& expressionOut,
+                           const Units::SymbolTexts& symbols, const Units::UnitMath& unitMath,
+                           UnitTermsSource& units, VariableResolver resolver);
 
 /// An operator-precedence parser: builds a tree from tokens with two stacks.
 class FormulaParser {
@@ -36,11 +38,15 @@ class FormulaParser {
     operators_.reserve(usualDepth);
   }
 
-  /// Returns false if no formula continues with this token.
-  bool take(const FormulaToken& token);
+  /// Returns why no formula continues with this token. After a refusal, the parser is of no use.
+  FormulaReason take(const FormulaToken& token);
 
-  /// Sets the root of the tree. Returns false if the formula is incomplete.
-  bool finish(std::unique_ptr<Expression>& expressionOut);
+  /// Sets the root of the tree. Returns why the formula is incomplete.
+  FormulaReason finish(std::unique_ptr<Expression>& expressionOut);
+
+  /// The number of the token, from 0, of the last operator or parenthesis that waits for an operand
+  /// or for its end.
+  std::optional<std::uint32_t> openToken() const;
 
  private:
   enum class State {
@@ -49,16 +55,20 @@ class FormulaParser {
     BeforeOpenParen,  // after a function or a prefix symbol, which counts as the parenthesis
   };
 
-  bool takeOperator(std::string_view spelling);
-  bool takeBinaryOperator(std::string_view spelling);
-  bool takeUnaryOperator(std::string_view spelling);
-  bool takeFunction(std::string_view name);
-  bool takeNumber(const FormulaToken& token);
-  bool takeUnitSymbol(std::string_view text);
-  bool takeOpenParen();
-  bool takeCloseParen();
-  bool close(Expression& opener);
+  FormulaReason takeOperator(std::string_view spelling);
+  FormulaReason takeBinaryOperator(std::string_view spelling);
+  FormulaReason takeUnaryOperator(std::string_view spelling);
+  FormulaReason takeFunction(std::string_view name);
+  FormulaReason takeNumber(const FormulaToken& token);
+  FormulaReason takeUnitSymbol(std::string_view text);
+  FormulaReason takeOpenParen();
+  FormulaReason takeCloseParen();
+  FormulaReason close(Expression& opener);
   bool dropUnaryMinus();
+
+  /// Makes a node for the token that is being taken.
+  template <class Node, class... Arguments>
+  std::unique_ptr<Node> make(Arguments&&... arguments);
 
   NodeArena& arena_;
   const Units::SymbolTexts& symbols_;
@@ -67,4 +77,5 @@ class FormulaParser {
   State state_ = State::BeforeOperand;
   ExpressionStack operands_;
   ExpressionStack operators_;
+  std::uint32_t tokenCount_ = 0;  // including the one that is being taken
 };

@@ -1,13 +1,14 @@
 #include "formula/FormulaTokenizer.h"
 
+#include "formula/Refusal.h"
 #include "model/Characters.h"
 #include "text/ValueText.h"
-
-#include <TrelvonUnits/Exceptions.h>
 
 #include <optional>
 #include <string>
 #include <utility>
+
+using Units::FormulaReason;
 
 namespace {
 
@@ -33,6 +34,7 @@ bool FormulaTokenizer::nextToken(FormulaToken& token) {
   while (true) {
     text_.skip(Units::countLeading<Units::isSeparator>(text_.rest()));
     if (text_.rest().empty()) return false;
+    lastStart_ = text_.rest().size();
 
     if (operators_.isAtStart(text_.rest())) {
       takeOperator(token);
@@ -88,7 +90,7 @@ void FormulaTokenizer::substitute(std::string_view identifier) {
   checkSubstitution();
   const std::string name(identifier);
   const std::string replacement = resolver_(name);
-  if (replacement == name) throw Units::ParseException("Variable resolved to an identical string.");
+  if (replacement == name) refuse(FormulaReason::VariableIsItself);
 
   openSubstitutions_.push_back(text_.rest().size());
   text_.putInFront("(" + replacement + ")");
@@ -99,7 +101,12 @@ void FormulaTokenizer::checkSubstitution() {
   while (!openSubstitutions_.empty() && openSubstitutions_.back() >= text_.rest().size())
     openSubstitutions_.pop_back();
   if (openSubstitutions_.size() >= std::size_t{Units::maximumSubstitutionDepth})
-    throw Units::ParseException("Variables are nested too deeply.");
-  if (substitutionsLeft_ <= 0) throw Units::ParseException("Too many variables.");
+    refuse(FormulaReason::NestedTooDeeply);
+  if (substitutionsLeft_ <= 0) refuse(FormulaReason::TooManyVariables);
   --substitutionsLeft_;
+}
+
+void FormulaTokenizer::refuse(FormulaReason reason) {
+  refusal_ = reason;
+  throwRefusal(reason);
 }

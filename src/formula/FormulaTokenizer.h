@@ -5,6 +5,7 @@
 #include "formula/UnitMath.h"
 #include "model/SymbolTexts.h"
 
+#include <TrelvonUnits/FormulaReason.h>
 #include <TrelvonUnits/Limits.h>
 #include <TrelvonUnits/VariableResolver.h>
 
@@ -51,12 +52,20 @@ class FormulaTokenizer {
   ///                                the resolver propagate.
   bool nextToken(FormulaToken& token);
 
+  /// Where the last token or identifier began, as a distance from the end of the text. Replacements
+  /// are part of the text once they are put in.
+  std::size_t lastStart() const { return lastStart_; }
+
+  /// Why `nextToken` threw; Done if the resolver did.
+  Units::FormulaReason refusal() const { return refusal_; }
+
  private:
   void takeOperator(FormulaToken& token);
   bool scanValueOrSymbol(FormulaToken& token, const Units::LiteralEnds& ends);
   std::string_view takeTrimmed(std::size_t length);
   void substitute(std::string_view identifier);
   void checkSubstitution();
+  [[noreturn]] void refuse(Units::FormulaReason reason);
 
   FormulaText text_;
   OperatorSearch operators_;
@@ -65,4 +74,6 @@ class FormulaTokenizer {
   VariableResolver resolver_;
   std::vector<std::size_t> openSubstitutions_;  // ends, as distances from the end of the text
   int substitutionsLeft_;
+  std::size_t lastStart_ = 0;
+  Units::FormulaReason refusal_ = Units::FormulaReason::Done;
 };

@@ -2,8 +2,6 @@
 
 #include "formula/Functions.h"
 
-#include <TrelvonUnits/Exceptions.h>
-
 #include <stdexcept>
 #include <utility>
 
@@ -16,27 +14,26 @@ void FunctionExpression::addInput(std::unique_ptr<Expression> input) {
     unlinkOperands();
 }
 
-bool FunctionExpression::apply(EvaluatedValues& values) const {
+FormulaReason FunctionExpression::apply(EvaluatedValues& values) const {
   if (function_ == FormulaFunction::Pi) {
-    if (!inputs_.empty())
-      throw Units::ParseException("Expected no inputs to function call \"pi()\".");
+    if (!inputs_.empty()) return FormulaReason::InputNotExpected;
     values.emplace_back(3.14159265358979);  // 15 digits: seven ulps below the double nearest to pi
-    return true;
+    return FormulaReason::Done;
   }
   const InputFunction* const function = findInputFunction(function_);
   if (!function)
     throw std::logic_error(
         "legacy code dbgWarn: Bad FormulaFunction in FunctionExpression::evaluate. "
         "Dresmond 10-Apr-2003");
-  if (inputs_.size() != 1) throw Units::ParseException("Expected one input to function call.");
+  if (inputs_.size() != 1) return FormulaReason::InputMissing;
 
   EvaluatedValue& input = values.back();
   const bool hasUnits = function->unitRule != UnitRule::Keep && !input.isUnitless();
-  if (function->unitRule == UnitRule::Reject && hasUnits)
-    throw Units::ParseException("Function input must be unitless.");
-  if (!function->compute(input.value)) return false;
-  if (function->unitRule == UnitRule::Root && hasUnits) input.changeableUnits().raiseTo(0.5);
-  return true;
+  if (function->unitRule == UnitRule::Reject && hasUnits) return FormulaReason::InputHasUnits;
+  const FormulaReason reason = function->compute(input.value);
+  if (reason != FormulaReason::Done) return reason;
+  const bool takesRoot = function->unitRule == UnitRule::Root && hasUnits;
+  return takesRoot ? input.changeableUnits().raiseTo(0.5) : FormulaReason::Done;
 }
 
 void FunctionExpression::removeOperands(Removal& removal) noexcept {

@@ -18,7 +18,7 @@ class FunctionExpression final : public Expression {
   void addInput(std::unique_ptr<Expression> input);
 
  private:
-  bool apply(EvaluatedValues& values) const override;
+  FormulaReason apply(EvaluatedValues& values) const override;
   void removeOperands(Removal& removal) noexcept override;
 
   const FormulaFunction function_;

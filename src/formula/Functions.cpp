@@ -8,20 +8,22 @@
 
 namespace {
 
-bool computeSin(double& x) {
+using Units::FormulaReason;
+
+FormulaReason computeSin(double& x) {
   x = std::sin(x);
-  return true;
+  return FormulaReason::Done;
 }
 
-bool computeCos(double& x) {
+FormulaReason computeCos(double& x) {
   x = std::cos(x);
-  return true;
+  return FormulaReason::Done;
 }
 
-bool computeTan(double& x) {
-  if (Units::isNearZero(std::cos(x))) return false;
+FormulaReason computeTan(double& x) {
+  if (Units::isNearZero(std::cos(x))) return FormulaReason::OutsideDomain;
   x = std::tan(x);
-  return true;
+  return FormulaReason::Done;
 }
 
 /// Clamps a sine or cosine that is slightly out of range because of rounding.
@@ -31,59 +33,59 @@ bool clampToArc(double& x) {
   return true;
 }
 
-bool computeAsin(double& x) {
-  if (!clampToArc(x)) return false;
+FormulaReason computeAsin(double& x) {
+  if (!clampToArc(x)) return FormulaReason::OutsideDomain;
   x = std::asin(x);
-  return true;
+  return FormulaReason::Done;
 }
 
-bool computeAcos(double& x) {
-  if (!clampToArc(x)) return false;
+FormulaReason computeAcos(double& x) {
+  if (!clampToArc(x)) return FormulaReason::OutsideDomain;
   x = std::acos(x);
-  return true;
+  return FormulaReason::Done;
 }
 
-bool computeAtan(double& x) {
+FormulaReason computeAtan(double& x) {
   x = std::atan(x);
-  return true;
+  return FormulaReason::Done;
 }
 
-bool computeLog(double& x) {
-  if (x < 1e-9) return false;
+FormulaReason computeLog(double& x) {
+  if (x < 1e-9) return FormulaReason::OutsideDomain;
   x = std::log10(x);
-  return true;
+  return FormulaReason::Done;
 }
 
-bool computeLn(double& x) {
-  if (x < 1e-9) return false;
+FormulaReason computeLn(double& x) {
+  if (x < 1e-9) return FormulaReason::OutsideDomain;
   x = std::log(x);
-  return true;
+  return FormulaReason::Done;
 }
 
-bool computeSqrt(double& x) {
-  if (x < 0) return false;
+FormulaReason computeSqrt(double& x) {
+  if (x < 0) return FormulaReason::OutsideDomain;
   x = std::sqrt(x);
-  return true;
+  return FormulaReason::Done;
 }
 
-bool computeAbs(double& x) {
+FormulaReason computeAbs(double& x) {
   x = std::fabs(x);
-  return true;
+  return FormulaReason::Done;
 }
 
-bool computeRound(double& x) {
+FormulaReason computeRound(double& x) {
   x = std::floor((x + 0.5) + Units::roundingTolerance);
-  return true;
+  return FormulaReason::Done;
 }
 
-bool computeRoundUp(double& x) {
+FormulaReason computeRoundUp(double& x) {
   x = std::ceil(x - Units::roundingTolerance);
-  return true;
+  return FormulaReason::Done;
 }
 
-bool computeRoundDown(double& x) {
+FormulaReason computeRoundDown(double& x) {
   x = std::floor(x + Units::roundingTolerance);
-  return true;
+  return FormulaReason::Done;
 }
 
 constexpr InputFunction inputFunctions[] = {

@@ -2,6 +2,8 @@
 
 #include "formula/SpellingTables.h"
 
+#include <TrelvonUnits/FormulaReason.h>
+
 /// How a function treats the units of its input.
 enum class UnitRule {
   Reject,  // the input must be unitless
@@ -13,7 +15,7 @@ enum class UnitRule {
 struct InputFunction {
   FormulaFunction function;
   UnitRule unitRule;
-  bool (*compute)(double& x);  // replaces x by the result; false if there is none
+  Units::FormulaReason (*compute)(double& x);  // replaces x by the result
 };
 
 /// Null for "pi()", which has no input, and for None.

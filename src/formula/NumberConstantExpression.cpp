@@ -1,6 +1,6 @@
 #include "formula/NumberConstantExpression.h"
 
-bool NumberConstantExpression::apply(EvaluatedValues& values) const {
+FormulaReason NumberConstantExpression::apply(EvaluatedValues& values) const {
   values.emplace_back(value_, units_);
-  return true;
+  return FormulaReason::Done;
 }

@@ -16,7 +16,7 @@ class NumberConstantExpression final : public Expression {
       : Expression(nodeKind), value_(unit.fromUnit(value)), units_(&unit.powers) {}
 
  private:
-  bool apply(EvaluatedValues& values) const override;
+  FormulaReason apply(EvaluatedValues& values) const override;
   void removeOperands(Removal&) noexcept override {}
 
   const double value_;

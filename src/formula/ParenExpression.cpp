@@ -7,4 +7,4 @@ void ParenExpression::setInner(std::unique_ptr<Expression> inner) {
   linkOperand(*inner_);
 }
 
-bool ParenExpression::apply(EvaluatedValues&) const { return true; }
+FormulaReason ParenExpression::apply(EvaluatedValues&) const { return FormulaReason::Done; }

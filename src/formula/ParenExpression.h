@@ -21,7 +21,7 @@ class ParenExpression final : public Expression {
   void setInner(std::unique_ptr<Expression> inner);
 
  private:
-  bool apply(EvaluatedValues& values) const override;
+  FormulaReason apply(EvaluatedValues& values) const override;
   void removeOperands(Removal& removal) noexcept override { removal.take(inner_); }
 
   std::size_t open_ = 1;

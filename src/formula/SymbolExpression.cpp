@@ -2,8 +2,6 @@
 
 #include "model/RecordAccess.h"
 
-#include <TrelvonUnits/Exceptions.h>
-
 #include <utility>
 
 SymbolExpression::SymbolExpression(const Units::Symbol& symbol, UnitTermsSource& units)
@@ -20,11 +18,10 @@ void SymbolExpression::setOperand(std::unique_ptr<Expression> operand) {
   linkOperand(*operand_);
 }
 
-bool SymbolExpression::apply(EvaluatedValues& values) const {
+FormulaReason SymbolExpression::apply(EvaluatedValues& values) const {
   EvaluatedValue& operand = values.back();
-  if (!operand.isUnitless())
-    throw Units::ParseException("Unit symbol may be applied only to a unitless expression.");
+  if (!operand.isUnitless()) return FormulaReason::SymbolAfterUnits;
   const UnitTerms& terms = units_.termsOf(Units::RecordAccess::unit(symbol_));
   operand = EvaluatedValue(terms.fromUnit(operand.value), &terms.powers);
-  return true;
+  return FormulaReason::Done;
 }

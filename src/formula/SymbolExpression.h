@@ -22,7 +22,7 @@ class SymbolExpression final : public Expression {
   void setOperand(std::unique_ptr<Expression> operand);
 
  private:
-  bool apply(EvaluatedValues& values) const override;
+  FormulaReason apply(EvaluatedValues& values) const override;
   void removeOperands(Removal& removal) noexcept override { removal.take(operand_); }
 
   const Units::Symbol& symbol_;  // in the registry

@@ -9,11 +9,11 @@ void UnaryOperatorExpression::setOperand(std::unique_ptr<Expression> operand) {
   if (op_ == FormulaUnaryOperator::Negate) linkOperand(*operand_);
 }
 
-bool UnaryOperatorExpression::apply(EvaluatedValues& values) const {
+FormulaReason UnaryOperatorExpression::apply(EvaluatedValues& values) const {
   if (op_ != FormulaUnaryOperator::Negate)
     throw std::logic_error(
         "legacy code dbgWarn: Bad FormulaUnaryOperator in UnaryOperatorExpression::evaluate. "
         "Dresmond 10-Apr-2003");
   values.back().value = -values.back().value;
-  return true;
+  return FormulaReason::Done;
 }

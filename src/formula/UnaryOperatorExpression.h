@@ -17,7 +17,7 @@ class UnaryOperatorExpression final : public Expression {
   void setOperand(std::unique_ptr<Expression> operand);
 
  private:
-  bool apply(EvaluatedValues& values) const override;
+  FormulaReason apply(EvaluatedValues& values) const override;
   void removeOperands(Removal& removal) noexcept override { removal.take(operand_); }
 
   const FormulaUnaryOperator op_;

@@ -8,7 +8,6 @@
 #include <cstdint>
 #include <functional>
 #include <limits>
-#include <stdexcept>
 #include <utility>
 
 namespace {
@@ -96,18 +95,17 @@ void UnitPowers::mergeAdded() {
   settled_ = powers_.size();
 }
 
-void UnitPowers::raiseTo(double exponent) {
+Units::FormulaReason UnitPowers::raiseTo(double exponent) {
   settle();
   if (Units::isNearZero(exponent)) {
     *this = UnitPowers();
-    return;
+    return Units::FormulaReason::Done;
   }
   for (UnitPower& power : powers_) {
     power.exponent *= exponent;
-    if (isNegligible(power.exponent))
-      throw std::logic_error(
-          "legacy code dbgWarn: Something funny is going on with units. Dresmond 22-Apr-2003");
+    if (isNegligible(power.exponent)) return Units::FormulaReason::PowerOfNoUnits;
   }
+  return Units::FormulaReason::Done;
 }
 
 UnitPowerMap toUnitPowerMap(const UnitPowers& powers) {

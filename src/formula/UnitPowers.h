@@ -4,6 +4,8 @@
 #include "model/RecordNode.h"
 #include "model/ShortList.h"
 
+#include <TrelvonUnits/FormulaReason.h>
+
 #include <cstddef>
 #include <map>
 #include <string>
@@ -39,8 +41,8 @@ class UnitPowers {
   void divideBy(const UnitPowers& other) { append(other, -1.0); }
 
   /// Multiplies every exponent by `exponent`. If that is near zero, the result is unitless.
-  /// @throws std::logic_error  an exponent becomes zero or NaN.
-  void raiseTo(double exponent);
+  /// @return  PowerOfNoUnits if an exponent becomes zero or NaN.
+  Units::FormulaReason raiseTo(double exponent);
 
   /// Merges the appended powers. Call it before the members below.
   void settle();

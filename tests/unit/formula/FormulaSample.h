@@ -68,7 +68,9 @@ class Sample {
       double value = 0;
       UnitPowerMap units = {{"replaced", 1}};
       Units::FormulaUnits terms = engine.formulaUnits();
-      if (!parseFormula(formula, nodes, root, texts_, engine, terms, resolver)) return "no formula";
+      if (parseFormula(formula, nodes, root, texts_, engine, terms, resolver) !=
+          FormulaReason::Done)
+        return "no formula";
       if (!root->evaluate(value, units)) return "no value";
       std::string text = exact(value);
       for (const auto& [typeId, exponent] : units) text += " " + typeId + "^" + exact(exponent);

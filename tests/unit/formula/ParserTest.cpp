@@ -84,13 +84,14 @@ TEST(Parser, RefusesTokensThatNoTokenizerGives) {
   EXPECT_EQ(take(1, "%"), unexpected);
   EXPECT_EQ(take(2, "sine"), unexpected);
   FormulaParser parser(arena, sample.texts(), sample.engine, units);
-  EXPECT_TRUE(parser.take({FormulaTokenType::Number, "1", 1.0}));
+  EXPECT_EQ(parser.take({FormulaTokenType::Number, "1", 1.0}), FormulaReason::Done);
   EXPECT_EQ(messageOf<std::logic_error>([&] {
               parser.take({FormulaTokenType::Operator, "%"});
             }),
             unexpected);
-  EXPECT_FALSE(FormulaParser(arena, sample.texts(), sample.engine, units)
-                   .take({FormulaTokenType::UnitSymbol, "f"}));
+  EXPECT_EQ(FormulaParser(arena, sample.texts(), sample.engine, units)
+                .take({FormulaTokenType::UnitSymbol, "f"}),
+            FormulaReason::UnusableSymbol);
 }
 
 TEST(Parser, LeavesTheResultAloneOnFailure) {
@@ -98,8 +99,8 @@ TEST(Parser, LeavesTheResultAloneOnFailure) {
   std::unique_ptr<Expression> root = arena.make<ParenExpression>();
   const Expression* const before = root.get();
   Units::FormulaUnits units = sample.engine.formulaUnits();
-  EXPECT_FALSE(
-      parseFormula("(1", arena, root, sample.texts(), sample.engine, units, rejectIdentifier));
+  EXPECT_EQ(parseFormula("(1", arena, root, sample.texts(), sample.engine, units, rejectIdentifier),
+            FormulaReason::NeverClosed);
   EXPECT_EQ(root.get(), before);
 }
 
