@@ -12,6 +12,7 @@
 #include <TrelvonUnits/Export.h>
 #include <TrelvonUnits/Factor.h>
 #include <TrelvonUnits/FactorComponent.h>
+#include <TrelvonUnits/FormulaExplanation.h>
 #include <TrelvonUnits/FormulaReason.h>
 #include <TrelvonUnits/Limits.h>
 #include <TrelvonUnits/Placement.h>

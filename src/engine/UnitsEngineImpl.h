@@ -66,6 +66,8 @@ class UnitsEngineImpl final : public UnitsEngine, public UnitMath {
   const BinaryOperatorMap& getBinaryOperatorMap() const override;
   const UnaryOperatorMap& getUnaryOperatorMap() const override;
 
+  const Registries& registries() const { return registries_; }
+
   /// This engine's units, for one evaluation of a formula.
   FormulaUnits formulaUnits() const { return FormulaUnits(registries_.units.objects); }
 

@@ -28,6 +28,12 @@ class EvaluatedValue {
     return owned_;
   }
 
+  /// Null once the units have changed.
+  const UnitPowers* borrowedUnits() const { return borrowed_; }
+
+  /// At least the number of primitive units, without merging them.
+  std::size_t mostUnits() const { return (borrowed_ ? *borrowed_ : owned_).unmergedSize(); }
+
   bool isUnitless() { return units().empty(); }
 
   /// Whether the values may be added. Two units borrowed from the same UnitTerms are equal.

@@ -65,6 +65,11 @@ class Expression {
 
   ExpressionKind kind() const { return kind_; }
 
+  /// How many operands are evaluated before the node.
+  std::size_t operandCount() const {
+    return first_ == this ? 0 : kind_ == ExpressionKind::BinaryOperator ? 2 : 1;
+  }
+
   /// The number of the token that the node was made for, from 0.
   std::uint32_t tokenNumber() const { return tokenNumber_; }
   void setTokenNumber(std::uint32_t number) { tokenNumber_ = number; }

@@ -23,6 +23,11 @@ bool endsInSeparator(const Units::Symbol* symbol) {
   return shown && Units::isSeparator(Units::RecordAccess::text(*shown).back());
 }
 
+struct NoWatch {
+  void onToken(const FormulaToken&) const {}
+  void onEnd() const {}
+};
+
 }  // namespace
 
 FormulaReason parseFormula(std::string_view text, NodeArena& arena,
@@ -31,12 +36,7 @@ FormulaReason parseFormula(std::string_view text, NodeArena& arena,
                            UnitTermsSource& units, VariableResolver resolver) {
   FormulaTokenizer tokenizer(text, symbols, unitMath, std::move(resolver));
   FormulaParser parser(arena, symbols, unitMath, units);
-  FormulaToken token;
-  while (tokenizer.nextToken(token)) {
-    const FormulaReason reason = parser.take(token);
-    if (reason != FormulaReason::Done) return reason;
-  }
-  return parser.finish(expressionOut);
+  return parseTokens(tokenizer, parser, expressionOut, NoWatch());
 }
 
 FormulaReason FormulaParser::take(const FormulaToken& token) {

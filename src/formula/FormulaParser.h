@@ -79,3 +79,20 @@ class FormulaParser {
   ExpressionStack operators_;
   std::uint32_t tokenCount_ = 0;  // including the one that is being taken
 };
+
+/// Builds a tree from all tokens of a tokenizer.
+///
+/// @param watch  `watch.onToken(token)` is called before the parser takes a token, `watch.onEnd()`
+///               behind the last one.
+template <class Watch>
+FormulaReason parseTokens(FormulaTokenizer& tokenizer, FormulaParser& parser,
+                          std::unique_ptr<Expression>& expressionOut, Watch&& watch) {
+  FormulaToken token;
+  while (tokenizer.nextToken(token)) {
+    watch.onToken(token);
+    const FormulaReason reason = parser.take(token);
+    if (reason != FormulaReason::Done) return reason;
+  }
+  watch.onEnd();
+  return parser.finish(expressionOut);
+}

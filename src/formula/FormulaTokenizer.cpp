@@ -75,7 +75,8 @@ bool FormulaTokenizer::scanValueOrSymbol(FormulaToken& token, const Units::Liter
     }
   }
   if (!literal) return false;
-  token = {FormulaTokenType::Number, takeTrimmed(literal->length), literal->value, literal->symbol};
+  token = {FormulaTokenType::Number, takeTrimmed(literal->length), literal->value, literal->symbol,
+           literal->form};
   return true;
 }
 

@@ -11,6 +11,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -28,6 +29,7 @@ struct FormulaToken {
   std::string_view text;                  // valid until the next token is read
   double value = 0;                       // of a number
   const Units::Symbol* symbol = nullptr;  // of a number with a symbol; in the registry
+  std::optional<Units::CompositeForm> form = std::nullopt;  // of a composite literal
 };
 
 /// Splits a formula into tokens.
@@ -55,6 +57,9 @@ class FormulaTokenizer {
   /// Where the last token or identifier began, as a distance from the end of the text. Replacements
   /// are part of the text once they are put in.
   std::size_t lastStart() const { return lastStart_; }
+
+  /// How much text is left, which is where it goes on as such a distance.
+  std::size_t unread() const { return text_.rest().size(); }
 
   /// Why `nextToken` threw; Done if the resolver did.
   Units::FormulaReason refusal() const { return refusal_; }

@@ -47,6 +47,9 @@ class UnitPowers {
   /// Merges the appended powers. Call it before the members below.
   void settle();
 
+  /// The number of powers, those that wait to be merged counted by themselves.
+  std::size_t unmergedSize() const { return powers_.size(); }
+
   bool empty() const { return powers_.empty(); }
   const UnitPower* begin() const { return powers_.begin(); }
   const UnitPower* end() const { return powers_.end(); }

@@ -20,6 +20,7 @@ struct Reading {
   std::size_t literalEnd = 0;  // from `taken` up to here there are spaces alone; 0 if no literal
   double value = 0.0;
   const Symbol* symbol = nullptr;
+  std::optional<CompositeForm> form = std::nullopt;
 };
 
 using Form = Reading(std::string_view text, const SymbolTexts& symbols);
@@ -83,6 +84,7 @@ Reading readComposite(std::string_view text, const SymbolTexts& symbols) {
     reading.taken = text.size();  // a reader of a whole text may depend on all of it
     if (!reader.read(text, reading.value)) continue;
     reading.symbol = symbols.composite(reader.form);
+    reading.form = reader.form;
     reading.literalEnd = text.size();
     break;
   }
@@ -141,7 +143,8 @@ std::optional<ValueLiteral> parseLongestValueText(std::string_view text, const L
     for (FormReader& reader : readers) {
       const Reading& found = reader.reading;
       if (reader.reads(unsignedText, length, symbols))
-        return ValueLiteral{start + length, negative ? -found.value : found.value, found.symbol};
+        return ValueLiteral{start + length, negative ? -found.value : found.value, found.symbol,
+                            found.form};
     }
   }
   return std::nullopt;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/CompositeForms.h"
 #include "model/SymbolTexts.h"
 
 #include <array>
@@ -35,6 +36,7 @@ struct ValueLiteral {
   std::size_t length;
   double value;
   const Symbol* symbol;
+  std::optional<CompositeForm> form;  // if composite
 };
 
 /// The longest beginning of a text that is a literal and ends at one of `ends`. The result for each

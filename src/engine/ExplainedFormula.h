@@ -1,0 +1,47 @@
+#pragma once
+
+#include "formula/FormulaRecorder.h"
+#include "registry/Registries.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace Units {
+
+/// A recorded formula, for what is said about it.
+struct ExplainedFormula {
+  const FormulaExplanation::Contents& contents;
+  const Registries& registries;
+  UnitTermsSource& units;
+  const Unit* unit;  // the requested one; null if none was
+
+  const std::string& formula() const { return contents.textOf(0); }
+  const FormulaExplanation::Contents::TokenData& tokenOf(std::uint32_t node) const {
+    return contents.tokens[contents.nodes[node].token];
+  }
+
+  /// What a span covers, for people, in backticks.
+  std::string quoted(const FormulaSpan& span) const;
+
+  /// The formula with what a span covers replaced. The span must lie in the formula.
+  std::string with(const FormulaSpan& span, const std::string& replacement) const;
+};
+
+/// Formulas that are longer, in bytes, get no spellings, of which each is a whole formula.
+inline constexpr std::size_t longestSpelled = 1000;
+
+/// The text of the first symbol of a unit that is written behind numbers; empty if there is none.
+std::string suffixOf(const Unit& unit, const Registries& registries);
+
+/// Says for people why a formula was refused.
+std::string sentenceOf(const ExplainedFormula& explained);
+
+/// Formulas that are near to a refused one, for whoever may evaluate them. Not all of them work.
+std::vector<std::string> nearFormulas(const ExplainedFormula& explained);
+
+/// Adds the warnings, in order of their spans.
+void addWarnings(const ExplainedFormula& explained, FormulaExplanation::Contents& out);
+
+}  // namespace Units

@@ -1,0 +1,291 @@
+#include "engine/ExplainedFormula.h"
+#include "engine/NearNames.h"
+#include "formula/SpellingTables.h"
+#include "model/Characters.h"
+#include "model/RecordAccess.h"
+#include "model/ShownText.h"
+#include "text/ShortNumber.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+#include <tuple>
+#include <utility>
+
+namespace Units {
+
+namespace {
+
+using Contents = FormulaExplanation::Contents;
+using NodeKind = FormulaExplanation::NodeKind;
+using TokenKind = FormulaExplanation::TokenKind;
+using Kind = FormulaExplanation::WarningKind;
+
+/// Finds what may surprise in the tokens, the tree and the result.
+class Warnings {
+ public:
+  Warnings(const ExplainedFormula& explained, std::vector<Contents::WarningData>& out)
+      : explained_(explained), contents_(explained.contents), out_(out) {
+    findOutsideBase();
+  }
+
+  void checkToken(const Contents::TokenData& token);
+  void checkNode(std::uint32_t number);
+  void checkResult();
+
+ private:
+  void checkComposite(const Contents::TokenData& token);
+  void checkPower(const Contents::NodeData& node);
+  void checkScales(const Contents::NodeData& node);
+  void checkRounding(const Contents::NodeData& node, std::uint32_t number);
+  void checkReciprocal();
+  void findOutsideBase();
+  std::string asDifferenceOfScales(std::uint32_t number) const;
+
+  void add(Kind kind, const FormulaSpan& span, std::string sentence, std::string spelling = {}) {
+    out_.push_back({kind, span, std::move(sentence), std::move(spelling)});
+  }
+  bool hasSpellings() const { return explained_.formula().size() <= longestSpelled; }
+  std::string spelled(const FormulaSpan& span, const std::string& replacement) const {
+    const bool isInFormula = span.text == 0 && span.endText == 0;
+    return isInFormula && hasSpellings() ? explained_.with(span, replacement) : std::string();
+  }
+  const Contents::TokenData& tokenOf(const Contents::NodeData& node) const {
+    return contents_.tokens[node.token];
+  }
+  /// The operator's character.
+  char operatorOf(const Contents::NodeData& node) const {
+    const FormulaSpan& span = tokenOf(node).span;
+    return contents_.textOf(span.text)[span.begin];
+  }
+  /// The unit of a literal or symbol, in parentheses or not; null if there is none.
+  const Unit* unitOf(std::uint32_t number) const;
+  bool isScale(std::uint32_t number) const;
+  bool isPlainLiteral(std::uint32_t number) const {
+    const Contents::NodeData& node = contents_.nodes[number];
+    return node.kind == NodeKind::Number && !contents_.symbolOf(tokenOf(node));
+  }
+
+  const ExplainedFormula& explained_;
+  const Contents& contents_;
+  std::vector<Contents::WarningData>& out_;
+  std::vector<bool> isOutsideBase_;  // by node
+};
+
+void Warnings::checkToken(const Contents::TokenData& token) {
+  if (token.form) checkComposite(token);
+  const Symbol* const symbol = contents_.symbolOf(token);
+  const auto* const shown = symbol ? RecordAccess::prefixOrSuffix(*symbol) : nullptr;
+  const bool mayBeMinutes =
+      explained_.registries.symbolTexts.composite(CompositeForm::DegreesMinutesSeconds) != nullptr;
+  if (token.kind == TokenKind::Number && shown && RecordAccess::text(*shown) == "'" && mayBeMinutes)
+    add(Kind::MarkMeansFeet, token.span,
+        explained_.quoted(token.span) + " is in `" +
+            shownText(RecordAccess::name(RecordAccess::unit(*symbol))) + "`, not in minutes.",
+        spelled(token.span, "0\xC2\xB0 " + contents_.textAt(token.span)));
+}
+
+/// Where a hyphen separates the parts of a composite literal; npos if none does.
+std::size_t findSeparator(std::string_view literal) {
+  for (std::size_t i = 1; i < literal.size(); ++i)
+    if (literal[i] == '-' && literal[i - 1] != 'e' && literal[i - 1] != 'E') return i;
+  return std::string_view::npos;
+}
+
+/// Where a digit follows a letter of a mark: 4 in "7 ft2"; npos if none does.
+std::size_t findJoint(std::string_view literal) {
+  for (std::size_t i = 1; i < literal.size(); ++i)
+    if (isDigit(literal[i]) && isLetter(literal[i - 1])) return i;
+  return std::string_view::npos;
+}
+
+std::string_view trimmed(std::string_view text) {
+  text.remove_prefix(countLeading<isSpace>(text));
+  while (!text.empty() && isSpace(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+/// The text behind the digits of a part, such as the mark "m" of "10 m"; empty if there is none.
+std::string_view markOf(std::string_view part) {
+  part = trimmed(part);
+  const std::size_t mark = part.find_first_not_of("0123456789. /");
+  return mark == std::string_view::npos ? std::string_view() : part.substr(mark);
+}
+
+/// The parts of a composite literal as a difference: "10 m - (35 cm)". A fraction behind a number
+/// without a mark makes one number with it: "1 1/2".
+std::string asDifference(std::string_view literal, std::size_t hyphen) {
+  const std::string first(trimmed(literal.substr(0, hyphen)));
+  std::string second(trimmed(literal.substr(hyphen + 1)));
+  const std::string mark(markOf(first));
+  if (mark.empty() && second.find('/') != std::string::npos) return first + " " + second;
+  if (markOf(second).empty() && !mark.empty()) second += " " + mark;
+  return first + " - (" + second + ")";
+}
+
+void Warnings::checkComposite(const Contents::TokenData& token) {
+  const std::string literal = contents_.textAt(token.span);
+  const std::string it = explained_.quoted(token.span);
+  const std::size_t hyphen = findSeparator(literal), joint = findJoint(literal);
+  if (hyphen != std::string::npos)
+    add(Kind::HyphenIsSeparator, token.span,
+        it + " is one value: `-` only separates its parts, and subtracts nothing.",
+        spelled(token.span, asDifference(literal, hyphen)));
+  else if (joint != std::string::npos)
+    add(Kind::NumbersJoined, token.span, it + " is one value of two parts.",
+        spelled(token.span, literal.substr(0, joint) + "^" + literal.substr(joint)));
+  if (!contents_.symbolOf(token))
+    add(Kind::NoCompositeSymbol, token.span,
+        it + " is the plain number " + shortNumber(token.value) +
+            ": no composite symbol gives it a unit.");
+}
+
+void Warnings::checkNode(std::uint32_t number) {
+  const Contents::NodeData& node = contents_.nodes[number];
+  if (node.kind == NodeKind::Operator) {
+    if (number != contents_.refusedNode) checkPower(node);
+    checkScales(node);
+  } else if (node.kind == NodeKind::Function && node.wasReached) {
+    const FormulaSpan& function = tokenOf(node).span;
+    if (contents_.textAt(function) == "log")
+      add(Kind::LogarithmToBaseTen, function, "`log` is the logarithm to base 10.",
+          spelled(function, "ln"));
+    checkRounding(node, number);
+  }
+}
+
+void Warnings::checkPower(const Contents::NodeData& node) {
+  if (node.operands[1] == Contents::none || operatorOf(node) != '^') return;
+  const Contents::NodeData &base = contents_.nodes[node.operands[0]],
+                           &exponent = contents_.nodes[node.operands[1]];
+  const Contents::TokenData& literal = tokenOf(base);
+  if (base.kind != NodeKind::Number || !contents_.symbolOf(literal) || literal.form) return;
+  if (literal.value == 1) return;
+  const std::string text = contents_.textAt(literal.span);
+  const std::size_t suffix = wordStart(text);
+  const FormulaSpan span = {literal.span.text, literal.span.begin, literal.span.endText,
+                            tokenOf(exponent).span.end};
+  const bool isSimple = exponent.kind == NodeKind::Number && suffix > 0;
+  add(Kind::PowerOfLiteral, literal.span,
+      "The power is taken of all of " + explained_.quoted(literal.span) + ", number and unit.",
+      isSimple ? spelled(span, "(" + std::string(trimmed(text.substr(0, suffix))) + " * (1 " +
+                                   text.substr(suffix) + ")^" +
+                                   contents_.textAt(tokenOf(exponent).span) + ")")
+               : std::string());
+}
+
+const Unit* Warnings::unitOf(std::uint32_t number) const {
+  const Contents::NodeData* node = &contents_.nodes[number];
+  while (node->kind == NodeKind::Parentheses) node = &contents_.nodes[node->operands[0]];
+  const Symbol* const symbol = contents_.symbolOf(tokenOf(*node));
+  return symbol ? &RecordAccess::unit(*symbol) : nullptr;
+}
+
+bool Warnings::isScale(std::uint32_t number) const {
+  const Unit* const unit = unitOf(number);
+  return unit && RecordAccess::absolute(*unit);
+}
+
+void Warnings::checkScales(const Contents::NodeData& node) {
+  const bool left = isScale(node.operands[0]);
+  const bool isUnary = node.operands[1] == Contents::none;
+  const bool right = !isUnary && isScale(node.operands[1]);
+  const char op = operatorOf(node);
+  const FormulaSpan& span = tokenOf(node).span;
+  const bool wantsScale = explained_.unit && RecordAccess::absolute(*explained_.unit);
+  if (left && right && (op == '+' || (op == '-' && wantsScale)))
+    add(Kind::ScalesAdded, span,
+        "Both sides are counted from absolute zero. A difference has a unit of its own.",
+        asDifferenceOfScales(node.operands[1]));
+  else if ((isUnary && left) || ((left || right) && (op == '*' || op == '/')))
+    add(Kind::ScaleMultiplied, span, "The value on the scale is counted from absolute zero.");
+}
+
+/// The formula with a literal on a scale, such as 5 °C, as the difference that its unit counts.
+std::string Warnings::asDifferenceOfScales(std::uint32_t number) const {
+  const Contents::NodeData& node = contents_.nodes[number];
+  if (!hasSpellings() || node.kind != NodeKind::Number) return {};
+  const auto* const parent = explained_.registries.units.objects.find(
+      RecordAccess::parentUnit(*RecordAccess::absolute(*unitOf(number))));
+  const std::string text = contents_.textAt(tokenOf(node).span);
+  const std::string suffix = parent ? suffixOf(*parent, explained_.registries) : "";
+  return suffix.empty() ? suffix
+                        : spelled(tokenOf(node).span, text.substr(0, wordStart(text)) + suffix);
+}
+
+void Warnings::checkRounding(const Contents::NodeData& node, std::uint32_t number) {
+  const std::string function = contents_.textAt(tokenOf(node).span);
+  if (function.compare(0, 5, "round") != 0 || node.operands[0] == Contents::none) return;
+  if (!isOutsideBase_[number] || !contents_.powersOf(node)) return;
+  const Contents::NodeData& input = contents_.nodes[node.operands[0]];
+  const Unit* const unit = unitOf(node.operands[0]);
+  std::string spelling;
+  if (hasSpellings() && input.kind == NodeKind::Number && unit) {
+    const FormulaSpan& literal = tokenOf(input).span;
+    const std::string one = " 1 " + suffixOf(*unit, explained_.registries);
+    spelling = spelled({0, literal.begin, 0, contents_.tokens[input.token + 1].span.end},
+                       contents_.textAt(literal) + " /" + one + ") *" + one);
+  }
+  add(Kind::RoundsInBaseUnits, tokenOf(node).span,
+      "`" + function + "` rounds what is counted in base units.", std::move(spelling));
+}
+
+/// Marks the nodes below which a unit stands that does not count in base units.
+void Warnings::findOutsideBase() {
+  isOutsideBase_.resize(contents_.nodes.size());
+  for (std::uint32_t number = 0; number < contents_.nodes.size(); ++number) {
+    const Contents::NodeData& node = contents_.nodes[number];
+    const Symbol* const symbol = contents_.symbolOf(tokenOf(node));
+    isOutsideBase_[number] =
+        symbol && explained_.units.termsOf(RecordAccess::unit(*symbol)).factor != 1;
+    for (const std::uint32_t operand : node.operands)
+      if (operand != Contents::none && isOutsideBase_[operand]) isOutsideBase_[number] = true;
+  }
+}
+
+void Warnings::checkResult() {
+  const FormulaSpan whole = {0, 0, 0, explained_.formula().size()};
+  if (explained_.unit && contents_.resultPowers == Contents::none &&
+      !explained_.units.termsOf(*explained_.unit).powers.empty())
+    add(Kind::PlainNumber, whole,
+        "The result is a plain number. It is taken to be in `" +
+            shownText(RecordAccess::name(*explained_.unit)) + "`.");
+  if (contents_.inverted) checkReciprocal();
+}
+
+void Warnings::checkReciprocal() {
+  const FormulaSpan whole = {0, 0, 0, explained_.formula().size()};
+  const Contents::NodeData& root = contents_.nodes.back();
+  const bool isQuotient = root.kind == NodeKind::Operator && operatorOf(root) == '/';
+  if (!isQuotient || !isPlainLiteral(root.operands[0]) || !unitOf(root.operands[1]) ||
+      contents_.nodes[root.operands[1]].kind != NodeKind::Number) {
+    add(Kind::ReciprocalConverted, whole,
+        "The result has the reciprocal dimension of the requested unit, so its reciprocal was "
+        "taken.");
+    return;
+  }
+  const FormulaSpan &left = tokenOf(contents_.nodes[root.operands[0]]).span,
+                    &right = tokenOf(contents_.nodes[root.operands[1]]).span;
+  const std::string divisor = contents_.textAt(right);
+  const std::size_t suffix = wordStart(divisor);
+  add(Kind::QuotientIsReciprocal, whole,
+      "The unit belongs to the divisor " + explained_.quoted(right) +
+          ", and the reciprocal of the result was taken.",
+      spelled({left.text, left.begin, right.endText, right.end},
+              "(" + contents_.textAt(left) + "/" + std::string(trimmed(divisor.substr(0, suffix))) +
+                  ") " + divisor.substr(suffix)));
+}
+
+}  // namespace
+
+void addWarnings(const ExplainedFormula& explained, Contents& out) {
+  Warnings warnings(explained, out.warnings);
+  for (const Contents::TokenData& token : out.tokens) warnings.checkToken(token);
+  for (std::uint32_t node = 0; node < out.nodes.size(); ++node) warnings.checkNode(node);
+  if (out.reason == FormulaReason::Done) warnings.checkResult();
+  std::stable_sort(out.warnings.begin(), out.warnings.end(), [](const auto& a, const auto& b) {
+    return std::tie(a.span.text, a.span.begin) < std::tie(b.span.text, b.span.begin);
+  });
+}
+
+}  // namespace Units

@@ -1,0 +1,61 @@
+#include "engine/NearNames.h"
+
+#include "engine/ExplainedFormula.h"
+#include "formula/SpellingTables.h"
+#include "model/Characters.h"
+#include "model/EditDistance.h"
+#include "model/RecordAccess.h"
+#include "text/ClassicNumber.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+namespace Units {
+
+namespace {
+
+constexpr std::size_t mostNames = 3;
+
+struct Near {
+  Nearness nearness;
+  std::string_view text;
+  const Unit* unit;  // whose name it is; null for what may stand in a formula itself
+};
+
+}  // namespace
+
+std::size_t wordStart(std::string_view identifier) {
+  const std::size_t number = readClassicDouble(identifier).length;
+  return number + countLeading<isSpace>(identifier.substr(number));
+}
+
+std::vector<std::string> nearNames(std::string_view identifier, const Registries& registries) {
+  const std::string_view word = identifier.substr(wordStart(identifier));
+  const EditDistance distance(word);
+  std::vector<Near> near;
+  const auto compare = [&](std::string_view text, const Unit* unit) {
+    if (const auto nearness = distance.to(text)) near.push_back({*nearness, text, unit});
+  };
+  const FunctionMap functions;
+  if (word.size() == identifier.size())
+    for (const auto& [name, function] : functions.spellings()) compare(name, nullptr);
+  for (const auto& [typeId, node] : registries.symbols.objects.nodes())
+    if (const auto* const shown = RecordAccess::prefixOrSuffix(node.record))
+      compare(RecordAccess::text(*shown), nullptr);
+  for (const auto& [typeId, node] : registries.units.objects.nodes())
+    compare(RecordAccess::name(node.record), &node.record);
+  std::stable_sort(near.begin(), near.end(),
+                   [](const Near& a, const Near& b) { return a.nearness < b.nearness; });
+
+  std::vector<std::string> names;
+  for (const Near& found : near) {
+    if (names.size() == mostNames) break;
+    std::string name = found.unit ? suffixOf(*found.unit, registries) : std::string(found.text);
+    const bool isNew = std::find(names.begin(), names.end(), name) == names.end();
+    if (!name.empty() && name != word && isNew) names.push_back(std::move(name));
+  }
+  return names;
+}
+
+}  // namespace Units

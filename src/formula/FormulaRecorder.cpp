@@ -1,0 +1,281 @@
+#include "formula/FormulaRecorder.h"
+
+#include "formula/Evaluation.h"
+#include "formula/FormulaParser.h"
+#include "formula/Refusal.h"
+#include "formula/SpanFinder.h"
+#include "model/Characters.h"
+#include "model/RecordAccess.h"
+
+#include <TrelvonUnits/Exceptions.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <exception>
+#include <limits>
+#include <memory>
+#include <stdexcept>
+#include <typeinfo>
+#include <unordered_map>
+#include <utility>
+
+namespace {
+
+using Units::FormulaExplanation;
+using Units::FormulaSpan;
+using Contents = FormulaExplanation::Contents;
+
+constexpr std::size_t mostPowers = 16;  // of a node below the root
+
+FormulaExplanation::NodeKind kindOf(const Expression& node) {
+  switch (node.kind()) {
+    case ExpressionKind::BinaryOperator:
+    case ExpressionKind::UnaryOperator:
+      return FormulaExplanation::NodeKind::Operator;
+    case ExpressionKind::Function:
+      return FormulaExplanation::NodeKind::Function;
+    case ExpressionKind::NumberConstant:
+      return FormulaExplanation::NodeKind::Number;
+    case ExpressionKind::Paren:
+      return FormulaExplanation::NodeKind::Parentheses;
+    case ExpressionKind::Symbol:
+      return FormulaExplanation::NodeKind::Symbol;
+  }
+  throw std::logic_error("unknown node");
+}
+
+Contents::PowerList listOf(const UnitPowers& powers) {
+  Contents::PowerList list;
+  list.reserve(powers.unmergedSize());
+  for (const auto& [unit, exponent] : powers) list.emplace_back(unit->record, exponent);
+  return list;
+}
+
+bool areEqual(const Contents::PowerList& a, const Contents::PowerList& b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](const auto& left, const auto& right) {
+                      return Units::RecordAccess::identity(left.first) ==
+                                 Units::RecordAccess::identity(right.first) &&
+                             left.second == right.second;
+                    });
+}
+
+/// Records one reading and evaluation.
+class Recorder {
+ public:
+  Recorder(const VariableResolver& resolver, const Units::SymbolTexts& symbols,
+           const Units::UnitMath& unitMath, UnitTermsSource& units, Contents& out)
+      : resolver_(resolver),
+        symbols_(symbols),
+        unitMath_(unitMath),
+        units_(units),
+        out_(out),
+        spans_(out.texts) {}
+
+  void run(const std::string& formula, FormulaGoal goal, const Units::Unit* unit);
+
+  // Watches the reading and the evaluation.
+  void onToken(const FormulaToken& token);
+  void onEnd() { hasEnded_ = true; }
+  void before(const Expression&) const {}
+  void after(const Expression& node, EvaluatedValues& values);
+
+ private:
+  void read(const std::string& formula, std::unique_ptr<Expression>& root);
+  void evaluate(const Expression& root, FormulaGoal goal, const Units::Unit* unit);
+  void finish(EvaluatedValue& result, FormulaGoal goal, const Units::Unit* unit);
+  std::string replace(const std::string& identifier);
+  std::string ask(const std::string& identifier);
+  FormulaSpan identifierSpan();
+  FormulaSpan refusedSpan(FormulaReason reason, const FormulaParser& parser) const;
+  void addNodes(const Expression& root);
+  std::uint32_t symbolIndex(const Units::Symbol& symbol);
+  std::uint32_t powersIndex(EvaluatedValue& value, std::size_t most);
+  [[noreturn]] void refuse(FormulaReason reason);
+  void record(FormulaReason reason, FormulaExplanation::ExceptionClass thrown, const char* message);
+
+  const VariableResolver& resolver_;
+  const Units::SymbolTexts& symbols_;
+  const Units::UnitMath& unitMath_;
+  UnitTermsSource& units_;
+  Contents& out_;
+  SpanFinder spans_;
+  FormulaTokenizer* tokenizer_ = nullptr;
+  bool isForeign_ = false;   // the resolver threw what is not to be explained
+  bool hasEnded_ = false;    // all tokens were taken
+  std::size_t reached_ = 0;  // nodes that have a value
+  NodeArena arena_;
+  std::unordered_map<const void*, std::uint32_t> symbolIndexes_;
+  std::unordered_map<const void*, std::uint32_t> unitPowersIndexes_;
+};
+
+void Recorder::run(const std::string& formula, FormulaGoal goal, const Units::Unit* unit) {
+  using Thrown = FormulaExplanation::ExceptionClass;
+  out_.span = {0, 0, 0, formula.size()};
+  try {
+    std::unique_ptr<Expression> root;
+    read(formula, root);
+    evaluate(*root, goal, unit);
+  } catch (const Units::ParseException& refusal) {
+    if (isForeign_) throw;
+    record(out_.reason, Thrown::ParseException, refusal.what());
+  } catch (const Units::IncompatibleUnitsException& refusal) {
+    if (isForeign_) throw;
+    record(FormulaReason::Other, Thrown::IncompatibleUnitsException, refusal.what());
+  } catch (const std::logic_error& refusal) {
+    if (isForeign_ || typeid(refusal) != typeid(std::logic_error)) throw;
+    record(out_.reason, Thrown::LogicError, refusal.what());
+  }
+}
+
+/// Throws what the engine throws. `run` records it.
+void Recorder::refuse(FormulaReason reason) {
+  out_.reason = reason;
+  throwRefusal(reason);
+}
+
+void Recorder::record(FormulaReason reason, FormulaExplanation::ExceptionClass thrown,
+                      const char* message) {
+  out_.reason = reason == FormulaReason::Done ? FormulaReason::Other : reason;
+  out_.exceptionClass = thrown;
+  out_.message = message;
+}
+
+void Recorder::read(const std::string& formula, std::unique_ptr<Expression>& root) {
+  FormulaTokenizer tokenizer(formula, symbols_, unitMath_,
+                             [this](const std::string& name) { return replace(name); });
+  FormulaParser parser(arena_, symbols_, unitMath_, units_);
+  tokenizer_ = &tokenizer;
+  FormulaReason reason = FormulaReason::Done;
+  try {
+    reason = parseTokens(tokenizer, parser, root, *this);
+  } catch (const Units::ParseException&) {
+    const FormulaReason own = tokenizer.refusal();
+    out_.reason = own == FormulaReason::Done ? FormulaReason::UnknownIdentifier : own;
+    out_.span = identifierSpan();
+    throw;
+  }
+  if (reason == FormulaReason::Done) return;
+  out_.span = refusedSpan(reason, parser);
+  refuse(reason);
+}
+
+void Recorder::onToken(const FormulaToken& token) {
+  const FormulaSpan span = spans_.find(tokenizer_->lastStart(), token.text.size());
+  out_.tokens.push_back({static_cast<FormulaExplanation::TokenKind>(token.type), span, token.value,
+                         Contents::none, token.form});
+  const Units::Symbol* const symbol =
+      token.type == FormulaTokenType::UnitSymbol ? symbols_.withText(token.text) : token.symbol;
+  if (symbol) out_.tokens.back().symbol = symbolIndex(*symbol);
+}
+
+std::string Recorder::replace(const std::string& identifier) {
+  std::string replacement = ask(identifier);
+  if (replacement != identifier)
+    spans_.replaced(identifierSpan(), tokenizer_->unread(), "(" + replacement + ")");
+  return replacement;
+}
+
+std::string Recorder::ask(const std::string& identifier) {
+  if (!resolver_) return rejectIdentifier(identifier);
+  try {
+    return resolver_(identifier);
+  } catch (const std::exception& refusal) {
+    isForeign_ = typeid(refusal) != typeid(Units::ParseException);
+    throw;
+  } catch (...) {
+    isForeign_ = true;
+    throw;
+  }
+}
+
+/// Of the identifier that was read last, without the separators behind it.
+FormulaSpan Recorder::identifierSpan() {
+  const std::size_t start = tokenizer_->lastStart();
+  FormulaSpan span = spans_.find(start, start - tokenizer_->unread());
+  const std::string& text = out_.texts[span.endText].text;
+  while (Units::isSeparator(text[span.end - 1])) --span.end;
+  return span;
+}
+
+FormulaSpan Recorder::refusedSpan(FormulaReason reason, const FormulaParser& parser) const {
+  if (reason == FormulaReason::NeverClosed) return out_.tokens[*parser.openToken()].span;
+  if (reason == FormulaReason::MissingParentheses && !hasEnded_)
+    return out_.tokens[out_.tokens.size() - 2].span;
+  if (reason == FormulaReason::MissingParentheses || !hasEnded_) return out_.tokens.back().span;
+  const std::size_t end = out_.textOf(0).size();
+  return {0, end, 0, end};
+}
+
+void Recorder::evaluate(const Expression& root, FormulaGoal goal, const Units::Unit* unit) {
+  addNodes(root);
+  EvaluatedValues values;
+  const FormulaReason reason = root.walk(values, *this);
+  if (reason != FormulaReason::Done) {
+    out_.refusedNode = static_cast<std::uint32_t>(reached_);
+    out_.span = out_.tokens[out_.nodes[reached_].token].span;
+    refuse(reason);
+  }
+  finish(values.back(), goal, unit);
+}
+
+void Recorder::addNodes(const Expression& root) {
+  std::vector<std::uint32_t> waiting;
+  root.forEach([&](const Expression& node) {
+    Contents::NodeData data{kindOf(node)};
+    data.token = node.tokenNumber();
+    for (std::size_t count = node.operandCount(); count-- > 0; waiting.pop_back())
+      data.operands[count] = waiting.back();
+    waiting.push_back(static_cast<std::uint32_t>(out_.nodes.size()));
+    out_.nodes.push_back(data);
+  });
+}
+
+void Recorder::after(const Expression&, EvaluatedValues& values) {
+  Contents::NodeData& node = out_.nodes[reached_++];
+  node.wasReached = true;
+  node.value = values.back().value;
+  node.powers = powersIndex(values.back(), mostPowers);
+}
+
+void Recorder::finish(EvaluatedValue& result, FormulaGoal goal, const Units::Unit* unit) {
+  out_.resultPowers = powersIndex(result, std::numeric_limits<std::size_t>::max());
+  out_.nodes.back().powers = out_.resultPowers;
+  FormulaReason reason = FormulaReason::Done;
+  if (goal == FormulaGoal::InUnit) reason = countInUnit(result, *unit, units_, out_.inverted);
+  if (goal == FormulaGoal::Plain && !result.isUnitless()) reason = FormulaReason::HasUnits;
+  if (reason != FormulaReason::Done) refuse(reason);
+  out_.value = result.value;
+}
+
+std::uint32_t Recorder::symbolIndex(const Units::Symbol& symbol) {
+  const auto [found, isNew] = symbolIndexes_.emplace(
+      Units::RecordAccess::identity(symbol), static_cast<std::uint32_t>(out_.symbols.size()));
+  if (isNew) out_.symbols.push_back(symbol);
+  return found->second;
+}
+
+std::uint32_t Recorder::powersIndex(EvaluatedValue& value, std::size_t most) {
+  const auto next = static_cast<std::uint32_t>(out_.powers.size());
+  if (const UnitPowers* const borrowed = value.borrowedUnits()) {
+    const auto [found, isNew] = unitPowersIndexes_.emplace(borrowed, next);
+    if (isNew) out_.powers.push_back(listOf(*borrowed));
+    return found->second;
+  }
+  if (value.mostUnits() > most || value.isUnitless()) return Contents::none;
+  Contents::PowerList list = listOf(value.units());
+  if (next > 0 && areEqual(list, out_.powers.back())) return next - 1;
+  out_.powers.push_back(std::move(list));
+  return next;
+}
+
+}  // namespace
+
+void recordFormula(const std::string& formula, FormulaGoal goal, const Units::Unit* unit,
+                   const VariableResolver& resolver, const Units::SymbolTexts& symbols,
+                   const Units::UnitMath& unitMath, UnitTermsSource& units, Contents& out) {
+  // The tokenizer reads `formula`: the copy moves when the list of texts grows.
+  out.texts.push_back({formula, {}});
+  Recorder(resolver, symbols, unitMath, units, out).run(formula, goal, unit);
+}
