@@ -30,9 +30,6 @@ constexpr std::size_t mostPowers = 16;  // of a node below the root
 
 FormulaExplanation::NodeKind kindOf(const Expression& node) {
   switch (node.kind()) {
-    case ExpressionKind::BinaryOperator:
-    case ExpressionKind::UnaryOperator:
-      return FormulaExplanation::NodeKind::Operator;
     case ExpressionKind::Function:
       return FormulaExplanation::NodeKind::Function;
     case ExpressionKind::NumberConstant:
@@ -41,8 +38,9 @@ FormulaExplanation::NodeKind kindOf(const Expression& node) {
       return FormulaExplanation::NodeKind::Parentheses;
     case ExpressionKind::Symbol:
       return FormulaExplanation::NodeKind::Symbol;
+    default:
+      return FormulaExplanation::NodeKind::Operator;
   }
-  throw std::logic_error("unknown node");
 }
 
 Contents::PowerList listOf(const UnitPowers& powers) {

@@ -13,8 +13,9 @@ namespace {
 using Units::FormulaExplanation;
 
 std::string resolve(const std::string& name) {
-  static const std::map<std::string, std::string> variables = {
-      {"self", "self"}, {"loop", "pool"}, {"pool", "loop"}, {"ten", "10"}, {"x1", "2"}, {"h1", "2"}};
+  static const std::map<std::string, std::string> variables = {{"self", "self"}, {"loop", "pool"},
+                                                               {"pool", "loop"}, {"ten", "10"},
+                                                               {"x1", "2"},      {"h1", "2"}};
   const auto found = variables.find(name);
   if (found == variables.end()) throw Units::ParseException("Unrecognized identifier.");
   return found->second;
@@ -23,9 +24,8 @@ std::string resolve(const std::string& name) {
 FormulaExplanation explain(const Units::UnitsEngine& engine, const std::string& unit,
                            const std::string& formula) {
   const auto ask = Units::HiddenVariables::Ask;
-  return unit == "none"
-             ? explainUnitlessFormula(engine, formula, resolve, ask)
-             : explainFormula(engine, typeIdOf("unit", unit), formula, resolve, ask);
+  return unit == "none" ? explainUnitlessFormula(engine, formula, resolve, ask)
+                        : explainFormula(engine, typeIdOf("unit", unit), formula, resolve, ask);
 }
 
 /// A word of the page, what is said, and what is suggested instead.
@@ -48,8 +48,9 @@ Said warningIn(const FormulaExplanation& explained, const std::string& word) {
 
 /// Checks the rows of a table. Every word but `without` must have a row.
 template <class E>
-void expectRows(const std::string& column, Said (*find)(const FormulaExplanation&, const std::string&),
-                E last, std::set<std::string> words) {
+void expectRows(const std::string& column,
+                Said (*find)(const FormulaExplanation&, const std::string&), E last,
+                std::set<std::string> words) {
   const std::unique_ptr<Units::UnitsEngine> engine = makeCatalogueEngine();
   for (const auto& row : rowsOf("explain.md", {column, "formula", "in", "says"})) {
     words.insert(row[0]);
@@ -68,6 +69,30 @@ TEST(ExplainPage, ReasonsAndWarningsAreThoseOfItsTables) {
              {"too-many-variables", "unusable-symbol", "other"});
   expectRows("warning", warningIn, FormulaExplanation::WarningKind::MarkMeansFeet,
              {"no-composite-symbol"});
+}
+
+/// Everything that is said of a formula, by the words.
+std::string wordsOf(const FormulaExplanation& explained) {
+  std::string words =
+      explained.reason() == Units::FormulaReason::Done ? "" : wordOf(explained.reason());
+  for (const auto& warning : explained.warnings())
+    words += (words.empty() ? "" : ", ") + std::string(wordOf(warning.kind()));
+  return words;
+}
+
+TEST(FormulaPage, PitfallsAreWarnedOf) {
+  const std::unique_ptr<Units::UnitsEngine> engine = makeCatalogueEngine();
+  for (const auto& row :
+       rowsOf("formula-language.md", {"formula", "in", "gives", "why", "warning"})) {
+    const FormulaExplanation explained = explain(*engine, row[1], row[0]);
+    EXPECT_EQ(wordsOf(explained), row[4]) << row[0];
+    EXPECT_EQ(answerOf([&]() -> double {
+                if (explained.reason() == Units::FormulaReason::Done) return explained.value();
+                throw std::logic_error(explained.message());
+              }),
+              row[2])
+        << row[0];
+  }
 }
 
 }  // namespace

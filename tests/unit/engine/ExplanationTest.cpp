@@ -28,7 +28,8 @@ std::string written(const Units::FormulaSpan& span) {
 
 std::string placesOf(const FormulaExplanation& explained) {
   std::string places;
-  for (const auto& text : explained.texts()) places += text.text() + written(text.identifier()) + " ";
+  for (const auto& text : explained.texts())
+    places += text.text() + written(text.identifier()) + " ";
   for (const auto& token : explained.tokens()) places += " " + written(token.span());
   return places;
 }
@@ -82,8 +83,7 @@ TEST(Explanation, ShowsAnyBytes) {
       {"\xC3\xA9\xFF\n+", "\xC3\xA9\\xFF\\x0A+\n^~~~~\nerror: "},
       {"2 * sum + ()", "2 * sum + ()\n           ^\nerror: "},
       {"1 +" + far + "* 2", "... "},
-      {"sum * gone",
-       "sum * gone\n      ^~~~\nerror: `gone` is no unit, function or variable.\n"},
+      {"sum * gone", "sum * gone\n      ^~~~\nerror: `gone` is no unit, function or variable.\n"},
       {"2 ft", "2 ft\n= 24 inch\n"}};
   for (const auto& [formula, text] : shown) {
     const std::string actual = explainFormula(*engine, formula, resolve).toText();
