@@ -24,5 +24,6 @@
 #include <TrelvonUnits/Symbol.h>
 #include <TrelvonUnits/System.h>
 #include <TrelvonUnits/Unit.h>
+#include <TrelvonUnits/UnitNames.h>
 #include <TrelvonUnits/UnitsEngine.h>
 #include <TrelvonUnits/VariableResolver.h>

@@ -1,0 +1,2 @@
+#include <TrelvonUnits/UnitNames.h>
+#include <gtest/gtest.h>
