@@ -84,7 +84,7 @@ class TRELVONUNITS_API UnitNames {
   ///   find("trelvon.unit:foot-1.0.0")   the foot, by its type id
   ///   find("Square-Foot")               the square foot, loosely by its local id
   ///   find("mW"), find("MW")            milliwatt and megawatt: the case of symbols always counts
-  ///   find("R")                         röntgen and degree Rankine both have this symbol
+  ///   find("K")                         kelvin, as a difference and as a temperature scale
   ///   find("smoot")                     empty
   ///
   /// @param text  any bytes. Type ids and symbol texts match exactly; local ids and names match
@@ -96,7 +96,8 @@ class TRELVONUNITS_API UnitNames {
   /// Returns the units with a name that is near to a text, for "did you mean ...?".
   ///
   ///   suggest("kilometre per huor", 3)   kilometer per hour first
-  ///   suggest("x", 3)                    empty, or units with this text: one letter has no errors
+  ///   suggest("mw", 3)                   MW of the megawatt, then mW of the milliwatt, then MWh
+  ///   suggest("x", 3)                    empty: one character has no errors
   ///
   /// An error is a character inserted, deleted, replaced, or swapped with its neighbor. (A
   /// character is a code point of UTF-8, or a byte that is none.) A text may have an error for every
@@ -117,8 +118,8 @@ class TRELVONUNITS_API UnitNames {
   /// @param prefix  any bytes; compared loosely. If it is empty, every text begins with it.
   /// @param count   how many to return at most.
   /// @return  texts that begin so exactly, and then the others. Within both, in byte order of the
-  ///          texts in lower case without spaces, hyphens and underscores, then in order of
-  ///          `NameKind`, then of type id.
+  ///          texts in lower case without spaces, hyphens and underscores, then of the texts as they
+  ///          are, then in order of `NameKind`, then of type id.
   std::vector<UnitName> completions(std::string_view prefix, std::size_t count) const;
 
  private:

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 namespace Units {
@@ -45,9 +47,11 @@ class EditDistance {
     explicit CodePoints(std::string_view bytes) noexcept;
 
     std::size_t size = 0;
+    std::uint64_t kinds = 0;  // a bit for each code point that occurs; some share one
     std::array<char32_t, longestText> points;
   };
 
+  bool mayBeNear(const CodePoints& other) const noexcept;
   std::size_t distanceTo(const CodePoints& other) const noexcept;
 
   const bool isTooLong_;
