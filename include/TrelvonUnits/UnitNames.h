@@ -15,7 +15,7 @@ namespace Units {
 /// What a text is to the unit that it names.
 enum class NameKind {
   TypeId,      ///< "trelvon.unit:squareFoot-1.0.0"
-  LocalId,     ///< "squareFoot": the type id up to its version, behind its last colon
+  LocalId,     ///< "squareFoot": the type id without namespace and version
   Name,        ///< "square foot"
   SymbolText,  ///< "ft^2": the text of one of the unit's symbols
 };
@@ -68,7 +68,10 @@ class TRELVONUNITS_API UnitNames {
  public:
   /// Reads the units and symbols of an engine. Its cost grows with their number.
   ///
-  /// A symbol without a text (a composite symbol) names nothing, and neither does an empty text.
+  /// A symbol without a text (a composite symbol) names nothing, and neither does an empty text. The
+  /// local id is the type id without what ends at its last colon, and without the version, which is
+  /// a hyphen and what follows it if that begins with a digit and has no other hyphen. It may be the
+  /// whole type id.
   ///
   /// @param engine  any engine; only `getUnits` and `getSymbols` are called, and only here. What a
   ///                host-implemented engine throws passes through.
@@ -111,9 +114,10 @@ class TRELVONUNITS_API UnitNames {
   std::vector<UnitName> suggest(std::string_view text, std::size_t count) const;
 
   /// Returns the local ids, names and symbol texts that begin with a text, for a host that completes
-  /// what is typed. A unit that has several of them is returned several times.
+  /// what is typed. A unit that has several of them is returned several times, but
+  /// no text twice for one unit.
   ///
-  ///   completions("kilom", 2)   kilometer, the local id, and then kilometerPerHour
+  ///   completions("kilom", 3)   kilometer, kilometer per hour, kilometerPerHour
   ///
   /// @param prefix  any bytes; compared loosely. If it is empty, every text begins with it.
   /// @param count   how many to return at most.

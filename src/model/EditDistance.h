@@ -8,7 +8,6 @@
 #include <string>
 #include <string_view>
 #include <tuple>
-#include <utility>
 #include <vector>
 
 namespace Units {
@@ -67,14 +66,17 @@ template <class Texts>
 std::vector<std::string> nearestTexts(std::string_view text, const Texts& candidates,
                                       std::size_t count) {
   const EditDistance distance(text);
-  std::vector<std::pair<Nearness, std::string_view>> near;
-  for (const auto& candidate : candidates)
-    if (const auto nearness = distance.to(candidate)) near.emplace_back(*nearness, candidate);
-  std::stable_sort(near.begin(), near.end(),
-                   [](const auto& a, const auto& b) { return a.first < b.first; });
+  std::vector<std::tuple<Nearness, std::size_t, std::string_view>> near;
+  std::size_t place = 0;
+  for (const auto& candidate : candidates) {
+    const auto nearness = distance.to(candidate);
+    if (nearness) near.emplace_back(*nearness, place, candidate);
+    ++place;
+  }
+  std::sort(near.begin(), near.end());
   std::vector<std::string> nearest;
   for (std::size_t i = 0; i < std::min(count, near.size()); ++i)
-    nearest.emplace_back(near[i].second);
+    nearest.emplace_back(std::get<std::string_view>(near[i]));
   return nearest;
 }
 

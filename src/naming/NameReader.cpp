@@ -12,14 +12,13 @@ namespace Units {
 
 namespace {
 
-/// The part of a type id that people read: "foot" of "trelvon.unit:foot-1.0.0". Empty if the type
-/// id has no other parts.
+/// The part of a type id that people read: "foot" of "trelvon.unit:foot-1.0.0".
 std::string_view localIdOf(std::string_view typeId) {
-  std::string_view local = typeId.substr(typeId.rfind(':') + 1);  // npos + 1 is 0
+  const std::string_view local = typeId.substr(typeId.rfind(':') + 1);  // npos + 1 is 0
   const std::size_t hyphen = local.rfind('-');
-  if (hyphen != local.npos && hyphen + 1 < local.size() && isDigit(local[hyphen + 1]))
-    local = local.substr(0, hyphen);
-  return local.size() == typeId.size() ? std::string_view() : local;
+  const bool hasVersion =
+      hyphen != local.npos && hyphen + 1 < local.size() && isDigit(local[hyphen + 1]);
+  return hasVersion ? local.substr(0, hyphen) : local;
 }
 
 /// The texts of symbols, each with the index of its unit.

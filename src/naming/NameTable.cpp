@@ -45,8 +45,10 @@ NameTable::NameTable(std::vector<NameEntry> entries, std::size_t unitCount)
     : entries_(std::move(entries)) {
   std::vector<Name> byText(entries_.size());
   std::iota(byText.begin(), byText.end(), Name{0});
-  std::stable_sort(byText.begin(), byText.end(),
-                   [this](Name a, Name b) { return entries_[a].text < entries_[b].text; });
+  std::sort(byText.begin(), byText.end(), [this](Name a, Name b) {
+    const int difference = entries_[a].text.compare(entries_[b].text);
+    return difference != 0 ? difference < 0 : a < b;
+  });
   for (auto* const names : {&exactNames_, &allNames_, &looseNames_}) names->reserve(byText.size());
   UnitsSeen seen(unitCount);
   indexExactly(byText, seen);
@@ -67,25 +69,23 @@ void NameTable::indexExactly(const std::vector<Name>& byText, UnitsSeen& seen) {
 }
 
 void NameTable::indexFolded(const std::vector<Name>& byText, UnitsSeen& seen) {
-  std::vector<std::pair<std::string, Name>> byFolded;
+  std::vector<std::pair<std::string, std::size_t>> byFolded;  // with places in `byText`
   byFolded.reserve(byText.size());
-  for (const Name name : byText)
-    byFolded.emplace_back(FoldedText(entries_[name].text).view(), name);
-  std::stable_sort(byFolded.begin(), byFolded.end(),
-                   [](const auto& a, const auto& b) { return a.first < b.first; });
+  for (std::size_t place = 0; place < byText.size(); ++place)
+    byFolded.emplace_back(FoldedText(entries_[byText[place]].text).view(), place);
+  std::sort(byFolded.begin(), byFolded.end());
 
   const auto sameFolded = [](const auto& a, const auto& b) { return a.first == b.first; };
   forEachRun(byFolded, sameFolded, [&](auto begin, auto end) {
     const std::size_t firstOfAll = allNames_.size();
     std::string_view text;  // never empty for an entry
     std::vector<Name> loose;
-    for (auto folded = begin; folded != end; ++folded) {
-      const NameEntry& entry = entries_[folded->second];
+    for (auto item = begin; item != end; ++item) {
+      const Name name = byText[item->second];
+      const NameEntry& entry = entries_[name];
       if (std::exchange(text, entry.text) != entry.text) seen.restart();
-      if (entry.kind == NameKind::TypeId || seen.insert(entry.unit))
-        allNames_.push_back(folded->second);
-      if (entry.kind == NameKind::LocalId || entry.kind == NameKind::Name)
-        loose.push_back(folded->second);
+      if (entry.kind == NameKind::TypeId || seen.insert(entry.unit)) allNames_.push_back(name);
+      if (entry.kind == NameKind::LocalId || entry.kind == NameKind::Name) loose.push_back(name);
     }
     const std::size_t firstOfLoose = looseNames_.size();
     std::sort(loose.begin(), loose.end());

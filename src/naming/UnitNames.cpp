@@ -12,9 +12,13 @@ namespace Units {
 
 struct UnitNames::Contents : CountedContents {
   explicit Contents(std::vector<NamedUnit> read)
-      : unitCount(read.empty() ? 0 : read.back().order + 1),
-        names(shared(read)),
-        table(entriesOf(read), unitCount) {}
+      : unitCount(countUnits(read)), names(shared(read)), table(entriesOf(read), unitCount) {}
+
+  static std::size_t countUnits(const std::vector<NamedUnit>& read) {
+    std::size_t count = 0;
+    for (const NamedUnit& name : read) count = std::max(count, name.order + 1);
+    return count;
+  }
 
   /// Moves the texts.
   static std::vector<Shared<UnitName::Contents>> shared(std::vector<NamedUnit>& read) {

@@ -389,6 +389,30 @@ Work cycle(int size, TextOf textOf, UnitsEngine& engine) {
   return work;
 }
 
+/// Units whose type ids collide, named alike: their symbols differ in case alone.
+Work names(int size, UnitsEngine& engine) {
+  std::vector<std::string> texts = collidingIds(static_cast<std::size_t>(size));
+  Work work;
+  for (int number = 0; number < size; ++number) {
+    std::string text(24, 'a');
+    for (std::size_t bit = 0; bit < text.size(); ++bit)
+      if (number >> bit & 1) text[bit] = 'A';
+    const Units::Unit unit(texts[static_cast<std::size_t>(number)], "same name",
+                           Units::System::Metric, Units::PrimitiveUnitComponent());
+    engine.addUnit(unit);
+    engine.addSymbol({text, unit, Units::PrefixOrSuffix(text, Units::Placement::Suffix, false)});
+    texts.push_back(text);
+    work.bytes += unit.getTypeId().size() + unit.getName().size() + text.size();
+  }
+  work.run = [texts, &engine] {
+    const Units::UnitNames made(engine);
+    for (const std::string& text : texts) made.find(text);
+    for (const char* const text : {"same nam", "same name"})
+      made.find(text), made.suggest(text, 3), made.completions(text, 3);
+  };
+  return work;
+}
+
 }  // namespace
 
 std::vector<Proportion> proportions() {
@@ -416,6 +440,7 @@ std::vector<Shape> proportionShapes() {
 std::vector<Shape> definitionShapes() {
   std::vector<Shape> shapes = {
       {"bundle of factors", Shape::Definitions, bundle},
+      {"names", Shape::Definitions, names},
       {"cycle of factors, build", Shape::Definitions,
        [](int size, UnitsEngine& engine) {
          return cycle(

@@ -182,6 +182,15 @@ std::vector<Operation> readingOperations() {
             return texts;
           }),
       row("getDependencies", [](auto& e) { return e.getDependencies("height"); }),
+      row("UnitNames",
+          [](auto& e) {
+            const Units::UnitNames names(e);
+            std::string texts;
+            for (const auto& found : {names.find(std::string(99, ' ') + "FOOT"), names.find("ft"),
+                                      names.suggest("fooot", 2), names.completions("F", 9)})
+              for (const Units::UnitName& name : found) texts += name.getText();
+            return texts;
+          }),
       row("isRegistered",
           [](auto& e) { return e.isRegistered("a type id that is long enough to be allocated"); })};
   for (const Operation& operation : numberOperations()) all.push_back(operation);

@@ -26,7 +26,7 @@ std::size_t slowDistance(const std::string& a, const std::string& b) {
 TEST(EditDistance, IsThatOfTheWholeTableUpToTheBound) {
   Random random(1);
   std::size_t near = 0;
-  for (int time = 0; time < 100000; ++time) {
+  for (int time = 0; time < 30000; ++time) {
     const std::string a = random.text(std::string("ab\x80"), 12);
     const std::string b = random.text(std::string("ab\x80"), 12);
     const std::size_t distance = slowDistance(a, b);
@@ -37,7 +37,7 @@ TEST(EditDistance, IsThatOfTheWholeTableUpToTheBound) {
     ASSERT_EQ(found->distance, distance) << a << ' ' << b;
     ++near;
   }
-  EXPECT_GT(near, 4000u);
+  EXPECT_GT(near, 1000u);
 }
 
 TEST(EditDistance, CountsCodePointsOfWhateverBytes) {
