@@ -35,9 +35,8 @@ std::optional<Nearness> EditDistance::to(std::string_view other) const noexcept 
   return Nearness{distance, prefix};
 }
 
-/// A quick test that most texts fail. An error changes the length by at most one, and each text's
-/// set of code points by at most one.
-bool EditDistance::mayBeNear(const CodePoints& other) const noexcept {
+/// An error changes the length by at most one, and each text's set of code points by at most one.
+bool EditDistance::mayBeNear(const Sketch& other) const noexcept {
   const std::size_t longer = std::max(text_.size, other.size);
   return longer - std::min(text_.size, other.size) <= bound_ &&
          std::bitset<64>(text_.kinds & ~other.kinds).count() <= bound_ &&  // tuning

@@ -36,21 +36,28 @@ class EditDistance {
   /// Longer texts are near to none, so a comparison takes bounded time.
   static constexpr std::size_t longestText = 256;  // bytes
 
+  /// What a quick test needs to know of a text.
+  struct Sketch {
+    std::size_t size = 0;     // in code points, of the first bytes
+    std::uint64_t kinds = 0;  // a bit for each code point that occurs; some share one
+  };
+  static Sketch sketchOf(std::string_view text) noexcept { return CodePoints(text); }
+
   explicit EditDistance(std::string_view text) noexcept;
+
+  /// A quick test that most texts fail: whether a text with this sketch may be near.
+  bool mayBeNear(const Sketch& other) const noexcept;
 
   /// @return  empty unless `other` is near.
   std::optional<Nearness> to(std::string_view other) const noexcept;
 
  private:
-  struct CodePoints {
+  struct CodePoints : Sketch {
     explicit CodePoints(std::string_view bytes) noexcept;
 
-    std::size_t size = 0;
-    std::uint64_t kinds = 0;  // a bit for each code point that occurs; some share one
     std::array<char32_t, longestText> points;
   };
 
-  bool mayBeNear(const CodePoints& other) const noexcept;
   std::size_t distanceTo(const CodePoints& other) const noexcept;
 
   const bool isTooLong_;

@@ -92,9 +92,10 @@ void NameTable::indexFolded(const std::vector<Name>& byText, UnitsSeen& seen) {
     seen.restart();
     for (const Name name : loose)
       if (seen.insert(entries_[name].unit)) looseNames_.push_back(name);
-    foldedTexts_.push_back(begin->first);
-    folded_.emplace(foldedTexts_.back(),
-                    Folded{groupFrom(firstOfAll, allNames_), groupFrom(firstOfLoose, looseNames_)});
+    const std::string_view folded = foldedTexts_.emplace_back(begin->first);
+    spellings_.push_back(
+        {folded, EditDistance::sketchOf(folded), groupFrom(firstOfAll, allNames_)});
+    if (!loose.empty()) loose_.emplace(folded, groupFrom(firstOfLoose, looseNames_));
   });
 }
 
@@ -104,8 +105,8 @@ NameTable::Group NameTable::findExactly(std::string_view text) const {
 }
 
 NameTable::Group NameTable::findLoosely(std::string_view folded) const {
-  const Folded* const found = folded_.find(folded);
-  return found ? found->loose : Group();
+  const Group* const found = loose_.find(folded);
+  return found ? *found : Group();
 }
 
 bool NameTable::hasUnit(const Group& group, std::size_t unit) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/EditDistance.h"
 #include "model/IndexedMap.h"
 
 #include <TrelvonUnits/UnitNames.h>
@@ -40,9 +41,10 @@ class NameTable {
   };
 
   /// The names whose texts are the same when folded.
-  struct Folded {
-    Group all;    // by text, then in order; no text twice for one unit, except as its type id
-    Group loose;  // the local ids and names among them, in order; no unit twice
+  struct Spelling {
+    std::string_view folded;
+    EditDistance::Sketch sketch;  // of `folded`
+    Group names;  // by text, then in order; no text twice for one unit, except as its type id
   };
 
   /// @param entries  in order; their texts must outlive the table.
@@ -54,13 +56,13 @@ class NameTable {
 
   /// The names with exactly this text, in order; no unit twice.
   Group findExactly(std::string_view text) const;
-  /// The local ids and names with this text when folded.
+  /// The local ids and names with this text when folded, in order; no unit twice.
   Group findLoosely(std::string_view folded) const;
   /// Whether a unit is in a group whose names are in order.
   bool hasUnit(const Group& group, std::size_t unit) const;
 
-  /// By the folded text, in byte order.
-  const IndexedMap<Folded>::Entries& folded() const { return folded_.entries(); }
+  /// In byte order of the folded texts.
+  const std::vector<Spelling>& spellings() const { return spellings_; }
 
  private:
   class UnitsSeen;
@@ -70,9 +72,10 @@ class NameTable {
 
   const std::vector<NameEntry> entries_;
   std::vector<Name> exactNames_, allNames_, looseNames_;  // reserved, so groups may point to them
-  std::deque<std::string> foldedTexts_;                   // the keys of folded_
+  std::deque<std::string> foldedTexts_;
+  std::vector<Spelling> spellings_;
   IndexedMap<Group> exact_;
-  IndexedMap<Folded> folded_;
+  IndexedMap<Group> loose_;  // by folded text
 };
 
 }  // namespace Units

@@ -10,6 +10,14 @@
 
 namespace Units {
 
+namespace {
+
+bool beginsWith(std::string_view text, std::string_view beginning) {
+  return text.substr(0, beginning.size()) == beginning;
+}
+
+}  // namespace
+
 struct UnitNames::Contents : CountedContents {
   explicit Contents(std::vector<NamedUnit> read)
       : unitCount(countUnits(read)), names(shared(read)), table(entriesOf(read), unitCount) {}
@@ -67,10 +75,13 @@ std::vector<UnitName> UnitNames::suggest(std::string_view text, std::size_t coun
   const NameTable& table = contents_->table;
   const EditDistance distance(folded.view());
   std::vector<std::tuple<Nearness, std::size_t, NameTable::Name>> near;  // with their units
-  for (const auto& [key, names] : table.folded())
-    if (const auto nearness = distance.to(key))
-      for (const NameTable::Name name : names.all)
-        near.emplace_back(*nearness, table[name].unit, name);
+  for (const NameTable::Spelling& spelling : table.spellings()) {
+    if (!distance.mayBeNear(spelling.sketch)) continue;  // tuning
+    const auto nearness = distance.to(spelling.folded);
+    if (!nearness) continue;
+    for (const NameTable::Name name : spelling.names)
+      near.emplace_back(*nearness, table[name].unit, name);
+  }
   std::sort(near.begin(), near.end());
 
   std::vector<UnitName> nearest;
@@ -87,16 +98,16 @@ std::vector<UnitName> UnitNames::suggest(std::string_view text, std::size_t coun
 std::vector<UnitName> UnitNames::completions(std::string_view prefix, std::size_t count) const {
   const FoldedText folded(prefix);
   const NameTable& table = contents_->table;
-  const auto begin = table.folded().lower_bound(folded.view());
+  const auto begin = std::lower_bound(
+      table.spellings().begin(), table.spellings().end(), folded.view(),
+      [](const auto& spelling, std::string_view text) { return spelling.folded < text; });
   std::vector<UnitName> found;
   for (const bool isExact : {true, false}) {
-    for (auto entry = begin; entry != table.folded().end(); ++entry) {
-      if (entry->first.substr(0, folded.view().size()) != folded.view()) break;
-      for (const NameTable::Name name : entry->second.all) {
+    for (auto spelling = begin; spelling != table.spellings().end(); ++spelling) {
+      if (!beginsWith(spelling->folded, folded.view())) break;
+      for (const NameTable::Name name : spelling->names) {
         if (found.size() == count) return found;
-        const std::string_view text = table[name].text;
-        if (table[name].kind != NameKind::TypeId &&
-            (text.substr(0, prefix.size()) == prefix) == isExact)
+        if (table[name].kind != NameKind::TypeId && beginsWith(table[name].text, prefix) == isExact)
           found.push_back({contents_->names[name], isExact});
       }
     }
