@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bitset>
 #include <cmath>
 #include <map>
 #include <utility>
@@ -391,24 +392,20 @@ Work cycle(int size, TextOf textOf, UnitsEngine& engine) {
 
 /// Units whose type ids collide, named alike: their symbols differ in case alone.
 Work names(int size, UnitsEngine& engine) {
-  std::vector<std::string> texts = collidingIds(static_cast<std::size_t>(size));
   Work work;
-  for (int number = 0; number < size; ++number) {
-    std::string text(24, 'a');
-    for (std::size_t bit = 0; bit < text.size(); ++bit)
-      if (number >> bit & 1) text[bit] = 'A';
-    const Units::Unit unit(texts[static_cast<std::size_t>(number)], "same name",
-                           Units::System::Metric, Units::PrimitiveUnitComponent());
+  std::vector<std::string> texts = collidingIds(static_cast<std::size_t>(size));
+  for (std::size_t number = texts.size(); number-- > 0;) {
+    const std::string text = std::bitset<24>(number).to_string('a', 'A');
+    const Units::Unit unit(texts[number], "same", {}, Units::PrimitiveUnitComponent());
     engine.addUnit(unit);
-    engine.addSymbol({text, unit, Units::PrefixOrSuffix(text, Units::Placement::Suffix, false)});
+    engine.addSymbol({text, unit, Units::PrefixOrSuffix(text, {}, false)});
     texts.push_back(text);
-    work.bytes += unit.getTypeId().size() + unit.getName().size() + text.size();
+    work.bytes += 60;  // of the type id, the name and the symbol
   }
   work.run = [texts, &engine] {
     const Units::UnitNames made(engine);
     for (const std::string& text : texts) made.find(text);
-    for (const char* const text : {"same nam", "same name"})
-      made.find(text), made.suggest(text, 3), made.completions(text, 3);
+    made.find("Same"), made.suggest("smae", 3), made.completions("s", 3);
   };
   return work;
 }

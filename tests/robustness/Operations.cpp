@@ -185,11 +185,9 @@ std::vector<Operation> readingOperations() {
       row("UnitNames",
           [](auto& e) {
             const Units::UnitNames names(e);
-            std::string texts;
-            for (const auto& found : {names.find(std::string(99, ' ') + "FOOT"), names.find("ft"),
-                                      names.suggest("fooot", 2), names.completions("F", 9)})
-              for (const Units::UnitName& name : found) texts += name.getText();
-            return texts;
+            return names.find(std::string(99, ' ') + "FOOT").at(0).getText() +
+                   names.suggest("fooot", 2).at(0).getText() +
+                   names.completions("F", 1)[0].getText();
           }),
       row("isRegistered",
           [](auto& e) { return e.isRegistered("a type id that is long enough to be allocated"); })};
