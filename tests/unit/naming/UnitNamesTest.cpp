@@ -22,7 +22,8 @@ TEST(UnitNames, AreWhatAHostChooses) {
     const Unit unit(typeId, name, System::Metric, PrimitiveUnitComponent());
     engine->addUnit(unit);
     for (const std::string& text : texts)
-      engine->addSymbol({'s' + typeId + text, unit, PrefixOrSuffix(text, Placement::Suffix, false)});
+      engine->addSymbol(
+          {'s' + typeId + text, unit, PrefixOrSuffix(text, Placement::Suffix, false)});
   };
   EXPECT_EQ(listed(UnitNames(*engine).find("foot")), "");
   add("a:foot-1", "Foot", {"ft", "", "FT", "f-t"});
