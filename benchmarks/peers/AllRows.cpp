@@ -4,7 +4,8 @@ namespace peers {
 
 std::vector<Row> allRows() {
   std::vector<Row> all;
-  for (const auto group : {conversionRows, preparedRows, formulaRows, textRows, loadingRows})
+  for (const auto group :
+       {conversionRows, preparedRows, formulaRows, textRows, loadingRows, namingRows})
     for (Row& row : group()) all.push_back(std::move(row));
   return all;
 }

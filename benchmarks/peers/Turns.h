@@ -71,5 +71,6 @@ std::vector<Row> preparedRows();
 std::vector<Row> formulaRows();
 std::vector<Row> textRows();
 std::vector<Row> loadingRows();
+std::vector<Row> namingRows();
 
 }  // namespace peers

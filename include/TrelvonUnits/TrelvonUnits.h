@@ -26,5 +26,6 @@
 #include <TrelvonUnits/Symbol.h>
 #include <TrelvonUnits/System.h>
 #include <TrelvonUnits/Unit.h>
+#include <TrelvonUnits/UnitNames.h>
 #include <TrelvonUnits/UnitsEngine.h>
 #include <TrelvonUnits/VariableResolver.h>

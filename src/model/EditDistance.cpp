@@ -3,13 +3,17 @@
 #include "model/Characters.h"
 #include "model/CodePoints.h"
 
+#include <bitset>
+
 namespace Units {
 
 EditDistance::CodePoints::CodePoints(std::string_view bytes) noexcept {
   while (!bytes.empty() && size < points.size()) {
     const CodePoint first = firstCodePoint(bytes);
-    points[size++] =
+    const char32_t point =
         first.number < 0x80 ? static_cast<unsigned char>(toLowerCase(bytes.front())) : first.number;
+    points[size++] = point;
+    kinds |= std::uint64_t{1} << (point & 63);  // tuning
     bytes.remove_prefix(first.bytes);
   }
 }
@@ -22,6 +26,7 @@ EditDistance::EditDistance(std::string_view text) noexcept
 std::optional<Nearness> EditDistance::to(std::string_view other) const noexcept {
   if (isTooLong_ || other.size() > longestText) return std::nullopt;
   const CodePoints otherText(other);
+  if (!mayBeNear(otherText)) return std::nullopt;
   const std::size_t distance = distanceTo(otherText);
   if (distance > bound_) return std::nullopt;
   const std::size_t shorter = std::min(text_.size, otherText.size);
@@ -30,14 +35,22 @@ std::optional<Nearness> EditDistance::to(std::string_view other) const noexcept 
   return Nearness{distance, prefix};
 }
 
+/// An error changes the length by at most one, and each text's set of code points by at most one.
+bool EditDistance::mayBeNear(const Sketch& other) const noexcept {
+  const std::size_t longer = std::max(text_.size, other.size);
+  return longer - std::min(text_.size, other.size) <= bound_ &&
+         std::bitset<64>(text_.kinds & ~other.kinds).count() <= bound_ &&  // tuning
+         std::bitset<64>(other.kinds & ~text_.kinds).count() <= bound_;    // tuning
+}
+
 /// Fills only the band of the usual table that distances within the bound can pass through, row by
 /// row, and stops at a row that is beyond the bound everywhere.
+/// @param other  may be near.
 /// @return  more than the bound if the texts are further apart than that.
 std::size_t EditDistance::distanceTo(const CodePoints& other) const noexcept {
   const std::size_t beyond = bound_ + 1;
-  const auto& [rows, a] = text_;
-  const auto& [columns, b] = other;
-  if (std::max(rows, columns) - std::min(rows, columns) > bound_) return beyond;
+  const std::size_t rows = text_.size, columns = other.size;
+  const auto &a = text_.points, &b = other.points;
 
   // Three rows, each from column 0, with a column more on the right side of the band.
   std::array<std::size_t, longestText + 2> storage[3];
@@ -58,7 +71,7 @@ std::size_t EditDistance::distanceTo(const CodePoints& other) const noexcept {
       least = std::min(least, cell);
     }
     (*row)[end + 1] = beyond;
-    if (least == beyond) return beyond;
+    if (least == beyond) return beyond;  // tuning
     auto* const unused = before;
     before = last;
     last = row;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -35,16 +36,25 @@ class EditDistance {
   /// Longer texts are near to none, so a comparison takes bounded time.
   static constexpr std::size_t longestText = 256;  // bytes
 
+  /// What a quick test needs to know of a text.
+  struct Sketch {
+    std::size_t size = 0;     // in code points, of the first bytes
+    std::uint64_t kinds = 0;  // a bit for each code point that occurs; some share one
+  };
+  static Sketch sketchOf(std::string_view text) noexcept { return CodePoints(text); }
+
   explicit EditDistance(std::string_view text) noexcept;
+
+  /// A quick test that most texts fail: whether a text with this sketch may be near.
+  bool mayBeNear(const Sketch& other) const noexcept;
 
   /// @return  empty unless `other` is near.
   std::optional<Nearness> to(std::string_view other) const noexcept;
 
  private:
-  struct CodePoints {
+  struct CodePoints : Sketch {
     explicit CodePoints(std::string_view bytes) noexcept;
 
-    std::size_t size = 0;
     std::array<char32_t, longestText> points;
   };
 
@@ -63,14 +73,17 @@ template <class Texts>
 std::vector<std::string> nearestTexts(std::string_view text, const Texts& candidates,
                                       std::size_t count) {
   const EditDistance distance(text);
-  std::vector<std::pair<Nearness, std::string_view>> near;
-  for (const auto& candidate : candidates)
-    if (const auto nearness = distance.to(candidate)) near.emplace_back(*nearness, candidate);
-  std::stable_sort(near.begin(), near.end(),
-                   [](const auto& a, const auto& b) { return a.first < b.first; });
+  std::vector<std::tuple<Nearness, std::size_t, std::string_view>> near;
+  std::size_t place = 0;
+  for (const auto& candidate : candidates) {
+    const auto nearness = distance.to(candidate);
+    if (nearness) near.emplace_back(*nearness, place, candidate);
+    ++place;
+  }
+  std::sort(near.begin(), near.end());
   std::vector<std::string> nearest;
   for (std::size_t i = 0; i < std::min(count, near.size()); ++i)
-    nearest.emplace_back(near[i].second);
+    nearest.emplace_back(std::get<std::string_view>(near[i]));
   return nearest;
 }
 

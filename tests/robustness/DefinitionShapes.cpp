@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bitset>
 #include <cmath>
 #include <map>
 #include <utility>
@@ -389,6 +390,26 @@ Work cycle(int size, TextOf textOf, UnitsEngine& engine) {
   return work;
 }
 
+/// Units whose type ids collide, named alike: their symbols differ in case alone.
+Work names(int size, UnitsEngine& engine) {
+  Work work;
+  std::vector<std::string> texts = collidingIds(static_cast<std::size_t>(size));
+  for (std::size_t number = texts.size(); number-- > 0;) {
+    const std::string text = std::bitset<24>(number).to_string('a', 'A');
+    const Units::Unit unit(texts[number], "same", {}, Units::PrimitiveUnitComponent());
+    engine.addUnit(unit);
+    engine.addSymbol({text, unit, Units::PrefixOrSuffix(text, {}, false)});
+    texts.push_back(text);
+    work.bytes += 60;  // of the type id, the name and the symbol
+  }
+  work.run = [texts, &engine] {
+    const Units::UnitNames made(engine);
+    for (const std::string& text : texts) made.find(text);
+    made.find("Same"), made.suggest("smae", 3), made.completions("s", 3);
+  };
+  return work;
+}
+
 }  // namespace
 
 std::vector<Proportion> proportions() {
@@ -416,6 +437,7 @@ std::vector<Shape> proportionShapes() {
 std::vector<Shape> definitionShapes() {
   std::vector<Shape> shapes = {
       {"bundle of factors", Shape::Definitions, bundle},
+      {"names", Shape::Definitions, names},
       {"cycle of factors, build", Shape::Definitions,
        [](int size, UnitsEngine& engine) {
          return cycle(

@@ -182,6 +182,13 @@ std::vector<Operation> readingOperations() {
             return texts;
           }),
       row("getDependencies", [](auto& e) { return e.getDependencies("height"); }),
+      row("UnitNames",
+          [](auto& e) {
+            const Units::UnitNames names(e);
+            return names.find(std::string(99, ' ') + "FOOT").at(0).getText() +
+                   names.suggest("fooot", 2).at(0).getText() +
+                   names.completions("F", 1)[0].getText();
+          }),
       row("isRegistered",
           [](auto& e) { return e.isRegistered("a type id that is long enough to be allocated"); })};
   for (const Operation& operation : numberOperations()) all.push_back(operation);

@@ -1,0 +1,135 @@
+#pragma once
+
+#include <TrelvonUnits/Export.h>
+#include <TrelvonUnits/Shared.h>
+#include <TrelvonUnits/Unit.h>
+#include <TrelvonUnits/UnitsEngine.h>
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Units {
+
+/// What a text is to the unit that it names.
+enum class NameKind {
+  TypeId,      ///< "trelvon.unit:squareFoot-1.0.0"
+  LocalId,     ///< "squareFoot": the type id without namespace and version
+  Name,        ///< "square foot"
+  SymbolText,  ///< "ft^2": the text of one of the unit's symbols
+};
+
+/// A text that names a unit, as `UnitNames` finds it. It does not depend on an engine or on the
+/// `UnitNames`, and is copied as cheaply as a record.
+class TRELVONUNITS_API UnitName {
+ public:
+  UnitName(const UnitName& other) noexcept;
+  UnitName(UnitName&& other) noexcept;  ///< Copies; `other` stays readable.
+  ~UnitName();
+  UnitName& operator=(const UnitName&) = delete;
+
+  Unit getUnit() const;         ///< The unit that is named.
+  NameKind getKind() const;     ///< What the text is to the unit.
+  std::string getText() const;  ///< The text as the engine has it, not as it was searched.
+
+  /// Whether the searched text is `getText()`, byte for byte, or for `completions` its beginning.
+  bool isExact() const;
+
+ private:
+  friend class UnitNames;
+
+  struct Contents;
+  UnitName(const Shared<Contents>& contents, bool isExact) noexcept;
+
+  const Shared<Contents> contents_;
+  const bool isExact_;
+};
+
+/// Finds units by what people call them: by type id, local id, name or symbol text.
+///
+/// - It has the units and symbols of an engine at the time of construction, never changes, and
+///   holds no reference to the engine. Any number of threads may use it at once.
+/// - A copy shares what it has, as copies of a record do, and costs a pointer.
+/// - A text may name several units, and all of them are returned: which one is meant is for the
+///   host to decide, or to ask.
+/// - Letter case, spaces, hyphens and underscores do not count where the text says "loosely".
+///   Letters are those of ASCII, in every locale; all other bytes must be the same. Any bytes are
+///   safe.
+/// - No choice of names slows a search down. `find` takes time for the bytes of its text, the
+///   logarithm of the number of names, and its result; `completions` for the names that begin so;
+///   `suggest` for the number of names, however long they are.
+///
+///   const Units::UnitNames names(*engine);
+///   names.find("square foot").at(0).getUnit().getTypeId();   // "trelvon.unit:squareFoot-1.0.0"
+///
+/// Any function but copying may throw std::bad_alloc, and nothing else.
+class TRELVONUNITS_API UnitNames {
+ public:
+  /// Reads the units and symbols of an engine. Its cost grows with their number.
+  ///
+  /// A symbol without a text (a composite symbol) names nothing, and neither does an empty text. The
+  /// local id is the type id without what ends at its last colon, and without the version, which is
+  /// a hyphen and what follows it if that begins with a digit and has no other hyphen. It may be the
+  /// whole type id.
+  ///
+  /// @param engine  any engine; only `getUnits` and `getSymbols` are called, and only here. What a
+  ///                host-implemented engine throws passes through.
+  explicit UnitNames(const UnitsEngine& engine);
+
+  UnitNames(const UnitNames& other) noexcept;
+  UnitNames(UnitNames&& other) noexcept;  ///< Copies; `other` stays usable.
+  ~UnitNames();
+  UnitNames& operator=(const UnitNames&) = delete;
+
+  /// Returns all units that a text names.
+  ///
+  ///   find("trelvon.unit:foot-1.0.0")   the foot, by its type id
+  ///   find("Square-Foot")               the square foot, loosely by its local id
+  ///   find("mW"), find("MW")            milliwatt and megawatt: the case of symbols always counts
+  ///   find("K")                         kelvin, as a difference and as a temperature scale
+  ///   find("smoot")                     empty
+  ///
+  /// @param text  any bytes. Type ids and symbol texts match exactly; local ids and names match
+  ///              loosely, too.
+  /// @return  each unit once, for the first reason in this order: exact before loose, then in order
+  ///          of `NameKind`. The result is in that order, and then in order of type id.
+  std::vector<UnitName> find(std::string_view text) const;
+
+  /// Returns the units with a name that is near to a text, for "did you mean ...?".
+  ///
+  ///   suggest("kilometre per huor", 3)   kilometer per hour first
+  ///   suggest("mw", 3)                   MW of the megawatt, then mW of the milliwatt, then MWh
+  ///   suggest("x", 3)                    empty: one character has no errors
+  ///
+  /// An error is a character inserted, deleted, replaced, or swapped with its neighbor. (A
+  /// character is a code point of UTF-8, or a byte that is none.) A text may have an error for every
+  /// three characters, rounded, and at most three. It is compared loosely with every type id, local
+  /// id, name and symbol text. Texts of more than 256 bytes are near to none.
+  ///
+  /// @param text   any bytes.
+  /// @param count  how many to return at most.
+  /// @return  each unit once, with the text that is nearest. Fewer errors come first, then longer
+  ///          common beginnings, then lower type ids.
+  std::vector<UnitName> suggest(std::string_view text, std::size_t count) const;
+
+  /// Returns the local ids, names and symbol texts that begin with a text, for a host that completes
+  /// what is typed. A unit that has several of them is returned several times, but
+  /// no text twice for one unit.
+  ///
+  ///   completions("kilom", 3)   kilometer, kilometer per hour, kilometerPerHour
+  ///
+  /// @param prefix  any bytes; compared loosely. If it is empty, every text begins with it.
+  /// @param count   how many to return at most.
+  /// @return  texts that begin so exactly, and then the others. Within both, in byte order of the
+  ///          texts in lower case without spaces, hyphens and underscores, then of the texts as they
+  ///          are, then in order of `NameKind`, then of type id.
+  std::vector<UnitName> completions(std::string_view prefix, std::size_t count) const;
+
+ private:
+  struct Contents;
+
+  const Shared<Contents> contents_;
+};
+
+}  // namespace Units

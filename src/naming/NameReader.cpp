@@ -1,0 +1,61 @@
+#include "naming/NameReader.h"
+
+#include "model/Characters.h"
+#include "model/RecordAccess.h"
+
+#include <algorithm>
+#include <map>
+#include <string_view>
+#include <utility>
+
+namespace Units {
+
+namespace {
+
+/// The part of a type id that people read: "foot" of "trelvon.unit:foot-1.0.0".
+std::string_view localIdOf(std::string_view typeId) {
+  const std::string_view local = typeId.substr(typeId.rfind(':') + 1);  // npos + 1 is 0
+  const std::size_t hyphen = local.rfind('-');
+  const bool hasVersion =
+      hyphen != local.npos && hyphen + 1 < local.size() && isDigit(local[hyphen + 1]);
+  return hasVersion ? local.substr(0, hyphen) : local;
+}
+
+/// The texts of symbols, each with the index of its unit.
+std::vector<std::pair<std::size_t, std::string>> symbolTextsOf(const UnitsEngine& engine,
+                                                               const std::vector<Unit>& units) {
+  std::vector<std::pair<std::size_t, std::string>> texts;
+  for (const auto& [typeId, symbol] : engine.getSymbols()) {
+    const PrefixOrSuffix* const shown = RecordAccess::prefixOrSuffix(symbol);
+    if (!shown) continue;
+    const Unit& unit = RecordAccess::unit(symbol);
+    const auto found = std::lower_bound(units.begin(), units.end(), unit);
+    if (found == units.end() || *found != unit) continue;  // only in a host's own engine
+    texts.emplace_back(found - units.begin(), RecordAccess::text(*shown));
+  }
+  std::sort(texts.begin(), texts.end());
+  return texts;
+}
+
+}  // namespace
+
+std::vector<NamedUnit> readNames(const UnitsEngine& engine) {
+  std::vector<Unit> units;
+  for (const auto& [typeId, unit] : engine.getUnits()) units.push_back(unit);
+
+  std::vector<NamedUnit> names;
+  const auto add = [&](std::size_t unit, NameKind kind, std::string_view text) {
+    if (!text.empty()) names.push_back({units[unit], unit, kind, std::string(text)});
+  };
+  for (std::size_t i = 0; i < units.size(); ++i)
+    add(i, NameKind::TypeId, RecordAccess::typeId(units[i]));
+  for (std::size_t i = 0; i < units.size(); ++i)
+    add(i, NameKind::LocalId, localIdOf(RecordAccess::typeId(units[i])));
+  for (std::size_t i = 0; i < units.size(); ++i)
+    add(i, NameKind::Name, RecordAccess::name(units[i]));
+  for (const auto& [unit, text] : symbolTextsOf(engine, units))
+    add(unit, NameKind::SymbolText, text);
+  return names;
+}
+
+}  // namespace Units

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <TrelvonUnits/UnitNames.h>
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace Units {
+
+/// A text that names a unit, as it is read from an engine.
+struct NamedUnit {
+  Unit unit;
+  std::size_t order;  // of the unit, by type id
+  NameKind kind;
+  std::string text;
+};
+
+/// All texts that name units, except empty ones, in order of kind, then of unit. A text may be
+/// there twice for one unit.
+std::vector<NamedUnit> readNames(const UnitsEngine& engine);
+
+}  // namespace Units
