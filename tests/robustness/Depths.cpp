@@ -32,10 +32,8 @@ double secondsOf(const Shape& shape, int size) {
 
 int main(int count, char** arguments) {
   const int share = count > 1 ? std::atoi(arguments[1]) : 1;  // of the full size, one in so many
-  for (const Shape& shape : allShapes()) {
-    const bool isText = shape.kind == Shape::Formula || shape.kind == Shape::Text;
-    secondsOf(shape, (isText ? 1000000 : 100000) / share);
-  }
+  for (const Shape& shape : allShapes())
+    secondsOf(shape, (shape.isOneText ? 1000000 : 100000) / share);
   for (const Shape& shape : allShapes())
     if (shape.name.find("diamond") == 0 || shape.name.find("ladder") == 0)
       check(secondsOf(shape, 3000) < (isSlowBuild ? 10 : 1), shape.name, " takes too long");
