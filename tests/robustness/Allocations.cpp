@@ -51,7 +51,7 @@ struct Expectation {
     const std::string before = describe(*clean);
     result = outcome([&] { return operation.run(*clean); });
     after = built(*clean);
-    failed = operation.isBuild ? operation.dropped() : before;
+    failed = operation.isBuild ? describe(*operation.before()) : before;
     builtWithout = operation.isBuild ? "\n" + failed : built(*operation.start());
   }
 
@@ -70,7 +70,7 @@ bool tryOnce(const Operation& operation, const Expectation& expected, long index
   if (made.threw) {
     check(operation.leavesPending || describe(*engine) == expected.failed,
           where + ": the engine has changed");
-    if (repeats) operation.refill(*engine);
+    if (repeats && operation.isBuild) operation.addPending(*engine);
     if (repeats)
       check(outcome([&] { return operation.run(*engine); }) == expected.result,
             where + ": the repeat fails");
@@ -127,10 +127,10 @@ int main() {
   for (const char* name : {"bundle", "none"}) operations.push_back(files.bundle(name));
   for (const Operation& operation : operations) {
     const long count = failEach(operation);
-    check(count > 0 || operation.mayNeedNone, operation.name, " allocates nothing");
     report(count, " allocations: ", operation.name);
     total += count;
   }
+  check(total > 0, "nothing allocates");
   report(total, " allocations of ", operations.size(), " operations, each failed four times");
   return verdict();
 }
