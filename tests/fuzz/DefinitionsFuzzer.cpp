@@ -17,14 +17,13 @@ using Texts = std::vector<std::string>;
 
 constexpr std::size_t mostSchemas = 15;  // the plain walk is exponential
 
-/// Texts as they stand, one behind each NUL.
-std::vector<Texts> split(const std::string& bytes) {
+/// Texts as they stand. Two NULs, or as many texts as a batch may have, end a batch.
+std::vector<Texts> batchesOf(const std::string& bytes) {
   std::vector<Texts> batches(1);
-  for (std::size_t at = 0; at < bytes.size() && batches.size() < 4;) {
-    const std::size_t end = std::min(bytes.find('\0', at), bytes.size());
-    batches.back().push_back(bytes.substr(at, end - at));
-    if (end == at || batches.back().size() == mostSchemas) batches.emplace_back();
-    at = end + 1;
+  for (const std::string& text : split(bytes, '\0')) {
+    batches.back().push_back(text);
+    if (text.empty() || batches.back().size() == mostSchemas) batches.emplace_back();
+    if (batches.size() == 4) break;
   }
   return batches;
 }
@@ -99,7 +98,7 @@ class Builder {
 }  // namespace
 
 void fuzz(Random& random) {
-  const std::vector<Texts> batches = random.takes('#') ? make(random) : split(random.rest());
+  const std::vector<Texts> batches = random.takes('#') ? make(random) : batchesOf(random.rest());
   Builder builder;
   for (const Texts& batch : batches) builder.build(batch);
   builder.checkAll();

@@ -21,9 +21,11 @@ const std::string pieces[] = {
     "$",   "%",     "m/s", "m^2", "/m",       "s",    "-",
     "0x1", "inf",   "z1",  ".",   "\xC2\xB0", "\xFF", std::string(1, '\0')};
 
-const std::string symbolTexts[] = {"m",  "m/s", "m^2", "/m", "-",  "(",  "()", " ",       "ft  ",
-                                   "m ", "1",   "in",  "'",  "x",  "$",  "%",  "s",       "$-",
-                                   "+",  "e",   "m-m", "*",  ")m", "\t", "12", "\xC2\xB0"};
+const std::string symbolTexts[] = {
+    "m", "m/s",  "m^2", "/m", "-",        "(",    "()",
+    " ", "ft  ", "m ",  "1",  "in",       "'",    "x",
+    "$", "%",    "s",   "$-", "+",        "e",    "m-m",
+    "*", ")m",   "\t",  "12", "\xC2\xB0", "\xFF", std::string("m\0", 2)};
 
 void addSymbols(Random& random, Sample& sample) {
   for (std::size_t count = random.below(12); count > 0; --count) {
@@ -119,17 +121,6 @@ void checkEquivalents(Random& random) {
              ways[withNames] + " for " + ways[withTexts]);
 }
 
-/// The formula and the resolver's texts, with a ";" between them.
-std::vector<std::string> split(const std::string& bytes) {
-  std::vector<std::string> texts;
-  for (std::size_t at = 0; at <= bytes.size() && texts.size() < 8;) {
-    const std::size_t end = std::min(bytes.find(';', at), bytes.size());
-    texts.push_back(bytes.substr(at, end - at));
-    at = end + 1;
-  }
-  return texts;
-}
-
 }  // namespace
 
 void fuzz(Random& random) {
@@ -146,7 +137,8 @@ void fuzz(Random& random) {
     }
     return;
   }
-  std::vector<std::string> texts = split(random.rest());
+  // The formula, and behind each ";" a text of the resolver.
+  std::vector<std::string> texts = split(random.rest(), ';');
   const std::string formula = texts.front();
   texts.front() = "1 ft";
   checkFormula(formula, texts, sample);
