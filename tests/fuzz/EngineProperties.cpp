@@ -1,7 +1,6 @@
 #include "tests/fuzz/EngineProperties.h"
 
 #include "tests/fuzz/Fuzzer.h"
-#include "tests/fuzz/JsonShape.h"
 #include "tests/fuzz/ReferenceReduction.h"
 
 #include <string>

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,6 +35,15 @@ inline std::vector<std::string> split(const std::string& bytes, char separator) 
     at = end + 1;
   }
   return texts;
+}
+
+/// A JSON text without the characters of its numbers, within strings too: RapidJSON does not round the
+/// last digit of every number to the nearest double, so that a number which was written may read as
+/// its neighbor.
+inline std::string jsonShape(std::string text) {
+  const auto isOfNumber = [](char c) { return std::strchr("0123456789+-.eE", c) && c != '\0'; };
+  text.erase(std::remove_if(text.begin(), text.end(), isOfNumber), text.end());
+  return text;
 }
 
 /// A text in a heap block of exactly its size, so that a sanitizer sees every byte read beyond.

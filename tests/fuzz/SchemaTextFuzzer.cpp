@@ -4,7 +4,6 @@
 #include "json/ParseInPlace.h"
 #include "json/RapidJson.h"
 #include "tests/fuzz/Fuzzer.h"
-#include "tests/fuzz/JsonShape.h"
 #include "tests/unit/json/TextExceptions.h"
 
 #include <algorithm>

@@ -11,32 +11,39 @@ namespace {
 
 using Units::UnitsEngine;
 
-/// What can be blown up, and by how much it grows with the size: what is but a byte grows faster.
-const std::pair<const char*, int> dimensions[] = {{"name", 10},
-                                                  {"id", 3},
-                                                  {"colliding ids", 1},
-                                                  {"parents", 1},
-                                                  {"parent factors", 1},
-                                                  {"parents of a factor", 1},
-                                                  {"constants", 1},
-                                                  {"repeated listings", 1},
-                                                  {"listings", 1},
-                                                  {"symbols", 1},
-                                                  {"prefix symbols", 1},
-                                                  {"symbol text", 10},
-                                                  {"chain of units", 1},
-                                                  {"diamond of units", 1},
-                                                  {"ladder of units", 1},
-                                                  {"chain of factors", 1},
-                                                  {"diamond of factors", 1},
-                                                  {"ladder of factors", 1},
-                                                  {"sum", 1},
-                                                  {"nested sum", 1},
-                                                  {"product", 4},
-                                                  {"reversed product", 4},
-                                                  {"nested product", 4},
-                                                  {"calls in a product", 4},
-                                                  {"powers", 1}};
+/// What can be blown up.
+const char* const dimensions[] = {"name",
+                                  "id",
+                                  "colliding ids",
+                                  "parents",
+                                  "parent factors",
+                                  "parents of a factor",
+                                  "constants",
+                                  "repeated listings",
+                                  "listings",
+                                  "symbols",
+                                  "prefix symbols",
+                                  "symbol text",
+                                  "chain of units",
+                                  "diamond of units",
+                                  "ladder of units",
+                                  "chain of factors",
+                                  "diamond of factors",
+                                  "ladder of factors",
+                                  "sum",
+                                  "nested sum",
+                                  "product",
+                                  "reversed product",
+                                  "nested product",
+                                  "calls in a product",
+                                  "powers"};
+
+/// By how much it grows with the size: what is but a byte or a few grows faster.
+int stepOf(const std::string& dimension) {
+  static const std::map<std::string, int> steps = {{"name", 10}, {"symbol text", 10}, {"id", 3}};
+  if (dimension.find("product") != std::string::npos) return 4;
+  return steps.count(dimension) != 0 ? steps.at(dimension) : 1;
+}
 
 using Sizes = std::map<std::string, int>;
 
@@ -44,8 +51,8 @@ using Sizes = std::map<std::string, int>;
 Sizes blownUp(std::size_t a, std::size_t b, int size) {
   Random random(a * std::size(dimensions) + b);
   Sizes sizes;
-  for (const auto& [name, step] : dimensions) sizes[name] = random.between(1, 3);
-  for (const auto& [name, step] : {dimensions[a], dimensions[b]}) sizes[name] = step * size;
+  for (const char* name : dimensions) sizes[name] = random.between(1, 3);
+  for (const char* name : {dimensions[a], dimensions[b]}) sizes[name] = stepOf(name) * size;
   // Their texts together are as long as the square.
   int& prefixes = sizes["prefix symbols"];
   prefixes = static_cast<int>(std::sqrt(2.0 * prefixes));
@@ -309,8 +316,8 @@ std::vector<Proportion> proportions() {
   std::vector<Proportion> all;
   for (std::size_t a = 0; a < std::size(dimensions); ++a)
     for (std::size_t b = a; b < std::size(dimensions); ++b) {
-      const std::string first = dimensions[a].first;
-      all.push_back({a == b ? first : first + " x " + dimensions[b].first, false,
+      const std::string first = dimensions[a];
+      all.push_back({a == b ? first : first + " x " + dimensions[b], false,
                      [=](int size, UnitsEngine& e) { return worksOf(blownUp(a, b, size), e); }});
     }
   return all;
