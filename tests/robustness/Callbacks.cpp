@@ -85,33 +85,21 @@ struct Turn {
   }
 };
 
-/// In inches. The resolver gives 2 for x and 5 for what is no symbol yet.
-std::string expected(int k, bool addsSymbol) {
-  int call = 0;
-  const auto x = [&] { return ++call, 2.0; };
-  const auto zz = [&] { return addsSymbol && call >= k ? 12.0 : (++call, 5.0); };
-  double sum = x();
-  sum += zz();
-  const double inner = zz();
-  sum += 2 * (inner + x());
-  // After a parenthesis an unknown symbol has no operator before it: no formula.
-  if (!addsSymbol || call < k) return "ParseException: Unable to parse expression.";
-  sum += 12.0;
-  sum += x();
-  return written(sum + zz());
-}
-
-/// Returns whether there was a k-th call.
+/// Returns whether there was a k-th call. The resolver gives 2 inches for x and 5 for what is no
+/// symbol yet: a symbol counts from the next token on.
 bool evaluateWith(Turn turn) {
+  const double sums[] = {2. + 12 + 2 * (12 + 2) + 12, 2. + 5 + 2 * (12 + 2) + 12,
+                         2. + 5 + 2 * (5 + 2) + 12, 2. + 5 + 2 * (5 + 2) + 12};
+  const bool isSymbol = turn.action.addsSymbol && turn.k <= 4;
+  const std::string expected = written(isSymbol ? sums[turn.k - 1] : 2. + 5 + 2 * (5 + 2) + 5);
   const Engine engine = sampleEngine();
   const auto resolver = [&](const std::string& name) {
     turn.take(*engine);
     return name == "x" ? "2 in" : "5 in";
   };
-  const std::string result = outcomeOrFault([&] {
-    return engine->evaluateExpressionInUnit("inch", "x+1 zz+2*(1 zz+x)+(1) zz+x+1 zz", resolver);
-  });
-  turn.check(result, expected(turn.k, turn.action.addsSymbol), *engine);
+  const std::string result = outcomeOrFault(
+      [&] { return engine->evaluateExpressionInUnit("inch", "x+1 zz+2*(1 zz+x)+1 zz", resolver); });
+  turn.check(result, expected, *engine);
   return turn.isReached();
 }
 
