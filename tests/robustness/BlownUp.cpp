@@ -25,10 +25,10 @@ const char* const dimensions[] = {"name",
                                   "prefix symbols",
                                   "symbol text",
                                   "chain of units",
-                                  "diamond of units",
+
                                   "ladder of units",
                                   "chain of factors",
-                                  "diamond of factors",
+
                                   "ladder of factors",
                                   "sum",
                                   "nested sum",
@@ -87,15 +87,7 @@ struct Tree {
     for (int made = 0; made < size; ++made) add({{last, 1}});
   }
 
-  /// Every third has two parents, which share theirs: twice as many paths at each.
-  void addDiamond(int size) {
-    for (int made = 0; made + 3 <= size; made += 3) {
-      const std::string below = last, left = add({{below, 1}}), right = add({{below, 1}});
-      add({{left, 2}, {right, -1}});
-    }
-  }
-
-  /// Two at each level, both over both of the level below.
+  /// Two at each level, both over both of the level below: twice as many paths at each.
   void addLadder(int size) {
     const std::string below = last;
     std::string left = add({{below, 1}}), right = add({{below, 1}});
@@ -192,7 +184,6 @@ class Subject {
   Tree treeOver(const std::string& word, const std::string& below, const std::string& kind) const {
     Tree tree{word, below};
     tree.addChain(at("chain of " + kind));
-    tree.addDiamond(at("diamond of " + kind));
     tree.addLadder(at("ladder of " + kind));
     return tree;
   }
