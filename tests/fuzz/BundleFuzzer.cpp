@@ -22,19 +22,14 @@ struct HostFault : std::logic_error {
   HostFault() : std::logic_error("fault") {}
 };
 
+/// Cuts it, or has something else in the place of a few bytes, often of the header.
 void damage(Random& random, std::string& bytes) {
   const std::size_t most = random.oneIn(2) ? header.size() + 1 : bytes.size() + 1;
   const std::size_t at = std::min(random.below(most), bytes.size());
-  switch (random.below(4)) {
-    case 0:
-      return bytes.resize(at);
-    case 1:
-      return void(bytes.insert(at, 1, static_cast<char>(random.below(256))));
-    case 2:
-      return void(bytes.erase(at, 1 + random.below(4)));
-    default:
-      bytes.insert(at, header);
-  }
+  if (random.oneIn(4)) return bytes.resize(at);
+  const std::size_t length = random.below(5);
+  const std::string byte(1, static_cast<char>(random.below(256)));
+  bytes.replace(at, length, random.oneOf(std::vector<std::string>{"", byte, byte, header}));
 }
 
 Bundle makeBundle(Random& random, Units::RandomDefinitions& definitions) {
