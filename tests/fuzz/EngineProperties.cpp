@@ -34,7 +34,8 @@ void checkConversions(const UnitsEngineImpl& engine) {
     const auto convertible = engine.getConvertibleUnits(from);
     for (const auto& [to, other] : units) {
       const bool can = engine.canConvert(from, to);
-      const std::string converted = outcome([&] { return engine.convert(2.5, from, to); });
+      const std::string converted =
+          outcome([&, a = from, b = to] { return engine.convert(2.5, a, b); });
       check(can == !isRefusal(converted), "convert ", from, " to ", to);
       check(can == (convertible.count(to) != 0), "convertible ", from, " to ", to);
       check(can == engine.canConvert(to, from), "back from ", to, " to ", from);
