@@ -45,8 +45,8 @@ void checkConversions(const UnitsEngineImpl& engine) {
 
 void checkDefinitions(const UnitsEngineImpl& engine) {
   const std::string all = validated([&] { return describe(engine); });
-  // A number that JSON cannot hold, or what may be read otherwise: schema strings end at their first
-  // NUL, and a number at the edge may be read as too big.
+  // Not a number that JSON cannot hold, nor what may be read otherwise: schema strings end at their
+  // first NUL, and a number at the edge may be read as too big.
   if (isRefusal(all) || all.find("\\u0000") != std::string::npos ||
       all.find("e308") != std::string::npos)
     return;

@@ -1,5 +1,5 @@
-/// Folders of any files, made on disk: exactly the schema files below subfolders are read, each up to
-/// its first NUL, and an engine survives what they hold.
+/// Folders of any files, made on disk: exactly the schema files below subfolders are read, each up
+/// to its first NUL, and an engine survives what they hold.
 #include "tests/fuzz/Fuzzer.h"
 #include "tests/support/FolderTree.h"
 #include "tests/support/HostEngine.h"
@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Makes the files. Returns the texts that must be read; in which order is the file system's affair.
+/// Makes the files. Returns the texts that must be read, in an order that the file system decides.
 std::multiset<std::string> fill(const FolderTree& tree, Random& random) {
   static const char* const folders[] = {"", "a/", "a/", "b.json/", "a/c/", ".d/"};
   static const char* const names[] = {"1.json", "2.json", "3.JSON",  ".json",

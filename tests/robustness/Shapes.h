@@ -33,8 +33,8 @@ struct Form {
 using Shape = Form<Work>;
 using Proportion = Form<std::vector<std::pair<std::string, Work>>>;
 
-/// Small definitions with formulas, of which one or two dimensions are blown up, such as the parents
-/// of a unit and their factors: every dimension alone, and every pair.
+/// Small definitions with formulas, of which one or two dimensions are blown up, such as the
+/// parents of a unit and their factors: every dimension alone, and every pair.
 std::vector<Proportion> proportions();
 
 /// Each work of each proportion as a shape of its own.
