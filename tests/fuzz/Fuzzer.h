@@ -38,8 +38,8 @@ inline std::vector<std::string> split(const std::string& bytes, char separator) 
 }
 
 /// A JSON text without the characters of its numbers, within strings too: RapidJSON does not round
-/// the last digit of every number to the nearest double, so that a number which was written may read
-/// as its neighbor.
+/// the last digit of every number to the nearest double, so that a number which was written may
+/// read as its neighbor.
 inline std::string jsonShape(std::string text) {
   const auto isOfNumber = [](char c) { return std::strchr("0123456789+-.eE", c) && c != '\0'; };
   text.erase(std::remove_if(text.begin(), text.end(), isOfNumber), text.end());
