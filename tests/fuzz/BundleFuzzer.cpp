@@ -1,14 +1,12 @@
 /// Bundles of any bytes, whole and damaged, from buffers and from files, one after the other on one
 /// engine: each has the result of adding its texts one by one, and a damaged one has none.
-#include "schema/Definitions.h"
 #include "tests/fuzz/Fuzzer.h"
-#include "tests/fuzz/StoredIds.h"
 #include "tests/support/FolderTree.h"
 #include "tests/support/HostEngine.h"
 #include "tests/support/RandomDefinitions.h"
+#include "tests/support/Sample.h"
 
 #include <limits>
-#include <optional>
 
 namespace {
 
@@ -24,19 +22,14 @@ struct HostFault : std::logic_error {
   HostFault() : std::logic_error("fault") {}
 };
 
+/// Cuts it, or has something else in the place of a few bytes, often of the header.
 void damage(Random& random, std::string& bytes) {
   const std::size_t most = random.oneIn(2) ? header.size() + 1 : bytes.size() + 1;
   const std::size_t at = std::min(random.below(most), bytes.size());
-  switch (random.below(4)) {
-    case 0:
-      return bytes.resize(at);
-    case 1:
-      return void(bytes.insert(at, 1, static_cast<char>(random.below(256))));
-    case 2:
-      return void(bytes.erase(at, 1 + random.below(4)));
-    default:
-      bytes.insert(at, header);
-  }
+  if (random.oneIn(4)) return bytes.resize(at);
+  const std::size_t length = random.below(5);
+  const std::string byte(1, static_cast<char>(random.below(256)));
+  bytes.replace(at, length, random.oneOf(std::vector<std::string>{"", byte, byte, header}));
 }
 
 Bundle makeBundle(Random& random, Units::RandomDefinitions& definitions) {
@@ -52,104 +45,50 @@ Bundle makeBundle(Random& random, Units::RandomDefinitions& definitions) {
   return made;
 }
 
-/// The texts of a bundle, byte by byte; nothing where it is none.
-std::optional<std::vector<std::string>> split(const std::string& bytes) {
-  if (bytes.compare(0, header.size(), header) != 0) return std::nullopt;
-  std::vector<std::string> texts(1);
-  for (std::size_t at = header.size(); at < bytes.size(); ++at) {
-    if (bytes[at] == '\0')
-      texts.emplace_back();
-    else
-      texts.back() += bytes[at];
-  }
-  if (!texts.back().empty()) return std::nullopt;
-  texts.pop_back();
-  return texts;
+/// What one load says, how often it asks the engine, and what it leaves. The host's fault comes at
+/// the text of that number.
+template <class Load>
+std::string loaded(const Bundle& bundle, Units::HostEngine& engine, const Load& load) {
+  std::size_t calls = 0;
+  engine.onCall = [&](int) {
+    if (calls++ == bundle.faultAt) throw HostFault();
+  };
+  const std::string said = outcome([&] { load(bundle.bytes, engine); });
+  return said + std::to_string(calls) + outcome([&] { return describe(*engine.inner); });
 }
 
-/// An engine as loaders see it, over registries that can be looked into.
-class Host : public Units::RecordingEngine {
- public:
-  Units::Registries registries;
-
-  Host() {
-    onDefinition = [this] {
-      if (texts.size() - 1 == faultAt_) throw HostFault();
-      Units::addDefinition(texts.back(), registries);
-    };
-    onBuild = [this] { Units::buildSchemas(registries); };
-  }
-
-  /// What one load says, and what it leaves. A fault comes at the text of that number.
-  template <class Load>
-  std::string load(const Bundle& bundle, const Load& load) {
-    texts.clear();
-    builds = 0;
-    faultAt_ = bundle.faultAt;
-    std::string all = outcome([&] { load(bundle.bytes); }) + std::to_string(builds) + " builds\n";
-    for (const std::string& text : texts) all += text + '\n';
-    const auto& pending = registries.pendingTypeIds;
-    return all + written(storedIds(registries)) +
-           written(std::set<std::string>(pending.begin(), pending.end())) +
-           pendingOf(registries.dimensions) + pendingOf(registries.factors) +
-           pendingOf(registries.units) + pendingOf(registries.symbols) +
-           pendingOf(registries.quantities);
-  }
-
-  std::string records() const {
-    std::string all;
-    for (const std::string& typeId : storedIds(registries))
-      all += definitionOf(typeId, registries) + written(Units::getDependencies(typeId, registries));
-    return all;
-  }
-
- private:
-  template <class Kind>
-  static std::string pendingOf(const Kind& kind) {
-    return '\n' + written(kind.pending);
-  }
-
-  std::size_t faultAt_ = 0;
-};
-
-/// What the contract says.
-void addOneByOne(const std::string& bytes, Host& host) {
-  const auto texts = split(bytes);
-  if (!texts) throw std::logic_error("not a schema bundle");
-  for (const std::string& text : *texts) try {
-      host.addDefinition(text);
+/// What the contract says. A NUL ends each text.
+void addOneByOne(const std::string& bytes, Units::UnitsEngine& engine) {
+  const bool isBundle = bytes.compare(0, header.size(), header) == 0;
+  std::vector<std::string> texts = split(isBundle ? bytes.substr(header.size()) : "x", '\0');
+  if (!texts.back().empty()) throw std::logic_error("not a schema bundle");
+  texts.pop_back();
+  for (const std::string& text : texts) try {
+      engine.addDefinition(text);
     } catch (const Units::ValidationException&) {
     }
-  host.buildSchemas();
+  engine.buildSchemas();
 }
 
 /// The same sequence of bundles on an engine of each.
 class Loads {
  public:
   void load(const Bundle& bundle) {
-    const std::string expected =
-        byTexts_.load(bundle, [&](const std::string& bytes) { addOneByOne(bytes, byTexts_); });
-    const auto buffer = byBuffer_.load(bundle, [&](const std::string& bytes) {
-      Schemas::SchemaBundle::addDefinitionsFromBuffer(ExactText(bytes), byBuffer_);
+    const std::string expected = loaded(bundle, byTexts_, addOneByOne);
+    const auto buffer = loaded(bundle, byBuffer_, [](const std::string& bytes, auto& engine) {
+      Schemas::SchemaBundle::addDefinitionsFromBuffer(ExactText(bytes), engine);
     });
-    const auto file = byFile_.load(bundle, [&](const std::string& bytes) {
+    const auto file = loaded(bundle, byFile_, [](const std::string& bytes, auto& engine) {
       static const FolderTree folder;
       folder.write("bundle", bytes);
-      Schemas::SchemaBundle::addDefinitionsFromFile(folder.path("bundle"), byFile_);
+      Schemas::SchemaBundle::addDefinitionsFromFile(folder.path("bundle"), engine);
     });
     checkEqual(buffer, expected, "a buffer");
     checkEqual(file, expected, "a file");
   }
 
-  /// Builds what is still pending.
-  void finish() {
-    load(Bundle{header});
-    checkEqual(byBuffer_.records(), byTexts_.records(), "records from a buffer");
-    checkEqual(byFile_.records(), byTexts_.records(), "records from a file");
-  }
-
  private:
-  Host byTexts_, byBuffer_, byFile_;
+  Units::HostEngine byTexts_, byBuffer_, byFile_;
 };
 
 }  // namespace
@@ -164,5 +103,5 @@ void fuzz(Random& random) {
     loads.load(bundle);
     loads.load(bundle);  // all of its type ids are taken
   }
-  loads.finish();
+  loads.load(Bundle{header});  // builds what is still pending
 }

@@ -1,30 +1,25 @@
-/// Batches of schemas, built and asked for. What a build says or stores is what a plain walk over
-/// the batch says, whatever the order of adding; what it stores is consistent.
-#include "engine/UnitsEngineImpl.h"
-#include "schema/Definitions.h"
+/// Batches of schemas, built and asked for. What a build says or stores is the same whatever the
+/// order of adding; what it refuses leaves nothing behind, and what it stores is consistent.
 #include "tests/fuzz/EngineProperties.h"
 #include "tests/fuzz/Fuzzer.h"
-#include "tests/fuzz/ReferenceBuild.h"
-#include "tests/fuzz/StoredIds.h"
 #include "tests/support/RandomDefinitions.h"
+#include "tests/support/Sample.h"
 
 #include <vector>
 
 namespace {
 
-using Units::Registries;
 using Texts = std::vector<std::string>;
 
-constexpr std::size_t mostSchemas = 15;  // the plain walk is exponential
+constexpr std::size_t mostSchemas = 15;  // so that many batches are sound
 
-/// Texts as they stand, one behind each NUL.
-std::vector<Texts> split(const std::string& bytes) {
+/// Texts as they stand. Two NULs, or as many texts as a batch may have, end a batch.
+std::vector<Texts> batchesOf(const std::string& bytes) {
   std::vector<Texts> batches(1);
-  for (std::size_t at = 0; at < bytes.size() && batches.size() < 4;) {
-    const std::size_t end = std::min(bytes.find('\0', at), bytes.size());
-    batches.back().push_back(bytes.substr(at, end - at));
-    if (end == at || batches.back().size() == mostSchemas) batches.emplace_back();
-    at = end + 1;
+  for (const std::string& text : split(bytes, '\0')) {
+    batches.back().push_back(text);
+    if (text.empty() || batches.back().size() == mostSchemas) batches.emplace_back();
+    if (batches.size() == 4) break;
   }
   return batches;
 }
@@ -43,64 +38,40 @@ std::vector<Texts> make(Random& random) {
   return batches;
 }
 
-class Builder {
- public:
-  void build(const Texts& batch) {
-    const Texts accepted = add(batch);
-    for (auto text = accepted.rbegin(); text != accepted.rend(); ++text)
-      addDefinition(*text, backwards_);
+/// All that is stored, or why it has no text: a number at the edge is read as infinite.
+std::string described(const Units::UnitsEngine& engine) {
+  return validated([&] { return describe(engine); });
+}
 
-    const std::string expected = validated([&] { ReferenceBuild(forwards_).check(); });
-    std::set<std::string> ids = storedIds(forwards_);
-    if (expected.empty()) {
-      ids.insert(forwards_.pendingTypeIds.begin(), forwards_.pendingTypeIds.end());
-      stored_.insert(stored_.end(), accepted.begin(), accepted.end());
-    }
-    for (Registries* registries : {&forwards_, &backwards_}) {
-      checkEqual(validated([&] { buildSchemas(*registries); }), expected, "a build");
-      check(storedIds(*registries) == ids && registries->pendingTypeIds.empty(),
-            "what is registered after \"", expected, '"');
-    }
-  }
-
-  /// All that was built, at once.
-  void checkAll() const {
-    Units::UnitsEngineImpl engine;
-    for (const std::string& text : stored_) engine.addDefinition(text);
-    engine.buildSchemas();
-    for (const std::string& id : storedIds(forwards_)) {
-      const std::string definition = validated([&] { return engine.getDefinition(id); });
-      checkEqual(definition, definitionOf(id, forwards_), id);
-      checkEqual(definition, definitionOf(id, backwards_), id);
-      check(engine.getDependencies(id) == getDependencies(id, backwards_), id);
-    }
-    checkEngine(engine);
-  }
-
- private:
-  Texts add(const Texts& batch) {
-    Texts accepted;
-    for (const std::string& text : batch) {
-      const std::size_t pending = forwards_.pendingTypeIds.size();
-      const std::string refusal = validated([&] { addDefinition(text, forwards_); });
-      if (refusal.empty())
-        accepted.push_back(text);
-      else
-        check(forwards_.pendingTypeIds.size() == pending, "a refused schema leaves a trace");
-    }
-    return accepted;
-  }
-
-  Registries forwards_;
-  Registries backwards_;
-  Texts stored_;
-};
+/// Those that the engine takes.
+Texts add(const Texts& batch, Units::UnitsEngine& engine) {
+  Texts accepted;
+  for (const std::string& text : batch)
+    if (!isRefusal(validated([&] { return engine.addDefinition(text); }))) accepted.push_back(text);
+  return accepted;
+}
 
 }  // namespace
 
 void fuzz(Random& random) {
-  const std::vector<Texts> batches = random.takes('#') ? make(random) : split(random.rest());
-  Builder builder;
-  for (const Texts& batch : batches) builder.build(batch);
-  builder.checkAll();
+  const std::vector<Texts> batches = random.takes('#') ? make(random) : batchesOf(random.rest());
+  Units::UnitsEngineImpl forwards, backwards, atOnce;
+  Texts stored;
+  for (const Texts& batch : batches) {
+    const std::string before = described(forwards);
+    const Texts accepted = add(batch, forwards);
+    check(add({accepted.rbegin(), accepted.rend()}, backwards).size() == accepted.size(),
+          "a schema is taken in one order alone");
+    const std::string said = validated([&] { forwards.buildSchemas(); });
+    checkEqual(validated([&] { backwards.buildSchemas(); }), said, "a build backwards");
+    if (said.empty())
+      stored.insert(stored.end(), accepted.begin(), accepted.end());
+    else
+      checkEqual(described(forwards), before, said);
+    checkEqual(described(backwards), described(forwards), "what is stored backwards");
+  }
+  checkEqual(add(stored, atOnce).size(), stored.size(), "what is taken at once");
+  atOnce.buildSchemas();
+  checkEqual(described(atOnce), described(forwards), "what is stored at once");
+  checkEngine(atOnce);
 }

@@ -26,30 +26,31 @@ struct ReferenceReduction {
     return result;
   }
 
-  void reduce(const Unit& unit, double& factor, double& offset, PrimitivePowers& powers) {
-    factor = 1.0;
-    offset = 0.0;
-    powers.clear();
-    if (--stepsLeft < 0) return;
+  struct Reduced {
+    double factor = 1.0, offset = 0.0;
+    PrimitivePowers powers = {};
+  };
+
+  Reduced reduce(const Unit& unit) {
+    Reduced result;
+    if (--stepsLeft < 0) return result;
     if (const auto absolute = unit.getAbsoluteUnitComponent()) {
-      reduce(units.at(absolute->getParentUnit()), factor, offset, powers);
-      offset = absolute->getOffset();
+      result = reduce(units.at(absolute->getParentUnit()));
+      result.offset = absolute->getOffset();
     } else if (const auto derived = unit.getDerivedUnitComponent()) {
       std::map<std::string, std::int64_t> sums;
-      factor = factorOf(derived->getFactorComponent());
+      result.factor = factorOf(derived->getFactorComponent());
       for (const auto& [id, exponent] : derived->getParentUnitPowers()) {
-        double parentFactor = 0;
-        double none = 0;
-        PrimitivePowers parentPowers;
-        reduce(units.at(id), parentFactor, none, parentPowers);
-        factor = std::pow(parentFactor, static_cast<double>(exponent)) * factor;
-        for (const auto& [primitive, power] : parentPowers)
+        const Reduced parent = reduce(units.at(id));
+        result.factor = std::pow(parent.factor, static_cast<double>(exponent)) * result.factor;
+        for (const auto& [primitive, power] : parent.powers)
           if (power != 0) sums[primitive] += limited(std::int64_t{power} * exponent);
       }
-      for (const auto& [primitive, sum] : sums) powers[primitive] = limited(sum);
+      for (const auto& [primitive, sum] : sums) result.powers[primitive] = limited(sum);
     } else {
-      powers[unit.getTypeId()] = 1;
+      result.powers[unit.getTypeId()] = 1;
     }
+    return result;
   }
 
   static int limited(std::int64_t exponent) {

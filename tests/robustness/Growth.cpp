@@ -13,10 +13,8 @@ int main(int count, char** arguments) {
     for (const Shape& shape : count == 1 ? allShapes() : proportionShapes()) report(shape.name);
     return 0;
   }
-  const Shape* const shape = findShape(arguments[1]);
-  if (shape == nullptr) return report("No shape is called ", arguments[1]), 2;
   const Engine engine = sampleEngine();
-  const Work work = shape->prepare(std::atoi(arguments[2]), *engine);
+  const Work work = findShape(arguments[1]).prepare(std::atoi(arguments[2]), *engine);
   measured(work);
   report(work.bytes, " bytes");
 }

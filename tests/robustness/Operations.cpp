@@ -9,13 +9,6 @@ void addWaiting(UnitsEngine& engine) {
                                {powers("parentFactors", {{"gross", 1}})}));
 }
 
-/// With a definition that is still pending.
-Engine startEngine() {
-  Engine engine = sampleEngine();
-  addWaiting(*engine);
-  return engine;
-}
-
 template <class Function>
 Operation row(const std::string& name, const Function& function) {
   const auto run = [function](UnitsEngine& engine) {
@@ -24,7 +17,7 @@ Operation row(const std::string& name, const Function& function) {
     else
       return written(function(engine));
   };
-  return {name, run, startEngine};
+  return {name, run, sampleEngine, addWaiting};
 }
 
 std::string resolve(const std::string& name) {
@@ -34,61 +27,50 @@ std::string resolve(const std::string& name) {
 std::vector<Operation> numberOperations() {
   static const std::string feetAndInches = "x:feetAndInches-1", dollar = "dollar";
   std::vector<Operation> all = {
-      row("convert", [](auto& e) { return e.convert(2, "foot", "perInch"); }),
-      row("convert, refused", [](auto& e) { return e.convert(2, "foot", "celsius"); }),
       row("formatFixedPoint",
           [](auto& e) { return e.formatFixedPoint(-1e200, 12, &dollar, true); }),
       row("formatFixedPoint, refused",
           [](auto& e) { return e.formatFixedPoint(1, 13, &dollar, true); }),
-      row("formatFractional", [](auto& e) { return e.formatFractional(1e18, 9, &feetAndInches); }),
-      row("evaluateUnitlessExpression",
-          [](auto& e) { return e.evaluateUnitlessExpression("sqrt(2) * (3 ft / 1 in)"); }),
-      row("evaluateUnitlessExpression, refused",
-          [](auto& e) { return e.evaluateUnitlessExpression("1 + nothing"); }),
-      row("canConvert", [](auto& e) { return e.canConvert("area", "foot"); })};
-  all.back().mayNeedNone = true;
-  for (const auto& [from, to] :
-       {std::pair("foot", "perInch"), {"celsius", "celsius"}, {"foot", "celsius"}})
-    all.push_back(row(std::string("PreparedConversion to ") + to, [from = from, to = to](auto& e) {
-      return Units::PreparedConversion(e, from, to)(2);
-    }));
-  for (const char* text :
+      row("formatFractional", [](auto& e) { return e.formatFractional(1e18, 9, &feetAndInches); })};
+  for (const std::string to : {"foot", "inch", "perInch", "celsius"}) {
+    all.push_back(row("convert to " + to, [to](auto& e) { return e.convert(2, "foot", to); }));
+    all.push_back(row("canConvert to " + to, [to](auto& e) { return e.canConvert("foot", to); }));
+    all.push_back(row("PreparedConversion to " + to,
+                      [to](auto& e) { return Units::PreparedConversion(e, "foot", to)(2); }));
+  }
+  for (const std::string text :
        {"-(2) ft + abs(x) * 2 / pi() - sqrt($(4) * $4) / $(1) * 1 ft + (1) ft * 2^2", "((1+x",
-        "x + sin(1 ft)", "(((((((((((((((((1/0)))))))))))))))))"})
-    all.push_back(row(std::string("evaluateExpressionInUnit of ") + text, [text](auto& e) {
+        "x + sin(1 ft)", "(((((((((((((((((1/0)))))))))))))))))", "1 + nothing"}) {
+    all.push_back(row("evaluateExpressionInUnit of " + text, [text](auto& e) {
       return e.evaluateExpressionInUnit("foot", text, resolve);
     }));
+    all.push_back(row("evaluateUnitlessExpression of " + text, [text](auto& e) {
+      return e.evaluateUnitlessExpression("(" + text + ") / 1 ft");
+    }));
+  }
   return all;
-}
-
-template <class Record>
-Operation adding(const std::string& name, const Record& record,
-                 void (UnitsEngine::*operation)(Record)) {
-  return row(name, [=](auto& engine) { (engine.*operation)(record); });
 }
 
 std::vector<Operation> addingOperations() {
   const Units::PrefixOrSuffix shown("a text that is long enough", Units::Placement::Suffix, true);
-  const Units::Unit unit("new", "a name that is long enough to be allocated", Units::System::Metric,
-                         Units::DerivedUnitComponent({{"foot", 2}, {"inch", -1}},
-                                                     Units::FactorComponent(2.0, {{"gross", 1}})));
-  const Units::Unit foot("foot", "n", Units::System::Metric, Units::PrimitiveUnitComponent());
-  const Units::Factor factor("new", Units::FactorComponent(2, {{"gross", 1}, {"twelve", 3}}));
-  const Units::Quantity quantity("new", "n", {foot, foot});
-  return {adding("addDimension", Units::Dimension("new"), &UnitsEngine::addDimension),
-          adding("addFactor", factor, &UnitsEngine::addFactor),
-          adding("addUnit", unit, &UnitsEngine::addUnit),
-          adding("addSymbol", Units::Symbol("new", foot, shown), &UnitsEngine::addSymbol),
-          adding("addQuantity", quantity, &UnitsEngine::addQuantity),
-          adding("addQuantity, refused", Units::Quantity("new", "n", {unit}),
-                 &UnitsEngine::addQuantity)};
+  const Units::Unit unit = derivedUnit("new", {{"foot", 2}, {"inch", -1}}, {2.0, {{"gross", 1}}});
+  const Units::Unit foot = derivedUnit("foot", {});
+  const Units::FactorComponent component(2, {{"gross", 1}, {"twelve", 3}});
+  return {row("addDimension", [](auto& e) { e.addDimension(Units::Dimension("new")); }),
+          row("addFactor", [=](auto& e) { e.addFactor(Units::Factor("new", component)); }),
+          row("addUnit", [=](auto& e) { e.addUnit(unit); }),
+          row("addSymbol", [=](auto& e) { e.addSymbol(Units::Symbol("new", foot, shown)); }),
+          row("addQuantity",
+              [=](auto& e) {
+                e.addQuantity(Units::Quantity("new", "n", {foot, foot}));
+              }),
+          row("addQuantity, refused",
+              [=](auto& e) { e.addQuantity(Units::Quantity("new", "n", {unit})); })};
 }
 
 std::vector<Operation> definingOperations() {
   // Deep and long: the reader's stack and its pools grow.
-  std::string deep =
-      "{'typeid':'new','inherits':['vellamor.unit:factor-1.0.0'],'properties':["
-      "{'id':'p','value':";
+  std::string deep = "{'typeid':'new','inherits':['vellamor.unit:dimension-1.0.0'],'more':";
   for (int level = 0; level < 300; ++level) deep += "[{'c':";
   deep += "'" + std::string(100000, 'x') + "'";
   for (int level = 0; level < 300; ++level) deep += "}]";
@@ -96,12 +78,10 @@ std::vector<Operation> definingOperations() {
       {"a dimension", dimension("a new type id that is long enough")},
       {"a factor", factor("new", {"gross", "none"})},
       {"a symbol", composite("a new:feetAndInches-1", "none")},
-      {"deep properties", quoted(deep + "}]}")},
-      {"deep properties, refused", quoted(deep + "}]")},
+      {"deep properties", quoted(deep + "}")},
+      {"deep properties, refused", quoted(deep)},
       {"a unit", derived("new", {"foot", "inch"}, {"twelve"})},
-      {"a quantity",
-       schema("new", "quantity",
-              {value("name", "'\\u00e9'"), "{'id':'units','typedValue':[{'typeid':'foot'}]}"})},
+      {"a quantity", quantity("new", {"foot", "inch"})},
       {"a text that is refused", schema("new", "factor", {value("factor", "'x'")})},
       {"what is no JSON", "{\"typeid\": [[[[1.5e400"}};
   std::vector<Operation> all;
@@ -113,20 +93,16 @@ std::vector<Operation> definingOperations() {
 
 Operation building(const std::string& name, Engine (*before)(), void (*pending)(UnitsEngine&)) {
   Operation build = row(name, [](auto& engine) { engine.buildSchemas(); });
-  build.start = [=] {
-    Engine engine = before();
-    pending(*engine);
-    return engine;
-  };
+  build.before = before;
+  build.addPending = pending;
   build.isBuild = true;
-  build.dropped = [=] { return describe(*before()); };
-  build.refill = pending;
   return build;
 }
 
-void addRefused(UnitsEngine& engine) { engine.addDefinition(derived("new", {"new"})); }
-
 std::vector<Operation> buildingOperations() {
+  const auto addRefused = [](UnitsEngine& engine) {
+    engine.addDefinition(derived("new", {"new"}));
+  };
   std::vector<Operation> all = {building("buildSchemas of one", sampleEngine, addWaiting),
                                 building("buildSchemas of all", makeEngine, addSample),
                                 building("buildSchemas, refused", sampleEngine, addRefused)};
@@ -146,8 +122,8 @@ std::vector<Operation> buildingOperations() {
 }  // namespace
 
 Operation loading(const std::string& name, const std::function<void(UnitsEngine&)>& load) {
-  Operation operation = row(name, load);
-  operation.start = makeEngine;
+  Operation operation{name, [load](auto& engine) { return load(engine), std::string(); },
+                      makeEngine};
   operation.leavesPending = true;
   return operation;
 }
@@ -161,11 +137,7 @@ std::vector<Operation> readingOperations() {
                    e.getQuantity("height").getUnits().front().getName();
           }),
       row("get, refused", [](auto& e) { return e.getUnit("no such unit").getName(); }),
-      row("listings",
-          [](auto& e) {
-            return written(e.getDimensions()) + written(e.getFactors()) + written(e.getUnits()) +
-                   written(e.getSymbols()) + written(e.getQuantities());
-          }),
+      row("listings, definitions and dependencies", describe),
       row("queries",
           [](auto& e) {
             return written(e.getPrimitiveUnits()) +
@@ -174,14 +146,6 @@ std::vector<Operation> readingOperations() {
                    written(e.getUnitsWithPrimitivePowers({{"inch", 1}})) +
                    written(e.getSymbolsOfUnit("foot")) + written(e.getQuantitiesOfUnit("inch"));
           }),
-      row("getDefinition",
-          [](auto& e) {
-            std::string texts;
-            for (const auto& definition : sampleDefinitions())
-              texts += e.getDefinition(definition.first);
-            return texts;
-          }),
-      row("getDependencies", [](auto& e) { return e.getDependencies("height"); }),
       row("UnitNames",
           [](auto& e) {
             const Units::UnitNames names(e);

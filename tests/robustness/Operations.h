@@ -11,22 +11,19 @@ struct Operation {
   std::string name;
   std::function<std::string(Units::UnitsEngine&)> run;
 
-  /// The engine that it runs on.
-  std::function<Engine()> start;
+  /// The engine that it runs on, and what is then pending there.
+  Engine (*before)() = sampleEngine;
+  void (*addPending)(Units::UnitsEngine&) = [](Units::UnitsEngine&) {};
 
-  /// Where the operation drops what was pending when it fails: what is left, and how to add the
-  /// rest again.
-  bool isBuild = false;
-  std::function<std::string()> dropped = [] { return std::string(); };
-  std::function<void(Units::UnitsEngine&)> refill = [](Units::UnitsEngine&) {};
+  bool isBuild = false;        // drops what was pending when it fails
+  bool leavesPending = false;  // what it has read before it fails, as its contract says
+  bool startsPaused = false;   // no allocation fails before `heap::pause(false)`
 
-  /// What it has read before it fails stays pending, as its contract says.
-  bool leavesPending = false;
-
-  /// No allocation fails before `heap::pause(false)`.
-  bool startsPaused = false;
-
-  bool mayNeedNone = false;  // answers without an allocation
+  Engine start() const {
+    Engine engine = before();
+    addPending(*engine);
+    return engine;
+  }
 };
 
 /// A load into an empty engine.

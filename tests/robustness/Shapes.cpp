@@ -1,5 +1,7 @@
 #include "tests/robustness/Shapes.h"
 
+#include <stdexcept>
+
 const std::vector<Shape>& allShapes() {
   static const std::vector<Shape> all = [] {
     std::vector<Shape> shapes = formulaShapes();
@@ -10,25 +12,24 @@ const std::vector<Shape>& allShapes() {
   return all;
 }
 
-const Shape* findShape(const std::string& name) {
-  static const std::vector<Shape> proportions = proportionShapes();
-  for (const std::vector<Shape>* shapes : {&allShapes(), &proportions})
+const Shape& findShape(const std::string& name) {
+  for (const auto* shapes : {&proportionShapes(), &allShapes()})
     for (const Shape& shape : *shapes)
-      if (shape.name == name) return &shape;
-  return nullptr;
+      if (shape.name == name) return shape;
+  throw std::logic_error("No shape is called " + name);
 }
 
-Work bundleLoad(const std::string& bundle, Units::UnitsEngine& engine) {
-  Work work;
-  work.bytes = bundle.size();
-  work.run = [=, &engine] { Schemas::SchemaBundle::addDefinitionsFromBuffer(bundle, engine); };
-  return work;
+Work bundleLoad(const std::vector<std::string>& texts, Units::UnitsEngine& engine) {
+  const std::string bundle = bundleOf(texts);
+  const auto load = [=, &engine] {
+    Schemas::SchemaBundle::addDefinitionsFromBuffer(bundle, engine);
+  };
+  return {load, bundle.size()};
 }
 
 Work evaluation(const std::string& unit, const std::string& formula, Units::UnitsEngine& engine,
                 const Units::VariableResolver& resolver) {
-  Work work;
-  work.bytes = formula.size();
+  Work work{{}, formula.size(), true};
   const auto counted = [resolver, substituted = work.substituted](const std::string& name) {
     std::string text = resolver(name);
     *substituted += text.size();
@@ -51,8 +52,12 @@ Work batch(const std::vector<std::string>& texts, Units::UnitsEngine& engine) {
 }
 
 std::string repeated(const std::string& text, int count) {
+  const std::size_t place = text.find('%');
   std::string all;
   all.reserve(text.size() * static_cast<std::size_t>(count));
-  for (int made = 0; made < count; ++made) all += text;
+  for (int made = 0; made < count; ++made) {
+    all.append(text, 0, place);
+    if (place != std::string::npos) all.append(std::to_string(made)).append(text, place + 1);
+  }
   return all;
 }

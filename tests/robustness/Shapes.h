@@ -8,60 +8,53 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
-/// What a shape does with an engine, once all that it needs is prepared.
+/// What is done with an engine, once all that it needs is prepared.
 struct Work {
   std::function<void()> run;
   std::size_t bytes = 0;  // of the texts that go in
+  bool isFormula = false;
 
   /// Bytes of the texts that replaced identifiers, once it has run.
   std::shared_ptr<std::size_t> substituted = std::make_shared<std::size_t>(0);
 };
 
-struct Shape {
+/// `Prepared` is a `Work`, or several with their names: the first builds what the others use.
+///
+/// `prepare` takes how often the form repeats itself, and an engine that must outlive the work.
+template <class Prepared>
+struct Form {
   std::string name;
-  enum Kind {
-    Formula,
-    Text,
-    Definitions,
-    UnitFormula,  // over definitions as many as it has parts
-  } kind;
-
-  /// @param size    how often the form repeats itself.
-  /// @param engine  a sample engine. It must outlive the work.
-  std::function<Work(int size, Units::UnitsEngine& engine)> prepare;
+  bool isOneText;  // a formula or a schema text over the sample, and no definitions of its own
+  std::function<Prepared(int size, Units::UnitsEngine& engine)> prepare;
 };
+using Shape = Form<Work>;
+using Proportion = Form<std::vector<std::pair<std::string, Work>>>;
 
-/// All but `proportionShapes`.
-const std::vector<Shape>& allShapes();
-const Shape* findShape(const std::string& name);
+/// Small definitions with formulas, of which one or two dimensions are blown up, such as the
+/// parents of a unit and their factors: every dimension alone, and every pair.
+std::vector<Proportion> proportions();
+
+/// Each work of each proportion as a shape of its own.
+const std::vector<Shape>& proportionShapes();
 
 std::vector<Shape> formulaShapes();
 std::vector<Shape> textShapes();
+
+/// Those of the proportions that have cost too much before, and what no proportion has.
 std::vector<Shape> definitionShapes();
 
-struct NamedWork {
-  std::string name;
-  Shape::Kind kind;
-  Work work;
-};
+/// The three above.
+const std::vector<Shape>& allShapes();
 
-/// A small set of definitions with formulas, of which one or two dimensions are blown up, such as
-/// the parents of a unit and their factors.
-struct Proportion {
-  std::string name;
+/// Any of the shapes.
+/// @throws std::logic_error  there is none of that name.
+const Shape& findShape(const std::string& name);
 
-  /// What is done with them, on one engine and in this order: the first builds them.
-  std::function<std::vector<NamedWork>(int size, Units::UnitsEngine& engine)> prepare;
-};
-
-/// Every dimension alone, and every pair.
-std::vector<Proportion> proportions();
-std::vector<Shape> proportionShapes();
-
-/// The loading of a bundle.
-Work bundleLoad(const std::string& bundle, Units::UnitsEngine& engine);
+/// The loading of a bundle of these texts.
+Work bundleLoad(const std::vector<std::string>& texts, Units::UnitsEngine& engine);
 
 /// The evaluation of a formula in a unit.
 Work evaluation(const std::string& unit, const std::string& formula, Units::UnitsEngine& engine,
@@ -70,4 +63,19 @@ Work evaluation(const std::string& unit, const std::string& formula, Units::Unit
 /// The schema texts in this order, and the build.
 Work batch(const std::vector<std::string>& texts, Units::UnitsEngine& engine);
 
+/// In the place of a % stands how many times the text was there before.
 std::string repeated(const std::string& text, int count);
+
+/// A text of which two parts are repeated.
+struct Row {
+  const char* name;
+  const char* before;
+  const char* middle;
+  const char* after;
+  const char* head = "";
+  const char* tail = "";
+
+  std::string text(int size) const {
+    return head + repeated(before, size) + middle + repeated(after, size) + tail;
+  }
+};

@@ -2,36 +2,45 @@
 
 namespace {
 
-/// A schema text or what looks like one: a list of `size` items, with commas between, or what is
-/// repeated in front and behind.
-struct Row {
-  const char* name;
-  const char* head;
-  const char* before;
-  const char* middle;
-  const char* after;
-  const char* tail;
+/// A schema text of that kind or what looks like one, from behind what it inherits.
+struct TextRow {
+  const char* kind;
+  Row row;
 };
 
-constexpr const char* dimensionHead =
-    "{'typeid':'new','inherits':['vellamor.unit:dimension-1.0.0'],";
-
-const Row rows[] = {
-    {"arrays in a property", "'properties':[{'id':'p','value':", "[", "1", "]", "}]}"},
-    {"objects in a property", "'properties':[{'id':'p','value':", "{'a':", "1", "}", "}]}"},
-    {"arrays left open", "'properties':[{'id':'p','value':", "[", "1", "", ""},
-    {"objects left open", "'properties':[{'id':'p','value':", "{'a':", "1", "", ""},
-    {"a wide array", "'properties':[{'id':'p','value':[", "1,", "1", "", "]}]}"},
-    {"a wide array of arrays", "'properties':[{'id':'p','value':[", "[],", "1", "", "]}]}"},
-    {"a wide object", "'properties':[{'id':'p','value':{", "'a':1,", "'b':1", "", "}}]}"},
-    {"members that nobody reads", "", "'more':[],", "'a':1", "", "}"},
-    {"numbers with exponents", "'more':[", "1e-400,", "1", "", "]}"},
-    {"long exponents", "'more':[", "1e-2147483649,", "1", "", "]}"},
-    {"digits of a number", "'more':1", "1", ".5", "", "}"},
-    {"zeros of an exponent", "'more':1e", "0", "1", "", "}"},
-    {"escapes in a string", "'more':'", "\\u00e9\\n", "", "", "'}"},
-    {"spaces in a text", "", " ", "'more':1", " ", "}"},
-    {"a long id", "'more':{'", "i", "d", "", "':1}}"},
+const TextRow rows[] = {
+    {"dimension",
+     {"arrays in a property", "[", "1", "]", "'properties':[{'id':'p','value':", "}]}"}},
+    {"dimension",
+     {"objects in a property", "{'a':", "1", "}", "'properties':[{'id':'p','value':", "}]}"}},
+    {"dimension", {"arrays left open", "[", "1", "", "'more':"}},
+    {"dimension", {"objects left open", "{'a':", "1", "", "'more':"}},
+    {"dimension", {"a wide array", "1,", "1", "", "'more':[", "]}"}},
+    {"dimension", {"a wide array of arrays", "[],", "1", "", "'more':[", "]}"}},
+    {"dimension", {"a wide object", "'a':1,", "'b':1", "", "'more':{", "}}"}},
+    {"dimension", {"members that nobody reads", "'more':[],", "'a':1", "", "", "}"}},
+    {"dimension", {"numbers with exponents", "1e-400,", "1", "", "'more':[", "]}"}},
+    {"dimension", {"long exponents", "1e-2147483649,", "1", "", "'more':[", "]}"}},
+    {"dimension", {"digits of a number", "1", ".5", "", "'more':1", "}"}},
+    {"dimension", {"zeros of an exponent", "0", "1", "", "'more':1e", "}"}},
+    {"dimension", {"escapes in a string", "\\u00e9\\n", "", "", "'more':'", "'}"}},
+    {"dimension", {"spaces in a text", " ", "'more':1", " ", "", "}"}},
+    {"dimension", {"a long id", "i", "d", "", "'more':{'", "':1}}"}},
+    {"factor.derived",
+     {"parents of a factor, unknown", "'%':1,", "'twelve':1", "",
+      "'constants':[{'id':'parentFactors','value':{", "}}]}"}},
+    {"unit.derived",
+     {"parents of a unit, unknown", "'%':1,", "'foot':1", "",
+      "'constants':[{'id':'name','value':'n'},{'id':'unitSystem','value':'Metric'},{'id':'"
+      "parentUnits','value':{",
+      "}}]}"}},
+    {"quantity",
+     {"units of a quantity, unknown", "{'typeid':'%'},", "{'typeid':'foot'}", "",
+      "'constants':[{'id':'name','value':'n'},{'id':'units','typedValue':[", "]}]}"}},
+    {"factor",
+     {"constants", "{'id':'c%','value':1},", "{'id':'factor','value':2}", "", "'constants':[",
+      "]}"}},
+    {"factor", {"constants without end", "{'id':'c%','value':1},", "{", "", "'constants':[", "]}"}},
 };
 
 Work addition(const std::string& text, Units::UnitsEngine& engine) {
@@ -42,71 +51,23 @@ Work addition(const std::string& text, Units::UnitsEngine& engine) {
   return work;
 }
 
-/// Definitions whose constants are `size` items long, each with its number in it for the %.
-struct Numbered {
-  const char* name;
-  const char* kind;
-  const char* constants;  // before the items
-  const char* item;
-  const char* end;
-};
-
-constexpr Numbered numbered[] = {
-    {"parents of a factor, unknown", "factor.derived", "{'id':'parentFactors','value':{", "'%':1,",
-     "'twelve':1}}"},
-    {"parents of a unit, unknown", "unit.derived",
-     "{'id':'name','value':'n'},{'id':'unitSystem','value':'Metric'},"
-     "{'id':'parentUnits','value':{",
-     "'%':1,", "'foot':1}}"},
-    {"units of a quantity, repeated", "quantity",
-     "{'id':'name','value':'n'},{'id':'units','typedValue':[", "{'typeid':'foot'},",
-     "{'typeid':'foot'}]}"},
-    {"units of a quantity, unknown", "quantity",
-     "{'id':'name','value':'n'},{'id':'units','typedValue':[", "{'typeid':'%'},",
-     "{'typeid':'foot'}]}"},
-    {"constants", "factor", "", "{'id':'c%','value':1},", "{'id':'factor','value':2}"},
-    {"constants without end", "factor", "", "{'id':'c%','value':1},", "{"},
-};
-
-std::string itemsOf(const Numbered& row, int size) {
-  std::string all;
-  const std::string item = row.item;
-  const std::size_t place = item.find('%');
-  for (int number = 0; number < size; ++number)
-    all += place == std::string::npos
-               ? item
-               : item.substr(0, place) + std::to_string(number) + item.substr(place + 1);
-  return all;
-}
-
 }  // namespace
 
 std::vector<Shape> textShapes() {
-  std::vector<Shape> shapes;
-  const auto add = [&](const char* name, auto textOf) {
-    shapes.push_back({name, Shape::Text, [textOf](int size, Units::UnitsEngine& engine) {
-                        return addition(textOf(size), engine);
+  using Texts = std::vector<std::string>;
+  std::vector<Shape> shapes = {
+      {"unclosed at the start", true,
+       [](int size, auto& e) { return addition(repeated("[", size), e); }},
+      {"empty texts in a bundle", true,
+       [](int size, auto& e) { return bundleLoad(Texts(static_cast<std::size_t>(size)), e); }},
+      {"a long text in a bundle", true,
+       [](int size, auto& e) { return bundleLoad({repeated(" ", size)}, e); }}};
+  for (const auto& [kind, row] : rows) {
+    const std::string start =
+        "{'typeid':'new','inherits':['vellamor.unit:" + std::string(kind) + "-1.0.0'],";
+    shapes.push_back({row.name, true, [start, row = row](int size, auto& engine) {
+                        return addition(quoted(start + row.text(size)), engine);
                       }});
-  };
-  for (const Row& row : rows)
-    add(row.name, [&row](int size) {
-      return quoted(dimensionHead + std::string(row.head) + repeated(row.before, size) +
-                    row.middle + repeated(row.after, size) + row.tail);
-    });
-  for (const Numbered& row : numbered)
-    add(row.name, [&row](int size) {
-      return schema("new", row.kind, {row.constants + itemsOf(row, size) + row.end});
-    });
-  add("a long type id", [](int size) { return factor(repeated("i", size), {}); });
-  add("unclosed at the start", [](int size) { return repeated("[", size); });
-  shapes.push_back(
-      {"empty texts in a bundle", Shape::Text, [](int size, Units::UnitsEngine& engine) {
-         return bundleLoad(bundleOf(std::vector<std::string>(static_cast<std::size_t>(size))),
-                           engine);
-       }});
-  shapes.push_back(
-      {"a long text in a bundle", Shape::Text, [](int size, Units::UnitsEngine& engine) {
-         return bundleLoad(bundleOf({repeated(" ", size)}), engine);
-       }});
+  }
   return shapes;
 }

@@ -7,7 +7,6 @@
 #include <atomic>
 #include <cstdlib>
 #include <functional>
-#include <iterator>
 #include <thread>
 #include <vector>
 
@@ -16,7 +15,8 @@ namespace {
 constexpr std::size_t threadCount = 4;
 using Results = std::vector<std::string>;
 
-std::vector<Results> onAllThreads(const std::function<Results(std::size_t)>& action) {
+/// Checks that every thread gets `expected`.
+void onAllThreads(const Results& expected, const std::function<Results(std::size_t)>& action) {
   std::vector<Results> results(threadCount);
   std::atomic<std::size_t> waiting{threadCount};
   std::vector<std::thread> threads;
@@ -27,15 +27,7 @@ std::vector<Results> onAllThreads(const std::function<Results(std::size_t)>& act
       results[number] = action(number);
     });
   for (std::thread& thread : threads) thread.join();
-  return results;
-}
-
-std::string applied(const Units::PreparedConversion& prepared) {
-  double values[] = {-1, 0, 0.1, 1, 1e300};
-  std::string all = written(prepared(2));
-  prepared.convert(values, values, std::size(values));
-  for (const double value : values) all += written(value);
-  return all;
+  for (const Results& got : results) check(got == expected, "a thread gets something else");
 }
 
 /// A shared engine with conversions that it has prepared.
@@ -52,10 +44,20 @@ struct Shared {
       const std::size_t at = (first + i) % operations.size();
       results[at] = outcome([&] { return operations[at].run(*engine); });
     }
-    results.push_back(applied(plain) + applied(inverted));
+    for (double value : {-1.0, 0.0, 0.1, 1e300}) {
+      results.push_back(written(inverted(value)));
+      plain.convert(&value, &value, 1);
+      results.push_back(written(value));
+    }
     return results;
   }
 };
+
+Results fill() {
+  for (const Operation& operation : allOperations())
+    outcome([&] { return operation.run(*operation.start()); });
+  return {describe(*sampleEngine())};
+}
 
 }  // namespace
 
@@ -63,23 +65,9 @@ int main(int count, char** arguments) {
   const int rounds = count > 1 ? std::atoi(arguments[1]) : 100;
   for (int round = 0; round < rounds; ++round) {
     const Shared shared;
-    const Results alone = Shared().read(0);
-    for (const Results& got :
-         onAllThreads([&](std::size_t number) { return shared.read(number * 5); }))
-      check(got == alone, "threads that share an engine");
+    onAllThreads(Shared().read(0), [&](std::size_t number) { return shared.read(number * 5); });
+    onAllThreads({describe(*sampleEngine())}, [](std::size_t) { return fill(); });
   }
-  const auto fill = [rounds](std::size_t) {
-    Results described;
-    for (int round = 0; round < rounds; ++round) {
-      const Engine own = sampleEngine();
-      for (const Operation& operation : allOperations())
-        outcome([&] { return operation.run(*operation.start()); });
-      described = {describe(*own)};
-    }
-    return described;
-  };
-  for (const Results& got : onAllThreads(fill))
-    check(got == Results{describe(*sampleEngine())}, "threads with engines of their own");
   report(rounds, " rounds on ", threadCount, " threads");
   return verdict();
 }

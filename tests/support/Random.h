@@ -57,16 +57,17 @@ class Random {
 
   /// Any double at all, but most often one that people might use.
   double number() {
+    constexpr std::uint64_t bit = 1, infinity = 0x7FF * (bit << 52);
     static const std::uint64_t edges[] = {0,
-                                          1,
-                                          0x8000000000000000,
-                                          0x7FF0000000000000,
-                                          0xFFF0000000000000,
-                                          0x7FF8000000000000,
-                                          0x7FEFFFFFFFFFFFFF,
-                                          0x0010000000000000,
-                                          0x3FF0000000000001,
-                                          0x4340000000000000};
+                                          bit,
+                                          bit << 63,
+                                          infinity,
+                                          infinity | bit << 63,
+                                          infinity | bit << 51,
+                                          infinity - 1,
+                                          bit << 52,
+                                          0x3FF * (bit << 52) | bit,
+                                          0x434 * (bit << 52)};
     const int kind = between(0, 9);
     if (kind == 0) return anyDouble();
     if (kind == 1) return fromBits(oneOf(edges));

@@ -56,36 +56,15 @@ class RandomDefinitions {
   static std::string write(const Symbol& record) { return writeSymbolSchema(record); }
   static std::string write(const Quantity& record) { return writeQuantitySchema(record); }
 
+  /// A letter, or at times something odd, or both.
   std::string anyId() {
     using namespace std::string_literals;
-    static const std::string texts[] = {"a",
-                                        "b",
-                                        "c",
-                                        "d",
-                                        "e",
-                                        "f",
-                                        "g",
-                                        "h",
-                                        "i",
-                                        "j",
-                                        "k",
-                                        "l",
-                                        "",
-                                        "\xFF",
-                                        "a\0"s,
-                                        "\"\\",
-                                        "\xC2\xB0",
-                                        "m^2",
-                                        "$",
-                                        "\n",
-                                        "/",
-                                        "x y",
-                                        "-",
-                                        "1",
-                                        ":feetAndInches-1",
-                                        ":feetHyphenInches-1.0.0"};
-    const std::string& text = random_.oneOf(texts);
-    return random_.oneIn(4) ? text + random_.oneOf(texts) : text;
+    static const std::string odd[] = {"",  "\xFF", "a\0"s, "\"\\", "\xC2\xB0", "m^2",
+                                      "$", "\n",   "/",    "x y",  "-",        "1"};
+    std::string id(1, static_cast<char>('a' + random_.below(12)));
+    if (random_.oneIn(2)) id = random_.oneOf(odd);
+    if (random_.oneIn(4)) id += random_.oneOf(odd);
+    return random_.oneIn(24) ? id + ":feetHyphenInches-1.0.0" : id;
   }
 
   std::string newId(Ids& known) {
@@ -94,8 +73,7 @@ class RandomDefinitions {
   }
 
   std::string pick(const Ids& known) {
-    const bool isKnown = !known.empty() && !random_.oneIn(20);
-    return isKnown ? random_.oneOf(known) : anyId();
+    return known.empty() || random_.oneIn(20) ? anyId() : random_.oneOf(known);
   }
 
   double number() {
@@ -105,21 +83,11 @@ class RandomDefinitions {
     return part / random_.oneOf(places);
   }
 
-  std::map<std::string, int> anyPowers(const Ids& known, std::size_t least) {
-    static const int exponents[] = {1,
-                                    1,
-                                    1,
-                                    1,
-                                    1,
-                                    1,
-                                    -1,
-                                    2,
-                                    -2,
-                                    3,
-                                    std::numeric_limits<int>::max(),
-                                    std::numeric_limits<int>::min()};
+  std::map<std::string, int> anyPowers(const Ids& known, std::size_t fewest) {
+    constexpr int most = std::numeric_limits<int>::max(), least = std::numeric_limits<int>::min();
+    static const int exponents[] = {1, 1, 1, 1, 1, 1, -1, 2, -2, 3, most, least};
     std::map<std::string, int> made;
-    for (std::size_t count = least + random_.below(3); count > 0; --count) {
+    for (std::size_t count = fewest + random_.below(3); count > 0; --count) {
       const std::string parent = pick(known);
       made[parent] = random_.oneIn(64) ? 0 : random_.oneOf(exponents);
     }

@@ -17,11 +17,10 @@ enum Way : std::size_t {
   spaced,     // with separators wherever they mean nothing
   applied,    // suffixes stand after parentheses and not in literals
   withNames,  // parts of it are identifiers
-  withTexts,  // those identifiers replaced by their texts
 };
 
 struct WrittenFormula {
-  std::array<std::string, 6> ways;
+  std::array<std::string, 5> ways;
   int priority = 5;  // of the outermost operator
 };
 
@@ -31,7 +30,6 @@ struct Vocabulary {
   std::array<std::vector<std::string>, 3> suffixes;  // by power; without any, a product is made
   std::vector<std::string> functions;                // that keep the unit, or "sqrt"
   std::vector<std::string> operators;                // of products
-  bool spoils = false;                               // at times a part is not a formula
   std::function<std::string(Random&, int power)> special = {};  // other values, at times
 };
 
@@ -116,9 +114,7 @@ class RandomFormulas {
     return made;
   }
 
-  WrittenFormula name(WrittenFormula part) {
-    if (words_.spoils && part.ways[withNames] == part.ways[withTexts] && random_.oneIn(8))
-      part.ways[withNames] = part.ways[withTexts] = spoiled(part.ways[withNames]);
+  WrittenFormula name(const WrittenFormula& part) {
     const std::string identifier = "v " + std::to_string(variables.size());
     variables[identifier] = part.ways[withNames];
     WrittenFormula made = enclosed(part, true);
@@ -134,17 +130,10 @@ class RandomFormulas {
     return made;
   }
 
-  /// A text with a fault in it, most likely.
-  std::string spoiled(const std::string& text) {
-    const std::size_t place = random_.below(text.size());
-    const std::string fault = random_.oneOf({"", "(", ")", "+", "^", " ", "1", "lb", "\"", "-"});
-    return text.substr(0, place) + fault + text.substr(place + random_.below(2));
-  }
-
   std::string gap() { return random_.oneOf({"", "", "", " ", "  ", "\n", "\t ", " \n"}); }
   std::string spaces() { return std::string(random_.below(3), ' '); }
 
-  static constexpr Way all[] = {bare, full, spaced, applied, withNames, withTexts};
+  static constexpr Way all[] = {bare, full, spaced, applied, withNames};
   Random& random_;
   const Vocabulary& words_;
 };
