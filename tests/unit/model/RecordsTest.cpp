@@ -33,39 +33,5 @@ TEST(Records, AreMovedByCopyingAndNeverAssigned) {
   static_assert(!std::is_polymorphic_v<Unit>);
 }
 
-template <class Record>
-class RecordOrder : public testing::Test {};
-
-template <class Record>
-Record named(const std::string& typeId, const std::string& other) {
-  if constexpr (std::is_same_v<Record, Dimension>) return Dimension(typeId);
-  if constexpr (std::is_same_v<Record, Factor>)
-    return Factor(typeId, FactorComponent(static_cast<double>(other.size())));
-  if constexpr (std::is_same_v<Record, Unit>)
-    return Unit(typeId, other, System::Metric, PrimitiveUnitComponent());
-  if constexpr (std::is_same_v<Record, Symbol>)
-    return Symbol(typeId, named<Unit>(other, other), std::nullopt);
-  if constexpr (std::is_same_v<Record, Quantity>) return Quantity(typeId, other, {});
-}
-
-using ComparedRecords = testing::Types<Dimension, Factor, Unit, Symbol, Quantity>;
-TYPED_TEST_SUITE(RecordOrder, ComparedRecords, );
-
-TYPED_TEST(RecordOrder, IsTheByteOrderOfTypeIdsAlone) {
-  const auto a = named<TypeParam>("a", "other");
-  const auto sameId = named<TypeParam>("a", "different");
-  EXPECT_TRUE(a == sameId);
-  EXPECT_FALSE(a != sameId || a < sameId || a > sameId);
-
-  const std::pair<std::string, std::string> ascending[] = {
-      {"a", "ab"}, {"B", "a"}, {"", "a"}, {"z", "\x80"}, {std::string("a\0", 2), "aa"}};
-  for (const auto& [less, greater] : ascending) {
-    const auto low = named<TypeParam>(less, "other");
-    const auto high = named<TypeParam>(greater, "other");
-    EXPECT_TRUE(low < high && high > low && low != high);
-    EXPECT_FALSE(high < low || low > high || low == high);
-  }
-}
-
 }  // namespace
 }  // namespace Units

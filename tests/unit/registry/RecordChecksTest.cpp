@@ -116,17 +116,5 @@ TEST(AddRecord, StoresTheEnginesOwnUnits) {
   EXPECT_TRUE(isRegistered("twice", registries));
 }
 
-TEST(AddRecord, AcceptsWhatRestsOnStoredRecords) {
-  Registries registries = filled();
-  addFactor(Factor("f", FactorComponent(-0.0, {{"factor", -2}})), registries);
-  addUnit(derivedFrom({{"meter", -2147483647 - 1}}, FactorComponent(Powers{{"f", 3}})), registries);
-  addUnit(Unit("scale", "scale", System::Metric, AbsoluteUnitComponent("new", -1.0)), registries);
-  addUnit(Unit("p", "p", System::Imperial, PrimitiveUnitComponent(Dimension("dimension"))),
-          registries);
-  for (const char* typeId : {"f", "new", "scale", "p", "pending", "dimension"})
-    EXPECT_TRUE(isRegistered(typeId, registries)) << typeId;
-  EXPECT_FALSE(isRegistered("", registries));
-}
-
 }  // namespace
 }  // namespace Units
