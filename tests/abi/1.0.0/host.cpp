@@ -14,6 +14,7 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <type_traits>
 #include <typeinfo>
 #include <utility>
 #include <vector>
@@ -118,7 +119,9 @@ void compare(const Record& lower, const Record& upper) {
   Record source(upper);
   const Record moved(std::move(source));
   expect(copy == lower && moved != copy && copy < moved && moved > copy, "records are compared");
-  expect(moved.getTypeId() == upper.getTypeId(), "records are copied");
+  expect(moved.getTypeId() == upper.getTypeId() && source == moved, "records are copied");
+  static_assert(!std::is_copy_assignable_v<Record> && !std::is_move_assignable_v<Record>);
+  static_assert(!std::is_polymorphic_v<Record>);
 }
 
 /// Components are copied when they are moved too.
@@ -142,6 +145,8 @@ void useRecords(const UnitsEngine& engine) {
   compare(engine.getUnit("ft"), engine.getUnit("m"));
   compare(engine.getSymbol("ft.sign"), Symbol("s", engine.getUnit("m"), std::nullopt));
   compare(Quantity("a", "a", {}), Quantity("b", "b", {}));
+  expect(FactorComponent().getFactor() == 1.0 && FactorComponent({{"a", 2}}).getFactor() == 1.0,
+         "a factor is 1 where none is given");
 
   copy(AbsoluteUnitComponent("a", 1.0), &AbsoluteUnitComponent::getOffset);
   copy(DerivedUnitComponent({{"a", 1}}, FactorComponent()),

@@ -54,6 +54,7 @@ TEST(Conversion, RefusesWhatDoesNotFit) {
     EXPECT_EQ(messageOf<IncompatibleUnitsException>(
                   [&, a = from, b = to] { engine->convert(1.0, a, b); }),
               std::string("Cannot convert between units ") + from + " and " + to + ".");
+    EXPECT_THROW(PreparedConversion(*engine, from, to), IncompatibleUnitsException);
   }
   for (const auto& [from, to] :
        {std::pair("A", "B"), {"L3", "PerL"}, {"PerL", "L3"}, {"None", "None"}, {"Slow", "Speed"}})
@@ -74,6 +75,9 @@ TEST(Conversion, LooksTheFirstUnitUpFirst) {
               message);
     EXPECT_EQ(messageOf<UnrecognizedIdentifierException>(
                   [&, a = from, b = to] { engine->canConvert(a, b); }),
+              message);
+    EXPECT_EQ(messageOf<UnrecognizedIdentifierException>(
+                  [&, a = from, b = to] { PreparedConversion(*engine, a, b); }),
               message);
   }
 }

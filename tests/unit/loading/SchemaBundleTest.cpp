@@ -1,6 +1,7 @@
 #include "tests/support/FolderTree.h"
 #include "tests/support/Heap.h"
 #include "tests/support/Messages.h"
+#include "tests/support/SchemaTexts.h"
 
 #include <TrelvonUnits/TrelvonUnits.h>
 
@@ -18,10 +19,6 @@ namespace {
 using std::string_literals::operator""s;
 
 const std::string header = "TrelvonUnits-schema-bundle-1\n";
-
-std::string dimension(const std::string& typeId) {
-  return R"({"typeid":")" + typeId + R"(","inherits":["x:dimension-1.0"]})";
-}
 
 TEST(SchemaBundle, RefusesFilesThatAreNone) {
   const std::unique_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());
