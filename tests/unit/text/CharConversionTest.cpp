@@ -17,9 +17,9 @@
 namespace Units {
 namespace {
 
-/// Finite, of any exponent.
+/// Finite and without a sign, of any exponent.
 double randomDouble(Random& random) {
-  const double value = random.anyDouble();
+  const double value = std::fabs(random.anyDouble());
   return std::isfinite(value) ? value : 0.5;
 }
 
