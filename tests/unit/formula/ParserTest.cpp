@@ -39,12 +39,6 @@ TEST(Parser, PlacesSymbolsByTheirKind) {
   expectEach({"$5*2", "u5*2"}, "no formula");
 }
 
-TEST(Parser, GivesTheSignToTheWholeLiteral) {
-  expectOutcomes({"-5' 6\" + 3 in * 2 = -60 inch^1", "-5' 6\" = -66 inch^1", "3-5' 6\" = no value",
-                  "2 ft - 3 in = 27 inch^1", "-2 C = 271.15 kelvin^1", "-(2) C = -275.15 kelvin^1",
-                  "- 0 = -0", "1--0 = 1", "(-2) ft = -24 inch^1"});
-}
-
 TEST(Parser, RefusesALiteralThatItsLastSpaceMade) {
   Sample sample;
   // The symbol's text is "gap ": with the space that the token loses, the literal loses its unit.
