@@ -3,6 +3,7 @@
 #include "engine/UnitsEngineImpl.h"
 #include "registry/Commit.h"
 #include "tests/support/Messages.h"
+#include "tests/support/SampleUnits.h"
 
 #include <gtest/gtest.h>
 
@@ -26,6 +27,15 @@ TEST(Reduction, RefusesAbsoluteParents) {
     EXPECT_EQ(messageOf<IncompatibleUnitsException>(
                   [&] { Reducer().reduce(lookUpNode(registries.units.objects, typeId)); }),
               "Parent unit scale is absolute, but all parent units must be relative.");
+}
+
+TEST(Reduction, TurnsValuesIntoPrimitiveTerms) {
+  const auto engine = filledEngine();
+  double value = 4;
+  UnitPowerMap powers = {{"replaced", 1.0}};
+  dynamic_cast<const UnitsEngineImpl&>(*engine).reduceValue(engine->getUnit("B"), value, powers);
+  EXPECT_EQ(value, (459.67 + 4) * (5.0 / 9.0));
+  EXPECT_EQ(powers, (UnitPowerMap{{"P", 1.0}}));
 }
 
 TEST(Powers, AreTheSameOrReciprocalOrNeither) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <stdexcept>
 #include <utility>
 
 namespace {
@@ -56,6 +58,7 @@ TEST(Writing, ShowsDoublesInTheirShortestForm) {
       {5e-324, "5e-324"},
       {-1.7976931348623157e308, "-1.7976931348623157e308"}};
   for (const auto& [value, text] : rows) EXPECT_EQ(JSON(value).toString(), text);
+  EXPECT_THROW(JSON(HUGE_VAL).toString(), std::logic_error);
 }
 
 }  // namespace
