@@ -1,6 +1,7 @@
 #include "registry/RecordChecks.h"
 
 #include "registry/AddRecord.h"
+#include "registry/Commit.h"
 #include "tests/support/Messages.h"
 
 #include <gtest/gtest.h>
@@ -114,6 +115,18 @@ TEST(AddRecord, StoresTheEnginesOwnUnits) {
   for (const Unit& unit : units) EXPECT_EQ(unit.getName(), "meter");
   EXPECT_TRUE(isRegistered(symbol.getTypeId(), registries));
   EXPECT_TRUE(isRegistered("twice", registries));
+}
+
+TEST(Commit, TakesNoRecordThatRestsOnNothing) {
+  using E = UnrecognizedIdentifierException;
+  const Powers parents = {{"gone", 1}};
+  Registries units, factors;
+  units.units.built = RecordStore<Unit>(
+      {{"unit", Unit("unit", "name", System::Metric, DerivedUnitComponent(parents, 1.0))}});
+  factors.factors.built =
+      RecordStore<Factor>({{"factor", Factor("factor", FactorComponent(1.0, parents))}});
+  EXPECT_EQ(messageOf<E>([&] { commit(units); }), "Could not find unit with typeid gone.");
+  EXPECT_EQ(messageOf<E>([&] { commit(factors); }), "Could not find factor with typeid gone.");
 }
 
 }  // namespace
