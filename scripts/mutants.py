@@ -5,8 +5,8 @@
 
 Each mutant changes one condition, constant or operator of a module. It is compiled in a copy of the
 tree, build/mutants, without optimization and with the assertions of the standard library. Then the
-tests of its module run, followed by the other unit tests, the tests of the catalog, and a host that
-uses the shared library. The script fails unless the tests detect SHARE percent of the mutants that
+tests of its module run, followed by the other unit tests, the tests of the catalog, a host that uses
+the shared library, and the fuzz targets with their kept inputs and a few random ones. The script fails unless the tests detect SHARE percent of the mutants that
 compile. Lines marked as tuning are exempt (mutations.py). Other equivalent mutants, which no test can
 detect, are listed in tests/mutants/equivalent.txt with a reason, by file and by the words around
 them.
@@ -45,6 +45,8 @@ LIBRARY = "CMakeFiles/trelvon_objects.dir/"
 UNITS, CATALOGUE, DUMP = "tests/units_tests", "tests/catalogue/catalogue_tests", \
     "tests/catalogue/catalogue_dump"
 SHARED = "libTrelvonUnits.so"
+CORPUS = os.path.join(TREE, "tests", "fuzz", "corpus")
+RANDOM_INPUTS = 200  # for each fuzz target
 SLOW = 500  # milliseconds; slower tests run last
 MOST_MEMORY = 4 << 30
 
@@ -106,7 +108,8 @@ class Built:
               "-D", "CMAKE_BUILD_TYPE=Debug",
               "-D", "CMAKE_CXX_FLAGS_DEBUG=-O0 -D_GLIBCXX_ASSERTIONS",
               "-D", "CMAKE_EXPORT_COMPILE_COMMANDS=ON", "-D", "TRELVONUNITS_EXAMPLES=OFF"], WORK)
-        targets = [UNITS, CATALOGUE, DUMP, "tests/abi/abi_host", SHARED]
+        targets = [UNITS, CATALOGUE, DUMP, "tests/abi/abi_host", SHARED,
+                   *(f"tests/fuzz/fuzz_{name}" for name in os.listdir(CORPUS))]
         must(["ninja", f"-j{os.cpu_count()}", *targets], BUILD)
         with open(os.path.join(BUILD, "compile_commands.json"), encoding="utf-8") as file:
             commands = [shlex.split(entry["command"]) for entry in json.load(file)]
@@ -195,6 +198,9 @@ class Lane:
             yield "slow", [units, f"--gtest_filter={late}"]
         yield "records", [sys.executable, "-B", os.path.join(TREE, "tests/catalogue/records_test.py"),
                           linked(DUMP, "catalogue_dump")]
+        for name in sorted(os.listdir(CORPUS)):
+            yield f"fuzz {name}", [linked(f"tests/fuzz/fuzz_{name}", f"fuzz_{name}"),
+                                   os.path.join(CORPUS, name), str(RANDOM_INPUTS)]
 
     def test(self, objects, room, slow, limits):
         """The phase that fails, or "", and the time of each phase; None if linking fails."""

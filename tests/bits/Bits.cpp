@@ -8,9 +8,8 @@
 /// through these functions of the C library, which need not be right in the last bit; all others
 /// have the same checksum on every machine, with every compiler. "all" sums these up.
 #include "tests/bits/Definitions.h"
-#include "tests/bits/Formulas.h"
 #include "tests/support/Outcome.h"
-#include "tests/support/SchemaTexts.h"
+#include "tests/support/RandomFormulas.h"
 
 #include <cfloat>
 #include <cstdint>
@@ -23,7 +22,10 @@ static_assert(FLT_EVAL_METHOD == 0, "A wider evaluation rounds to other bits.");
 
 namespace {
 
-using Units::UnitsEngine;
+const Units::UnitsEngine& engine() {
+  static const std::unique_ptr<Units::UnitsEngine> made = Maker().make();
+  return *made;
+}
 
 /// What was asked and what it gave, or the text of what it threw.
 struct Operation {
@@ -36,44 +38,47 @@ Operation operation(const std::string& question, const Action& action) {
   return {question, outcome(action)};
 }
 
-Operation converted(const UnitsEngine& engine, double value, const std::string& from,
-                    const std::string& to) {
+Operation converted(Random& random, const std::string& from, const std::string& to) {
+  const double value = random.number();
   return operation(written(value) + " " + from + " " + to,
-                   [&] { return engine.convert(value, from, to); });
+                   [&] { return engine().convert(value, from, to); });
 }
 
-Operation evaluated(
-    const UnitsEngine& engine, const std::string& unit, const std::string& text,
-    const Units::VariableResolver& resolver = [](const std::string&) { return "7 areaa"; }) {
+Operation evaluated(const std::string& unit, const std::string& text,
+                    const Units::VariableResolver& resolver) {
   return operation(text + " in " + unit, [&] {
-    return unit.empty() ? engine.evaluateUnitlessExpression(text, resolver)
-                        : engine.evaluateExpressionInUnit(unit, text, resolver);
+    return unit.empty() ? engine().evaluateUnitlessExpression(text, resolver)
+                        : engine().evaluateExpressionInUnit(unit, text, resolver);
   });
 }
 
-/// Units that convert into one another by products and sums alone.
-const std::vector<std::string>& fellows(Random& random, const Definitions& definitions) {
-  return random.oneIn(4) ? definitions.scales : random.oneOf(definitions.groups).plain;
+Operation evaluated(const std::string& unit, const std::string& text) {
+  return evaluated(unit, text, [](const std::string&) { return "7 areaa"; });
 }
 
-Operation convert(Random& random, const Definitions& definitions) {
-  const double value = random.number();
-  const std::vector<std::string>& units = fellows(random, definitions);
-  const std::string from = random.oneOf(units);
-  const std::string to =
-      random.oneIn(30) ? random.oneOf({"kg", "scale0", "none"}) : random.oneOf(units);
-  return converted(*definitions.engine, value, from, to);
+std::string plain(Random& random, const std::string& group) {
+  return group + random.oneOf(letters);
+}
+
+/// Whose units convert into one another by products and sums alone.
+std::string anyGroup(Random& random) {
+  return random.oneIn(4) ? "scale" : random.oneOf(groups).name;
+}
+
+Operation convert(Random& random) {
+  const std::string group = anyGroup(random), from = plain(random, group);
+  return converted(random, from, random.oneIn(30) ? "mass" : plain(random, group));
 }
 
 /// Of arrays, for which processors have wider instructions.
-Operation prepared(Random& random, const Definitions& definitions) {
-  const std::vector<std::string>& units = fellows(random, definitions);
-  const std::string from = random.oneOf(units), to = random.oneOf(units);
+Operation prepared(Random& random) {
+  const std::string group = anyGroup(random), from = plain(random, group),
+                    to = plain(random, group);
   double values[7];
   std::string question;
   for (double& value : values) question += written(value = random.number()) + " ";
   return operation(question + from + " " + to, [&] {
-    const Units::PreparedConversion conversion(*definitions.engine, from, to);
+    const Units::PreparedConversion conversion(engine(), from, to);
     std::string answer = written(conversion(values[0])) + " ";
     conversion.convert(values, values, std::size(values));
     for (const double value : values) answer += written(value) + " ";
@@ -81,46 +86,106 @@ Operation prepared(Random& random, const Definitions& definitions) {
   });
 }
 
-Operation formulas(Random& random, const Definitions& definitions) {
-  static const Vocabulary words = vocabularyOf(definitions);
+std::string number(Random& random) {
+  if (random.oneIn(30)) return random.oneOf({"0x1F", "0x1.8p3", ".5", "5.", "1e400", "1e-400", ""});
+  return random.decimal();
+}
+
+/// With numbers where the form has a "#".
+std::string filled(Random& random, const std::string& form) {
+  std::string text;
+  for (const char character : form)
+    if (character != '#')
+      text += character;
+    else
+      text += random.oneIn(3) ? number(random) : random.digits(1, random.oneIn(9) ? 12 : 2);
+  return text;
+}
+
+std::string quantity(Random& random, const std::string& group) {
+  const std::string value = filled(random, random.oneOf({"#", "# ", "#  "}));
+  return value + plain(random, group);
+}
+
+/// Values that leave nothing to the C library.
+std::string special(Random& random, int power) {
+  if (power == 1) return filled(random, "(#' # #/#\")");
+  if (power == 2) return quantity(random, "area");
+  if (random.oneIn(2)) return "pi()";
+  const std::string group = random.oneOf(groups).name, above = quantity(random, group);
+  return "(" + above + " / " + quantity(random, group) + ")";
+}
+
+Vocabulary makeVocabulary() {
+  Vocabulary words{
+      number, {{{""}, {}, {}}}, {"abs", "round", "roundup", "rounddown", "sqrt"}, {"*", "/"}};
+  words.special = special;
+  for (const std::string& letter : letters)
+    for (const char* before : {"", " "}) {
+      words.suffixes[1].push_back(before + ("length" + letter));
+      words.suffixes[2].push_back(before + ("area" + letter));
+    }
+  return words;
+}
+
+Operation formulas(Random& random) {
+  static const Vocabulary words = makeVocabulary();
   static const char* const units[] = {"", "lengthd", "areae"};
   const int power = random.between(0, 2);
   RandomFormulas made(random, words);
   const std::string text = made.make(power, random.below(5)).ways[withNames];
-  Operation done = evaluated(*definitions.engine, units[power], text,
-                             [&](const std::string& name) { return made.variables[name]; });
+  Operation done =
+      evaluated(units[power], text, [&](const std::string& name) { return made.variables[name]; });
   for (const auto& [name, value] : made.variables) done.question += "; " + name + " = " + value;
   return done;
 }
 
-Operation literals(Random& random, const Definitions& definitions) {
-  const std::string text = literal(random, definitions);
-  return evaluated(*definitions.engine, random.oneIn(5) ? "" : "lengthd", text);
+/// A number with a symbol, or a value in several parts, with a byte that is wrong at times.
+Operation literals(Random& random) {
+  static const char* const forms[] = {"#' #\"",
+                                      "#' # #/#\"",
+                                      "# ft #/# in",
+                                      "#' - # inches",
+                                      "#-#''",
+                                      "# #/#\"",
+                                      "#\xC2\xB0 #' #\"",
+                                      "#\xC2\xB0 #'",
+                                      "# #' #\"",
+                                      "#m #cm",
+                                      "#m #",
+                                      "#cm",
+                                      "$#",
+                                      "#",
+                                      "#lengthf",
+                                      "# lengthg",
+                                      "-# speedb ",
+                                      "#scalea"};
+  std::string text = filled(random, random.oneOf(forms));
+  if (random.oneIn(3)) text.insert(0, "-");
+  const std::size_t place = random.below(text.size() + 1);
+  const auto byte = static_cast<char>(random.below(256));
+  // No operator comes in that might make a power or a reciprocal.
+  if (random.oneIn(8) && place < text.size() && byte != '^' && byte != '/') text[place] = byte;
+  return evaluated(random.oneIn(5) ? "" : "lengthd", text);
 }
 
-Operation display(Random& random, const Definitions& definitions, bool isFixed) {
+Operation display(Random& random, bool isFixed) {
   const double value = random.number();
   const auto places = static_cast<unsigned char>(random.below(isFixed ? 14 : 11));
   const bool trims = random.oneIn(2);
-  const std::string symbol = random.oneIn(30) ? "none" : random.oneOf(definitions.symbols);
+  const std::string odd = random.oneIn(20) ? "none" : random.oneOf(oddSymbols);
+  const std::string symbol =
+      random.oneIn(2) ? odd : plain(random, "of " + random.oneOf(groups).name);
   const std::string* const shown = random.oneIn(3) ? nullptr : &symbol;
   const std::string question = written(value) + " " + std::to_string(places) + " " + symbol;
   return operation(question, [&] {
-    return isFixed ? definitions.engine->formatFixedPoint(value, places, shown, trims)
-                   : definitions.engine->formatFractional(value, places, shown);
+    return isFixed ? engine().formatFixedPoint(value, places, shown, trims)
+                   : engine().formatFractional(value, places, shown);
   });
 }
 
-Operation fixed(Random& random, const Definitions& definitions) {
-  return display(random, definitions, true);
-}
-
-Operation fractional(Random& random, const Definitions& definitions) {
-  return display(random, definitions, false);
-}
-
 /// A schema text that is read, with a byte that is wrong at times, and a number that is written.
-Operation schemas(Random& random, const Definitions&) {
+Operation schemas(Random& random) {
   std::string text = schema("read", "factor", {value("factor", random.decimal())});
   if (random.oneIn(5)) {
     const std::size_t place = random.below(text.size());
@@ -128,7 +193,7 @@ Operation schemas(Random& random, const Definitions&) {
   }
   const double number = random.number();
   return operation(text + " " + written(number), [&] {
-    const std::unique_ptr<UnitsEngine> engine(Units::CreateUnitsEngine());
+    const std::unique_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());
     std::string answer = written(engine->addDefinition(text));
     engine->buildSchemas();
     for (const auto& [typeId, factor] : engine->getFactors())
@@ -138,60 +203,24 @@ Operation schemas(Random& random, const Definitions&) {
   });
 }
 
-Operation queries(Random& random, const Definitions& definitions) {
-  const UnitsEngine& engine = *definitions.engine;
-  const Group& group = random.oneOf(definitions.groups);
-  const Group& other = random.oneOf(definitions.groups);
-  const std::string unit = random.oneOf(group.powered), fellow = random.oneOf(other.plain);
-  const int kind = random.between(0, 4);
-  return operation(std::to_string(kind) + " " + unit + " " + fellow, [&] {
-    switch (kind) {
-      case 0:
-        return written(engine.canConvert(unit, fellow));
-      case 1:
-        return written(engine.getConvertibleUnits(unit));
-      case 2:
-        return written(engine.getUnitsWithPrimitivePowers(group.powers));
-      case 3:
-        return written(engine.getDependencies(unit));
-      default:
-        return written(engine.getSymbolsOfUnit(fellow));
-    }
-  });
-}
-
-/// Units whose parents are raised to powers.
-Operation powers(Random& random, const Definitions& definitions) {
-  const double value = random.number();
-  const Group& group = random.oneOf(definitions.groups);
-  const std::string from = random.oneOf(group.powered);
-  return converted(*definitions.engine, value, from, random.oneOf(group.plain));
-}
-
-Operation reciprocals(Random& random, const Definitions& definitions) {
-  const double value = random.number();
-  const std::string from = random.oneOf(definitions.groups[speed].plain);
-  return converted(*definitions.engine, value, from, random.oneOf(definitions.groups[pace].plain));
-}
-
-using Maker = std::function<Operation(Random&, const Definitions&)>;
+using Make = std::function<Operation(Random&)>;
 
 /// A function of the formula language, or the operator "^", of arguments that it takes.
-Maker calls(const std::string& function) {
-  return [function](Random& random, const Definitions& definitions) {
+Make calls(const std::string& function) {
+  return [function](Random& random) {
     const bool isArc = function == "asin" || function == "acos";
     std::string text = random.oneIn(2) ? "(-" : "(";
     text += std::to_string(isArc ? 0 : random.between(0, 9)) + ".";
     text += random.digits(1, 17) + ")";
-    if (function != "^") return evaluated(*definitions.engine, "", function + text);
+    if (function != "^") return evaluated("", function + text);
     text += "^(" + std::to_string(random.between(-9, 9));
-    return evaluated(*definitions.engine, "", text + "." + random.digits(1, 1) + ")");
+    return evaluated("", text + "." + random.digits(1, 1) + ")");
   };
 }
 
 struct Kind {
   std::string name;
-  Maker make;
+  Make make;
   std::string functions = {};  ///< Of the C library, whose last bit results rest on.
 };
 
@@ -200,12 +229,21 @@ const Kind kinds[] = {
     {"prepared", prepared},
     {"formulas", formulas},
     {"literals", literals},
-    {"fixed", fixed},
-    {"fractional", fractional},
+    {"fixed", [](Random& random) { return display(random, true); }},
+    {"fractional", [](Random& random) { return display(random, false); }},
     {"schemas", schemas},
-    {"queries", queries},
-    {"powers", powers, "pow"},
-    {"reciprocals", reciprocals, "pow"},
+    {"powers",
+     [](Random& random) {
+       const std::string group = random.oneOf(groups).name, from = plain(random, group + "^");
+       return converted(random, from, plain(random, group));
+     },
+     "pow"},
+    {"reciprocals",
+     [](Random& random) {
+       const std::string from = plain(random, "speed");
+       return converted(random, from, plain(random, "pace"));
+     },
+     "pow"},
     {"^", calls("^"), "pow"},
     {"exp", calls("exp"), "exp"},
     {"ln", calls("ln"), "log"},
@@ -230,27 +268,27 @@ struct Checksum {
 
 /// One in sixteen for each kind: kinds do not share what chance gives them.
 template <class Action>
-void run(const Kind& kind, long count, const Definitions& definitions, const Action& action) {
+void run(const Kind& kind, long count, const Action& action) {
   Checksum seed;
   seed.add(kind.name);
   Random random(seed.sum);
-  for (long done = 0; done < count / 16; ++done) action(kind.make(random, definitions));
+  for (long done = 0; done < count / 16; ++done) action(kind.make(random));
 }
 
-int show(const std::string& name, long count, const Definitions& definitions) {
+int show(const std::string& name, long count) {
   for (const Kind& kind : kinds)
     if (kind.name == name)
-      run(kind, count, definitions, [](const Operation& done) {
+      run(kind, count, [](const Operation& done) {
         std::printf("%s -> %s\n", done.question.c_str(), done.answer.c_str());
       });
   return 0;
 }
 
-int check(long count, const Definitions& definitions, const char* kept) {
+int check(long count, const char* kept) {
   std::string exact;
   for (const Kind& kind : kinds) {
     Checksum checksum;
-    run(kind, count, definitions, [&](const Operation& done) {
+    run(kind, count, [&](const Operation& done) {
       checksum.add(done.question);
       checksum.add(done.answer);
     });
@@ -277,7 +315,6 @@ int check(long count, const Definitions& definitions, const char* kept) {
 int main(int count, char** arguments) {
   if (count < 2) return std::puts("bits COUNT [KEPT], or bits COUNT --show KIND"), 2;
   const long operations = std::strtol(arguments[1], nullptr, 10);
-  const Definitions definitions = makeDefinitions();
-  if (count == 4) return show(arguments[3], operations, definitions);
-  return check(operations, definitions, count == 3 ? arguments[2] : nullptr);
+  if (count == 4) return show(arguments[3], operations);
+  return check(operations, count == 3 ? arguments[2] : nullptr);
 }

@@ -12,5 +12,5 @@ ask(--cflags cflags)
 ask(--libs libs)
 ask(--variable=schemasdir schemas_dir)
 execute_process(COMMAND ${COMPILER} -std=c++17 -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
-  ${cflags} ${HOST} -o ${PROGRAM} ${libs} -Wl,-rpath,${LIBDIR} COMMAND_ERROR_IS_FATAL ANY)
+  -I${CMAKE_CURRENT_LIST_DIR}/../.. ${cflags} ${HOST} -o ${PROGRAM} ${libs} -Wl,-rpath,${LIBDIR} COMMAND_ERROR_IS_FATAL ANY)
 execute_process(COMMAND ${PROGRAM} ${schemas_dir} COMMAND_ERROR_IS_FATAL ANY)

@@ -25,7 +25,9 @@ class HostEngine : public UnitsEngine {
   Inner inner;
 
  protected:
-  virtual UnitsEngine& asked() const {
+  /// Each operation calls it, so that the compiler adds its name.
+  virtual UnitsEngine& asked(const char* operation = __builtin_FUNCTION()) const {
+    static_cast<void>(operation);
     onCall(++calls_);
     return *inner;
   }
@@ -113,7 +115,9 @@ class RecordingEngine : public HostEngine {
   }
 
  private:
-  UnitsEngine& asked() const override { throw std::domain_error("not an operation of a loader"); }
+  UnitsEngine& asked(const char*) const override {
+    throw std::domain_error("not an operation of a loader");
+  }
 };
 
 }  // namespace Units

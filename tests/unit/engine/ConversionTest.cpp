@@ -1,5 +1,6 @@
 #include "tests/support/Bits.h"
 #include "tests/support/Messages.h"
+#include "tests/support/Outcome.h"
 #include "tests/support/SampleUnits.h"
 
 #include <gtest/gtest.h>
@@ -54,6 +55,7 @@ TEST(Conversion, RefusesWhatDoesNotFit) {
     EXPECT_EQ(messageOf<IncompatibleUnitsException>(
                   [&, a = from, b = to] { engine->convert(1.0, a, b); }),
               std::string("Cannot convert between units ") + from + " and " + to + ".");
+    EXPECT_THROW(PreparedConversion(*engine, from, to), IncompatibleUnitsException);
   }
   for (const auto& [from, to] :
        {std::pair("A", "B"), {"L3", "PerL"}, {"PerL", "L3"}, {"None", "None"}, {"Slow", "Speed"}})
@@ -75,31 +77,24 @@ TEST(Conversion, LooksTheFirstUnitUpFirst) {
     EXPECT_EQ(messageOf<UnrecognizedIdentifierException>(
                   [&, a = from, b = to] { engine->canConvert(a, b); }),
               message);
+    EXPECT_EQ(messageOf<UnrecognizedIdentifierException>(
+                  [&, a = from, b = to] { PreparedConversion(*engine, a, b); }),
+              message);
   }
-}
-
-template <class Record>
-std::string idsOf(const std::map<std::string, Record>& records) {
-  std::string ids;
-  for (const auto& [typeId, record] : records) {
-    EXPECT_EQ(typeId, record.getTypeId());
-    ids += (ids.empty() ? "" : " ") + typeId;
-  }
-  return ids;
 }
 
 TEST(UnitQueries, GiveTheUnitsThatFit) {
   const auto engine = filledEngine();
-  EXPECT_EQ(idsOf(engine->getPrimitiveUnits()), "M N P");
-  EXPECT_EQ(idsOf(engine->getPrimitiveUnitsOfDimension(Dimension("d"))), "M P");
-  EXPECT_EQ(idsOf(engine->getPrimitiveUnitsOfDimension(std::nullopt)), "N");
-  EXPECT_EQ(idsOf(engine->getPrimitiveUnitsOfDimension(Dimension("e"))), "");
-  EXPECT_EQ(idsOf(engine->getConvertibleUnits("P")), "P Q");
-  EXPECT_EQ(idsOf(engine->getConvertibleUnits("A")), "A B");
-  EXPECT_EQ(idsOf(engine->getConvertibleUnits("M")), "M PerM");
-  EXPECT_EQ(idsOf(engine->getUnitsWithPrimitivePowers({{"P", 1}, {"M", 0}})), "A B P Q");
-  EXPECT_EQ(idsOf(engine->getUnitsWithPrimitivePowers({{"M", -3}})), "PerL");
-  EXPECT_EQ(idsOf(engine->getUnitsWithPrimitivePowers({})), "None");
+  EXPECT_EQ(written(engine->getPrimitiveUnits()), "M;N;P;");
+  EXPECT_EQ(written(engine->getPrimitiveUnitsOfDimension(Dimension("d"))), "M;P;");
+  EXPECT_EQ(written(engine->getPrimitiveUnitsOfDimension(std::nullopt)), "N;");
+  EXPECT_EQ(written(engine->getPrimitiveUnitsOfDimension(Dimension("e"))), "");
+  EXPECT_EQ(written(engine->getConvertibleUnits("P")), "P;Q;");
+  EXPECT_EQ(written(engine->getConvertibleUnits("A")), "A;B;");
+  EXPECT_EQ(written(engine->getConvertibleUnits("M")), "M;PerM;");
+  EXPECT_EQ(written(engine->getUnitsWithPrimitivePowers({{"P", 1}, {"M", 0}})), "A;B;P;Q;");
+  EXPECT_EQ(written(engine->getUnitsWithPrimitivePowers({{"M", -3}})), "PerL;");
+  EXPECT_EQ(written(engine->getUnitsWithPrimitivePowers({})), "None;");
 }
 
 TEST(UnitQueries, AskForSymbolsAndQuantitiesByUnit) {
@@ -109,11 +104,11 @@ TEST(UnitQueries, AskForSymbolsAndQuantitiesByUnit) {
   engine->addSymbol(Symbol("s2", unit("Q"), PrefixOrSuffix("q", Placement::Suffix, true)));
   engine->addQuantity(Quantity("q1", "both", {unit("P"), unit("Q"), unit("P")}));
   engine->addQuantity(Quantity("q2", "one", {unit("P")}));
-  EXPECT_EQ(idsOf(engine->getSymbolsOfUnit("P")), "s1");
-  EXPECT_EQ(idsOf(engine->getSymbolsOfUnit("M")), "");
-  EXPECT_EQ(idsOf(engine->getQuantitiesOfUnit("P")), "q1 q2");
-  EXPECT_EQ(idsOf(engine->getQuantitiesOfUnit("Q")), "q1");
-  EXPECT_EQ(idsOf(engine->getQuantitiesOfUnit("M")), "");
+  EXPECT_EQ(written(engine->getSymbolsOfUnit("P")), "s1;");
+  EXPECT_EQ(written(engine->getSymbolsOfUnit("M")), "");
+  EXPECT_EQ(written(engine->getQuantitiesOfUnit("P")), "q1;q2;");
+  EXPECT_EQ(written(engine->getQuantitiesOfUnit("Q")), "q1;");
+  EXPECT_EQ(written(engine->getQuantitiesOfUnit("M")), "");
 }
 
 TEST(UnitQueries, RefuseUnknownUnits) {

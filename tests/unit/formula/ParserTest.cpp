@@ -14,12 +14,6 @@ NodeArena arena;  // of the nodes that are made by hand
 constexpr const char* unexpected =
     "legacy code dbgWarn: Unexpected parse error. Dresmond 9-May-2004";
 
-TEST(Parser, BindsByPriorityAndFromTheLeft) {
-  expectOutcomes({"2^3^2 = 64", "2-3-4 = -5", "8/4/2 = 1", "8/4*2 = 4", "2+3*4 = 14", "2*3+4 = 10",
-                  "2*3^2 = 18", "2^3*2 = 16", "(2+3)*4 = 20", "-2^2 = 4", "-(2)^2 = 4", "--2 = 2",
-                  "---(2) = -2", "2--3 = 5", "2*-3 = -6", "2^-1 = 0.5", "1-(2-(3-(4))) = -2"});
-}
-
 TEST(Parser, TakesOnlyWhatIsAFormula) {
   expectEach(
       {"\n\t 7", "7", "(7)", " abs ( -7 ) ", "abs((7))", "pi( )*0+7", "((3)+4)", "(((2)*3)+((1)))"},
@@ -43,12 +37,6 @@ TEST(Parser, PlacesSymbolsByTheirKind) {
   expectEach({"u(2)", "(2)u+2"}, "no formula");
   // Where the whole is no literal, a symbol that begins it goes before shorter literals.
   expectEach({"$5*2", "u5*2"}, "no formula");
-}
-
-TEST(Parser, GivesTheSignToTheWholeLiteral) {
-  expectOutcomes({"-5' 6\" + 3 in * 2 = -60 inch^1", "-5' 6\" = -66 inch^1", "3-5' 6\" = no value",
-                  "2 ft - 3 in = 27 inch^1", "-2 C = 271.15 kelvin^1", "-(2) C = -275.15 kelvin^1",
-                  "- 0 = -0", "1--0 = 1", "(-2) ft = -24 inch^1"});
 }
 
 TEST(Parser, RefusesALiteralThatItsLastSpaceMade) {

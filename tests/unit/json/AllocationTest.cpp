@@ -5,24 +5,8 @@
 
 #include <string>
 #include <utility>
-#include <vector>
 
 namespace {
-
-TEST(Allocation, FailsWritesWhole) {
-  const std::string longText(70000, 'x');  // fills a chunk of the pool
-  const auto build = [&] {
-    JSON root = JSON::makeDocument();
-    for (int member = 0; member < 20; ++member) root.setMember(root, longText, JSON(member));
-    std::vector<JSON> items;
-    for (int item = 0; item < 5; ++item) items.push_back(JSON::makeString(root, longText));
-    root.setMember(root, "a", JSON::makeArray(root, std::move(items)));
-    return root;
-  };
-  EXPECT_GT(failEachAllocation(build), 40);
-  const JSON built = build();
-  EXPECT_GT(failEachAllocation([&] { built.toString(); }), 3);
-}
 
 TEST(Allocation, LeavesAnObjectThatCanGrowAgain) {
   // Short names need no memory: what fails is the object's longer list of members.

@@ -10,66 +10,10 @@ using namespace std::string_literals;
 
 namespace {
 
-struct Refusal {
-  std::string text;
-  const char* message;  // behind "JSON parsing error at offset "
-};
-
-TEST(Reading, RefusesWhatIsNotJson) {
-  const Refusal rows[] = {
-      {"", "0: The document is empty."},
-      {" \t\r\n", "4: The document is empty."},
-      {"[1\0]"s, "2: Missing a comma or ']' after an array element."},
-      {"{} x", "3: The document root must not be followed by other values."},
-      {"]", "0: Invalid value."},
-      {",[]", "0: Invalid value."},
-      {"\xEF\xBB\xBF{}", "0: Invalid value."},
-      {"{\"a\":1,}", "7: Missing a name for object member."},
-      {"{\"a\" 1}", "5: Missing a colon after a name of object member."},
-      {"{\"a\":1 \"b\":2}", "7: Missing a comma or '}' after an object member."},
-      {"[\"a", "3: Missing a closing quotation mark in string."},
-      {"[\\\"e1234567890\",1e1234567890]", "1: Invalid value."},
-      {"\"a\nb\"", "2: Invalid escape character in string."},
-      {"\"\\u12G4\"", "1: Incorrect hex digit after \\u escape in string."},
-      {"\"\\uD800\"", "1: The surrogate pair in string is invalid."},
-      {std::string(1000000, '['), "1000000: Invalid value."},
-      {"[1.]", "3: Miss fraction part in number."},
-      {"[1e-:1234567890]", "4: Miss exponent in number."},
-      {"[1e-/1234567890]", "4: Miss exponent in number."},
-      {"[1e+]", "4: Miss exponent in number."},
-      {"[ 1e309]", "2: Number too big to be stored in double."},
-      {"[-0.00E+0099999999999999999999]", "1: Number too big to be stored in double."}};
-  for (const auto& [text, message] : rows)
-    EXPECT_EQ(messageOf<TextError>([&, &bytes = text] { parse(bytes); }),
-              std::string("JSON parsing error at offset ") + message);
-}
-
-TEST(Reading, TellsTypes) {
-  const std::pair<const char*, const char*> kinds[] = {
-      {"{}", "object"},  {"  [1]\n", "array"}, {"\"\"", "string"}, {"-1", "number"},
-      {"1e5", "number"}, {"true", "bool"},     {"false", "bool"},  {"null", "null"}};
-  for (const auto& [text, kind] : kinds) {
-    const JSON json = parse(text);
-    EXPECT_EQ(json.isObject(), kind == "object"s) << text;
-    EXPECT_EQ(json.isArray(), kind == "array"s) << text;
-    EXPECT_EQ(json.isString(), kind == "string"s) << text;
-    EXPECT_EQ(json.isNumber(), kind == "number"s) << text;
-    EXPECT_EQ(json.isBool(), kind == "bool"s) << text;
-    EXPECT_EQ(json.getBool(), text == "true"s) << text;
-  }
-}
-
 TEST(Reading, GivesNumbersAsDoubles) {
   const std::pair<const char*, double> rows[] = {
-      {"-3", -3.0},
       {"-0", 0.0},  // an integer
       {"-0.0", -0.0},
-      {"-2147483649", -2147483649.0},
-      {"9007199254740993", 9007199254740992.0},
-      {"18446744073709551615", 18446744073709551615.0},
-      {"18446744073709551616", 18446744073709551616.0},
-      {"25.4E-3", 0.0254},
-      {"5e-324", 5e-324},
       // Exponents that overflow the reader's int together with the places of the fraction.
       {"0.11111111111e-2147483639", 0.0},
       {"-0.11111111111e-2147483639", -0.0},
@@ -96,15 +40,6 @@ TEST(Reading, CutsStringsAtTheirFirstNul) {
     const JSON json = parse(text);
     EXPECT_EQ(json.getString(), value) << text;
     EXPECT_EQ(json.getStringView(), value) << text;
-  }
-}
-
-TEST(Reading, TakesNoPartOfAStringForALongExponent) {
-  EXPECT_EQ(parse("\"e-2147483648\"").getString(), "e-2147483648");
-  for (const std::string before : {"\\\\", "\\\"", "a", "ab"}) {
-    const JSON array = parse("[\"" + before + "\", \"e-2147483648\", 1e-2147483648]");
-    EXPECT_EQ(array.getArray()[1].getString(), "e-2147483648") << before;
-    EXPECT_EQ(array.getArray()[2].getNumber(), 0.0) << before;
   }
 }
 

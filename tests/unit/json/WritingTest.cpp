@@ -3,10 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
+#include <stdexcept>
 #include <utility>
-
-using namespace std::string_literals;
 
 namespace {
 
@@ -47,24 +45,6 @@ TEST(Writing, MovesValuesInAndLeavesThemNull) {
   EXPECT_EQ(root.toString(), "{\"a\":[true,false,0.5,7,{\"i\":-2147483648}]}");
 }
 
-TEST(Writing, EscapesWhatJsonDemands) {
-  const std::pair<std::string, const char*> rows[] = {
-      {"", "\"\""},
-      {"a/b \x7F\xC2\xB0", "\"a/b \x7F\xC2\xB0\""},
-      {"\"\\", "\"\\\"\\\\\""},
-      {"\b\f\n\r\t", "\"\\b\\f\\n\\r\\t\""},
-      {"a\0b\x1F"s, "\"a\\u0000b\\u001F\""},
-      {"\xFF", "\"\xFF\""},
-      {"longer than what is kept in place", "\"longer than what is kept in place\""}};
-  for (const auto& [text, written] : rows) {
-    JSON root = JSON::makeDocument();
-    EXPECT_EQ(JSON::makeString(root, text).toString(), written);
-    root.setMember(root, text, JSON::makeObject());
-    EXPECT_EQ(root.toString(), "{"s + written + ":{}}");
-    EXPECT_TRUE(parse(root.toString()).getMember(text).isObject()) << written;
-  }
-}
-
 TEST(Writing, ShowsDoublesInTheirShortestForm) {
   const std::pair<double, const char*> rows[] = {
       {-0.0, "-0.0"},
@@ -78,11 +58,7 @@ TEST(Writing, ShowsDoublesInTheirShortestForm) {
       {5e-324, "5e-324"},
       {-1.7976931348623157e308, "-1.7976931348623157e308"}};
   for (const auto& [value, text] : rows) EXPECT_EQ(JSON(value).toString(), text);
-}
-
-TEST(Writing, HasNoTextForWhatIsNotFinite) {
-  for (const double value : {std::numeric_limits<double>::infinity(), std::nan("")})
-    EXPECT_THROW(JSON(value).toString(), std::logic_error);
+  EXPECT_THROW(JSON(HUGE_VAL).toString(), std::logic_error);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "registry/RecordChecks.h"
 
 #include "registry/AddRecord.h"
+#include "registry/Commit.h"
 #include "tests/support/Messages.h"
 
 #include <gtest/gtest.h>
@@ -116,16 +117,16 @@ TEST(AddRecord, StoresTheEnginesOwnUnits) {
   EXPECT_TRUE(isRegistered("twice", registries));
 }
 
-TEST(AddRecord, AcceptsWhatRestsOnStoredRecords) {
-  Registries registries = filled();
-  addFactor(Factor("f", FactorComponent(-0.0, {{"factor", -2}})), registries);
-  addUnit(derivedFrom({{"meter", -2147483647 - 1}}, FactorComponent(Powers{{"f", 3}})), registries);
-  addUnit(Unit("scale", "scale", System::Metric, AbsoluteUnitComponent("new", -1.0)), registries);
-  addUnit(Unit("p", "p", System::Imperial, PrimitiveUnitComponent(Dimension("dimension"))),
-          registries);
-  for (const char* typeId : {"f", "new", "scale", "p", "pending", "dimension"})
-    EXPECT_TRUE(isRegistered(typeId, registries)) << typeId;
-  EXPECT_FALSE(isRegistered("", registries));
+TEST(Commit, TakesNoRecordThatRestsOnNothing) {
+  using E = UnrecognizedIdentifierException;
+  const Powers parents = {{"gone", 1}};
+  Registries units, factors;
+  units.units.built = RecordStore<Unit>(
+      {{"unit", Unit("unit", "name", System::Metric, DerivedUnitComponent(parents, 1.0))}});
+  factors.factors.built =
+      RecordStore<Factor>({{"factor", Factor("factor", FactorComponent(1.0, parents))}});
+  EXPECT_EQ(messageOf<E>([&] { commit(units); }), "Could not find unit with typeid gone.");
+  EXPECT_EQ(messageOf<E>([&] { commit(factors); }), "Could not find factor with typeid gone.");
 }
 
 }  // namespace

@@ -67,15 +67,11 @@ const std::string place = value("placement", "'a'");
 
 /// Where a text has two faults, the row pins which of them is reported.
 const Refusal refusals[] = {
-    {"{} x",
-     "JSON parsing error at offset 3: The document root must not be followed by other "
-     "values."},
     {"[]", noTypeId},
     {head("'x':1"), noTypeId},
     {head("'typeid':''"), emptyTypeId},
     {head("'typeid':'\\u0000x'"), emptyTypeId},
     {quoted("{'typeid':'x','constants':0}"), "Schema must specify an inheritance array."},
-    {bases("'b'"), "Expected an array."},
     {bases("[1,'']"), "Expected an array of strings."},
     {bases("['',1]"), emptyBase},
     {bases("['b','']"), emptyBase},
@@ -94,7 +90,6 @@ const Refusal refusals[] = {
     {body("'constants':[{'id':'factor','value':0}],'properties':0"), noPropertyArray},
     {quoted("{'typeid':'taken','inherits':[]}"), oneBase},
     {schema("taken", "thing", {}), "Schema with typeid taken is already registered."},
-    {schema("x", "thing", {}), unknownBase},
     {quoted("{'typeid':'x','inherits':['dimension-1.0.0']}"), unknownBase},
 
     {schema("x", "factor", {"{'id':'factor','typedValue':{},'value':null}"}), noNumber},
@@ -122,14 +117,12 @@ const Refusal refusals[] = {
     {unit("primitive.dimensional", {value("dimension", "1")}), notTyped},
 
     {schema("x", "symbol", {}), undefined("unit")},
-    {composite("x:feetandInches-1", "u"), "Symbol x:feetandInches-1 must be a prefix or suffix."},
     {schema("x", "symbol.prefixOrSuffix", {value("text", "1")}), undefined("unit")},
     {sign({value("placement", "''")}), undefined("text")},
     {sign({value("text", "1"), value("placement", "''")}), noString},
     {sign({text, value("space", "1")}), undefined("placement")},
     {sign({text, value("placement", "''"), value("space", "1")}), emptyString},
     {sign({text, place}), undefined("space")},
-    {sign({text, place, value("space", "'true'")}), "Expected a Boolean value."},
     {schema("x", "quantity", {value("units", "1")}), undefined("name")},
     {schema("x", "quantity", {value("name", "'n'"), typed("units", "u")}),
      "Expected an array of typedValue objects."},

@@ -121,30 +121,5 @@ TEST_F(ValueText, GivesWhatIsWanted) {
   EXPECT_EQ(symbol, nullptr);
 }
 
-TEST_F(ValueText, BeginsWithTheLongestSymbolThatNoLetterFollows) {
-  for (const std::string_view rest : {std::string_view("^2x"), std::string_view("\0", 1)}) {
-    const std::string text = "m" + std::string(rest);
-    std::string_view left = text;
-    const Symbol* symbol = nullptr;
-    EXPECT_TRUE(matchLeadingSymbol(left, std::nullopt, &symbol, texts_));
-    EXPECT_EQ(symbol, symbols_.find("meter"));
-    EXPECT_EQ(left, rest);
-  }
-}
-
-TEST(LeadingSymbol, IsTheEarlierOfAPrefixAndASuffixOfOneText) {
-  const Unit unit("unit", "unit", System::Metric, PrimitiveUnitComponent());
-  for (const Placement first : {Placement::Prefix, Placement::Suffix}) {
-    const Placement second = first == Placement::Prefix ? Placement::Suffix : Placement::Prefix;
-    const RecordStore<Symbol> symbols(
-        RecordMap<Symbol>{{"a", Symbol("a", unit, PrefixOrSuffix("u", first, false))},
-                          {"b", Symbol("b", unit, PrefixOrSuffix("u", second, false))}});
-    std::string_view text = "u)";
-    const Symbol* symbol = nullptr;
-    EXPECT_TRUE(matchLeadingSymbol(text, std::nullopt, &symbol, SymbolTexts(symbols)));
-    EXPECT_EQ(symbol, symbols.find("a"));
-  }
-}
-
 }  // namespace
 }  // namespace Units
