@@ -34,8 +34,8 @@ import mutations
 import reasons
 
 SHARE = 90.0  # percent
-ROOMS = ("model", "registry", "json", "text", "formula", "schema", "engine", "loading", "prepared",
-         "naming")
+ROOMS = ("model", "registry", "json", "text", "formula", "schema", "engine", "reporting", "loading",
+         "prepared", "naming")
 ROOT = os.path.dirname(os.path.dirname(os.path.realpath(__file__)))
 WORK = os.path.join(ROOT, "build", "mutants")
 TREE = os.path.join(WORK, "tree")
