@@ -22,6 +22,11 @@ struct ExplainedFormula {
     return contents.tokens[contents.nodes[node].token];
   }
 
+  /// From the start of one span to the end of another, which comes later.
+  static FormulaSpan join(const FormulaSpan& first, const FormulaSpan& last) {
+    return {first.text, first.begin, last.endText, last.end};
+  }
+
   /// What a span covers, for people, in backticks.
   std::string quoted(const FormulaSpan& span) const;
 

@@ -163,8 +163,7 @@ void Warnings::checkPower(const Contents::NodeData& node) {
   if (literal.value == 1) return;
   const std::string text = contents_.textAt(literal.span);
   const std::size_t suffix = wordStart(text);
-  const FormulaSpan span = {literal.span.text, literal.span.begin, literal.span.endText,
-                            tokenOf(exponent).span.end};
+  const FormulaSpan span = ExplainedFormula::join(literal.span, tokenOf(exponent).span);
   const bool isSimple = exponent.kind == NodeKind::Number && suffix > 0;
   add(Kind::PowerOfLiteral, literal.span,
       "The power is taken of all of " + explained_.quoted(literal.span) + ", number and unit.",
@@ -223,7 +222,7 @@ void Warnings::checkRounding(const Contents::NodeData& node, std::uint32_t numbe
   if (hasSpellings() && input.kind == NodeKind::Number && unit) {
     const FormulaSpan& literal = tokenOf(input).span;
     const std::string one = " 1 " + suffixOf(*unit, explained_.registries);
-    spelling = spelled({0, literal.begin, 0, contents_.tokens[input.token + 1].span.end},
+    spelling = spelled(ExplainedFormula::join(literal, contents_.tokens[input.token + 1].span),
                        contents_.textAt(literal) + " /" + one + ") *" + one);
   }
   add(Kind::RoundsInBaseUnits, tokenOf(node).span,
@@ -271,7 +270,7 @@ void Warnings::checkReciprocal() {
   add(Kind::QuotientIsReciprocal, whole,
       "The unit belongs to the divisor " + explained_.quoted(right) +
           ", and the reciprocal of the result was taken.",
-      spelled({left.text, left.begin, right.endText, right.end},
+      spelled(ExplainedFormula::join(left, right),
               "(" + contents_.textAt(left) + "/" + std::string(trimmed(divisor.substr(0, suffix))) +
                   ") " + divisor.substr(suffix)));
 }

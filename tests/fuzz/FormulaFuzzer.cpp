@@ -1,7 +1,8 @@
 /// Formulas, with a resolver that answers out of the input. Tokens make up the formula, numbers are
-/// what their texts say, a formula has one answer however it is written, and the engine that was
-/// asked answers as before.
+/// what their texts say, a formula has one answer however it is written, its explanation is that
+/// of the engine, and the engine that was asked answers as before.
 #include "tests/fuzz/Fuzzer.h"
+#include "tests/support/ExplanationCheck.h"
 #include "tests/support/RandomFormulas.h"
 #include "tests/unit/formula/FormulaSample.h"
 
@@ -85,6 +86,10 @@ void checkFormula(const std::string& formula, const std::vector<std::string>& re
   }
   if (!isReplaced) checkEqual(withoutSpaces(all), withoutSpaces(formula), "tokens");
 
+  for (const std::string unit : {"foot", ""})
+    checkEqual(ExplanationCheck(sample.engine, unit, formula, makeResolver(replacements)).run(),
+               "", formula);
+
   const std::string outcome = sample.outcome(text, makeResolver(replacements));
   checkEqual(sample.outcome(text, makeResolver(replacements)), outcome, formula);
   checkEqual(sample.outcome("2 ft + 3 lb / 2 lb * 2 in"), "27 inch^1", formula);
@@ -108,8 +113,10 @@ void checkEquivalents(Random& random) {
     return found == formulas.variables.end() ? rejectIdentifier(name) : found->second;
   };
   const std::string outcome = sample.outcome(ways[bare]);
-  for (const Way way : {full, spaced, applied, withNames})
+  for (const Way way : {full, spaced, applied, withNames}) {
     checkEqual(sample.outcome(ways[way], resolver), outcome, ways[way] + " for " + ways[bare]);
+    checkEqual(ExplanationCheck(sample.engine, "foot", ways[way], resolver).run(), "", ways[way]);
+  }
 }
 
 }  // namespace

@@ -21,6 +21,7 @@ inline Taken measure(const Work& work) {
   work.run();
   const auto bytes = static_cast<double>(work.bytes + *work.substituted);
   const auto peak = static_cast<double>(heap::peakBytes() - before);
-  const double perByte = work.isFormula ? 128 : 100, fixed = work.isFormula ? 0x1p16 : 0x1p20;
+  constexpr double perBytes[] = {100, 128, 512}, fixedBytes[] = {0x1p20, 0x1p16, 0x1p20};
+  const double perByte = perBytes[work.kind], fixed = fixedBytes[work.kind];
   return {bytes, peak, std::max(0.0, peak - fixed) / (perByte * std::max(bytes, 1.0))};
 }

@@ -11,7 +11,7 @@ int main(int count, char** arguments) {
     const char* texts;
     double perByte;
     std::string shape;
-  } most[] = {{"Schema texts", 0, ""}, {"Formulas", 0, ""}};
+  } most[] = {{"Schema texts", 0, ""}, {"Formulas", 0, ""}, {"Explanations", 0, ""}};
   for (const Shape& shape : allShapes())
     for (const int size : {1, (shape.isOneText ? 100000 : 3000) / share}) {
       const Engine engine = sampleEngine();
@@ -21,7 +21,7 @@ int main(int count, char** arguments) {
                   taken.peak, taken.perByte());
       std::fflush(stdout);
       check(taken.share <= 1, shape.name, " takes too much memory");
-      auto& greatest = most[work.isFormula];
+      auto& greatest = most[work.kind];
       if (size > 1 && taken.perByte() > greatest.perByte)
         greatest = {greatest.texts, taken.perByte(), shape.name};
     }

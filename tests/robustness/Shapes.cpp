@@ -5,7 +5,7 @@
 const std::vector<Shape>& allShapes() {
   static const std::vector<Shape> all = [] {
     std::vector<Shape> shapes = formulaShapes();
-    for (const auto& more : {textShapes(), definitionShapes()})
+    for (const auto& more : {explanationShapes(), textShapes(), definitionShapes()})
       shapes.insert(shapes.end(), more.begin(), more.end());
     return shapes;
   }();
@@ -29,7 +29,7 @@ Work bundleLoad(const std::vector<std::string>& texts, Units::UnitsEngine& engin
 
 Work evaluation(const std::string& unit, const std::string& formula, Units::UnitsEngine& engine,
                 const Units::VariableResolver& resolver) {
-  Work work{{}, formula.size(), true};
+  Work work{{}, formula.size(), Work::Formula};
   const auto counted = [resolver, substituted = work.substituted](const std::string& name) {
     std::string text = resolver(name);
     *substituted += text.size();
@@ -38,7 +38,20 @@ Work evaluation(const std::string& unit, const std::string& formula, Units::Unit
   work.run = [=, &engine] {
     outcome([&] { return engine.evaluateExpressionInUnit(unit, formula, counted); });
   };
+  work.explain = [=, &engine] { explainFormula(engine, unit, formula, counted).toText(); };
   return work;
+}
+
+std::vector<Shape> explanationShapes() {
+  std::vector<Shape> shapes;
+  for (const Shape& shape : formulaShapes())
+    shapes.push_back({shape.name + ", explained", true, [shape](int size, auto& engine) {
+                        Work work = shape.prepare(size, engine);
+                        work.run = work.explain;
+                        work.kind = Work::Explanation;
+                        return work;
+                      }});
+  return shapes;
 }
 
 Work batch(const std::vector<std::string>& texts, Units::UnitsEngine& engine) {

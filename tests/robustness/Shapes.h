@@ -15,10 +15,13 @@
 struct Work {
   std::function<void()> run;
   std::size_t bytes = 0;  // of the texts that go in
-  bool isFormula = false;
+  enum Kind { Schemas, Formula, Explanation } kind = Schemas;
 
   /// Bytes of the texts that replaced identifiers, once it has run.
   std::shared_ptr<std::size_t> substituted = std::make_shared<std::size_t>(0);
+
+  /// Explains the formula; only of an evaluation.
+  std::function<void()> explain = {};
 };
 
 /// `Prepared` is a `Work`, or several with their names: the first builds what the others use.
@@ -46,7 +49,10 @@ std::vector<Shape> textShapes();
 /// Those of the proportions that have cost too much before, and what no proportion has.
 std::vector<Shape> definitionShapes();
 
-/// The three above.
+/// The formulas, which are explained.
+std::vector<Shape> explanationShapes();
+
+/// The four above.
 const std::vector<Shape>& allShapes();
 
 /// Any of the shapes.

@@ -11,6 +11,9 @@
 #include <TrelvonUnits/FormulaExplanation.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -24,11 +27,15 @@ class ExplanationCheck {
 
   std::string run() const {
     std::vector<std::string> asked, askedAgain;
+    std::optional<Units::FormulaExplanation> made;
     const std::string expected = outcome([&] { return evaluate(watched(asked)); });
-    const Units::FormulaExplanation explained = explain(watched(askedAgain));
-    const std::string actual = outcome([&] { return answer(explained); });
+    const std::string actual = outcome([&] {
+      return answer(made.emplace(explain(watched(askedAgain))));
+    });
     if (actual != expected) return "explained as " + actual + " instead of " + expected;
     if (asked != askedAgain) return "the resolver was asked for other names";
+    if (!made) return "";  // the resolver threw
+    const Units::FormulaExplanation& explained = *made;
     if (!haveSameTokens(explained)) return "other tokens";
     if (!isTree(explained)) return "no tree";
     if (!tiles(explained)) return "the tokens do not tile the texts";
@@ -39,9 +46,9 @@ class ExplanationCheck {
 
  private:
   VariableResolver watched(std::vector<std::string>& asked) const {
-    return [this, &asked](const std::string& name) {
+    return [resolver = resolver_, &asked](const std::string& name) {
       asked.push_back(name);
-      return resolver_(name);
+      return resolver(name);
     };
   }
 

@@ -1,4 +1,4 @@
-/// An engine with a few units, symbols beside it that tests may add to, and formulas over both.
+/// An engine with a few units and symbols, which tests may add to, and formulas over it.
 #pragma once
 
 #include "engine/UnitsEngineImpl.h"
@@ -57,7 +57,7 @@ class Sample {
     insert("", unit, Units::PrefixOrSuffix(text, placement, false));
   }
 
-  const Units::SymbolTexts& texts() const { return texts_; }
+  const Units::SymbolTexts& texts() const { return engine.registries().symbolTexts; }
 
   /// What a formula comes to: a value with its units, "no formula", "no value" or a message.
   std::string outcome(std::string_view formula,
@@ -68,7 +68,7 @@ class Sample {
       double value = 0;
       UnitPowerMap units = {{"replaced", 1}};
       Units::FormulaUnits terms = engine.formulaUnits();
-      if (parseFormula(formula, nodes, root, texts_, engine, terms, resolver) !=
+      if (parseFormula(formula, nodes, root, texts(), engine, terms, resolver) !=
           FormulaReason::Done)
         return "no formula";
       if (!root->evaluate(value, units)) return "no value";
@@ -90,15 +90,8 @@ class Sample {
 
   void insert(const std::string& key, const std::string& unit,
               const std::optional<Units::PrefixOrSuffix>& shown) {
-    const std::string typeId = std::to_string(1000 + symbols_.size()) + key;
-    Units::RecordStore<Units::Symbol> made;
-    made.add(Units::Symbol(typeId, engine.getUnit(unit), shown));
-    Units::SymbolTexts texts(made);
-    symbols_.reserve(1);
-    symbols_.merge(made);
-    texts_.merge(std::move(texts));
+    engine.addSymbol({std::to_string(symbols_++) + key, engine.getUnit(unit), shown});
   }
 
-  Units::RecordStore<Units::Symbol> symbols_;
-  Units::SymbolTexts texts_;
+  int symbols_ = 1000;
 };
