@@ -83,6 +83,17 @@ Sides againstNumbers() {
            static_cast<double>(formulas.size())}};
 }
 
+Side explained() {
+  return {[] {
+            for (const Ready& formula : readyFormulas())
+              keep(formula.unit.empty()
+                       ? explainUnitlessFormula(catalogue(), formula.text, {}).value()
+                       : explainFormula(catalogue(), formula.unit, formula.text, {}).value());
+            return Leftover();
+          },
+          static_cast<double>(formulas.size())};
+}
+
 /// A formula without units and with a known value.
 Side bare(std::string formula, double value, double pieces) {
   check(catalogue().evaluateUnitlessExpression(formula) == value, "the long formula");
@@ -113,6 +124,10 @@ std::vector<Row> formulaRows() {
        againstQalculate},
       {"32 formulas of 7 to 200 characters", "parsing only their numbers (`strtod`)", Bound::AtMost,
        35, 20, againstNumbers},
+      {"the same, explained", "evaluating them", Bound::AtMost, 4, 2.5,
+       [] {
+         return Sides{explained(), ours()};
+       }},
       {"sum of 100,000 characters, per character", "1,000 characters", Bound::AtMost, 2, 1.2,
        [] {
          return Sides{sum(100000), sum(1000)};

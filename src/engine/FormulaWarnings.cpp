@@ -282,8 +282,9 @@ void addWarnings(const ExplainedFormula& explained, Contents& out) {
   for (const Contents::TokenData& token : out.tokens) warnings.checkToken(token);
   for (std::uint32_t node = 0; node < out.nodes.size(); ++node) warnings.checkNode(node);
   if (out.reason == FormulaReason::Done) warnings.checkResult();
-  std::stable_sort(out.warnings.begin(), out.warnings.end(), [](const auto& a, const auto& b) {
-    return std::tie(a.span.text, a.span.begin) < std::tie(b.span.text, b.span.begin);
+  std::sort(out.warnings.begin(), out.warnings.end(), [](const auto& a, const auto& b) {
+    return std::tie(a.span.text, a.span.begin, a.kind) <
+           std::tie(b.span.text, b.span.begin, b.kind);
   });
 }
 

@@ -172,7 +172,8 @@ void Candidates::rewriteUnitsDiffer() {
     add(rightSpan, "1 * " + rightText);
   } else if (contents_.refusedNode + 1 == contents_.nodes.size() &&
              left.kind == NodeKind::Number) {  // 5 m + 50%
-    add(ExplainedFormula::join(contents_.span, rightSpan), "* (1 " + it_ + " 1 * " + rightText + ")");
+    add(ExplainedFormula::join(contents_.span, rightSpan),
+        "* (1 " + it_ + " 1 * " + rightText + ")");
   }
 }
 

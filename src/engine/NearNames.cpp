@@ -21,6 +21,7 @@ struct Near {
   Nearness nearness;
   std::string_view text;
   const Unit* unit;  // whose name it is; null for what may stand in a formula itself
+  std::size_t place;
 };
 
 }  // namespace
@@ -35,7 +36,8 @@ std::vector<std::string> nearNames(std::string_view identifier, const Registries
   const EditDistance distance(word);
   std::vector<Near> near;
   const auto compare = [&](std::string_view text, const Unit* unit) {
-    if (const auto nearness = distance.to(text)) near.push_back({*nearness, text, unit});
+    if (const auto nearness = distance.to(text))
+      near.push_back({*nearness, text, unit, near.size()});
   };
   const FunctionMap functions;
   if (word.size() == identifier.size())
@@ -45,8 +47,9 @@ std::vector<std::string> nearNames(std::string_view identifier, const Registries
       compare(RecordAccess::text(*shown), nullptr);
   for (const auto& [typeId, node] : registries.units.objects.nodes())
     compare(RecordAccess::name(node.record), &node.record);
-  std::stable_sort(near.begin(), near.end(),
-                   [](const Near& a, const Near& b) { return a.nearness < b.nearness; });
+  std::sort(near.begin(), near.end(), [](const Near& a, const Near& b) {
+    return a.nearness == b.nearness ? a.place < b.place : a.nearness < b.nearness;
+  });
 
   std::vector<std::string> names;
   for (const Near& found : near) {

@@ -80,9 +80,11 @@ class Recorder {
   void after(const Expression& node, EvaluatedValues& values);
 
  private:
-  void read(const std::string& formula, std::unique_ptr<Expression>& root);
-  void evaluate(const Expression& root, FormulaGoal goal, const Units::Unit* unit);
-  void finish(EvaluatedValue& result, FormulaGoal goal, const Units::Unit* unit);
+  using Thrown = FormulaExplanation::ExceptionClass;
+
+  FormulaReason read(const std::string& formula, std::unique_ptr<Expression>& root);
+  FormulaReason evaluate(const Expression& root, FormulaGoal goal, const Units::Unit* unit);
+  FormulaReason finish(EvaluatedValue& result, FormulaGoal goal, const Units::Unit* unit);
   std::string replace(const std::string& identifier);
   std::string ask(const std::string& identifier);
   FormulaSpan identifierSpan();
@@ -90,8 +92,7 @@ class Recorder {
   void addNodes(const Expression& root);
   std::uint32_t symbolIndex(const Units::Symbol& symbol);
   std::uint32_t powersIndex(EvaluatedValue& value, std::size_t most);
-  [[noreturn]] void refuse(FormulaReason reason);
-  void record(FormulaReason reason, FormulaExplanation::ExceptionClass thrown, const char* message);
+  void record(FormulaReason reason, Thrown thrown, const char* message);
 
   const VariableResolver& resolver_;
   const Units::SymbolTexts& symbols_;
@@ -100,6 +101,7 @@ class Recorder {
   Contents& out_;
   SpanFinder spans_;
   FormulaTokenizer* tokenizer_ = nullptr;
+  FormulaReason thrownReason_ = FormulaReason::Other;  // of a ParseException
   bool isForeign_ = false;   // the resolver threw what is not to be explained
   bool hasEnded_ = false;    // all tokens were taken
   std::size_t reached_ = 0;  // nodes that have a value
@@ -109,54 +111,47 @@ class Recorder {
 };
 
 void Recorder::run(const std::string& formula, FormulaGoal goal, const Units::Unit* unit) {
-  using Thrown = FormulaExplanation::ExceptionClass;
   out_.span = {0, 0, 0, formula.size()};
   try {
     std::unique_ptr<Expression> root;
-    read(formula, root);
-    evaluate(*root, goal, unit);
+    FormulaReason reason = read(formula, root);
+    if (reason == FormulaReason::Done) reason = evaluate(*root, goal, unit);
+    if (reason == FormulaReason::Done) return;
+    record(reason,
+           reason == FormulaReason::PowerOfNoUnits ? Thrown::LogicError : Thrown::ParseException,
+           messageOf(reason));
   } catch (const Units::ParseException& refusal) {
     if (isForeign_) throw;
-    record(out_.reason, Thrown::ParseException, refusal.what());
+    record(thrownReason_, Thrown::ParseException, refusal.what());
   } catch (const Units::IncompatibleUnitsException& refusal) {
     if (isForeign_) throw;
     record(FormulaReason::Other, Thrown::IncompatibleUnitsException, refusal.what());
   } catch (const std::logic_error& refusal) {
     if (isForeign_ || typeid(refusal) != typeid(std::logic_error)) throw;
-    record(out_.reason, Thrown::LogicError, refusal.what());
+    record(FormulaReason::Other, Thrown::LogicError, refusal.what());
   }
 }
 
-/// Throws what the engine throws. `run` records it.
-void Recorder::refuse(FormulaReason reason) {
+void Recorder::record(FormulaReason reason, Thrown thrown, const char* message) {
   out_.reason = reason;
-  throwRefusal(reason);
-}
-
-void Recorder::record(FormulaReason reason, FormulaExplanation::ExceptionClass thrown,
-                      const char* message) {
-  out_.reason = reason == FormulaReason::Done ? FormulaReason::Other : reason;
   out_.exceptionClass = thrown;
   out_.message = message;
 }
 
-void Recorder::read(const std::string& formula, std::unique_ptr<Expression>& root) {
+FormulaReason Recorder::read(const std::string& formula, std::unique_ptr<Expression>& root) {
   FormulaTokenizer tokenizer(formula, symbols_, unitMath_,
                              [this](const std::string& name) { return replace(name); });
   FormulaParser parser(arena_, symbols_, unitMath_, units_);
   tokenizer_ = &tokenizer;
-  FormulaReason reason = FormulaReason::Done;
   try {
-    reason = parseTokens(tokenizer, parser, root, *this);
+    const FormulaReason reason = parseTokens(tokenizer, parser, root, *this);
+    if (reason != FormulaReason::Done) out_.span = refusedSpan(reason, parser);
+    return reason;
   } catch (const Units::ParseException&) {
-    const FormulaReason own = tokenizer.refusal();
-    out_.reason = own == FormulaReason::Done ? FormulaReason::UnknownIdentifier : own;
+    if (tokenizer.refusal() != FormulaReason::Done) thrownReason_ = tokenizer.refusal();
     out_.span = identifierSpan();
     throw;
   }
-  if (reason == FormulaReason::Done) return;
-  out_.span = refusedSpan(reason, parser);
-  refuse(reason);
 }
 
 void Recorder::onToken(const FormulaToken& token) {
@@ -176,11 +171,11 @@ std::string Recorder::replace(const std::string& identifier) {
 }
 
 std::string Recorder::ask(const std::string& identifier) {
-  if (!resolver_) return rejectIdentifier(identifier);
   try {
-    return resolver_(identifier);
+    return resolver_ ? resolver_(identifier) : rejectIdentifier(identifier);
   } catch (const std::exception& refusal) {
     isForeign_ = typeid(refusal) != typeid(Units::ParseException);
+    thrownReason_ = FormulaReason::UnknownIdentifier;
     throw;
   } catch (...) {
     isForeign_ = true;
@@ -206,16 +201,17 @@ FormulaSpan Recorder::refusedSpan(FormulaReason reason, const FormulaParser& par
   return {0, end, 0, end};
 }
 
-void Recorder::evaluate(const Expression& root, FormulaGoal goal, const Units::Unit* unit) {
+FormulaReason Recorder::evaluate(const Expression& root, FormulaGoal goal,
+                                 const Units::Unit* unit) {
   addNodes(root);
   EvaluatedValues values;
   const FormulaReason reason = root.walk(values, *this);
   if (reason != FormulaReason::Done) {
     out_.refusedNode = static_cast<std::uint32_t>(reached_);
     out_.span = out_.tokens[out_.nodes[reached_].token].span;
-    refuse(reason);
+    return reason;
   }
-  finish(values.back(), goal, unit);
+  return finish(values.back(), goal, unit);
 }
 
 void Recorder::addNodes(const Expression& root) {
@@ -237,14 +233,14 @@ void Recorder::after(const Expression&, EvaluatedValues& values) {
   node.powers = powersIndex(values.back(), mostPowers);
 }
 
-void Recorder::finish(EvaluatedValue& result, FormulaGoal goal, const Units::Unit* unit) {
+FormulaReason Recorder::finish(EvaluatedValue& result, FormulaGoal goal, const Units::Unit* unit) {
   out_.resultPowers = powersIndex(result, std::numeric_limits<std::size_t>::max());
   out_.nodes.back().powers = out_.resultPowers;
   FormulaReason reason = FormulaReason::Done;
   if (goal == FormulaGoal::InUnit) reason = countInUnit(result, *unit, units_, out_.inverted);
   if (goal == FormulaGoal::Plain && !result.isUnitless()) reason = FormulaReason::HasUnits;
-  if (reason != FormulaReason::Done) refuse(reason);
-  out_.value = result.value;
+  if (reason == FormulaReason::Done) out_.value = result.value;
+  return reason;
 }
 
 std::uint32_t Recorder::symbolIndex(const Units::Symbol& symbol) {

@@ -33,8 +33,12 @@ const char* ownMessageOf(FormulaReason reason) {
   }
 }
 
+const char* messageOf(FormulaReason reason) {
+  const char* const own = ownMessageOf(reason);
+  return own ? own : "Unable to parse expression.";
+}
+
 void throwRefusal(FormulaReason reason) {
-  const char* const message = ownMessageOf(reason);
-  if (reason == FormulaReason::PowerOfNoUnits) throw std::logic_error(message);
-  throw Units::ParseException(message ? message : "Unable to parse expression.");
+  if (reason == FormulaReason::PowerOfNoUnits) throw std::logic_error(messageOf(reason));
+  throw Units::ParseException(messageOf(reason));
 }

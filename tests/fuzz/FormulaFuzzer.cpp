@@ -87,8 +87,8 @@ void checkFormula(const std::string& formula, const std::vector<std::string>& re
   if (!isReplaced) checkEqual(withoutSpaces(all), withoutSpaces(formula), "tokens");
 
   for (const std::string unit : {"foot", ""})
-    checkEqual(ExplanationCheck(sample.engine, unit, formula, makeResolver(replacements)).run(),
-               "", formula);
+    checkEqual(ExplanationCheck(sample.engine, unit, formula, makeResolver(replacements)).run(), "",
+               formula);
 
   const std::string outcome = sample.outcome(text, makeResolver(replacements));
   checkEqual(sample.outcome(text, makeResolver(replacements)), outcome, formula);

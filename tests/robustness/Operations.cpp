@@ -119,6 +119,10 @@ std::vector<Operation> buildingOperations() {
   return all;
 }
 
+std::string resolveOne(const std::string& name) {
+  return name == "x" ? "2 in * 1 in" : throw Units::ParseException("Unrecognized identifier.");
+}
+
 }  // namespace
 
 Operation loading(const std::string& name, const std::function<void(UnitsEngine&)>& load) {
@@ -152,6 +156,20 @@ std::vector<Operation> readingOperations() {
             return names.find(std::string(99, ' ') + "FOOT").at(0).getText() +
                    names.suggest("fooot", 2).at(0).getText() +
                    names.completions("F", 1)[0].getText();
+          }),
+      row("explainFormula",
+          [](auto& e) {
+            std::string texts;
+            for (const char* const formula : {"5 ft - 6 in", "1 ft + x", "2 * (x"}) {
+              const auto explained = explainFormula(e, "foot", formula, resolveOne);
+              texts += explained.toText() + explained.toJson();
+            }
+            return texts;
+          }),
+      row("explainFormula, refused",
+          [](auto& e) {
+            const auto explained = explainFormula(e, "2 + fo", resolveOne);
+            return "ParseException: " + explained.toText();
           }),
       row("isRegistered",
           [](auto& e) { return e.isRegistered("a type id that is long enough to be allocated"); })};

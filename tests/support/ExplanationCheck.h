@@ -29,9 +29,8 @@ class ExplanationCheck {
     std::vector<std::string> asked, askedAgain;
     std::optional<Units::FormulaExplanation> made;
     const std::string expected = outcome([&] { return evaluate(watched(asked)); });
-    const std::string actual = outcome([&] {
-      return answer(made.emplace(explain(watched(askedAgain))));
-    });
+    const std::string actual =
+        outcome([&] { return answer(made.emplace(explain(watched(askedAgain)))); });
     if (actual != expected) return "explained as " + actual + " instead of " + expected;
     if (asked != askedAgain) return "the resolver was asked for other names";
     if (!made) return "";  // the resolver threw
