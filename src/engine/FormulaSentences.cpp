@@ -150,6 +150,9 @@ std::string Sentence::suffixWithoutOperand() const {
 
 std::string Sentence::unknownIdentifier() const {
   const std::string text = contents_.textAt(contents_.span);
+  const std::string first = text.substr(0, text.find(' '));
+  if (FunctionMap().find(first) != FormulaFunction::None)
+    return "`" + first + "` is a function: its input stands in parentheses.";
   const std::string word = text.substr(wordStart(text));
   const bool isOneWord = word.find_first_of(" 0123456789") == std::string::npos;
   if (word.size() < text.size() && !isOneWord)

@@ -76,18 +76,34 @@ TEST(Explanation, KnowsWhatNoPageShows) {
   EXPECT_EQ(plain.warnings()[0].kind(), FormulaExplanation::WarningKind::NoCompositeSymbol);
 }
 
+TEST(Explanation, NamesWhatValuesMeasureByTheEnginesWords) {
+  for (const auto& [name, said] : std::map<std::string, std::string>{
+           {"Area", "an area"}, {"Zone", "a zone"}, {"pH", "a pH"}, {"VA", "a VA"}, {"x", "a x"}}) {
+    const Engine engine = makeEngine();
+    engine->addDefinition(primitive("p"));
+    engine->buildSchemas();
+    engine->addQuantity({"q", name, {engine->getUnit("p")}});
+    addSuffix(*engine, "s", "p", "p");
+    EXPECT_EQ(explainUnitlessFormula(*engine, "1 p", {}).sentence(),
+              "The result is " + said + ", where a plain number is asked for.");
+    EXPECT_EQ(explainUnitlessFormula(*engine, "1 p * 1 p", {}).sentence(),
+              "The result is a value in n^2, where a plain number is asked for.");
+  }
+}
+
 TEST(Explanation, ShowsAnyBytes) {
   const Engine engine = sampleEngine();
   const std::string far(300, ' ');
-  const std::pair<std::string, const char*> shown[] = {
+  const std::pair<std::string, std::string> shown[] = {
       {"\xC3\xA9\xFF\n+", "\xC3\xA9\\xFF\\x0A+\n^~~~~\nerror: "},
       {"2 * sum + ()", "2 * sum + ()\n           ^\nerror: "},
-      {"1 +" + far + "* 2", "... "},
+      {"1 +" + far + "*" + far, "..." + std::string(60, ' ') + "*" + std::string(139, ' ') +
+                                    "...\n" + std::string(63, ' ') + "^\nerror: "},
       {"sum * gone", "sum * gone\n      ^~~~\nerror: `gone` is no unit, function or variable.\n"},
       {"2 ft", "2 ft\n= 24 inch\n"}};
   for (const auto& [formula, text] : shown) {
     const std::string actual = explainFormula(*engine, formula, resolve).toText();
-    EXPECT_EQ(actual.substr(0, std::string(text).size()), text);
+    EXPECT_EQ(actual.substr(0, text.size()), text);
   }
 }
 
