@@ -16,7 +16,14 @@ std::string resolve(const std::string& name) {
   if (name == "sum") return "1 ft + part";
   if (name == "part") return "2 ft";
   if (name == "x") return "5 r";
+  if (name == "apart") return "5 ft - 6 in";
   throw Units::ParseException("There is no " + name + ".");
+}
+
+std::string times(int count, const std::string& text) {
+  std::string all;
+  while (count-- > 0) all += text;
+  return all;
 }
 
 /// "1:2-5" for bytes of the second text; "1:2-0:5" where it runs on.
@@ -42,6 +49,56 @@ TEST(Explanation, PlacesTokensInReplacements) {
   addSuffix(*engine, "r", "foot", "r)) k");  // a literal that ends behind its replacement
   EXPECT_EQ(placesOf(explainFormula(*engine, "(x) k)", resolve)),
             "(x) k)0:0-0 (5 r)0:1-2  0:0-1 1:0-1 1:1-0:5 0:5-6");
+}
+
+/// The places of the refusal and of the warnings.
+std::string saidOf(const FormulaExplanation& explained) {
+  std::string said = written(explained.span());
+  for (const auto& warning : explained.warnings())
+    said += " " + written(warning.span()) + " " + warning.spelling();
+  return said;
+}
+
+TEST(Explanation, PlacesWhatItSays) {
+  const Engine engine = sampleEngine();
+  for (const auto& [formula, said] :
+       std::map<std::string, std::string>{{"2", "0:0-1 0:0-1 "},
+                                          {"1/2 in", "0:0-6"},
+                                          {"5 ft - 1e-1 in", "0:0-14 0:0-14 5 ft - (1e-1 in)"},
+                                          {"1e-1\"", "0:0-5"},
+                                          {"apart", "0:0-5 1:1-12 "},
+                                          {"2 * (3", "0:4-5"},
+                                          {"2 * ", "0:4-4"},
+                                          {"abs 1 ", "0:0-5"},
+                                          {"abs", "0:0-3"},
+                                          {"abs + 1", "0:0-3"},
+                                          {"2 * sum + 1", "0:8-9"}})
+    EXPECT_EQ(saidOf(explainFormula(*engine, "foot", formula, resolve)), said) << formula;
+}
+
+TEST(Explanation, WritesJson) {
+  const Engine engine = sampleEngine();
+  EXPECT_EQ(
+      explainFormula(*engine, "foot", "-2 in", {}).toJson(),
+      R"({"formula":"-2 in","unit":"foot","reason":"done","value":-0.16666666666666667,)"
+      R"("powers":[{"unit":"inch","exponent":1.0}],)"
+      R"("texts":[{"text":"-2 in","identifier":{"text":0,"begin":0,"endText":0,"end":0}}],)"
+      R"("tokens":[{"kind":"operator","text":"-","span":{"text":0,"begin":0,"endText":0,"end":1}},)"
+      R"({"kind":"number","text":"2 in","span":{"text":0,"begin":1,"endText":0,"end":5},)"
+      R"("value":2.0,"symbol":"in","unit":"inch"}],)"
+      R"("nodes":[{"kind":"number","token":1,"operands":[],"reached":true,"value":-2.0,)"
+      R"("powers":[{"unit":"inch","exponent":1.0}]}],"warnings":[]})");
+  EXPECT_EQ(
+      explainUnitlessFormula(*engine, "x", resolve).toJson(),
+      R"({"formula":"x","reason":"unknown-identifier","exception":"ParseException",)"
+      R"("message":"There is no 5 r.","span":{"text":1,"begin":1,"endText":1,"end":4},)"
+      R"("sentence":"`r` is no unit.","spellings":[],)"
+      R"("texts":[{"text":"x","identifier":{"text":0,"begin":0,"endText":0,"end":0}},)"
+      R"({"text":"(5 r)","identifier":{
+    "text" : 0, "begin" : 0, "endText" : 0, "end" : 1}
+}],)"
+      R"("tokens":[{"kind":"open-parenthesis","text":"(",)"
+      R"("span":{"text":1,"begin":0,"endText":1,"end":1}}],"nodes":[],"warnings":[]})");
 }
 
 TEST(Explanation, LetsForeignExceptionsPass) {
@@ -77,8 +134,13 @@ TEST(Explanation, KnowsWhatNoPageShows) {
 }
 
 TEST(Explanation, NamesWhatValuesMeasureByTheEnginesWords) {
-  for (const auto& [name, said] : std::map<std::string, std::string>{
-           {"Area", "an area"}, {"Zone", "a zone"}, {"pH", "a pH"}, {"VA", "a VA"}, {"x", "a x"}}) {
+  for (const auto& [name, said] : std::map<std::string, std::string>{{"Area", "an area"},
+                                                                     {"Zap", "a zap"},
+                                                                     {"Azure", "an azure"},
+                                                                     {"pH", "a pH"},
+                                                                     {"V`", "a V`"},
+                                                                     {"V{", "a V{"},
+                                                                     {"x", "a x"}}) {
     const Engine engine = makeEngine();
     engine->addDefinition(primitive("p"));
     engine->buildSchemas();
@@ -99,6 +161,8 @@ TEST(Explanation, ShowsAnyBytes) {
       {"2 * sum + ()", "2 * sum + ()\n           ^\nerror: "},
       {"1 +" + far + "*" + far, "..." + std::string(60, ' ') + "*" + std::string(139, ' ') +
                                     "...\n" + std::string(63, ' ') + "^\nerror: "},
+      {"a" + times(130, "\xC3\xA9"),
+       "a" + times(99, "\xC3\xA9") + "...\n^" + std::string(99, '~') + "\nerror: "},
       {"sum * gone", "sum * gone\n      ^~~~\nerror: `gone` is no unit, function or variable.\n"},
       {"2 ft", "2 ft\n= 24 inch\n"}};
   for (const auto& [formula, text] : shown) {
