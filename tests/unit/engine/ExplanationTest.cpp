@@ -80,25 +80,22 @@ TEST(Explanation, WritesJson) {
   const Engine engine = sampleEngine();
   EXPECT_EQ(
       explainFormula(*engine, "foot", "-2 in", {}).toJson(),
-      R"({"formula":"-2 in","unit":"foot","reason":"done","value":-0.16666666666666667,)"
-      R"("powers":[{"unit":"inch","exponent":1.0}],)"
-      R"("texts":[{"text":"-2 in","identifier":{"text":0,"begin":0,"endText":0,"end":0}}],)"
-      R"("tokens":[{"kind":"operator","text":"-","span":{"text":0,"begin":0,"endText":0,"end":1}},)"
-      R"({"kind":"number","text":"2 in","span":{"text":0,"begin":1,"endText":0,"end":5},)"
-      R"("value":2.0,"symbol":"in","unit":"inch"}],)"
-      R"("nodes":[{"kind":"number","token":1,"operands":[],"reached":true,"value":-2.0,)"
-      R"("powers":[{"unit":"inch","exponent":1.0}]}],"warnings":[]})");
-  EXPECT_EQ(
-      explainUnitlessFormula(*engine, "x", resolve).toJson(),
-      R"({"formula":"x","reason":"unknown-identifier","exception":"ParseException",)"
-      R"("message":"There is no 5 r.","span":{"text":1,"begin":1,"endText":1,"end":4},)"
-      R"("sentence":"`r` is no unit.","spellings":[],)"
-      R"("texts":[{"text":"x","identifier":{"text":0,"begin":0,"endText":0,"end":0}},)"
-      R"({"text":"(5 r)","identifier":{
-    "text" : 0, "begin" : 0, "endText" : 0, "end" : 1}
-}],)"
-      R"("tokens":[{"kind":"open-parenthesis","text":"(",)"
-      R"("span":{"text":1,"begin":0,"endText":1,"end":1}}],"nodes":[],"warnings":[]})");
+      R"~({"formula":"-2 in","unit":"foot","reason":"done","value":-0.16666666666666667,)~"
+      R"~("powers":[{"unit":"inch","exponent":1.0}],)~"
+      R"~("texts":[{"text":"-2 in","identifier":{"text":0,"begin":0,"endText":0,"end":0}}],)~"
+      R"~("tokens":[{"kind":"operator","text":"-","span":{"text":0,"begin":0,"endText":0,"end":1}},)~"
+      R"~({"kind":"number","text":"2 in","span":{"text":0,"begin":1,"endText":0,"end":5},)~"
+      R"~("value":2.0,"symbol":"in","unit":"inch"}],)~"
+      R"~("nodes":[{"kind":"number","token":1,"operands":[],"reached":true,"value":-2.0,)~"
+      R"~("powers":[{"unit":"inch","exponent":1.0}]}],"warnings":[]})~");
+  EXPECT_EQ(explainUnitlessFormula(*engine, "x", resolve).toJson(),
+            R"~({"formula":"x","reason":"unknown-identifier","exception":"ParseException",)~"
+            R"~("message":"There is no 5 r.","span":{"text":1,"begin":1,"endText":1,"end":4},)~"
+            R"~("sentence":"`r` is no unit.","spellings":[],)~"
+            R"~("texts":[{"text":"x","identifier":{"text":0,"begin":0,"endText":0,"end":0}},)~"
+            R"~({"text":"(5 r)","identifier":{"text":0,"begin":0,"endText":0,"end":1}}],)~"
+            R"~("tokens":[{"kind":"open-parenthesis","text":"(",)~"
+            R"~("span":{"text":1,"begin":0,"endText":1,"end":1}}],"nodes":[],"warnings":[]})~");
 }
 
 TEST(Explanation, LetsForeignExceptionsPass) {
