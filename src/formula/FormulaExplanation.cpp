@@ -30,7 +30,10 @@ template <class View>
 std::vector<View> FormulaExplanation::viewsOf(std::size_t count) const {
   std::vector<View> all;
   all.reserve(count);
-  for (std::size_t i = 0; i < count; ++i) all.push_back(View(contents_, i));
+  for (std::size_t i = 0; i < count; ++i) {
+    const View view(contents_, i);
+    all.push_back(view);
+  }
   return all;
 }
 
