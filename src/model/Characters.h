@@ -11,6 +11,11 @@ inline bool isDigit(char c) { return c >= '0' && c <= '9'; }
 inline bool isSpace(char c) { return c == ' '; }
 inline bool isWhiteSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
+/// ASCII letters in lower case; other bytes as they are.
+inline char toLowerCase(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 'a' - 'A') : c;
+}
+
 /// Whether a byte separates the tokens of a formula.
 inline bool isSeparator(char c) { return c == '\n' || c == ' ' || c == '\t'; }
 
