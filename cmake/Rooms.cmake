@@ -3,13 +3,14 @@
 cmake_minimum_required(VERSION 3.25)
 
 # Every module may include itself, include/TrelvonUnits and only these:
-set(rooms model registry json text formula schema engine loading prepared)
+set(rooms model registry json text formula schema engine loading prepared reporting)
 set(registry_sees model)
 set(json_sees rapidjson)
 set(text_sees model)
 set(formula_sees text model)
 set(schema_sees json registry model)
 set(engine_sees schema formula registry text model)
+set(reporting_sees loading schema json text model)
 # The folders around the library. Only those that check our use of RapidJSON may include it.
 set(tests_sees ${rooms} tests)
 set(tests/unit/json_sees ${rooms} tests rapidjson)

@@ -20,6 +20,7 @@
 #include <TrelvonUnits/PrimitiveUnitComponent.h>
 #include <TrelvonUnits/Quantity.h>
 #include <TrelvonUnits/SchemaBundle.h>
+#include <TrelvonUnits/SchemaReport.h>
 #include <TrelvonUnits/SchemaUtility.h>
 #include <TrelvonUnits/Symbol.h>
 #include <TrelvonUnits/System.h>

@@ -22,6 +22,7 @@ struct TextPlaces::Walk {
   std::vector<std::size_t> lastOf;  // of each open object and array: its last child
   std::string_view name;
   std::size_t nameBegin = none;
+  std::size_t nameEnd = none;
 
   std::size_t nextBegin() const {
     return std::min(original.find_first_not_of(" \t\r\n,:", behind), original.size());
@@ -32,8 +33,9 @@ struct TextPlaces::Walk {
     const std::size_t begin = nextBegin();
     const std::size_t number = places.values_.size();
     behind = source->Tell();
-    places.values_.push_back({kind, begin, behind, nameBegin == none ? begin : nameBegin, text,
-                              name, parent, none, none});
+    if (nameBegin == none) nameBegin = nameEnd = begin;
+    places.values_.push_back(
+        {kind, begin, behind, nameBegin, nameEnd, text, name, parent, none, none});
     if (parent != none) {
       std::size_t& last = lastOf.back();
       (last == none ? places.values_[parent].first : places.values_[last].next) = number;
@@ -78,7 +80,7 @@ struct TextPlaces::Walk {
   bool Key(const char* text, rapidjson::SizeType length, bool) {
     nameBegin = nextBegin();
     name = {text, length};
-    behind = source->Tell();
+    nameEnd = behind = source->Tell();
     return true;
   }
 };

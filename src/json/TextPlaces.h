@@ -23,7 +23,8 @@ class TextPlaces {
     Kind kind;
     std::size_t begin;      // offset in bytes
     std::size_t end;        // behind it; of an unfinished object or array, where the parse ended
-    std::size_t nameBegin;  // of a member: of its name with quotes; else `begin`
+    std::size_t nameBegin;  // of a member: its name, with quotes; else both are `begin`
+    std::size_t nameEnd;
     std::string_view text;  // of a string, decoded
     std::string_view name;  // of a member, decoded
     std::size_t parent;

@@ -4,7 +4,6 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace Units {
@@ -30,7 +29,7 @@ struct ReadingStep {
   static ReadingStep value() { return {Kind::Value, {}}; }
 };
 
-/// What a reader of schemas has read, for a caller that wants to know where a refusal has its cause.
+/// What a reader of schemas reads, for a caller that wants to know where a refusal has its cause.
 /// Readers take a pointer to it, null if nobody asks, and note each value before they check it.
 class ReadingTrace {
  public:
@@ -44,32 +43,26 @@ class ReadingTrace {
 
   static constexpr std::size_t noMember = static_cast<std::size_t>(-1);
 
-  /// The paths from the root to all values that were noted, in the order of reading.
-  const std::vector<Path>& paths() const { return paths_; }
+  /// The path from the root to the value that was noted last, or to the member of it that was being
+  /// read.
+  Path last() const;
 
-  /// The path to the value that was noted last, or to the member of it that was being read.
-  Path last() const {
-    Path path = paths_.empty() ? Path() : paths_.back();
-    if (member != noMember) path.push_back({ReadingStep::Kind::Element, {}, member});
-    return path;
-  }
+  /// The root's members and the constants that were read, in the order of reading.
+  const std::vector<std::string>& members() const { return members_; }
+  const std::vector<std::string>& constants() const { return constants_; }
 
-  /// @param depth  how many steps of the last path to keep.
-  void note(std::size_t depth, std::initializer_list<ReadingStep> steps) {
-    Path path;
-    if (depth > 0) path.assign(paths_.back().begin(), paths_.back().begin() + std::ptrdiff_t(depth));
-    for (const ReadingStep& step : steps)
-      path.push_back({step.kind, std::string(step.name), step.number});
-    paths_.push_back(std::move(path));
-    member = noMember;
-  }
+  /// How many steps the last path has.
+  std::size_t depth() const { return last_.size(); }
 
-  std::size_t depth() const { return paths_.empty() ? 0 : paths_.back().size(); }
+  /// Notes a value by a path that shares some steps with the last one.
+  void note(std::size_t sharedSteps, std::initializer_list<ReadingStep> steps);
 
   std::size_t member = noMember;  // of the value that was noted last, while its members are read
 
  private:
-  std::vector<Path> paths_;
+  Path last_;
+  std::vector<std::string> members_;
+  std::vector<std::string> constants_;
 };
 
 /// Notes a value by its path from the root.
