@@ -27,8 +27,6 @@ const char* neededBy(const Reference& reference) {
   return constant == "parentFactors" ? "a factor" : "a unit";
 }
 
-Place placeIn(std::size_t file, const Extent& extent) { return {file, extent.begin, extent.end}; }
-
 /// What people do to a text before it reaches a reader of JSON.
 std::string adviceOnJson(std::string_view text, const TextPlaces::Fault& fault) {
   if (text.substr(0, 3) == "\xEF\xBB\xBF") return "Save it without a byte order mark.";
@@ -62,7 +60,7 @@ void Batch::read(std::size_t file, bool lint) {
   findings_.files[file].typeId = result.typeId;
   if (lint) lintText(file, *result.definition, trace, findings_);
   numbers_.emplace(result.typeId, definitions_.size());
-  definitions_.push_back({*std::move(result.definition), {file, 0, 0}});
+  definitions_.push_back({*std::move(result.definition), file});
 }
 
 void Batch::refuse(std::size_t file, const ReadResult& result, const Units::ReadingTrace& trace) {
@@ -82,18 +80,26 @@ void Batch::refuse(std::size_t file, const ReadResult& result, const Units::Read
     findings_.add(kindOfMessage(result.refusal).id, place, result.refusal);
 }
 
+/// Many findings may relate to one file.
+const Place& Batch::placeOfTypeId(std::size_t file) {
+  const auto [entry, isNew] = typeIdPlaces_.try_emplace(file);
+  if (isNew) entry->second = placeIn(file, extentOfTypeId(findings_.files[file].text));
+  return entry->second;
+}
+
 void Batch::refuseTaken(std::size_t file, const ReadResult& result, Place place) {
   FoundFault& fault = findings_.add("typeid-taken", place,
                                     messageOfTaken(findings_.files[file].text, result.typeId));
   const auto number = numbers_.find(result.typeId);
   const KnownDefinitions::Known* const known =
       number == numbers_.end() ? known_.find(result.typeId) : nullptr;
-  if (number != numbers_.end())
-    fault.related.push_back({definitions_[number->second].place, "It is claimed here first."});
-  else if (known && known->place.file != noFile)
-    fault.related.push_back({known->place, "It is claimed here first."});
-  else
+  const std::size_t first = number != numbers_.end() ? definitions_[number->second].file
+                            : known                  ? known->file
+                                                     : noFile;
+  if (first == noFile)
     fault.advice = "The engine has it already. " + fault.advice;
+  else
+    fault.related.push_back({placeOfTypeId(first), "It is claimed here first."});
 }
 
 std::optional<Batch::BadReference> Batch::follow(std::size_t user, const Reference& reference,
@@ -103,14 +109,14 @@ std::optional<Batch::BadReference> Batch::follow(std::size_t user, const Referen
   if (own != numbers_.end()) {
     const FiledDefinition& referred = definitions_[own->second];
     if (!accepts(kind, reference, referred.definition.kind))
-      return BadReference{user, &reference, referred.definition.kind, referred.place};
+      return BadReference{user, &reference, referred.definition.kind, referred.file};
     graph.needs[user].push_back(own->second);
     return std::nullopt;
   }
   const KnownDefinitions::Known* const known = known_.find(reference.typeId);
-  if (!known) return BadReference{user, &reference, std::nullopt, {}};
+  if (!known) return BadReference{user, &reference, std::nullopt, noFile};
   if (known->kind && !accepts(kind, reference, *known->kind))
-    return BadReference{user, &reference, known->kind, known->place};
+    return BadReference{user, &reference, known->kind, known->file};
   return std::nullopt;
 }
 
@@ -138,9 +144,9 @@ void Batch::reportReferences(const std::vector<BadReference>& allBad) {
   std::set<std::pair<std::string_view, std::string_view>> reported;  // of one definition
   for (std::size_t next = 0; next < allBad.size(); ++next) {
     const BadReference& bad = allBad[next];
-    const auto& [definition, place] = definitions_[bad.user];
+    const auto& [definition, file] = definitions_[bad.user];
     if (next == 0 || bad.user != allBad[next - 1].user) {
-      places = std::make_unique<ReferencePlaces>(findings_.files[place.file].text);
+      places = std::make_unique<ReferencePlaces>(findings_.files[file].text);
       reported.clear();
     }
     if (!reported.insert({bad.reference->constant, bad.reference->typeId}).second) continue;
@@ -148,12 +154,12 @@ void Batch::reportReferences(const std::vector<BadReference>& allBad) {
                          accepts(definition.kind, *bad.reference, RecordKind::RelativeUnit);
     FoundFault& fault = findings_.add(
         !bad.referred ? "missing-reference" : isScale ? "scale-as-parent" : "wrong-kind",
-        placeIn(place.file, places->at(*bad.reference)),
+        placeIn(file, places->at(*bad.reference)),
         messageOfReference(definition, *bad.reference, bad.referred));
     if (!isScale) fault.advice = adviceOn(bad);
-    if (bad.referredPlace.file != noFile)
-      fault.related.push_back(
-          {bad.referredPlace, std::string("This is ") + wordOf(*bad.referred) + "."});
+    if (bad.referredFile != noFile)
+      fault.related.push_back({placeOfTypeId(bad.referredFile),
+                               std::string("This is ") + wordOf(*bad.referred) + "."});
   }
 }
 
@@ -179,12 +185,12 @@ std::string Batch::adviceOn(const BadReference& bad) {
 
 /// Where a definition on a circle names the next one.
 Place Batch::placeOfNext(const std::vector<std::size_t>& circle, std::size_t place) const {
-  const auto& [definition, typeIdPlace] = definitions_[circle[place]];
+  const auto& [definition, file] = definitions_[circle[place]];
   const std::string& next = definitions_[circle[(place + 1) % circle.size()]].definition.typeId;
-  ReferencePlaces places(findings_.files[typeIdPlace.file].text);
+  ReferencePlaces places(findings_.files[file].text);
   for (const Reference& reference : definition.references)
-    if (reference.typeId == next) return placeIn(typeIdPlace.file, places.at(reference));
-  return typeIdPlace;
+    if (reference.typeId == next) return placeIn(file, places.at(reference));
+  return {file, 0, 0};
 }
 
 void Batch::reportCircle(const std::vector<std::size_t>& circle) {
@@ -200,7 +206,7 @@ void Batch::reportCircle(const std::vector<std::size_t>& circle) {
 
 void Batch::leaveOut(std::size_t number, const LeaveOut& why) {
   isLeftOut_[number] = true;
-  ReportedFile& file = findings_.files[definitions_[number].place.file];
+  ReportedFile& file = findings_.files[definitions_[number].file];
   file.fate = FileFate::LeftOut;
   switch (why.reason) {
     case LeaveOut::Reason::InCircle:
@@ -220,7 +226,7 @@ std::vector<FiledDefinition> Batch::takeKept() {
   for (std::size_t number = 0; number < definitions_.size(); ++number) {
     if (isLeftOut_[number]) continue;
     FiledDefinition& one = definitions_[number];
-    known_.add(one.definition.typeId, one.definition.kind, one.place);
+    known_.add(one.definition.typeId, one.definition.kind, one.file);
     kept.push_back(std::move(one));
   }
   return kept;

@@ -17,7 +17,7 @@ namespace Schemas {
 /// A definition that was read from a file.
 struct FiledDefinition {
   Definition definition;
-  Place place;  // of its type id
+  std::size_t file;
 };
 
 /// Definitions that are built together: those of one folder, or of one text.
@@ -41,10 +41,11 @@ class Batch {
     std::size_t user;
     const Reference* reference;
     std::optional<RecordKind> referred;  // empty if it is missing
-    Place referredPlace;
+    std::size_t referredFile;
   };
 
   void refuse(std::size_t file, const ReadResult& result, const Units::ReadingTrace& trace);
+  const Place& placeOfTypeId(std::size_t file);
   void refuseTaken(std::size_t file, const ReadResult& result, Place place);
   std::optional<BadReference> follow(std::size_t user, const Reference& reference,
                                      DefinitionGraph& graph);
@@ -59,6 +60,7 @@ class Batch {
   std::vector<FiledDefinition> definitions_;
   std::map<std::string, std::size_t> numbers_;  // by type id
   std::vector<bool> isLeftOut_;
+  std::map<std::size_t, Place> typeIdPlaces_;  // as far as they were asked for
   std::size_t comparisons_ = 0;  // of near names
 };
 

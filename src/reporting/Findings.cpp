@@ -80,8 +80,7 @@ constexpr FindingKind kinds[] = {
        "Put the key of a layout into the type id, such as \":feetAndInches-1\", or give the symbol a "
        "text.",
        "The type id of a composite symbol names no layout."},
-      {"schema", error, "", "", "The text is no definition."},
-      {"missing-reference", error, "", "", "A reference names what nothing defines."},
+        {"missing-reference", error, "", "", "A reference names what nothing defines."},
       {"wrong-kind", error, "", "", "A reference names a definition of another kind."},
       {"scale-as-parent", error, "", "Name the relative unit that the scale is based on.",
        "A parent unit is absolute."},
@@ -150,7 +149,7 @@ const FindingKind& kindOfId(std::string_view id) {
 }
 
 const FindingKind& kindOfMessage(std::string_view message) {
-  const FindingKind* longest = &kindOfId("schema");  // one message may begin as another
+  const FindingKind* longest = &kindOfId("engine-refuses");  // one message may begin as another
   for (const FindingKind& kind : findingKinds())
     if (kind.message.size() > longest->message.size() &&
         message.substr(0, kind.message.size()) == kind.message)

@@ -20,12 +20,22 @@ struct FindingKind {
 
 constexpr std::size_t noFile = static_cast<std::size_t>(-1);
 
+/// A range of bytes.
+struct Extent {
+  std::size_t begin;
+  std::size_t end;
+};
+
 /// A range of bytes of a file's text.
 struct Place {
   std::size_t file = noFile;
   std::size_t begin = 0;
   std::size_t end = 0;
 };
+
+inline Place placeIn(std::size_t file, const Extent& extent) {
+  return {file, extent.begin, extent.end};
+}
 
 struct Relation {
   Place place;

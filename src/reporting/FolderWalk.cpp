@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <new>
 #include <optional>
 #include <system_error>
 #include <utility>
@@ -18,7 +19,9 @@ namespace {
 using Kind = FolderEntry::Kind;
 
 /// In words that do not depend on the locale.
+/// @throws std::bad_alloc  if that is the error.
 std::string nameOf(const std::error_code& error) {
+  if (error == std::errc::not_enough_memory) throw std::bad_alloc();
   if (error == std::errc::permission_denied) return "permission denied";
   if (error == std::errc::too_many_symbolic_link_levels) return "links that lead to themselves";
   if (error == std::errc::filename_too_long) return "the name is too long";

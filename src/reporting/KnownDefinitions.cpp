@@ -35,7 +35,7 @@ const KnownDefinitions::Known* KnownDefinitions::find(const std::string& typeId)
   auto stored = stored_.find(typeId);
   if (stored == stored_.end()) {
     std::optional<Known> known;
-    if (engine_.isRegistered(typeId)) known = Known{kindInEngine(typeId), {}};
+    if (engine_.isRegistered(typeId)) known = Known{kindInEngine(typeId), noFile};
     stored = stored_.emplace(typeId, known).first;
   }
   return stored->second ? &*stored->second : nullptr;

@@ -16,7 +16,7 @@ class KnownDefinitions {
  public:
   struct Known {
     std::optional<RecordKind> kind;  // empty of what is pending: it shows when that is built
-    Place place;                     // of the type id; in no file if the engine stores it
+    std::size_t file;                // `noFile` if the engine stores it
   };
 
   explicit KnownDefinitions(const Units::UnitsEngine& engine) : engine_(engine) {}
@@ -28,8 +28,8 @@ class KnownDefinitions {
   /// Null if nothing has that type id.
   const Known* find(const std::string& typeId);
 
-  void add(const std::string& typeId, RecordKind kind, const Place& place) {
-    earlier_.insert_or_assign(typeId, Known{kind, place});
+  void add(const std::string& typeId, RecordKind kind, std::size_t file) {
+    earlier_.insert_or_assign(typeId, Known{kind, file});
   }
 
   /// Adds the type ids of all definitions of a kind that `accepts` lets a reference name.

@@ -40,7 +40,7 @@ void build(const std::vector<FiledDefinition>& definitions, const Findings& find
            Units::UnitsEngine& engine) {
   try {
     for (const FiledDefinition& one : definitions)
-      engine.addDefinition(findings.files[one.place.file].text);
+      engine.addDefinition(findings.files[one.file].text);
   } catch (...) {
     dropPending(engine);
     throw;
@@ -148,7 +148,7 @@ class FolderLoad {
       return false;
     }
     for (const FiledDefinition& one : kept_)
-      findings_.files[one.place.file].fate = FileFate::Loaded;
+      findings_.files[one.file].fate = FileFate::Loaded;
     return true;
   }
 

@@ -31,20 +31,6 @@ bool has(const Ids& ids, std::string_view id) {
   return std::find(std::begin(ids), std::end(ids), id) != std::end(ids);
 }
 
-Place placeOfTypeId(std::size_t file, const Findings& findings) {
-  const TextPlaces places(findings.files[file].text);
-  const Extent extent = extentOf(places, places.member(0, "typeid"));
-  return {file, extent.begin, extent.end};
-}
-
-Place placeOfConstant(std::size_t file, const char* constant, const Findings& findings) {
-  using Kind = Units::ReadingStep::Kind;
-  const TextPlaces places(findings.files[file].text);
-  const Extent extent = extentAt(
-      places, {{Kind::Member, "constants", 0}, {Kind::Property, constant, 0}, {Kind::Value, "", 0}});
-  return {file, extent.begin, extent.end};
-}
-
 class Linter {
  public:
   Linter(const LintedLoad& load, Findings& findings)
@@ -54,7 +40,7 @@ class Linter {
         symbols_(load.engine),
         variables_(load.variableNames.begin(), load.variableNames.end()) {
     for (const FiledDefinition& one : load.definitions)
-      files_.emplace(one.definition.typeId, one.place.file);
+      files_.emplace(one.definition.typeId, one.file);
     if (load.isWhole) collect();
   }
 
@@ -93,9 +79,9 @@ class Linter {
 
   FoundFault& add(const FiledDefinition& one, std::string_view id, const char* constant,
                   std::string sentence, std::string advice = {}) {
-    const Place place = constant ? placeOfConstant(one.place.file, constant, findings_)
-                                 : placeOfTypeId(one.place.file, findings_);
-    return findings_.add(id, place, std::move(sentence), std::move(advice));
+    const std::string& text = findings_.files[one.file].text;
+    const Extent extent = constant ? extentOfConstant(text, constant) : extentOfTypeId(text);
+    return findings_.add(id, placeIn(one.file, extent), std::move(sentence), std::move(advice));
   }
 
   void lintTerms(const FiledDefinition& one) {
@@ -139,8 +125,10 @@ class Linter {
                      add(one, id, constant, std::move(sentence), std::move(advice));
                  const auto file = files_.find(other);
                  if (file != files_.end())
-                   fault.related.push_back({placeOfConstant(file->second, "text", findings_),
-                                            "This is the other one."});
+                   fault.related.push_back(
+                       {placeIn(file->second,
+                                extentOfConstant(findings_.files[file->second].text, "text")),
+                        "This is the other one."});
                });
   }
 
@@ -160,9 +148,8 @@ class Linter {
     for (const Reference& reference : references) {
       const std::string& first = references.front().typeId;
       if (sharePowers(terms_.termsOf(first), terms_.termsOf(reference.typeId))) continue;
-      ReferencePlaces places(findings_.files[one.place.file].text);
-      const Extent extent = places.at(reference);
-      findings_.add("quantity-powers", {one.place.file, extent.begin, extent.end},
+      ReferencePlaces places(findings_.files[one.file].text);
+      findings_.add("quantity-powers", placeIn(one.file, places.at(reference)),
                     reference.typeId + " does not measure the same as " + first + ".");
       return;
     }

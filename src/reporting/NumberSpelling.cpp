@@ -50,14 +50,13 @@ Decimal toDecimal(const std::string& written) {
   return made;
 }
 
-/// The digits with zeros behind them and a point after the first `whole` of them.
+/// The digits with zeros behind them and a point after the first `whole` of them, at least one.
 std::string spell(const Decimal& number, std::size_t zeros, std::size_t whole) {
-  std::string digits = number.digits + std::string(zeros, '0');
-  if (digits.size() < whole) return {};
+  const std::string digits = number.digits + std::string(zeros, '0');
   const long exponent = number.exponent + static_cast<long>(number.digits.size()) -
                         static_cast<long>(whole);
   std::string spelled = number.isNegative ? "-" : "";
-  spelled += whole == 0 ? "0" : digits.substr(0, whole);
+  spelled += digits.substr(0, whole);
   if (whole < digits.size()) spelled += "." + digits.substr(whole);
   return exponent == 0 ? spelled : spelled + "e" + std::to_string(exponent);
 }
@@ -65,7 +64,7 @@ std::string spell(const Decimal& number, std::size_t zeros, std::size_t whole) {
 std::optional<std::string> findSpelling(const Decimal& number, double wanted) {
   constexpr std::size_t mostZeros = 12;
   for (std::size_t zeros = 0; zeros <= mostZeros; ++zeros)
-    for (std::size_t whole = 0; whole <= number.digits.size() + zeros; ++whole) {
+    for (std::size_t whole = 1; whole <= number.digits.size() + zeros; ++whole) {
       std::string spelled = spell(number, zeros, whole);
       if (numberAsRead(spelled) == wanted) return spelled;
     }

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <tuple>
 #include <utility>
 
 namespace Schemas {
@@ -110,8 +111,9 @@ class Positions {
 std::vector<const FoundFault*> inOrder(const std::vector<FoundFault>& faults) {
   std::vector<const FoundFault*> sorted;
   for (const FoundFault& fault : faults) sorted.push_back(&fault);
-  std::stable_sort(sorted.begin(), sorted.end(), [](const auto* a, const auto* b) {
-    return std::pair(a->place.file, a->place.begin) < std::pair(b->place.file, b->place.begin);
+  std::sort(sorted.begin(), sorted.end(), [](const auto* a, const auto* b) {
+    return std::tuple(a->place.file, a->place.begin, a) <
+           std::tuple(b->place.file, b->place.begin, b);  // they lie in one array
   });
   return sorted;
 }

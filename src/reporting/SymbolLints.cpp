@@ -86,12 +86,12 @@ const std::map<std::string, std::string>& SymbolReader::withText(const std::stri
 
 bool SymbolReader::reads(const std::string& unit, const std::string& formula,
                          double expected) const {
-  constexpr double tolerance = 1e-9;
+  constexpr double tolerance = 1e-6;  // of whole units: the offsets of scales round
   double value = 0.0;
   if (!refusalOf([&] { value = engine_.evaluateExpressionInUnit(unit, formula); }).empty())
     return false;
   // A factor that is 0 or infinite is another finding.
-  return !std::isfinite(value) || std::abs(value - expected) <= tolerance * std::abs(expected);
+  return !std::isfinite(value) || std::abs(value - expected) <= tolerance;
 }
 
 std::string SymbolReader::unreadForm(const Units::Symbol& symbol) const {

@@ -31,7 +31,7 @@ struct Look {
 
   void add(std::string_view id, const Extent& extent, std::string sentence,
            std::string advice = {}) const {
-    findings.add(id, {file, extent.begin, extent.end}, std::move(sentence), std::move(advice));
+    findings.add(id, placeIn(file, extent), std::move(sentence), std::move(advice));
   }
 
   bool isRead(std::string_view constant) const {

@@ -78,6 +78,15 @@ Extent nameOf(const TextPlaces& places, std::size_t member) {
   return {found.nameBegin, found.nameEnd};
 }
 
+Extent extentOfConstant(std::string_view text, const char* id) {
+  return extentAt(TextPlaces(text),
+                  {{Kind::Member, "constants", 0}, {Kind::Property, id, 0}, {Kind::Value, "", 0}});
+}
+
+Extent extentOfTypeId(std::string_view text) {
+  return extentAt(TextPlaces(text), {{Kind::Member, "typeid", 0}});
+}
+
 Extent pointAt(std::string_view text, std::size_t offset) {
   if (offset >= text.size()) return {text.size(), text.size()};
   return {offset, offset + Units::firstCodePoint(text.substr(offset)).bytes};

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "json/TextPlaces.h"
+#include "reporting/Findings.h"
 #include "schema/ReadingTrace.h"
 
 #include <TrelvonUnits/SchemaReport.h>
@@ -9,12 +10,6 @@
 #include <vector>
 
 namespace Schemas {
-
-/// A range of bytes.
-struct Extent {
-  std::size_t begin;
-  std::size_t end;
-};
 
 /// The number of the value at the end of a path, or `TextPlaces::none`.
 std::size_t valueAt(const TextPlaces& places, const Units::ReadingTrace::Path& path);
@@ -26,6 +21,12 @@ Extent extentOf(const TextPlaces& places, std::size_t value);
 
 /// Where a member's name lies.
 Extent nameOf(const TextPlaces& places, std::size_t member);
+
+/// Where the constant of an id has its value.
+Extent extentOfConstant(std::string_view text, const char* id);
+
+/// Where a text has its type id.
+Extent extentOfTypeId(std::string_view text);
 
 /// The code point at an offset; empty at the end of the text.
 Extent pointAt(std::string_view text, std::size_t offset);

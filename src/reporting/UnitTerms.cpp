@@ -54,11 +54,10 @@ const Value& know(const std::string& typeId, std::map<std::string, Value>& known
 
 void addPower(UnitTerms& terms, const std::string& primitive, std::int64_t power) {
   constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
-  const auto [entry, isNew] = terms.powers.try_emplace(primitive, 0);
-  const std::int64_t sum = entry->second + power;
+  std::int64_t& sum = terms.powers[primitive];
+  sum += power;
   if (sum < -most || sum > most) terms.overflows = true;
-  if (!isNew && sum == 0 && power != 0) terms.cancels = true;
-  entry->second = std::clamp(sum, -most, most);
+  sum = std::clamp(sum, -most, most);
 }
 
 }  // namespace
@@ -97,6 +96,9 @@ UnitTerms UnitTermsFinder::combine(const Unit& unit) const {
     terms.factor *= std::pow(known.factor, exponent);
     for (const auto& [primitive, power] : known.powers) addPower(terms, primitive, power * exponent);
   }
+  for (const auto& [parent, exponent] : RecordAccess::parentUnitPowers(*derived))
+    for (const auto& [primitive, power] : units_.at(parent).powers)
+      if (power != 0 && terms.powers.at(primitive) == 0) terms.cancels = true;
   return terms;
 }
 
