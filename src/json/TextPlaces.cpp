@@ -25,7 +25,7 @@ struct TextPlaces::Walk {
   std::size_t nameEnd = none;
 
   std::size_t nextBegin() const {
-    return std::min(original.find_first_not_of(" \t\r\n,:", behind), original.size());
+    return std::min(original.find_first_not_of(" ,:\t\r\n", behind), original.size());
   }
 
   /// A value that the parse has just passed, or whose opening bracket it is at.

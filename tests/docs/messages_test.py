@@ -11,6 +11,7 @@ import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 TOKEN = re.compile(r"""(//|\#)[^\n]*|'(?:\\.|[^'\\])+'|"((?:\\.|[^"\\])*)"|[;{},/]|[^\s'"\#;{},/]+""")
+SAY_MORE = ("ExplainFormula", "FormulaSentences", "FormulaWarnings", "ValueKinds")  # and throw nothing
 VARIES = r"(?:<[^>]*>|[^ ]+)"  # a placeholder, or one word where the page is more exact
 
 
@@ -56,7 +57,8 @@ def rows_of(page):
 
 class Messages(unittest.TestCase):
     def test_all_stand_on_the_page_and_no_other(self):
-        sources = sorted((ROOT / "src").glob("*/*.[ch]*"))
+        sources = [path for path in sorted((ROOT / "src").glob("*/*.[ch]*"))
+                   if path.stem not in SAY_MORE and path.parent.name != "reporting"]
         thrown = [m for path in sources for m in messages_in(path.read_text(encoding="utf-8"))]
         rows = rows_of((ROOT / "docs" / "errors.md").read_text(encoding="utf-8"))
         self.assertGreater(len(thrown), 70)
