@@ -34,7 +34,8 @@ import mutations
 import reasons
 
 SHARE = 90.0  # percent
-ROOMS = ("model", "registry", "json", "text", "formula", "schema", "engine", "loading", "prepared")
+ROOMS = ("model", "registry", "json", "text", "formula", "schema", "engine", "loading", "prepared",
+         "reporting")
 ROOT = os.path.dirname(os.path.dirname(os.path.realpath(__file__)))
 WORK = os.path.join(ROOT, "build", "mutants")
 TREE = os.path.join(WORK, "tree")

@@ -37,7 +37,7 @@ enum class FileFate {
 
 /// A place in a text. Lines end in a line feed; lines and columns count from 1.
 struct TextPosition {
-  std::size_t offset = 0;       ///< In bytes, from the start of the text.
+  std::size_t offset = 0;  ///< In bytes, from the start of the text.
   std::size_t line = 1;
   std::size_t column = 1;       ///< In bytes.
   std::size_t columnPoint = 1;  ///< In code points. A byte that is no UTF-8 counts as one.
@@ -50,7 +50,7 @@ class TRELVONUNITS_API RelatedPlace {
   ~RelatedPlace();
   RelatedPlace& operator=(const RelatedPlace&) = delete;
 
-  std::string getFile() const;      ///< As `FileReport::getPath`.
+  std::string getFile() const;  ///< As `FileReport::getPath`.
   TextPosition getBegin() const;
   TextPosition getEnd() const;      ///< Behind the last byte.
   std::string getSentence() const;  ///< What is there: "is claimed here first".
@@ -105,7 +105,7 @@ class TRELVONUNITS_API FileReport {
   ~FileReport();
   FileReport& operator=(const FileReport&) = delete;
 
-  std::string getPath() const;    ///< With the folder as it was given; or a text's shown name.
+  std::string getPath() const;  ///< With the folder as it was given; or a text's shown name.
   FileFate getFate() const;
   std::string getTypeId() const;  ///< Of its definition; empty if it has none.
 
@@ -155,6 +155,7 @@ class TRELVONUNITS_API SchemaReport {
   const Units::Shared<Contents> contents_;
 };
 
+/// Keeps these members in all versions: what is asked for later comes by other functions.
 struct ReportOptions {
   /// Whether to look for what loads and is regretted later.
   bool lint = true;
@@ -193,8 +194,7 @@ struct ReportOptions {
 ///                           folder. The engine is unchanged.
 /// @throws std::bad_alloc    what the engine stores is unchanged. Pending schemas are dropped.
 TRELVONUNITS_API SchemaReport loadFolders(const std::vector<std::string>& folders,
-                                          Units::UnitsEngine& engine,
-                                          const ReportOptions& options);
+                                          Units::UnitsEngine& engine, const ReportOptions& options);
 
 /// Checks one schema text, as an editor has it, against an engine that holds what it refers to.
 ///

@@ -22,8 +22,8 @@ bool isFolder(const fs::path& path) {
   return fs::exists(status) && fs::is_directory(status);
 }
 
-SchemaFileText readSchemaFile(const fs::path& path, std::unique_ptr<char[]>& chunk) {
-  FileReader file(path.string(), chunk);
+SchemaFileText readSchemaFile(const std::string& path, std::unique_ptr<char[]>& chunk) {
+  FileReader file(path, chunk);
   // Replaced since the walk found a regular file there, it may be of any type.
   if (!file.isRegular()) throw std::logic_error("failed to open schema file");
   SchemaFileText read;

@@ -21,7 +21,7 @@ inline bool isSchemaFile(const std::filesystem::path& path, int depth) {
 
 /// What was read of a file.
 struct SchemaFileText {
-  std::string text;             // up to the first NUL; of a text too long for engines, its beginning
+  std::string text;  // up to the first NUL; of a text too long for engines, its beginning
   bool endsAtNul = false;
   std::uintmax_t fileSize = 0;  // when it was opened; 0 where that is not known
 };
@@ -31,6 +31,6 @@ struct SchemaFileText {
 ///
 /// @param chunk  memory to read with, for one file after the other. Made when it is null.
 /// @throws std::logic_error  "failed to open schema file", "failed to read schema file"
-SchemaFileText readSchemaFile(const std::filesystem::path& path, std::unique_ptr<char[]>& chunk);
+SchemaFileText readSchemaFile(const std::string& path, std::unique_ptr<char[]>& chunk);
 
 }  // namespace Schemas

@@ -40,7 +40,7 @@ void SchemaUtility::addDefinitionsFromFolder(const std::string& folder,
   std::unique_ptr<char[]> chunk;
   while (walk != fs::recursive_directory_iterator()) {
     const fs::path path = walk->path();
-    if (isRead(walk)) addOrSkip(readSchemaFile(path, chunk).text, engine);
+    if (isRead(walk)) addOrSkip(readSchemaFile(path.string(), chunk).text, engine);
     walk.increment(error);
     if (error) throw fs::filesystem_error("recursive_directory_iterator::operator++", path, error);
   }

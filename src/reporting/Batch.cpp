@@ -152,14 +152,15 @@ void Batch::reportReferences(const std::vector<BadReference>& allBad) {
     if (!reported.insert({bad.reference->constant, bad.reference->typeId}).second) continue;
     const bool isScale = bad.referred == RecordKind::AbsoluteUnit &&
                          accepts(definition.kind, *bad.reference, RecordKind::RelativeUnit);
-    FoundFault& fault = findings_.add(
-        !bad.referred ? "missing-reference" : isScale ? "scale-as-parent" : "wrong-kind",
-        placeIn(file, places->at(*bad.reference)),
-        messageOfReference(definition, *bad.reference, bad.referred));
+    FoundFault& fault = findings_.add(!bad.referred ? "missing-reference"
+                                      : isScale     ? "scale-as-parent"
+                                                    : "wrong-kind",
+                                      placeIn(file, places->at(*bad.reference)),
+                                      messageOfReference(definition, *bad.reference, bad.referred));
     if (!isScale) fault.advice = adviceOn(bad);
     if (bad.referredFile != noFile)
-      fault.related.push_back({placeOfTypeId(bad.referredFile),
-                               std::string("This is ") + wordOf(*bad.referred) + "."});
+      fault.related.push_back(
+          {placeOfTypeId(bad.referredFile), std::string("This is ") + wordOf(*bad.referred) + "."});
   }
 }
 
@@ -196,12 +197,11 @@ Place Batch::placeOfNext(const std::vector<std::size_t>& circle, std::size_t pla
 void Batch::reportCircle(const std::vector<std::size_t>& circle) {
   std::vector<const Definition*> members;
   for (const std::size_t number : circle) members.push_back(&definitions_[number].definition);
-  FoundFault& fault =
-      findings_.add("circle", placeOfNext(circle, 0), messageOfCircle(members));
+  FoundFault& fault = findings_.add("circle", placeOfNext(circle, 0), messageOfCircle(members));
   for (std::size_t place = 0; place < circle.size(); ++place)
-    fault.related.push_back({placeOfNext(circle, place),
-                             members[place]->typeId + " needs " +
-                                 members[(place + 1) % circle.size()]->typeId + "."});
+    fault.related.push_back(
+        {placeOfNext(circle, place),
+         members[place]->typeId + " needs " + members[(place + 1) % circle.size()]->typeId + "."});
 }
 
 void Batch::leaveOut(std::size_t number, const LeaveOut& why) {
@@ -213,8 +213,7 @@ void Batch::leaveOut(std::size_t number, const LeaveOut& why) {
       file.reason = "lies on a circle of definitions";
       break;
     case LeaveOut::Reason::NeedsLeftOut:
-      file.reason =
-          "needs " + definitions_[why.needed].definition.typeId + ", which is left out";
+      file.reason = "needs " + definitions_[why.needed].definition.typeId + ", which is left out";
       break;
     default:
       file.reason = "refers to what is missing or of the wrong kind";

@@ -61,7 +61,7 @@ class Batch {
   std::map<std::string, std::size_t> numbers_;  // by type id
   std::vector<bool> isLeftOut_;
   std::map<std::size_t, Place> typeIdPlaces_;  // as far as they were asked for
-  std::size_t comparisons_ = 0;  // of near names
+  std::size_t comparisons_ = 0;                // of near names
 };
 
 }  // namespace Schemas

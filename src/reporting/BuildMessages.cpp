@@ -52,8 +52,8 @@ class Trial {
     if (constant == "dimension")
       add(writeUnitSchema(unit(id, PrimitiveUnitComponent(Dimension(referred)))));
     else if (constant == "parentFactors")
-      add(writeUnitSchema(unit(id, DerivedUnitComponent(
-                                       powersOf(stub()), FactorComponent(1.0, powersOf(referred))))));
+      add(writeUnitSchema(unit(
+          id, DerivedUnitComponent(powersOf(stub()), FactorComponent(1.0, powersOf(referred))))));
     else
       add(writeUnitSchema(
           unit(id, DerivedUnitComponent(powersOf(referred), FactorComponent(1.0)))));

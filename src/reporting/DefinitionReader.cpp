@@ -70,8 +70,7 @@ bool accepts(RecordKind kind, const Reference& reference, RecordKind referred) {
   if (constant == "dimension") return referred == RecordKind::Dimension;
   if (constant == "parentFactors") return referred == RecordKind::Factor;
   const bool isShown = kind == RecordKind::Symbol || kind == RecordKind::Quantity;
-  return referred == RecordKind::RelativeUnit ||
-         (isShown && referred == RecordKind::AbsoluteUnit);
+  return referred == RecordKind::RelativeUnit || (isShown && referred == RecordKind::AbsoluteUnit);
 }
 
 ReadResult readDefinition(const std::string& text,
@@ -79,8 +78,8 @@ ReadResult readDefinition(const std::string& text,
                           Units::ReadingTrace* trace) {
   ReadResult result;
   try {
-    const Units::SchemaHeader header = Units::readSchemaHeader(
-        std::make_shared<Units::ValidationExceptionFactory>(), text, trace);
+    const Units::SchemaHeader header =
+        Units::readSchemaHeader(std::make_shared<Units::ValidationExceptionFactory>(), text, trace);
     result.typeId = header.typeId;
     note(trace, ReadingStep::member("typeid"));
     result.isTaken = isTaken(header.typeId);

@@ -69,9 +69,8 @@ std::unique_ptr<UnitsEngine> copyEngine(const UnitsEngine& engine) {
   std::unique_ptr<UnitsEngine> copy(CreateUnitsEngine());
   for (const auto& [typeId, dimension] : engine.getDimensions())
     skipInvalid([&, record = dimension] { copy->addDimension(record); });
-  addInOrder(engine.getFactors(), [&](const Factor& factor) {
-    skipInvalid([&] { copy->addFactor(factor); });
-  });
+  addInOrder(engine.getFactors(),
+             [&](const Factor& factor) { skipInvalid([&] { copy->addFactor(factor); }); });
   addInOrder(engine.getUnits(),
              [&](const Unit& unit) { skipInvalid([&] { copy->addUnit(unit); }); });
   for (const auto& [typeId, symbol] : engine.getSymbols())

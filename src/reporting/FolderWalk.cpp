@@ -58,24 +58,26 @@ class Walk {
     if (error) entries.push_back({folder.string(), Kind::Unlisted, false, nameOf(error)});
   }
 
+  /// Asks the entry, which knows from the listing what it is unless it is a link.
   void look(const fs::directory_entry& entry, int depth) {
     std::error_code error, ignored;
-    const fs::file_status status = entry.status(error);
-    const bool isLink = fs::is_symlink(entry.symlink_status(ignored));
-    const std::string path = entry.path().string();
-    if (status.type() == fs::file_type::none)
-      entries.push_back({path, Kind::NoStatus, isLink, nameOf(error)});
-    else if (fs::is_directory(status) && !isLink)
+    const bool isLink = entry.is_symlink(ignored);
+    const bool isFolder = entry.is_directory(error);
+    if (error && error != std::errc::no_such_file_or_directory)
+      entries.push_back({entry.path().string(), Kind::NoStatus, isLink, nameOf(error)});
+    else if (isFolder && !isLink)
       waiting_.emplace_back(entry.path(), depth + 1);
-    else if (const auto kind = kindOf(entry.path(), status, isLink, depth))
-      entries.push_back({path, *kind, isLink, {}});
+    else if (const std::optional<Kind> kind =
+                 isFolder ? Kind::LinkedFolder : kindOf(entry, isLink, depth))
+      entries.push_back({entry.path().string(), *kind, isLink, {}});
   }
 
-  static std::optional<Kind> kindOf(const fs::path& path, const fs::file_status& status,
-                                    bool isLink, int depth) {
-    if (fs::is_directory(status)) return Kind::LinkedFolder;
-    if (isLink && !fs::exists(status) && isSchemaFile(path, depth)) return Kind::DeadLink;
-    if (!fs::is_regular_file(status)) return std::nullopt;
+  static std::optional<Kind> kindOf(const fs::directory_entry& entry, bool isLink, int depth) {
+    std::error_code ignored;
+    const fs::path& path = entry.path();
+    if (isLink && !entry.exists(ignored))
+      return isSchemaFile(path, depth) ? std::optional(Kind::DeadLink) : std::nullopt;
+    if (!entry.is_regular_file(ignored)) return std::nullopt;
     if (isSchemaFile(path, depth)) return Kind::SchemaFile;
     if (isSchemaFile(path, 1)) return Kind::TopFile;
     if (isAlmostSchemaName(path)) return Kind::OtherName;

@@ -69,8 +69,8 @@ class FolderLoad {
   }
 
   SchemaReport finish() {
-    const bool isLoaded = !mustStop() &&
-                          (!findings_.hasErrors || options_.leaveOutWhatCannotBuild) && load();
+    const bool isLoaded =
+        !mustStop() && (!findings_.hasErrors || options_.leaveOutWhatCannotBuild) && load();
     const bool isLinted = options_.lint && !mustStop();
     if (isLinted) lint(isLoaded);
     if (options_.lint) applyAllowances(isLinted, isLinted, findings_);
@@ -88,7 +88,8 @@ class FolderLoad {
     fate = FileFate::PassedOver;
     switch (entry.kind) {
       case Kind::SchemaFile:
-        if (entry.isLink) lintFile("link", place, "The file is a link, which can come to lead nowhere.");
+        if (entry.isLink)
+          lintFile("link", place, "The file is a link, which can come to lead nowhere.");
         return read(entry, place, batch, chunk);
       case Kind::TopFile:
         return lintFile("top-folder", place, "Loaders do not read files directly in the folder.");
@@ -134,7 +135,8 @@ class FolderLoad {
       return;
     }
     if (read.endsAtNul && end + 1 < read.fileSize)
-      lintFile("text-after-nul", {place.file, end, end}, "Reading ends at a NUL; there is text behind it.");
+      lintFile("text-after-nul", {place.file, end, end},
+               "Reading ends at a NUL; there is text behind it.");
     batch.read(place.file, options_.lint);
   }
 
@@ -147,8 +149,7 @@ class FolderLoad {
                     "Build what is pending before, and look at what the engine is.");
       return false;
     }
-    for (const FiledDefinition& one : kept_)
-      findings_.files[one.file].fate = FileFate::Loaded;
+    for (const FiledDefinition& one : kept_) findings_.files[one.file].fate = FileFate::Loaded;
     return true;
   }
 
@@ -167,7 +168,8 @@ class FolderLoad {
   void keepFirstError() {
     std::vector<FoundFault> first;
     for (FoundFault& fault : findings_.faults)
-      if (first.empty() && fault.kind->severity == Severity::Error) first.push_back(std::move(fault));
+      if (first.empty() && fault.kind->severity == Severity::Error)
+        first.push_back(std::move(fault));
     findings_.faults = std::move(first);
   }
 
@@ -203,7 +205,8 @@ SchemaReport checkText(std::string_view text, const std::string& shownName,
   const std::size_t end = std::min(text.find('\0'), text.size());
   findings.files.back().text = text.substr(0, end);
   if (end + 1 < text.size())
-    findings.add("text-after-nul", {0, end, end}, "Reading ends at a NUL; there is text behind it.");
+    findings.add("text-after-nul", {0, end, end},
+                 "Reading ends at a NUL; there is text behind it.");
   Batch batch(findings, known);
   batch.read(0, true);
   batch.resolve();

@@ -22,9 +22,9 @@ constexpr std::string_view wholeLoadLints[] = {"unlisted-unit", "untypable-unit"
 
 /// Lints that ask an engine that holds the definition.
 constexpr std::string_view loadLints[] = {
-    "unusable-factor",       "canceling-powers",    "power-overflow",        "symbol-unread",
-    "symbol-start",          "symbol-space",        "symbol-hides-function", "symbol-hides-symbol",
-    "symbol-hides-variable", "layout-unit",         "quantity-powers"};
+    "unusable-factor",       "canceling-powers", "power-overflow",        "symbol-unread",
+    "symbol-start",          "symbol-space",     "symbol-hides-function", "symbol-hides-symbol",
+    "symbol-hides-variable", "layout-unit",      "quantity-powers"};
 
 template <class Ids>
 bool has(const Ids& ids, std::string_view id) {
@@ -98,12 +98,14 @@ class Linter {
     if (terms.factor != 0.0 && std::isfinite(terms.factor)) return;
     const Units::Unit unit = load_.engine.getUnit(one.definition.typeId);
     const auto* const derived = RecordAccess::derived(unit);
-    const double own = derived ? RecordAccess::factor(RecordAccess::factorComponent(*derived)) : 1.0;
+    const double own =
+        derived ? RecordAccess::factor(RecordAccess::factorComponent(*derived)) : 1.0;
     if (own != 0.0 && std::isfinite(own))  // else the number itself is a finding
       add(one, "unusable-factor", nullptr,
-          std::string("In primitive units its factor is ") +
-              (terms.factor == 0.0 ? "0." : terms.factor != terms.factor ? "not a number."
-                                                                          : "infinite."));
+          std::string("In primitive units its factor is ") + (terms.factor == 0.0 ? "0."
+                                                              : terms.factor != terms.factor
+                                                                  ? "not a number."
+                                                                  : "infinite."));
   }
 
   void lintUse(const FiledDefinition& one) {
@@ -121,8 +123,7 @@ class Linter {
     lintSymbol(symbol, symbols_, variables_,
                [&](std::string_view id, std::string sentence, std::string advice,
                    const std::string& other) {
-                 FoundFault& fault =
-                     add(one, id, constant, std::move(sentence), std::move(advice));
+                 FoundFault& fault = add(one, id, constant, std::move(sentence), std::move(advice));
                  const auto file = files_.find(other);
                  if (file != files_.end())
                    fault.related.push_back(
@@ -168,12 +169,12 @@ class Linter {
 }  // namespace
 
 std::vector<std::string> usualVariableNames() {
-  return {"a",     "b",      "c",      "d",        "h",         "i",     "j",    "k",
-          "l",     "n",      "r",      "t",        "w",         "x",     "y",    "z",
-          "A",     "D",      "H",      "L",        "R",         "T",     "V",    "W",
-          "angle", "area",   "count",  "depth",    "diameter",  "force", "gap",  "height",
-          "length", "mass",  "offset", "pitch",    "pressure",  "radius", "size", "speed",
-          "temperature", "thickness", "time", "volume", "width"};
+  return {"a",           "b",         "c",      "d",      "h",        "i",      "j",    "k",
+          "l",           "n",         "r",      "t",      "w",        "x",      "y",    "z",
+          "A",           "D",         "H",      "L",      "R",        "T",      "V",    "W",
+          "angle",       "area",      "count",  "depth",  "diameter", "force",  "gap",  "height",
+          "length",      "mass",      "offset", "pitch",  "pressure", "radius", "size", "speed",
+          "temperature", "thickness", "time",   "volume", "width"};
 }
 
 void lintLoad(const LintedLoad& load, Findings& findings) {

@@ -53,8 +53,8 @@ Decimal toDecimal(const std::string& written) {
 /// The digits with zeros behind them and a point after the first `whole` of them, at least one.
 std::string spell(const Decimal& number, std::size_t zeros, std::size_t whole) {
   const std::string digits = number.digits + std::string(zeros, '0');
-  const long exponent = number.exponent + static_cast<long>(number.digits.size()) -
-                        static_cast<long>(whole);
+  const long exponent =
+      number.exponent + static_cast<long>(number.digits.size()) - static_cast<long>(whole);
   std::string spelled = number.isNegative ? "-" : "";
   spelled += digits.substr(0, whole);
   if (whole < digits.size()) spelled += "." + digits.substr(whole);
@@ -77,9 +77,7 @@ double numberAsRead(const std::string& written) {
   return JSON::parse(std::make_shared<Units::ValidationExceptionFactory>(), written).getNumber();
 }
 
-double nearestDouble(const std::string& written) {
-  return Units::readClassicDouble(written).value;
-}
+double nearestDouble(const std::string& written) { return Units::readClassicDouble(written).value; }
 
 std::string shortestSpelling(double number) { return JSON(number).toString(); }
 

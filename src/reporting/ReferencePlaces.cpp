@@ -8,7 +8,8 @@ const ReferencePlaces::Children& ReferencePlaces::childrenOf(const char* constan
   const auto [entry, isNew] = children_.try_emplace(constant);
   if (!isNew) return entry->second;
   const std::size_t value = valueAt(
-      places_, {{Kind::Member, "constants", 0}, {Kind::Property, constant, 0}, {Kind::Value, "", 0}});
+      places_,
+      {{Kind::Member, "constants", 0}, {Kind::Property, constant, 0}, {Kind::Value, "", 0}});
   for (std::size_t child = places_.element(value, 0); child != TextPlaces::none;
        child = places_.value(child).next) {
     entry->second.byName[places_.value(child).name] = child;

@@ -19,7 +19,8 @@ struct FileRange {
 };
 
 struct RelatedPlace::Contents : Units::CountedContents {
-  Contents(FileRange place, std::string text) : range(std::move(place)), sentence(std::move(text)) {}
+  Contents(FileRange place, std::string text)
+      : range(std::move(place)), sentence(std::move(text)) {}
 
   const FileRange range;
   const std::string sentence;

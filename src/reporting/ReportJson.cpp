@@ -17,9 +17,8 @@ class Writer {
     addRange(finding.range, made);
     addText("sentence", finding.sentence, made);
     addText("advice", finding.advice, made);
-    made.setMember(json.root, "related", json.array(finding.related, [&](const auto& place) {
-      return related(place);
-    }));
+    made.setMember(json.root, "related",
+                   json.array(finding.related, [&](const auto& place) { return related(place); }));
     return made;
   }
 

@@ -28,11 +28,10 @@ std::string uriOf(const std::string& path) {
 class Writer {
  public:
   JSON rule(const FindingKind& kind) {
-    return json.object(
-        Member("id", json.text(std::string(kind.id))),
-        Member("shortDescription", message(std::string(kind.what))),
-        Member("defaultConfiguration",
-               json.object(Member("level", json.text(wordOf(kind.severity))))));
+    return json.object(Member("id", json.text(std::string(kind.id))),
+                       Member("shortDescription", message(std::string(kind.what))),
+                       Member("defaultConfiguration",
+                              json.object(Member("level", json.text(wordOf(kind.severity))))));
   }
 
   JSON result(const Finding& one) {
@@ -77,14 +76,13 @@ class Writer {
   JSON physicalLocation(const FileRange& range) {
     return json.object(
         Member("artifactLocation", json.object(Member("uri", json.text(uriOf(range.file))))),
-        Member("region",
-               json.object(Member("startLine", json.number(range.begin.line)),
-                           Member("startColumn", json.number(range.begin.columnPoint)),
-                           Member("endLine", json.number(range.end.line)),
-                           Member("endColumn", json.number(range.end.columnPoint)),
-                           Member("byteOffset", json.number(range.begin.offset)),
-                           Member("byteLength",
-                                  json.number(range.end.offset - range.begin.offset)))));
+        Member("region", json.object(Member("startLine", json.number(range.begin.line)),
+                                     Member("startColumn", json.number(range.begin.columnPoint)),
+                                     Member("endLine", json.number(range.end.line)),
+                                     Member("endColumn", json.number(range.end.columnPoint)),
+                                     Member("byteOffset", json.number(range.begin.offset)),
+                                     Member("byteLength",
+                                            json.number(range.end.offset - range.begin.offset)))));
   }
 };
 
@@ -94,17 +92,15 @@ std::string writeSarif(const SchemaReport& report) {
   const auto& contents = ReportMaker::contentsOf(report);
   Writer writer;
   JsonMaker& json = writer.json;
-  JSON driver = json.object(
-      Member("name", json.text("TrelvonUnits")),
-      Member("rules", json.array(findingKinds(), [&](const auto& kind) {
-        return writer.rule(kind);
-      })));
-  JSON run = json.object(
-      Member("tool", json.object(Member("driver", std::move(driver)))),
-      Member("columnKind", json.text("unicodeCodePoints")),
-      Member("results", json.array(contents.findings, [&](const auto& finding) {
-        return writer.result(finding);
-      })));
+  JSON driver = json.object(Member("name", json.text("TrelvonUnits")),
+                            Member("rules", json.array(findingKinds(), [&](const auto& kind) {
+                              return writer.rule(kind);
+                            })));
+  JSON run = json.object(Member("tool", json.object(Member("driver", std::move(driver)))),
+                         Member("columnKind", json.text("unicodeCodePoints")),
+                         Member("results", json.array(contents.findings, [&](const auto& finding) {
+                           return writer.result(finding);
+                         })));
   std::vector<JSON> runs;
   runs.push_back(std::move(run));
   json.root.setMember(json.root, "$schema",

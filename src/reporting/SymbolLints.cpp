@@ -51,8 +51,9 @@ void lintLayout(const Units::Symbol& symbol, const AddSymbolLint& add) {
     if (hasWord(RecordAccess::name(unit), word) || hasWord(RecordAccess::typeId(unit), word))
       return;
   const std::string word(layoutWords[form][0]);
-  add("layout-unit", "The layout counts in the unit " + word + ", but the symbol's unit is " +
-                         RecordAccess::typeId(unit) + ".",
+  add("layout-unit",
+      "The layout counts in the unit " + word + ", but the symbol's unit is " +
+          RecordAccess::typeId(unit) + ".",
       "Name the unit " + word + ".", "");
 }
 

@@ -41,7 +41,8 @@ struct Look {
 
   std::size_t constant(const char* id) const {
     using Step = Units::ReadingStep::Kind;
-    return valueAt(places, {{Step::Member, "constants", 0}, {Step::Property, id, 0}, {Step::Value, "", 0}});
+    return valueAt(places,
+                   {{Step::Member, "constants", 0}, {Step::Property, id, 0}, {Step::Value, "", 0}});
   }
 
   /// Calls `visit` with each property object in an array of the root.
@@ -107,11 +108,11 @@ void lintConstants(const Look& look) {
          member = look.places.value(member).next) {
       const std::string_view name = look.places.value(member).name;
       if (name != "id" && name != (hasValue ? "value" : "typedValue"))
-        look.add("unread-member", nameOf(look.places, member),
-                 "Nothing reads the member " + quoted(name) + " of the constant " + quoted(text) +
-                     ".",
-                 name == "typedValue" ? "Keep \"value\" or \"typedValue\"."
-                                      : "Put it into a constant of its own, or remove it.");
+        look.add(
+            "unread-member", nameOf(look.places, member),
+            "Nothing reads the member " + quoted(name) + " of the constant " + quoted(text) + ".",
+            name == "typedValue" ? "Keep \"value\" or \"typedValue\"."
+                                 : "Put it into a constant of its own, or remove it.");
     }
   });
   look.eachProperty("properties", [&](std::size_t property) {

@@ -42,8 +42,7 @@ std::size_t follow(const TextPlaces& places, std::size_t value,
 }
 
 /// The last value on a path that is there, and whether it is the end of the path.
-std::pair<std::size_t, bool> walk(const TextPlaces& places,
-                                  const Units::ReadingTrace::Path& path) {
+std::pair<std::size_t, bool> walk(const TextPlaces& places, const Units::ReadingTrace::Path& path) {
   std::size_t value = places.size() == 0 ? TextPlaces::none : 0;
   for (const auto& step : path) {
     if (value == TextPlaces::none) break;

@@ -94,7 +94,8 @@ UnitTerms UnitTermsFinder::combine(const Unit& unit) const {
   for (const auto& [parent, exponent] : RecordAccess::parentUnitPowers(*derived)) {
     const UnitTerms& known = units_.at(parent);
     terms.factor *= std::pow(known.factor, exponent);
-    for (const auto& [primitive, power] : known.powers) addPower(terms, primitive, power * exponent);
+    for (const auto& [primitive, power] : known.powers)
+      addPower(terms, primitive, power * exponent);
   }
   for (const auto& [parent, exponent] : RecordAccess::parentUnitPowers(*derived))
     for (const auto& [primitive, power] : units_.at(parent).powers)

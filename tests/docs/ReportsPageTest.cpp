@@ -44,8 +44,7 @@ TEST(ReportsPage, HasARowForEachKindOfFinding) {
 TEST(ReportsPage, CuresRemoveTheirFindingAndNoOther) {
   namespace fs = std::filesystem;
   const FolderTree tree;
-  fs::copy(TRELVON_TESTS_SOURCE_DIR "/tests/data/faults", tree.path(),
-           fs::copy_options::recursive);
+  fs::copy(TRELVON_TESTS_SOURCE_DIR "/tests/data/faults", tree.path(), fs::copy_options::recursive);
   const std::multiset<std::string> all = findingsIn(tree.path());
   for (const auto& row : curedRows()) {
     const std::string file = "faults/" + row[0] + ".json";

@@ -145,7 +145,8 @@ void checkReport(const RandomTree& tree, const Units::UnitsEngine& silent, bool 
   const std::unique_ptr<Units::UnitsEngine> kept(Units::CreateUnitsEngine());
   for (const Schemas::FileReport& file : report.getFiles()) {
     const FileFate fate = file.getFate();
-    if (fate != FileFate::Loaded && fate != FileFate::LeftOut && fate != FileFate::Refused) continue;
+    if (fate != FileFate::Loaded && fate != FileFate::LeftOut && fate != FileFate::Refused)
+      continue;
     const std::string text = textOf(file.getPath());
     const std::string said = validated([&] { asked->addDefinition(text); });
     checkEqual(said, fate == FileFate::Refused ? errorOf(report, file.getPath()) : "", text);

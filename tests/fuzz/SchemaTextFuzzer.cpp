@@ -105,18 +105,20 @@ void checkWriting(const std::string& text) {
 
 bool isOfKind(const JSON& json, TextPlaces::Kind kind) {
   using Kind = TextPlaces::Kind;
-  return kind == Kind::Object ? json.isObject() : kind == Kind::Array ? json.isArray()
-       : kind == Kind::String ? json.isString() : kind == Kind::Number ? json.isNumber()
-                                                                       : !json.isNumber();
+  return kind == Kind::Object   ? json.isObject()
+         : kind == Kind::Array  ? json.isArray()
+         : kind == Kind::String ? json.isString()
+         : kind == Kind::Number ? json.isNumber()
+                                : !json.isNumber();
 }
 
 /// The same fault; and each value lies where it is read alone.
 void checkPlaces(const std::string& text) {
   const TextPlaces places(text);
   const auto& fault = places.fault();
-  const std::string said = fault ? "JSON parsing error at offset " + std::to_string(fault->offset) +
-                                       ": " + fault->reason
-                                 : "";
+  const std::string said =
+      fault ? "JSON parsing error at offset " + std::to_string(fault->offset) + ": " + fault->reason
+            : "";
   checkEqual(said, refusalOf([&] { parse(text); }), text);
   for (std::size_t number = 0; number < places.size(); ++number) {
     const auto& value = places.value(number);
@@ -124,7 +126,8 @@ void checkPlaces(const std::string& text) {
     if (fault) continue;  // objects and arrays may have no end
     const JSON read = parse(text.substr(value.begin, value.end - value.begin));
     check(isOfKind(read, value.kind), text);
-    if (read.isString()) check(read.getString() == value.text.substr(0, value.text.find('\0')), text);
+    if (read.isString())
+      check(read.getString() == value.text.substr(0, value.text.find('\0')), text);
   }
 }
 

@@ -64,17 +64,26 @@ TEST_P(Loads, GiveAReportAndFillTheEngine) {
 INSTANTIATE_TEST_SUITE_P(
     Reporting, Loads,
     testing::Values(
-        Load{"Sound", {{"1/x/a.json", dimension("a")}, {"2/x/b.json", dimensional("b", "a")}},
-             {false}, "", {"a", "b"}},
+        Load{"Sound",
+             {{"1/x/a.json", dimension("a")}, {"2/x/b.json", dimensional("b", "a")}},
+             {false},
+             "",
+             {"a", "b"}},
         Load{"OneErrorLoadsNothing",
              {{"1/x/a.json", dimension("a")}, {"2/x/b.json", dimensional("b", "none")}},
-             {false}, "missing-reference 2/x/b.json; 1/x/a.json 1; 2/x/b.json 2; ", {}},
+             {false},
+             "missing-reference 2/x/b.json; 1/x/a.json 1; 2/x/b.json 2; ",
+             {}},
         Load{"TheRestIsLoaded",
              {{"1/x/a.json", dimension("a")}, {"2/x/b.json", dimensional("b", "none")}},
-             leavingOut(), "missing-reference 2/x/b.json; 2/x/b.json 2; ", {"a"}},
+             leavingOut(),
+             "missing-reference 2/x/b.json; 2/x/b.json 2; ",
+             {"a"}},
         Load{"LaterFoldersAreNotKnown",
              {{"1/x/b.json", dimensional("b", "a")}, {"2/x/a.json", dimension("a")}},
-             leavingOut(), "missing-reference 1/x/b.json; 1/x/b.json 2; ", {"a"}},
+             leavingOut(),
+             "missing-reference 1/x/b.json; 1/x/b.json 2; ",
+             {"a"}},
         Load{"TheFirstOfTwoClaimsCountsEvenIfItIsLeftOut",
              {{"1/x/1.json", factor("a", Ids{"none"})}, {"1/x/2.json", dimension("a")}},
              leavingOut(),
@@ -82,39 +91,68 @@ INSTANTIATE_TEST_SUITE_P(
              {}},
         Load{"WhatIsLeftOutIsFreeForLaterFolders",
              {{"1/x/1.json", factor("a", Ids{"none"})}, {"2/x/2.json", dimension("a")}},
-             leavingOut(), "missing-reference 1/x/1.json; 1/x/1.json 2; ", {"a"}},
-        Load{"TakenByTheEngine", {{"1/x/1.json", dimension("before")}}, leavingOut(),
-             "typeid-taken 1/x/1.json; 1/x/1.json 3; ", {}},
-        Load{"WrongKindInTheEngine", {{"1/x/1.json", factor("a", Ids{"before"})}}, leavingOut(),
-             "wrong-kind 1/x/1.json; 1/x/1.json 2; ", {}},
+             leavingOut(),
+             "missing-reference 1/x/1.json; 1/x/1.json 2; ",
+             {"a"}},
+        Load{"TakenByTheEngine",
+             {{"1/x/1.json", dimension("before")}},
+             leavingOut(),
+             "typeid-taken 1/x/1.json; 1/x/1.json 3; ",
+             {}},
+        Load{"WrongKindInTheEngine",
+             {{"1/x/1.json", factor("a", Ids{"before"})}},
+             leavingOut(),
+             "wrong-kind 1/x/1.json; 1/x/1.json 2; ",
+             {}},
         Load{"CircleAndWhatNeedsIt",
-             {{"1/x/a.json", factor("a", Ids{"b"})}, {"1/x/b.json", factor("b", Ids{"c"})},
-              {"1/x/c.json", factor("c", Ids{"b"})}, {"1/x/d.json", factor("d", Ids{})}},
-             leavingOut(), "circle 1/x/b.json; 1/x/a.json 2; 1/x/b.json 2; 1/x/c.json 2; ", {"d"}},
-        Load{"EachMissingReferenceOnce", {{"1/x/a.json", quantity("a", {"y", "z", "y"})}},
-             leavingOut(), "missing-reference 1/x/a.json; missing-reference 1/x/a.json; "
-             "1/x/a.json 2; ", {}},
+             {{"1/x/a.json", factor("a", Ids{"b"})},
+              {"1/x/b.json", factor("b", Ids{"c"})},
+              {"1/x/c.json", factor("c", Ids{"b"})},
+              {"1/x/d.json", factor("d", Ids{})}},
+             leavingOut(),
+             "circle 1/x/b.json; 1/x/a.json 2; 1/x/b.json 2; 1/x/c.json 2; ",
+             {"d"}},
+        Load{"EachMissingReferenceOnce",
+             {{"1/x/a.json", quantity("a", {"y", "z", "y"})}},
+             leavingOut(),
+             "missing-reference 1/x/a.json; missing-reference 1/x/a.json; "
+             "1/x/a.json 2; ",
+             {}},
         Load{"EndsWithTheFirstError",
              {{"1/x/a.json", dimension("a")}, {"1/x/b.json", "{"}, {"1/x/c.json", "["}},
              {true, true, false, {}},
-             "json 1/x/b.json; 1/x/a.json 1; 1/x/b.json 3; 1/x/c.json 6; ", {}},
+             "json 1/x/b.json; 1/x/a.json 1; 1/x/b.json 3; 1/x/c.json 6; ",
+             {}},
         Load{"EndsWithTheFirstReference",
-             {{"1/x/a.json", dimensional("a", "y")}, {"1/x/b.json", dimensional("b", "y")},
+             {{"1/x/a.json", dimensional("a", "y")},
+              {"1/x/b.json", dimensional("b", "y")},
               {"2/x/c.json", dimension("c")}},
              {true, true, false, {}},
-             "missing-reference 1/x/a.json; 1/x/a.json 2; 1/x/b.json 2; 2/x/c.json 6; ", {}},
+             "missing-reference 1/x/a.json; 1/x/a.json 2; 1/x/b.json 2; 2/x/c.json 6; ",
+             {}},
         Load{"OtherNames",
-             {{"1/a.json", dimension("a")}, {"1/x/b.JSON", ""}, {"1/x/.json", ""}, {"1/x/c.txt", ""},
+             {{"1/a.json", dimension("a")},
+              {"1/x/b.JSON", ""},
+              {"1/x/.json", ""},
+              {"1/x/c.txt", ""},
               {"1/x/d.json", dimension("d") + std::string("\0x", 2)}},
-             {}, "top-folder 1/a.json; file-name 1/x/.json; file-name 1/x/b.JSON; "
-             "text-after-nul 1/x/d.json; 1/a.json 5; 1/x/.json 5; 1/x/b.JSON 5; ", {"d"}},
-        Load{"LintsOfOtherNamesAreNotWanted", {{"1/a.json", ""}, {"1/x/b.JSON", ""}}, {false},
-             "1/a.json 5; 1/x/b.JSON 5; ", {}},
+             {},
+             "top-folder 1/a.json; file-name 1/x/.json; file-name 1/x/b.JSON; "
+             "text-after-nul 1/x/d.json; 1/a.json 5; 1/x/.json 5; 1/x/b.JSON 5; ",
+             {"d"}},
+        Load{"LintsOfOtherNamesAreNotWanted",
+             {{"1/a.json", ""}, {"1/x/b.JSON", ""}},
+             {false},
+             "1/a.json 5; 1/x/b.JSON 5; ",
+             {}},
         Load{"VariableNamesOfAHost",
-             {{"1/x/a.json", primitive("a")}, {"1/x/b.json", symbol("b", "a", "w")},
-              {"1/x/c.json", symbol("c", "a", "wide")}, {"1/x/d.json", quantity("d", {"a"})}},
+             {{"1/x/a.json", primitive("a")},
+              {"1/x/b.json", symbol("b", "a", "w")},
+              {"1/x/c.json", symbol("c", "a", "wide")},
+              {"1/x/d.json", quantity("d", {"a"})}},
              {true, false, true, std::vector<std::string>{"wide"}},
-             "symbol-hides-variable 1/x/c.json; ", {"a", "b", "c", "d"}}),
+             "symbol-hides-variable 1/x/c.json; ",
+             {"a", "b", "c", "d"}}),
     [](const auto& row) { return row.param.name; });
 
 TEST(LoadFolders, ReportsWhatTheLoaderBreaksOffAt) {
@@ -160,7 +198,9 @@ TEST(LoadFolders, WantsFolders) {
   tree.write("x/a.json", dimension("a"));
   const Engine engine = makeEngine();
   for (const fs::path& none : {tree.path("none"), tree.path("x/a.json")})
-    EXPECT_EQ(messageOf<std::logic_error>([&] { loadFolders({tree.path(), none}, *engine, {}); }),
+    EXPECT_EQ(messageOf<std::logic_error>([&] {
+                loadFolders({tree.path(), none}, *engine, {});
+              }),
               "schema folder not found");
   EXPECT_FALSE(engine->isRegistered("a"));
 }
@@ -199,7 +239,8 @@ class Texts : public testing::TestWithParam<Checked> {};
 /// Findings with their places in lines, and columns in bytes and code points.
 TEST_P(Texts, AreCheckedAgainstAnEngine) {
   const Engine engine = makeEngine();
-  engine->addUnit(Units::Unit("m", "meter", Units::System::Metric, Units::PrimitiveUnitComponent()));
+  engine->addUnit(
+      Units::Unit("m", "meter", Units::System::Metric, Units::PrimitiveUnitComponent()));
   engine->addDefinition(absolute("scale", "m", "7"));
   engine->buildSchemas();
   std::string all;
@@ -216,8 +257,7 @@ TEST_P(Texts, AreCheckedAgainstAnEngine) {
 INSTANTIATE_TEST_SUITE_P(
     Reporting, Texts,
     testing::Values(
-        Checked{"Sound", dimension("a"), ""},
-        Checked{"Nothing", "", "json 1:1(1)-1:1; "},
+        Checked{"Sound", dimension("a"), ""}, Checked{"Nothing", "", "json 1:1(1)-1:1; "},
         Checked{"ColumnsOfBytesAndCodePoints", "{\"\xC2\xB5\xFF\":\n\"\xC2\xB5\" \xC2\xB5}",
                 "json 2:6(5)-2:8; "},
         Checked{"LastOfTwoMembers",
