@@ -196,7 +196,8 @@ struct ReportOptions {
 TRELVONUNITS_API SchemaReport loadFolders(const std::vector<std::string>& folders,
                                           Units::UnitsEngine& engine, const ReportOptions& options);
 
-/// Checks one schema text, as an editor has it, against an engine that holds what it refers to.
+/// Checks one schema text, as an editor has it, against an engine that holds what it refers to, but
+/// not the definition itself: its type id would be taken.
 ///
 /// Finds what `loadFolders` finds in a file, apart from lints about the whole load: units that no
 /// quantity lists or that have no symbol to type.

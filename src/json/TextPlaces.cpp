@@ -47,7 +47,6 @@ struct TextPlaces::Walk {
   }
 
   bool open(Kind kind) {
-    lastOf.reserve(lastOf.size() + 1);
     parent = add(kind);
     ++behind;  // the bracket
     lastOf.push_back(none);

@@ -111,7 +111,7 @@ constexpr FindingKind kinds[] = {
     {"infinite-number", warning, "", "Write a smaller number.", "A number is read as infinite."},
     {"zero-factor", warning, "", "Write the factor.", "A factor is 0."},
     {"unusable-factor", warning, "", "Check the factors and powers of the parents.",
-     "The factor of a unit is 0, infinite or not a number in primitive units."},
+     "A factor is 0, infinite or not a number, with its parents."},
     {"canceling-powers", warning, "", "Choose parents whose powers do not cancel.",
      "Powers of a primitive unit cancel."},
     {"power-overflow", warning, "", "Lower the powers of the parents.",

@@ -48,6 +48,20 @@ void build(const std::vector<FiledDefinition>& definitions, const Findings& find
   engine.buildSchemas();
 }
 
+/// Looks for lints in a copy of an engine that holds the definitions, too.
+/// @return  false if what they need is only pending in the engine.
+bool lintInCopy(const Units::UnitsEngine& engine, const std::vector<FiledDefinition>& definitions,
+                const std::vector<std::string>& variableNames, bool isWhole, Findings& findings) {
+  const auto copy = copyEngine(engine);
+  try {
+    build(definitions, findings, *copy);
+  } catch (const Units::ValidationException&) {
+    return false;
+  }
+  lintLoad({*copy, definitions, variableNames, isWhole}, findings);
+  return true;
+}
+
 class FolderLoad {
  public:
   FolderLoad(Units::UnitsEngine& engine, const ReportOptions& options)
@@ -71,8 +85,7 @@ class FolderLoad {
   SchemaReport finish() {
     const bool isLoaded =
         !mustStop() && (!findings_.hasErrors || options_.leaveOutWhatCannotBuild) && load();
-    const bool isLinted = options_.lint && !mustStop();
-    if (isLinted) lint(isLoaded);
+    const bool isLinted = options_.lint && !mustStop() && lint(isLoaded);
     if (options_.lint) applyAllowances(isLinted, isLinted, findings_);
     if (mustStop()) keepFirstError();
     return ReportMaker::make(findings_);
@@ -153,16 +166,11 @@ class FolderLoad {
     return true;
   }
 
-  void lint(bool isLoaded) {
+  /// Whether there is an engine to ask.
+  bool lint(bool isLoaded) {
     const auto names = options_.variableNames ? *options_.variableNames : usualVariableNames();
-    if (isLoaded) return lintLoad({engine_, kept_, names, true}, findings_);
-    const auto copy = copyEngine(engine_);
-    try {
-      build(kept_, findings_, *copy);
-    } catch (const Units::ValidationException&) {
-      return;  // what they need is pending in the engine
-    }
-    lintLoad({*copy, kept_, names, true}, findings_);
+    if (isLoaded) return lintLoad({engine_, kept_, names, true}, findings_), true;
+    return lintInCopy(engine_, kept_, names, true, findings_);
   }
 
   void keepFirstError() {
@@ -211,18 +219,8 @@ SchemaReport checkText(std::string_view text, const std::string& shownName,
   batch.read(0, true);
   batch.resolve();
   const std::vector<FiledDefinition> kept = batch.takeKept();
-  bool isLinted = false;
-  if (!kept.empty()) {
-    const auto copy = copyEngine(engine);
-    const auto names = usualVariableNames();
-    try {
-      build(kept, findings, *copy);
-      lintLoad({*copy, kept, names, false}, findings);
-      isLinted = true;
-    } catch (const Units::ValidationException&) {
-      // What it needs is pending in the engine.
-    }
-  }
+  const bool isLinted =
+      !kept.empty() && lintInCopy(engine, kept, usualVariableNames(), false, findings);
   applyAllowances(isLinted, false, findings);
   return ReportMaker::make(findings);
 }

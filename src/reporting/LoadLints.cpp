@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <set>
 #include <string_view>
 #include <utility>
@@ -46,6 +47,9 @@ class Linter {
 
   void lint(const FiledDefinition& one) {
     switch (one.definition.kind) {
+      case RecordKind::Factor:
+        return lintValue(one, load_.engine.getFactor(one.definition.typeId).getFactorComponent(),
+                         terms_.valueOf(one.definition.typeId));
       case RecordKind::RelativeUnit:
         lintTerms(one);
         return lintUse(one);
@@ -95,17 +99,19 @@ class Linter {
       add(one, "canceling-powers", "parentUnits",
           "Powers of " + canceled + " cancel, so sums in formulas can fail.");
     }
-    if (terms.factor != 0.0 && std::isfinite(terms.factor)) return;
     const Units::Unit unit = load_.engine.getUnit(one.definition.typeId);
-    const auto* const derived = RecordAccess::derived(unit);
-    const double own =
-        derived ? RecordAccess::factor(RecordAccess::factorComponent(*derived)) : 1.0;
-    if (own != 0.0 && std::isfinite(own))  // else the number itself is a finding
-      add(one, "unusable-factor", nullptr,
-          std::string("In primitive units its factor is ") + (terms.factor == 0.0 ? "0."
-                                                              : terms.factor != terms.factor
-                                                                  ? "not a number."
-                                                                  : "infinite."));
+    if (const auto* const derived = RecordAccess::derived(unit))
+      lintValue(one, RecordAccess::factorComponent(*derived), terms.factor);
+  }
+
+  /// A number with its parents. If it is of no use by itself, that is another finding.
+  void lintValue(const FiledDefinition& one, const Units::FactorComponent& component,
+                 double value) {
+    const auto isUsable = [](double number) { return number != 0.0 && std::isfinite(number); };
+    if (isUsable(value) || !isUsable(RecordAccess::factor(component))) return;
+    add(one, "unusable-factor", nullptr,
+        std::string("With its parents the factor is ") +
+            (value == 0.0 ? "0." : value != value ? "not a number." : "infinite."));
   }
 
   void lintUse(const FiledDefinition& one) {
@@ -183,14 +189,18 @@ void lintLoad(const LintedLoad& load, Findings& findings) {
 }
 
 void applyAllowances(bool hasLoad, bool isWhole, Findings& findings) {
-  auto& faults = findings.faults;
+  std::map<std::pair<std::size_t, std::string_view>, Allowance*> allowed;  // the first of an id
+  for (std::size_t file = 0; file < findings.files.size(); ++file)
+    for (Allowance& allowance : findings.files[file].allowances)
+      allowed.emplace(std::pair(file, std::string_view(allowance.id)), &allowance);
   const auto isSilenced = [&](const FoundFault& fault) {
-    if (fault.kind->severity != Severity::Warning || fault.place.file == noFile) return false;
-    bool isAllowed = false;
-    for (Allowance& allowance : findings.files[fault.place.file].allowances)
-      if (allowance.id == fault.kind->id) allowance.isUsed = isAllowed = true;
-    return isAllowed;
+    if (fault.kind->severity != Severity::Warning) return false;
+    const auto found = allowed.find({fault.place.file, fault.kind->id});
+    if (found == allowed.end()) return false;
+    found->second->isUsed = true;
+    return true;
   };
+  auto& faults = findings.faults;
   faults.erase(std::remove_if(faults.begin(), faults.end(), isSilenced), faults.end());
 
   for (std::size_t file = 0; file < findings.files.size(); ++file) {

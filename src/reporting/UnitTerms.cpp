@@ -62,7 +62,7 @@ void addPower(UnitTerms& terms, const std::string& primitive, std::int64_t power
 
 }  // namespace
 
-double UnitTermsFinder::factorOf(const std::string& factorTypeId) {
+double UnitTermsFinder::valueOf(const std::string& factorTypeId) {
   return know(
       factorTypeId, factors_, [&](const std::string& id) { return engine_.getFactor(id); },
       [&](const Factor& factor) {
@@ -110,7 +110,7 @@ const UnitTerms& UnitTermsFinder::termsOf(const std::string& unitTypeId) {
         if (const auto* const derived = RecordAccess::derived(unit))
           for (const auto& [parent, exponent] :
                RecordAccess::parentFactorPowers(RecordAccess::factorComponent(*derived)))
-            factorOf(parent);
+            valueOf(parent);
         return combine(unit);
       });
 }

@@ -25,9 +25,11 @@ class UnitTermsFinder {
   /// @param unitTypeId  of a stored unit.
   const UnitTerms& termsOf(const std::string& unitTypeId);
 
+  /// The number that a stored factor stands for, with its parents; as far as lints ask.
+  double valueOf(const std::string& factorTypeId);
+
  private:
   UnitTerms combine(const Units::Unit& unit) const;
-  double factorOf(const std::string& factorTypeId);
 
   const Units::UnitsEngine& engine_;
   std::map<std::string, UnitTerms> units_;

@@ -37,8 +37,9 @@ class RandomTree {
  private:
   std::string content() {
     static const char* const pieces[] = {"{", "}", "\"typeid\"", "x", "\xFF", "\r\n", "[", ":"};
-    if (random_.oneIn(3)) return definitions_.nextText();
-    std::string text = random_.text(pieces, 12);
+    std::string text = random_.oneIn(3) ? random_.text(pieces, 12) : definitions_.nextText();
+    if (random_.oneIn(3) && !text.empty())
+      text.replace(random_.below(text.size()), random_.below(3), random_.text(pieces, 1));
     if (random_.oneIn(4)) text.insert(random_.below(text.size() + 1), 1, '\0');
     return text;
   }

@@ -193,6 +193,21 @@ TEST(LoadFolders, ReportsAFileThatEndsEarly) {
             "ends-early x/a.json; x/a.json 4; ");
 }
 
+TEST(LoadFolders, ReadsFilesAsItFindsThem) {
+  const FolderTree tree;
+  for (const char* const file : {"x/a.json", "x/gone.json", "x/grown.json"})
+    tree.write(file, dimension(file));
+  Units::HostEngine engine;
+  engine.onCall = [&](int call) {
+    if (call != 1) return;
+    fs::remove(tree.path("x/gone.json"));
+    tree.write("x/grown.json", dimension("grown") + std::string(200000, ' '));
+  };
+  const auto report = loadFolders({tree.path()}, engine, {false, true, true, {}});
+  EXPECT_EQ(summary(report, tree), "cannot-open x/gone.json; x/gone.json 4; ");
+  EXPECT_TRUE(engine.inner->isRegistered("grown"));
+}
+
 TEST(LoadFolders, WantsFolders) {
   const FolderTree tree;
   tree.write("x/a.json", dimension("a"));
