@@ -192,7 +192,8 @@ struct ReportOptions {
 ///                of it is dropped, and an error of the report says so.
 /// @throws std::logic_error  "schema folder not found": one of `folders` does not exist or is not a
 ///                           folder. The engine is unchanged.
-/// @throws std::bad_alloc    what the engine stores is unchanged. Pending schemas are dropped.
+/// @throws std::bad_alloc    the engine stores all that it was to load, or nothing of it. What was
+///                           pending is built, dropped or still pending.
 TRELVONUNITS_API SchemaReport loadFolders(const std::vector<std::string>& folders,
                                           Units::UnitsEngine& engine, const ReportOptions& options);
 

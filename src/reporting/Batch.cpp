@@ -5,6 +5,7 @@
 #include "reporting/ReferencePlaces.h"
 #include "reporting/TextLints.h"
 
+#include <algorithm>
 #include <memory>
 #include <set>
 #include <utility>
@@ -189,9 +190,10 @@ Place Batch::placeOfNext(const std::vector<std::size_t>& circle, std::size_t pla
   const auto& [definition, file] = definitions_[circle[place]];
   const std::string& next = definitions_[circle[(place + 1) % circle.size()]].definition.typeId;
   ReferencePlaces places(findings_.files[file].text);
-  for (const Reference& reference : definition.references)
-    if (reference.typeId == next) return placeIn(file, places.at(reference));
-  return {file, 0, 0};
+  const auto named =
+      std::find_if(definition.references.begin(), definition.references.end(),
+                   [&](const Reference& reference) { return reference.typeId == next; });
+  return placeIn(file, places.at(*named));
 }
 
 void Batch::reportCircle(const std::vector<std::size_t>& circle) {

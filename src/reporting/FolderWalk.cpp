@@ -24,8 +24,6 @@ std::string nameOf(const std::error_code& error) {
   if (error == std::errc::not_enough_memory) throw std::bad_alloc();
   if (error == std::errc::permission_denied) return "permission denied";
   if (error == std::errc::too_many_symbolic_link_levels) return "links that lead to themselves";
-  if (error == std::errc::filename_too_long) return "the name is too long";
-  if (error == std::errc::no_such_file_or_directory) return "it is gone";
   return "system error " + std::to_string(error.value());
 }
 

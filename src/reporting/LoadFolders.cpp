@@ -20,17 +20,16 @@ namespace Schemas {
 
 namespace {
 
-/// Drops what is pending in an engine, by a build that fails. Does its best if memory is short.
+/// Drops what is pending in an engine, by a build that fails. If there is no memory for that, it
+/// stays pending: a build might store a part of it.
 void dropPending(Units::UnitsEngine& engine) noexcept {
   try {
     engine.addDefinition(
-        R"({"typeid":"trelvon.report:none","inherits":["x:factor.derived-1."],"constants":[)"
-        R"({"id":"parentFactors","value":{"trelvon.report:nothing":1}}]})");
-  } catch (...) {
-  }
-  try {
+        R"({"typeid":"trelvon.report:itself","inherits":["x:factor.derived-1."],"constants":[)"
+        R"({"id":"parentFactors","value":{"trelvon.report:itself":1}}]})");
     engine.buildSchemas();
   } catch (...) {
+    // As it should.
   }
 }
 
@@ -119,10 +118,10 @@ class FolderLoad {
         findings_.add("no-status", place, "The entry has no status: " + entry.problem + ".");
         return;
       case Kind::Unlisted:
-        fate = FileFate::Unreadable;
-        findings_.add("cannot-list", place, "The folder cannot be listed: " + entry.problem + ".");
-        return;
+        break;
     }
+    fate = FileFate::Unreadable;
+    findings_.add("cannot-list", place, "The folder cannot be listed: " + entry.problem + ".");
   }
 
   void lintFile(std::string_view id, Place place, std::string sentence) {

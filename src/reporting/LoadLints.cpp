@@ -110,8 +110,9 @@ class Linter {
     const auto isUsable = [](double number) { return number != 0.0 && std::isfinite(number); };
     if (isUsable(value) || !isUsable(RecordAccess::factor(component))) return;
     add(one, "unusable-factor", nullptr,
-        std::string("With its parents the factor is ") +
-            (value == 0.0 ? "0." : value != value ? "not a number." : "infinite."));
+        std::string("With its parents the factor is ") + (value == 0.0     ? "0."
+                                                          : value != value ? "not a number."
+                                                                           : "infinite."));
   }
 
   void lintUse(const FiledDefinition& one) {

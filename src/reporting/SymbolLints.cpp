@@ -122,16 +122,6 @@ bool SymbolReader::isFunction(const std::string& name) const {
   return refusal.find("Unrecognized identifier") != 0 && refusal != "Unable to parse expression.";
 }
 
-bool SymbolReader::hidesVariable(const std::string& name) const {
-  bool isAsked = false;
-  const auto resolver = [&](const std::string& asked) {
-    isAsked = isAsked || asked == name;
-    return std::string("2");
-  };
-  refusalOf([&] { engine_.evaluateUnitlessExpression(name + " * 3", resolver); });
-  return !isAsked;
-}
-
 void lintSymbol(const Units::Symbol& symbol, const SymbolReader& reader,
                 const std::set<std::string>& variableNames, const AddSymbolLint& add) {
   const auto* const decoration = RecordAccess::prefixOrSuffix(symbol);
@@ -146,7 +136,7 @@ void lintSymbol(const Units::Symbol& symbol, const SymbolReader& reader,
   if (hasSpace) add("symbol-space", quoted(text) + " begins or ends in a space.", "", "");
   if (reader.isFunction(text))
     return add("symbol-hides-function", quoted(text) + " is the name of a function.", "", "");
-  if (variableNames.count(text) != 0 && reader.hidesVariable(text))
+  if (variableNames.count(text) != 0)
     add("symbol-hides-variable",
         "Formulas cannot use a variable named " + quoted(text) + ", a usual name.", "", "");
   if (lintSameText(symbol, text, reader, add) || startsOddly || hasSpace) return;

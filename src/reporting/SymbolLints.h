@@ -26,9 +26,6 @@ class SymbolReader {
   /// Whether formulas call a function by this name.
   bool isFunction(const std::string& name) const;
 
-  /// Whether a formula that multiplies a variable of this name does not ask for the variable.
-  bool hidesVariable(const std::string& name) const;
-
   /// The symbols with a text, by type id, each with its unit's.
   const std::map<std::string, std::string>& withText(const std::string& text) const;
 

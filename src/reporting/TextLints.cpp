@@ -56,15 +56,17 @@ struct Look {
 
 std::string quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
 
-/// Whether the last member of a name counts in an object: below the value of a constant.
-bool lastCounts(const TextPlaces& places, std::size_t object) {
-  std::size_t depth = 0;
-  for (std::size_t above = object; above != none && depth < 4; ++depth)
-    above = places.value(above).parent;
-  return depth == 4;
+/// Whether the last member of a name counts in an object: in maps and references, which lie in the
+/// value of a constant.
+bool lastCounts(const TextPlaces& places, std::size_t constants, std::size_t object) {
+  if (constants == none || object < constants) return false;
+  if (places.value(object).begin > places.value(constants).end) return false;
+  const std::size_t above = places.value(object).parent;
+  return above != constants && places.value(above).parent != none;
 }
 
 void lintDuplicates(const Look& look) {
+  const std::size_t constants = look.places.member(0, "constants");
   std::set<std::string_view> names;
   for (std::size_t object = 0; object < look.places.size(); ++object) {
     if (look.places.value(object).kind != Kind::Object) continue;
@@ -74,8 +76,8 @@ void lintDuplicates(const Look& look) {
       if (!names.insert(look.places.value(member).name).second)
         look.add("duplicate-member", nameOf(look.places, member),
                  "A second member " + quoted(look.places.value(member).name) +
-                     (lastCounts(look.places, object) ? ": the last one counts."
-                                                      : ": the first one counts."));
+                     (lastCounts(look.places, constants, object) ? ": the last one counts."
+                                                                 : ": the first one counts."));
   }
 }
 

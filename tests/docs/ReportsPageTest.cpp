@@ -60,7 +60,13 @@ TEST(ReportsPage, CuresRemoveTheirFindingAndNoOther) {
   }
 }
 
-/// What differs is written to the folder of the tests, to be looked at and kept.
+TEST(ReportsPage, ItsExampleSilencesWhatItSays) {
+  const std::unique_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());
+  for (const std::string& example : examplesOf("reports.md"))
+    EXPECT_EQ(Schemas::checkText(example, "t", *engine).getFindings().size(), 0u);
+}
+
+/// What differs is written to the folder for temporary files, to be looked at and kept.
 TEST(ReportsPage, TheReportOnFaultsIsKeptInAllFormats) {
   std::filesystem::current_path(TRELVON_TESTS_SOURCE_DIR "/tests/data");
   const Schemas::SchemaReport report = reportOn("faults");

@@ -225,9 +225,30 @@ TEST(LoadFolders, ReportsWhatOnlyTheEngineKnows) {
   tree.write("x/a.json", factor("a", Ids{"pending"}));
   const Engine engine = makeEngine();
   engine->addDefinition(dimension("pending"));
-  EXPECT_EQ(summary(loadFolders({tree.path()}, *engine, {}), tree),
-            "engine-refuses -; x/a.json 1; ");
+  const SchemaReport report = loadFolders({tree.path()}, *engine, {});
+  EXPECT_EQ(summary(report, tree), "engine-refuses -; x/a.json 1; ");
+  EXPECT_EQ(report.toText().find("-: error: Parent pending has an unexpected type. [engine-"), 0u);
   EXPECT_FALSE(engine->isRegistered("pending"));
+}
+
+TEST(LoadFolders, GivesAllOfAFinding) {
+  const FolderTree tree;
+  tree.write("x/1.json", factor("a", Ids{"b"}));
+  tree.write("x/2.json", factor("b", Ids{"a"}));
+  const SchemaReport report = SchemaReport(loadFolders({tree.path()}, *makeEngine(), {}));
+  const Finding circle = report.getFindings().at(0);
+  EXPECT_EQ(circle.getSentence(), "A schema identifies its descendant a as one of its parents.");
+  EXPECT_EQ(circle.getAdvice(), "Break the circle at one of its references.");
+  std::string all;
+  for (const RelatedPlace& place : circle.getRelatedPlaces())
+    all += place.getFile().substr(tree.path().string().size()) + ' ' +
+           std::to_string(place.getBegin().column) + '-' + std::to_string(place.getEnd().column) +
+           ": " + place.getSentence() + ' ';
+  EXPECT_EQ(all, "x/1.json 109-112: a needs b. x/2.json 109-112: b needs a. ");
+  const FileReport file = report.getFiles().at(1);
+  EXPECT_EQ(file.getTypeId() + ": " + file.getReason(), "b: lies on a circle of definitions");
+  EXPECT_EQ(report.getErrorCount(), 1u);
+  EXPECT_EQ(report.getWarningCount(), 0u);
 }
 
 TEST(LoadFolders, LetsNothingReachATerminal) {
@@ -257,6 +278,9 @@ TEST_P(Texts, AreCheckedAgainstAnEngine) {
   engine->addUnit(
       Units::Unit("m", "meter", Units::System::Metric, Units::PrimitiveUnitComponent()));
   engine->addDefinition(absolute("scale", "m", "7"));
+  engine->addDefinition(derived("n", Ids{"m"}, Ids{"g"}));
+  engine->addDefinition(factor("g", Ids{"f"}));
+  engine->addDefinition(factor("f", Ids{}));
   engine->buildSchemas();
   std::string all;
   for (const Finding& finding : checkText(GetParam().text, "t", *engine).getFindings()) {
@@ -293,6 +317,16 @@ INSTANTIATE_TEST_SUITE_P(
         Checked{"Itself", factor("a", Ids{"a"}), "circle 1:109(109)-1:112; "},
         Checked{"ScaleInTheEngine", derived("a", Ids{"scale"}),
                 "scale-as-parent 1:168(168)-1:175; "},
+        Checked{"ByteOrderMark", "\xFF\xFE{", "json 1:1(1)-1:2; "},
+        Checked{"TextBehindANul", dimension("a") + std::string("\0 ", 2),
+                "text-after-nul 1:60(60)-1:60; "},
+        Checked{
+            "MembersOfConstants",
+            quoted("{'typeid':'a','inherits':[':factor-1.'],'properties':[{'id':'p'}],\n"
+                   "'constants':[{'id':'factor','value':2,'typedValue':3,'unit':4}],'allow':1}"),
+            "unread-constant 1:61(61)-1:64; unread-member 2:39(39)-2:51; "
+            "unread-member 2:54(54)-2:60; unused-allowance 2:73(73)-2:74; "},
+        Checked{"WithAParentOfTheEngine", derived("a", Ids{"n"}, Ids{"g"}), ""},
         Checked{"AScaleHasASymbol", symbol("a", "scale", "hh"), ""}),
     [](const auto& row) { return row.param.name; });
 
