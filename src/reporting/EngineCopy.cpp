@@ -73,11 +73,17 @@ std::unique_ptr<UnitsEngine> copyEngine(const UnitsEngine& engine) {
              [&](const Factor& factor) { skipInvalid([&] { copy->addFactor(factor); }); });
   addInOrder(engine.getUnits(),
              [&](const Unit& unit) { skipInvalid([&] { copy->addUnit(unit); }); });
-  for (const auto& [typeId, symbol] : engine.getSymbols())
-    skipInvalid([&, record = symbol] { copy->addSymbol(record); });
-  for (const auto& [typeId, quantity] : engine.getQuantities())
-    skipInvalid([&, record = quantity] { copy->addQuantity(record); });
   return copy;
+}
+
+void copySymbols(const UnitsEngine& engine, UnitsEngine& copy) {
+  for (const auto& [typeId, symbol] : engine.getSymbols())
+    skipInvalid([&, record = symbol] { copy.addSymbol(record); });
+}
+
+void copyQuantities(const UnitsEngine& engine, UnitsEngine& copy) {
+  for (const auto& [typeId, quantity] : engine.getQuantities())
+    skipInvalid([&, record = quantity] { copy.addQuantity(record); });
 }
 
 }  // namespace Schemas

@@ -52,6 +52,11 @@ void build(const std::vector<FiledDefinition>& definitions, const Findings& find
 bool lintInCopy(const Units::UnitsEngine& engine, const std::vector<FiledDefinition>& definitions,
                 const std::vector<std::string>& variableNames, bool isWhole, Findings& findings) {
   const auto copy = copyEngine(engine);
+  const bool hasSymbol = std::any_of(
+      definitions.begin(), definitions.end(),
+      [](const FiledDefinition& one) { return one.definition.kind == RecordKind::Symbol; });
+  if (isWhole || hasSymbol) copySymbols(engine, *copy);
+  if (isWhole) copyQuantities(engine, *copy);
   try {
     build(definitions, findings, *copy);
   } catch (const Units::ValidationException&) {
