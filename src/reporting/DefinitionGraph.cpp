@@ -82,8 +82,8 @@ std::vector<bool> findCircular(const DefinitionGraph& graph, const Groups& group
 }
 
 /// A shortest circle through a node, found breadth first within its group.
-std::vector<std::size_t> circleThrough(std::size_t start, const DefinitionGraph& graph,
-                                       const Groups& groups, std::vector<std::size_t>& neededBy) {
+Circle circleThrough(std::size_t start, const DefinitionGraph& graph, const Groups& groups,
+                     std::vector<std::size_t>& neededBy) {
   std::vector<std::size_t> waiting = {start};
   for (std::size_t next = 0;; ++next)
     for (const std::size_t needed : graph.needs[waiting[next]]) {
@@ -91,13 +91,29 @@ std::vector<std::size_t> circleThrough(std::size_t start, const DefinitionGraph&
       neededBy[needed] = waiting[next];
       waiting.push_back(needed);
       if (needed != start) continue;
-      std::vector<std::size_t> circle;
+      Circle circle;
       do {
         circle.push_back(neededBy[circle.empty() ? start : circle.back()]);
       } while (circle.back() != start);
       std::reverse(circle.begin(), circle.end());
       return circle;
     }
+}
+
+/// One circle of each group of definitions that lead to each other: a shortest one through its first
+/// definition.
+std::vector<Circle> findFirstCircles(const DefinitionGraph& graph) {
+  const Groups groups(graph);
+  const std::vector<bool> isCircular = findCircular(graph, groups);
+  std::vector<bool> isDone(graph.needs.size());
+  std::vector<std::size_t> neededBy(graph.needs.size(), none);
+  std::vector<Circle> circles;
+  for (std::size_t node = 0; node < graph.needs.size(); ++node) {
+    if (!isCircular[node] || isDone[groups.of[node]]) continue;
+    isDone[groups.of[node]] = true;
+    circles.push_back(circleThrough(node, graph, groups, neededBy));
+  }
+  return circles;
 }
 
 }  // namespace
@@ -126,16 +142,17 @@ std::vector<LeaveOut> findWhatToLeaveOut(const DefinitionGraph& graph) {
   return result;
 }
 
-std::vector<std::vector<std::size_t>> findCircles(const DefinitionGraph& graph) {
-  const Groups groups(graph);
-  const std::vector<bool> isCircular = findCircular(graph, groups);
-  std::vector<bool> isDone(graph.needs.size());
-  std::vector<std::size_t> neededBy(graph.needs.size(), none);
-  std::vector<std::vector<std::size_t>> circles;
-  for (std::size_t node = 0; node < graph.needs.size(); ++node) {
-    if (!isCircular[node] || isDone[groups.of[node]]) continue;
-    isDone[groups.of[node]] = true;
-    circles.push_back(circleThrough(node, graph, groups, neededBy));
+std::vector<Circle> findCircles(DefinitionGraph graph) {
+  constexpr int mostOfAGroup = 8;
+  std::vector<Circle> circles;
+  for (int round = 0; round < mostOfAGroup; ++round) {
+    const std::vector<Circle> found = findFirstCircles(graph);
+    for (const Circle& circle : found) {
+      auto& needs = graph.needs[circle.back()];
+      needs.erase(std::remove(needs.begin(), needs.end(), circle.front()), needs.end());
+      circles.push_back(circle);
+    }
+    if (found.empty()) break;
   }
   return circles;
 }

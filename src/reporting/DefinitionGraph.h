@@ -23,8 +23,11 @@ struct LeaveOut {
 /// exactly what is faulty, what is on a circle, and what needs one of these.
 std::vector<LeaveOut> findWhatToLeaveOut(const DefinitionGraph& graph);
 
-/// One circle of each group of definitions that lead to each other: a shortest one through the first
-/// definition of the group, in order, each needing the next one and the last one the first.
-std::vector<std::vector<std::size_t>> findCircles(const DefinitionGraph& graph);
+/// Definitions in order, each needing the next one and the last one the first.
+using Circle = std::vector<std::size_t>;
+
+/// Circles that are worth a correction each: without the need that closes a circle, the next one is
+/// looked for. Of definitions that lead to each other, at most eight circles.
+std::vector<Circle> findCircles(DefinitionGraph graph);
 
 }  // namespace Schemas
