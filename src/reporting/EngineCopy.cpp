@@ -1,6 +1,6 @@
 #include "reporting/EngineCopy.h"
 
-#include "model/RecordAccess.h"
+#include "reporting/Parents.h"
 
 #include <map>
 #include <set>
@@ -12,20 +12,6 @@ namespace Schemas {
 namespace {
 
 using namespace Units;
-
-void addParents(const Factor& factor, std::vector<std::string>& parents) {
-  for (const auto& [parent, exponent] :
-       RecordAccess::parentFactorPowers(RecordAccess::factorComponent(factor)))
-    parents.push_back(parent);
-}
-
-void addParents(const Unit& unit, std::vector<std::string>& parents) {
-  if (const auto* const absolute = RecordAccess::absolute(unit))
-    parents.push_back(RecordAccess::parentUnit(*absolute));
-  if (const auto* const derived = RecordAccess::derived(unit))
-    for (const auto& [parent, exponent] : RecordAccess::parentUnitPowers(*derived))
-      parents.push_back(parent);
-}
 
 /// Calls `add` with each record, parents first.
 template <class Record, class Add>

@@ -1,6 +1,7 @@
 #include "reporting/UnitTerms.h"
 
 #include "model/RecordAccess.h"
+#include "reporting/Parents.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,21 +14,6 @@ namespace Schemas {
 namespace {
 
 using namespace Units;
-
-/// The records that one needs to be known first.
-void addNeeded(const Factor& factor, std::vector<std::string>& out) {
-  for (const auto& [parent, exponent] :
-       RecordAccess::parentFactorPowers(RecordAccess::factorComponent(factor)))
-    out.push_back(parent);
-}
-
-void addNeeded(const Unit& unit, std::vector<std::string>& out) {
-  if (const auto* const absolute = RecordAccess::absolute(unit))
-    out.push_back(RecordAccess::parentUnit(*absolute));
-  if (const auto* const derived = RecordAccess::derived(unit))
-    for (const auto& [parent, exponent] : RecordAccess::parentUnitPowers(*derived))
-      out.push_back(parent);
-}
 
 /// Makes known what a record needs, parents first, and then the record.
 /// @param get      returns the record of a type id.
@@ -44,7 +30,7 @@ const Value& know(const std::string& typeId, std::map<std::string, Value>& known
       continue;
     }
     const auto record = get(next);
-    if (entered.insert(next).second) addNeeded(record, waiting);
+    if (entered.insert(next).second) addParents(record, waiting);
     if (waiting.back() != next) continue;
     known.emplace(next, combine(record));
     waiting.pop_back();
