@@ -32,7 +32,9 @@ constexpr std::string_view layoutWords[][3] = {{"degree", "degrees", "deg"},
                                                {"foot", "feet", "ft"},
                                                {"meter", "metre", "meters"}};
 
-bool hasWord(std::string_view text, std::string_view word) {
+/// @param word  in lower case.
+bool hasWord(std::string text, std::string_view word) {
+  for (char& c : text) c = Units::toLowerCase(c);
   for (std::size_t at = text.find(word); at != text.npos; at = text.find(word, at + 1)) {
     const std::size_t end = at + word.size();
     if ((at == 0 || !Units::isLetter(text[at - 1])) &&
