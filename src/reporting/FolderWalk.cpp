@@ -77,7 +77,7 @@ class Walk {
       return isSchemaFile(path, depth) ? std::optional(Kind::DeadLink) : std::nullopt;
     if (!entry.is_regular_file(ignored)) return std::nullopt;
     if (isSchemaFile(path, depth)) return Kind::SchemaFile;
-    if (isSchemaFile(path, 1)) return Kind::TopFile;
+    if (depth == 0 && path.extension() == ".json") return Kind::TopFile;
     if (isAlmostSchemaName(path)) return Kind::OtherName;
     return std::nullopt;
   }

@@ -65,7 +65,6 @@ UnitTerms UnitTermsFinder::combine(const Unit& unit) const {
   if (const auto* const absolute = RecordAccess::absolute(unit)) {
     terms = units_.at(RecordAccess::parentUnit(*absolute));
     terms.isAbsolute = true;
-    terms.cancels = terms.overflows = false;
     return terms;
   }
   const auto* const derived = RecordAccess::derived(unit);

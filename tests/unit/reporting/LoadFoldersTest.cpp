@@ -259,6 +259,16 @@ TEST(LoadFolders, GivesAllOfAFinding) {
   EXPECT_EQ(report.getWarningCount(), 0u);
 }
 
+TEST(CheckText, KnowsWhatPeopleWriteInsteadOfJson) {
+  for (const auto& [text, advice] : std::initializer_list<std::pair<const char*, const char*>>{
+           {"{\"a\":1 , }", "Remove the comma in front of it."},
+           {"{ // a", "Remove the comment: JSON has none."},
+           {"{'a':1}", "Write texts in double quotes."},
+           {"\xEF\xBB\xBF{}", "Save it without a byte order mark."},
+           {"{\"a\"}", ""}})
+    EXPECT_EQ(checkText(text, "t", *makeEngine()).getFindings().at(0).getAdvice(), advice) << text;
+}
+
 TEST(LoadFolders, LetsNothingReachATerminal) {
   const FolderTree tree;
   tree.write("x/\x1B[2J\n\xFF\xC2\x9B.json", "{\"typeid\":\"\xFF\",\"inherits\":[]}");
@@ -335,6 +345,16 @@ INSTANTIATE_TEST_SUITE_P(
             "unread-constant 1:61(61)-1:64; unread-member 2:39(39)-2:51; "
             "unread-member 2:54(54)-2:60; unused-allowance 2:73(73)-2:74; "},
         Checked{"WithAParentOfTheEngine", derived("a", Ids{"n"}, Ids{"g"}), ""},
+        Checked{"CancelsParentsOfTheEngine", derived("a", Powers{{"m", -1}, {"n", 1}}),
+                "canceling-powers 1:167(167)-1:168; "},
+        Checked{"AllowsWhatTheLoadDoesNotShow",
+                quoted("{'typeid':'a','inherits':[':dimension-1.'],'allow':['symbol-space']}"),
+                "unused-allowance 1:53(53)-1:67; "},
+        Checked{
+            "IdsEndAtANul",
+            quoted("{'typeid':'a','inherits':[':factor-1.'],'constants':[{'id':'factor\\u0000x',"
+                   "\n'value':'2'}]}"),
+            "number-expected 2:9(9)-2:12; "},
         Checked{"AScaleHasASymbol", symbol("a", "scale", "hh"), ""}),
     [](const auto& row) { return row.param.name; });
 
