@@ -14,7 +14,8 @@ namespace Schemas {
 
 namespace {
 
-constexpr std::size_t mostComparisons = 3000000;  // tuning: of near names, some seconds
+// Of near names: they take some seconds.
+constexpr std::size_t mostComparisons = 3000000;  // tuning
 
 const char* wordOf(RecordKind kind) {
   static const char* const words[] = {"a dimension",      "a factor", "a unit",
@@ -171,13 +172,13 @@ std::string Batch::adviceOn(const BadReference& bad) {
     return std::string("Name ") + neededBy(*bad.reference) + "; this is " + wordOf(*bad.referred) +
            ".";
   std::set<std::string> candidates;
-  if (comparisons_ < mostComparisons) {
+  if (comparisons_ < mostComparisons) {  // tuning
     known_.collect(kind, *bad.reference, candidates);
     for (const auto& [typeId, number] : numbers_)
       if (accepts(kind, *bad.reference, definitions_[number].definition.kind))
         candidates.insert(typeId);
   }
-  comparisons_ += candidates.size();
+  comparisons_ += candidates.size();  // tuning
   std::string advice;
   for (const std::string& near : Units::nearestTexts(bad.reference->typeId, candidates, 3))
     advice += (advice.empty() ? "Did you mean " : ", ") + near;

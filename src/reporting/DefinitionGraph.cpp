@@ -143,7 +143,7 @@ std::vector<LeaveOut> findWhatToLeaveOut(const DefinitionGraph& graph) {
 }
 
 std::vector<Circle> findCircles(DefinitionGraph graph) {
-  constexpr int mostOfAGroup = 8;
+  constexpr int mostOfAGroup = 8;  // tuning
   std::vector<Circle> circles;
   for (int round = 0; round < mostOfAGroup; ++round) {
     const std::vector<Circle> found = findFirstCircles(graph);

@@ -120,6 +120,12 @@ INSTANTIATE_TEST_SUITE_P(
              "circle 1/x/a.json; circle 1/x/b.json; circle 1/x/c.json; 1/x/a.json 2; 1/x/b.json 2; "
              "1/x/c.json 2; ",
              {}},
+        Load{"AllowsWhatIsNotThere",
+             {{"1/x/a.json",
+               quoted("{'typeid':'a','inherits':[':dimension-1.'],'allow':['symbol-space']}")}},
+             {},
+             "unused-allowance 1/x/a.json; ",
+             {"a"}},
         Load{"EachMissingReferenceOnce",
              {{"1/x/a.json", quantity("a", {"y", "z", "y"})}},
              leavingOut(),
@@ -257,6 +263,32 @@ TEST(LoadFolders, GivesAllOfAFinding) {
   EXPECT_EQ(file.getTypeId() + ": " + file.getReason(), "b: lies on a circle of definitions");
   EXPECT_EQ(report.getErrorCount(), 1u);
   EXPECT_EQ(report.getWarningCount(), 0u);
+}
+
+TEST(LoadFolders, NamesWhatIsNearAndOfTheRightKind) {
+  const FolderTree tree;
+  tree.write("1/x/a.json", dimension("meters"));
+  tree.write("2/x/b.json", symbol("b", "meter", "m"));
+  const auto findings =
+      loadFolders({tree.path("1"), tree.path("2")}, *makeEngine(), {false}).getFindings();
+  EXPECT_EQ(findings.at(0).getAdvice(), "Add a unit of that type id.");
+  EXPECT_EQ(findings.at(0).getBegin().column, 121u);
+  tree.write("2/x/b.json", "{\"typeid\":1}");
+  const auto refused = loadFolders({tree.path("2")}, *makeEngine(), {false}).getFindings();
+  EXPECT_EQ(refused.at(0).getBegin().column, 11u);
+}
+
+TEST(CheckText, MultipliesFactorsWithTheirParents) {
+  const Engine engine = makeEngine();
+  engine->addFactor(Units::Factor("large", Units::FactorComponent(1e300)));
+  for (const auto& [power, sentence] :
+       std::map<int, std::string>{{2, "With its parents the factor is infinite."},
+                                  {-2, "With its parents the factor is 0."}})
+    EXPECT_EQ(checkText(factor("a", Powers{{"large", power}}), "t", *engine)
+                  .getFindings()
+                  .at(0)
+                  .getSentence(),
+              sentence);
 }
 
 TEST(CheckText, KnowsWhatPeopleWriteInsteadOfJson) {
