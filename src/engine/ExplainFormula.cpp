@@ -193,7 +193,9 @@ FormulaExplanation explain(const UnitsEngine& engine, FormulaGoal goal,
   const auto* own = dynamic_cast<const UnitsEngineImpl*>(&engine);
   if (!own) {
     copy = std::make_unique<UnitsEngineImpl>();
-    copyDefinitions(engine, *copy);
+    copyUnits(engine, *copy);
+    copySymbols(engine, *copy);
+    copyQuantities(engine, *copy);
     own = copy.get();
   }
   const Unit* const unit =
