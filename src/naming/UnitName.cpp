@@ -2,6 +2,9 @@
 
 namespace Units {
 
+UnitName::UnitName(const Shared<Contents>& contents, bool isExact) noexcept
+    : contents_(contents), isExact_(isExact) {}
+
 // Contents are shared, so a move is a copy.
 UnitName::UnitName(const UnitName& other) noexcept = default;
 UnitName::UnitName(UnitName&& other) noexcept = default;

@@ -19,8 +19,4 @@ struct UnitName::Contents : CountedContents {
   const std::string text;
 };
 
-// Inline, so that it is not exported.
-inline UnitName::UnitName(const Shared<Contents>& contents, bool isExact) noexcept
-    : contents_(contents), isExact_(isExact) {}
-
 }  // namespace Units
