@@ -1,6 +1,6 @@
+#include "json/JsonText.h"
 #include "model/ShownText.h"
 #include "reporting/ExplanationWords.h"
-#include "reporting/JsonParts.h"
 #include "text/ShortNumber.h"
 
 #include <TrelvonUnits/FormulaExplanation.h>
@@ -11,95 +11,118 @@ namespace Units {
 
 namespace {
 
-using Schemas::JsonMaker;
-using Member = JsonMaker::Member;
-
 class Writer {
  public:
   std::string write(const FormulaExplanation& explained);
 
  private:
-  JSON text(const std::string& bytes) { return json_.text(wholeText(bytes)); }
-  JSON word(const char* word) { return json_.text(word); }
+  void text(const char* name, const std::string& bytes) { json_.key(name).text(wholeText(bytes)); }
+  void word(const char* name, const char* word) { json_.key(name).text(word); }
 
   /// JSON has no infinities and no NaN: these are texts.
-  JSON number(double value) {
-    return std::isfinite(value) ? JSON(value) : json_.text(shortNumber(value));
+  void number(const char* name, double value) {
+    json_.key(name);
+    if (std::isfinite(value))
+      json_.number(value);
+    else
+      json_.text(shortNumber(value));
   }
 
-  JSON span(const FormulaSpan& span) {
-    return json_.object(Member("text", JsonMaker::number(span.text)),
-                        Member("begin", JsonMaker::number(span.begin)),
-                        Member("endText", JsonMaker::number(span.endText)),
-                        Member("end", JsonMaker::number(span.end)));
+  template <class Items, class Write>
+  void array(const char* name, const Items& items, Write write) {
+    json_.key(name).beginArray();
+    for (const auto& item : items) write(item);
+    json_.endArray();
   }
 
-  JSON powers(const std::map<std::string, double>& powers) {
-    return json_.array(powers, [&](const auto& power) {
-      return json_.object(Member("unit", text(power.first)),
-                          Member("exponent", number(power.second)));
+  template <class Items, class Write>
+  void objects(const char* name, const Items& items, Write write) {
+    array(name, items, [&](const auto& item) {
+      json_.beginObject();
+      write(item);
+      json_.endObject();
     });
   }
 
-  JSON token(const FormulaExplanation::Token& token);
-  JSON node(const FormulaExplanation::Node& node);
+  void span(const char* name, const FormulaSpan& span);
+  void powers(const std::map<std::string, double>& powers);
+  void token(const FormulaExplanation::Token& token);
+  void node(const FormulaExplanation::Node& node);
+  void outcome(const FormulaExplanation& explained);
 
-  JsonMaker json_;
+  JsonText json_;
 };
 
-JSON Writer::token(const FormulaExplanation::Token& token) {
-  JSON made = json_.object(Member("kind", word(wordOf(token.kind()))),
-                           Member("text", text(token.text())), Member("span", span(token.span())));
-  if (token.kind() == FormulaExplanation::TokenKind::Number)
-    made.setMember(json_.root, "value", number(token.value()));
-  if (!token.symbolTypeId().empty()) {
-    made.setMember(json_.root, "symbol", text(token.symbolTypeId()));
-    made.setMember(json_.root, "unit", text(token.unitTypeId()));
-  }
-  return made;
+void Writer::span(const char* name, const FormulaSpan& span) {
+  json_.key(name).beginObject();
+  json_.key("text").whole(span.text);
+  json_.key("begin").whole(span.begin);
+  json_.key("endText").whole(span.endText);
+  json_.key("end").whole(span.end);
+  json_.endObject();
 }
 
-JSON Writer::node(const FormulaExplanation::Node& node) {
-  JSON made = json_.object(Member("kind", word(wordOf(node.kind()))),
-                           Member("token", JsonMaker::number(node.token())),
-                           Member("operands", json_.array(node.operands(), JsonMaker::number)),
-                           Member("reached", JSON(node.wasReached())));
-  if (node.wasReached()) {
-    made.setMember(json_.root, "value", number(node.value()));
-    if (!node.arePowersLeftOut()) made.setMember(json_.root, "powers", powers(node.powers()));
+void Writer::powers(const std::map<std::string, double>& powers) {
+  objects("powers", powers, [&](const auto& power) {
+    text("unit", power.first);
+    number("exponent", power.second);
+  });
+}
+
+void Writer::token(const FormulaExplanation::Token& token) {
+  word("kind", wordOf(token.kind()));
+  text("text", token.text());
+  span("span", token.span());
+  if (token.kind() == FormulaExplanation::TokenKind::Number) number("value", token.value());
+  if (token.symbolTypeId().empty()) return;
+  text("symbol", token.symbolTypeId());
+  text("unit", token.unitTypeId());
+}
+
+void Writer::node(const FormulaExplanation::Node& node) {
+  word("kind", wordOf(node.kind()));
+  json_.key("token").whole(node.token());
+  array("operands", node.operands(), [&](std::size_t operand) { json_.whole(operand); });
+  json_.key("reached").boolean(node.wasReached());
+  if (!node.wasReached()) return;
+  number("value", node.value());
+  if (!node.arePowersLeftOut()) powers(node.powers());
+}
+
+void Writer::outcome(const FormulaExplanation& explained) {
+  if (explained.reason() == FormulaReason::Done) {
+    number("value", explained.value());
+    powers(explained.powers());
+    return;
   }
-  return made;
+  word("exception", wordOf(explained.exceptionClass()));
+  text("message", explained.message());
+  span("span", explained.span());
+  text("sentence", explained.sentence());
+  array("spellings", explained.spellings(),
+        [&](const std::string& spelling) { json_.text(wholeText(spelling)); });
 }
 
 std::string Writer::write(const FormulaExplanation& explained) {
-  const auto add = [&](const char* name, JSON value) {
-    json_.root.setMember(json_.root, name, std::move(value));
-  };
-  add("formula", text(explained.formula()));
-  if (!explained.unitTypeId().empty()) add("unit", text(explained.unitTypeId()));
-  add("reason", word(wordOf(explained.reason())));
-  if (explained.reason() == FormulaReason::Done) {
-    add("value", number(explained.value()));
-    add("powers", powers(explained.powers()));
-  } else {
-    add("exception", word(wordOf(explained.exceptionClass())));
-    add("message", text(explained.message()));
-    add("span", span(explained.span()));
-    add("sentence", text(explained.sentence()));
-    add("spellings", json_.array(explained.spellings(), [&](const auto& it) { return text(it); }));
-  }
-  add("texts", json_.array(explained.texts(), [&](const auto& it) {
-    return json_.object(Member("text", text(it.text())),
-                        Member("identifier", span(it.identifier())));
-  }));
-  add("tokens", json_.array(explained.tokens(), [&](const auto& it) { return token(it); }));
-  add("nodes", json_.array(explained.nodes(), [&](const auto& it) { return node(it); }));
-  add("warnings", json_.array(explained.warnings(), [&](const auto& it) {
-    return json_.object(Member("kind", word(wordOf(it.kind()))), Member("span", span(it.span())),
-                        Member("sentence", text(it.sentence())),
-                        Member("spelling", text(it.spelling())));
-  }));
-  return json_.root.toString();
+  json_.beginObject();
+  text("formula", explained.formula());
+  if (!explained.unitTypeId().empty()) text("unit", explained.unitTypeId());
+  word("reason", wordOf(explained.reason()));
+  outcome(explained);
+  objects("texts", explained.texts(), [&](const FormulaExplanation::Text& it) {
+    text("text", it.text());
+    span("identifier", it.identifier());
+  });
+  objects("tokens", explained.tokens(), [&](const auto& it) { token(it); });
+  objects("nodes", explained.nodes(), [&](const auto& it) { node(it); });
+  objects("warnings", explained.warnings(), [&](const FormulaExplanation::Warning& it) {
+    word("kind", wordOf(it.kind()));
+    span("span", it.span());
+    text("sentence", it.sentence());
+    text("spelling", it.spelling());
+  });
+  json_.endObject();
+  return json_.str();
 }
 
 }  // namespace
