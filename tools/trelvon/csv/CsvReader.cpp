@@ -81,6 +81,13 @@ void CsvReader::read() {
   bytesRead_ += static_cast<std::size_t>(count);
 }
 
+void CsvReader::checkLength(std::size_t length) const {
+  if (length > longestRow)
+    throw Failure(Status::Findings,
+                  "line " + std::to_string(line_) +
+                      ": the row has more than 64 MiB; a quote may not be closed");
+}
+
 /// Adds to what is read of the row. Of a row that is longer than a block it reads as much again, so
 /// that scanning it anew each time costs no more than a few scans.
 bool CsvReader::readMore() {
@@ -90,11 +97,9 @@ bool CsvReader::readMore() {
     filled_ -= begin_;
     begin_ = 0;
   }
-  if (filled_ > longestRow)
-    throw Failure(Status::Findings,
-                  "line " + std::to_string(line_) +
-                      ": the row has more than 64 MiB; a quote may not be closed");
-  const std::size_t wanted = filled_ < blockSize ? filled_ + 1 : 2 * filled_;
+  checkLength(filled_);
+  const std::size_t wanted =
+      filled_ < blockSize ? filled_ + 1 : std::min(2 * filled_, longestRow + 1);
   if (buffer_.size() < wanted) buffer_.resize(2 * buffer_.size());
   while (!isAtEnd_ && filled_ < wanted) read();
   return true;
@@ -144,6 +149,7 @@ bool CsvReader::next() {
   while (begin_ == filled_ || !scan()) {
     if (!readMore() && begin_ == filled_) return false;
   }
+  checkLength(row().size());
   nextLine_ += static_cast<std::size_t>(std::count(row().begin(), row().end(), '\n'));
   return true;
 }

@@ -54,6 +54,7 @@ class CsvReader {
 
   bool readMore();
   void read();
+  void checkLength(std::size_t length) const;
   bool scan();
 
   const int file_;
