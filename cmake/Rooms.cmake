@@ -13,7 +13,7 @@ set(engine_sees schema formula registry text model)
 set(reporting_sees schema json text model)
 set(naming_sees model)
 # The folders around the library. Only those that check our use of RapidJSON may include it.
-set(tests_sees ${rooms} tests)
+set(tests_sees ${rooms} tests tools)
 set(tests/unit/json_sees ${rooms} tests rapidjson)
 set(benchmarks_sees ${rooms} benchmarks rapidjson)
 # A host of its own, which reads its command line by CLI11.

@@ -13,7 +13,6 @@ namespace tool {
 
 namespace {
 
-constexpr std::size_t blockSize = 1U << 18U;
 constexpr std::size_t longestRow = 64U << 20U;
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
@@ -65,8 +64,8 @@ struct CsvReader::Scan {
   bool isAtLineEnd() const { return at == end || *at == '\n'; }
 };
 
-CsvReader::CsvReader(int file, std::string separator)
-    : file_(file), separator_(std::move(separator)), buffer_(2 * blockSize, '\0') {}
+CsvReader::CsvReader(int file, std::string separator, std::size_t block)
+    : file_(file), separator_(std::move(separator)), block_(block), buffer_(2 * block, '\0') {}
 
 void CsvReader::read() {
   ssize_t count = 0;
@@ -98,8 +97,7 @@ bool CsvReader::readMore() {
     begin_ = 0;
   }
   checkLength(filled_);
-  const std::size_t wanted =
-      filled_ < blockSize ? filled_ + 1 : std::min(2 * filled_, longestRow + 1);
+  const std::size_t wanted = filled_ < block_ ? filled_ + 1 : std::min(2 * filled_, longestRow + 1);
   if (buffer_.size() < wanted) buffer_.resize(2 * buffer_.size());
   while (!isAtEnd_ && filled_ < wanted) read();
   return true;

@@ -22,7 +22,8 @@ struct CellPlace {
 class CsvReader {
  public:
   /// @param separator  not empty.
-  CsvReader(int file, std::string separator);
+  /// @param block      how much is read at a time.
+  CsvReader(int file, std::string separator, std::size_t block = 1U << 18U);
 
   /// @param columns  the columns whose places are looked for, from 0, in rising order.
   void setColumns(const std::vector<std::size_t>& columns) { columns_ = columns; }
@@ -59,6 +60,7 @@ class CsvReader {
 
   const int file_;
   const std::string separator_;
+  const std::size_t block_;
   std::vector<std::size_t> columns_;
   std::vector<CellPlace> places_;
   std::string buffer_;  ///< Its size is what is allocated; `filled_` bytes are read.
