@@ -3,6 +3,7 @@ import csv
 import io
 import os
 import pathlib
+import pty
 import random
 import re
 import shutil
@@ -76,6 +77,15 @@ class Tool(unittest.TestCase):
         self.assertEqual(done.stderr.read(), b"141\n")
         done.wait()
         done.stderr.close()
+
+    def test_colors_are_for_terminals(self):
+        for variables, has_colors in (({}, True), ({"NO_COLOR": ""}, True), ({"NO_COLOR": "1"}, False)):
+            ours, terminal = pty.openpty()
+            subprocess.run([PROGRAM, "explain", "3 *"], stdout=terminal, check=False,
+                           env={**os.environ, **variables})
+            self.assertEqual(b"\x1b[" in os.read(ours, 9999), has_colors)
+            os.close(ours)
+            os.close(terminal)
 
     def test_a_program_without_its_catalog_says_where_it_looked(self):
         alone = shutil.copy(PROGRAM, self.folder)

@@ -48,6 +48,33 @@ class WithoutSignals {
   sigset_t before_{};
 };
 
+void writeBytes(int file, std::string_view content, const std::string& path) {
+  while (!content.empty()) {
+    const ssize_t count = ::write(file, content.data(), content.size());
+    if (count < 0 && errno != EINTR) failByErrno("write", path);
+    if (count > 0) content.remove_prefix(static_cast<std::size_t>(count));
+  }
+}
+
+/// Whether something other than a file or folder is there, such as a device, which must stay.
+bool isSpecial(const std::string& path) {
+  std::error_code unknown;
+  const fs::file_status status = fs::status(path, unknown);
+  return fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status);
+}
+
+void writeInto(const std::string& path, std::string_view content) {
+  const int file = open(path.c_str(), O_WRONLY | O_CLOEXEC);
+  if (file < 0) failByErrno("open", path);
+  try {
+    writeBytes(file, content, path);
+  } catch (...) {
+    close(file);
+    throw;
+  }
+  close(file);
+}
+
 /// A new file beside a path, which is gone at the end unless it was put in its place.
 class FileBeside {
  public:
@@ -63,11 +90,7 @@ class FileBeside {
   FileBeside& operator=(const FileBeside&) = delete;
 
   void write(std::string_view content) {
-    while (!content.empty()) {
-      const ssize_t count = ::write(file_, content.data(), content.size());
-      if (count < 0 && errno != EINTR) failByErrno("write", path_);
-      if (count > 0) content.remove_prefix(static_cast<std::size_t>(count));
-    }
+    writeBytes(file_, content, path_);
     const mode_t unwanted = umask(0);
     umask(unwanted);
     if (fchmod(file_, 0666 & ~unwanted) != 0 || fsync(file_) != 0) failByErrno("write", path_);
@@ -124,8 +147,12 @@ void refuseToReplace(const std::string& path) {
     throw Failure(Status::Files, inQuotes(path) + " is there already and is not replaced");
 }
 
-void writeFile(const std::string& path, std::string_view content, bool mayReplace) {
+void writeFile(const std::string& given, std::string_view content, bool mayReplace) {
   std::error_code error;
+  if (mayReplace && isSpecial(given)) return writeInto(given, content);
+  const fs::path target = fs::canonical(given, error);  // of a link, what it leads to
+  const std::string path = error ? given : target.string();
+  error.clear();
   const fs::path folder = fs::path(path).parent_path();
   if (!folder.empty()) fs::create_directories(folder, error);
   if (error) fail("make the folder", folder.string(), error);

@@ -19,10 +19,10 @@ std::string readFile(const std::string& path);
 void refuseToReplace(const std::string& path);
 
 /// Writes a file beside its place and then renames it, so that it appears whole or not at all. The
-/// folder is made if it is missing.
+/// folder is made if it is missing. A device or pipe is written into.
 /// @param mayReplace  whether an older file may stand in its place.
 /// @throws Failure  it cannot be written, or it is there already.
-void writeFile(const std::string& path, std::string_view content, bool mayReplace);
+void writeFile(const std::string& given, std::string_view content, bool mayReplace);
 
 /// Calls a function for each text of a bundle.
 /// @throws Failure  it is no bundle.
