@@ -36,9 +36,10 @@ class Rewriter {
     onError_ = action == "keep"    ? OnError::Keep
                : action == "empty" ? OnError::Empty
                                    : OnError::Stop;
-    std::optional<std::string> unit;
-    if (context.arguments.has("as")) unit = context.unit(context.arguments.text("to")).getTypeId();
-    format_ = context.numberFormat(unit);
+    for (const std::string& to : context.arguments.texts("to")) {
+      std::optional<std::string> unit = context.unit(to).getTypeId();
+      format_ = context.numberFormat(unit);
+    }
     isRisky_ = separator_.find_first_not_of("0123456789.+-einfa") == std::string::npos;
     isPlain_ = !format_.places && !format_.fraction && !format_.symbol && !format_.isTidy;
   }
