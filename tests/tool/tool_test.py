@@ -32,7 +32,7 @@ CALLS = {
     "bundle": ["FOLDER", "--out", "out.bundle"], "convert": ["5", "ft", "in"],
     "diff": ["FOLDER", "EMPTY"], "eval": ["2 ft"], "explain": ["2 ft"], "format": ["2"],
     "lint": ["FOLDER"], "list": ["units"], "names": ["width"],
-    "new": ["factor", "two", "--value", "2"], "show": ["mile"]}
+    "new": ["factor", "two", "--value", "2", "--in", "NEW"], "show": ["mile"]}
 READ_FOLDERS = {"bundle": ["NOWHERE", "--out", "x"], "diff": ["NOWHERE", "FOLDER"],
                 "lint": ["NOWHERE"]}
 
@@ -52,7 +52,7 @@ class Tool(unittest.TestCase):
             with self.subTest(name):
                 yield name, subprocess.run([PROGRAM, name, *CALLS[name]], cwd=self.folder,
                                            stderr=subprocess.PIPE, check=False, **others)
-            shutil.rmtree(os.path.join(self.folder, "factors"), ignore_errors=True)
+            shutil.rmtree(os.path.join(self.folder, "NEW"), ignore_errors=True)
 
     def test_every_command_has_two_examples_that_print_what_they_say(self):
         for name in command_names():

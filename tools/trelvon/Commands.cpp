@@ -169,7 +169,7 @@ Command newCommand() {
       "The file is FOLDER/units/NAME.json or the like, and is never replaced. The definition is "
       "built with the catalog and with what the folder holds before anything is written.";
   command.options = {
-      {"in", "FOLDER", "where to write; the current folder by default"},
+      {"in", "FOLDER", "where to write, and what is loaded before"},
       {"namespace", "NAME", "the first part of the type id; my by default"},
       {"label", "TEXT", "the display name of a unit or quantity; NAME by default"},
       {"from", "VALUE", "a unit: what one of it is, such as \"67 in\""},

@@ -232,8 +232,10 @@ Status runNew(Context& context) {
   const Arguments& arguments = context.arguments;
   const Kind& kind = kindNamed(arguments.operands[0]);
   checkOptions(arguments, kind);
+  // There is no default: all of the folder is loaded, and the current one may be anything.
+  if (!arguments.has("in")) throw Failure(Status::Usage, "new needs --in FOLDER");
   const std::string& name = arguments.operands[1];
-  const std::filesystem::path folder = arguments.text("in", ".");
+  const std::filesystem::path folder = arguments.text("in");
   const std::string path = (folder / kind.folder / (name + ".json")).string();
   refuseToReplace(path);
   std::error_code unknown;
