@@ -79,6 +79,17 @@ Sides fromABundle() {
   return {{load}, {[] { return loadFolders(); }}};
 }
 
+Sides withReport(bool lint) {
+  const auto load = [lint] {
+    std::shared_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());
+    const auto report = Schemas::loadFolders({TRELVON_SCHEMAS}, *engine, {lint, false, true, {}});
+    check(report.getErrorCount() == 0, "the catalog has errors");
+    return engine;
+  };
+  check(countIn(*load()) == countIn(*loadFolders()), "loading with a report omits definitions");
+  return {{load}, {[] { return loadFolders(); }}};
+}
+
 Sides memory() {
   const Texts texts = readCatalogue();
   const auto inUse = [] {
@@ -105,6 +116,10 @@ std::vector<Row> loadingRows() {
        1.7, fromFolders},
       {"loading the whole catalog from a bundle", "from folders", Bound::AtMost, 1, 0.5,
        fromABundle},
+      {"loading the whole catalog with a report", "from folders", Bound::AtMost, 1.5, 1.25,
+       [] { return withReport(false); }},
+      {"loading the whole catalog with lints", "from folders", Bound::AtMost, 3, 2,
+       [] { return withReport(true); }},
       {"memory per definition", "1,000 bytes", Bound::AtMost, 0.8, 0.5, memory},
   };
 }

@@ -15,7 +15,10 @@
 
 namespace Units {
 
-/// A range of bytes in a formula or in a text that replaced an identifier.
+struct ExplanationContents;  // known to the library alone
+
+/// A range of bytes in a formula or in a text that replaced an identifier. Its members are part of
+/// the binary interface and stay as they are.
 struct FormulaSpan {
   std::size_t text = 0;     ///< Index in `FormulaExplanation::texts`; 0 is the formula.
   std::size_t begin = 0;    ///< Offset of the first byte.
@@ -33,13 +36,11 @@ struct FormulaSpan {
 ///
 /// - It is data: it holds no reference to the engine and calls nothing back. No member recurses.
 /// - Copies share their contents, which never change; they may be used on any number of threads.
-/// - The views that it returns (`Text`, `Token`, `Node`, `Warning`) are valid as long as one copy of
-///   it lives.
+/// - What it returns (`Text`, `Token`, `Node`, `Warning`) shares the contents, too, and stays valid
+///   without it.
 /// - Enumerations may grow at their end in later versions.
 class TRELVONUNITS_API FormulaExplanation {
  public:
-  struct Contents;  ///< Known to the library alone.
-
   enum class TokenKind : std::int32_t {
     Operator = 1,
     Function = 2,
@@ -70,7 +71,7 @@ class TRELVONUNITS_API FormulaExplanation {
     QuotientIsReciprocal = 10,  ///< `1/2 mm` is 1 / (2 mm), in millimeters 2.
     LogarithmToBaseTen = 11,    ///< `log` is to base 10; `ln` is the natural logarithm.
     RoundsInBaseUnits = 12,     ///< `round(1.4 ft)` rounds meters.
-    MarkMeansFeet = 13,         ///< `30'` is 30 feet where minutes are written so, too.
+    MarkMeansFeet = 13,         ///< `30'` is 30 feet, where another unit than feet was asked for.
   };
 
   /// The class of the exception that the engine throws for the formula.
@@ -84,6 +85,10 @@ class TRELVONUNITS_API FormulaExplanation {
   /// The formula, or a text that replaced an identifier.
   class TRELVONUNITS_API Text {
    public:
+    Text(const Text& other) noexcept;
+    ~Text();
+    Text& operator=(const Text&) = delete;
+
     /// As read. A replacement has its parentheses, in which it is read.
     const std::string& text() const;
     /// What it replaced, in the text above. Empty for the formula.
@@ -91,13 +96,20 @@ class TRELVONUNITS_API FormulaExplanation {
 
    private:
     friend class FormulaExplanation;
-    const void* data_ = nullptr;
+    Text(const Shared<ExplanationContents>& contents, std::size_t index) noexcept;
+
+    const Shared<ExplanationContents> contents_;
+    const std::size_t index_;
   };
 
   /// A token, in reading order. In each text, tokens, separators (spaces, tabs, line feeds) and
   /// replaced identifiers follow each other without gap or overlap, up to where reading stopped.
   class TRELVONUNITS_API Token {
    public:
+    Token(const Token& other) noexcept;
+    ~Token();
+    Token& operator=(const Token&) = delete;
+
     TokenKind kind() const;
     FormulaSpan span() const;
     std::string text() const;  ///< What the span covers.
@@ -107,30 +119,43 @@ class TRELVONUNITS_API FormulaExplanation {
 
    private:
     friend class FormulaExplanation;
-    const Contents* contents_ = nullptr;
-    std::size_t index_ = 0;
+    Token(const Shared<ExplanationContents>& contents, std::size_t index) noexcept;
+
+    const Shared<ExplanationContents> contents_;
+    const std::size_t index_;
   };
 
   /// A node of the tree, in evaluation order: operands before their operator, the root last.
   class TRELVONUNITS_API Node {
    public:
+    Node(const Node& other) noexcept;
+    ~Node();
+    Node& operator=(const Node&) = delete;
+
     NodeKind kind() const;
     std::size_t token() const;                  ///< Index in `tokens`.
     std::vector<std::size_t> operands() const;  ///< Indexes in `nodes`, the left one first.
     bool wasReached() const;  ///< Whether it has a value. Evaluation ends at the first refusal.
     double value() const;     ///< In primitive units. NaN if it was not reached.
-    /// Type ids of primitive units and their exponents. Only the root lists more than 16.
+    /// Type ids of primitive units and their exponents. Below the root, more than 16 are left out.
     std::map<std::string, double> powers() const;
+    bool arePowersLeftOut() const;  ///< Whether there are more than `powers` returns.
 
    private:
     friend class FormulaExplanation;
-    const Contents* contents_ = nullptr;
-    std::size_t index_ = 0;
+    Node(const Shared<ExplanationContents>& contents, std::size_t index) noexcept;
+
+    const Shared<ExplanationContents> contents_;
+    const std::size_t index_;
   };
 
   /// A reading that may surprise.
   class TRELVONUNITS_API Warning {
    public:
+    Warning(const Warning& other) noexcept;
+    ~Warning();
+    Warning& operator=(const Warning&) = delete;
+
     WarningKind kind() const;
     FormulaSpan span() const;
     const std::string& sentence() const;  ///< For people, in English.
@@ -139,10 +164,14 @@ class TRELVONUNITS_API FormulaExplanation {
 
    private:
     friend class FormulaExplanation;
-    const void* data_ = nullptr;
+    Warning(const Shared<ExplanationContents>& contents, std::size_t index) noexcept;
+
+    const Shared<ExplanationContents> contents_;
+    const std::size_t index_;
   };
 
-  explicit FormulaExplanation(const Contents* contents) noexcept;  ///< For the library alone.
+  explicit FormulaExplanation(
+      const ExplanationContents* contents) noexcept;  ///< For the library alone.
   FormulaExplanation(const FormulaExplanation& other) noexcept;
   FormulaExplanation(FormulaExplanation&& other) noexcept;  ///< Copies.
   ~FormulaExplanation();
@@ -159,7 +188,7 @@ class TRELVONUNITS_API FormulaExplanation {
   /// The bits that the engine returns: counted in the requested unit; a plain number if that was
   /// asked for; otherwise in primitive units. NaN if the formula was refused.
   double value() const;
-  /// The units of the value before it was converted to the requested unit.
+  /// The units of the value before it was converted to the requested unit, or refused for them.
   std::map<std::string, double> powers() const;
 
   FormulaReason reason() const;           ///< Done if there is a value.
@@ -167,7 +196,8 @@ class TRELVONUNITS_API FormulaExplanation {
   const std::string& message() const;     ///< Letter for letter as the engine's exception.
   FormulaSpan span() const;               ///< What was refused. The whole formula otherwise.
   const std::string& sentence() const;    ///< Says for people what is wrong. Empty if nothing is.
-  /// Formulas that work and may be what was meant. Each was evaluated.
+  /// Formulas that may be what was meant. Each was evaluated, up to where it asks for a variable
+  /// that was not asked for before.
   const std::vector<std::string>& spellings() const;
 
   /// The formula or replacement, a line of marks beneath, and the sentence, for the refusal and for
@@ -179,7 +209,10 @@ class TRELVONUNITS_API FormulaExplanation {
   std::string toJson() const;
 
  private:
-  const Shared<Contents> contents_;
+  template <class View>
+  std::vector<View> viewsOf(std::size_t count) const;
+
+  const Shared<ExplanationContents> contents_;
 };
 
 /// Whether to ask the resolver for names that the text of a unit hides, for `VariableHidden`.
@@ -189,19 +222,22 @@ enum class HiddenVariables : std::int32_t { Ignore, Ask };
 /// formula that the engine refuses is explained, not thrown.
 ///
 /// The resolver is called as the engine calls it: for the same names, in the same order. A
-/// ParseException of the resolver is explained; any other exception of it reaches the caller. An
-/// empty resolver rejects every identifier.
+/// ParseException of the resolver is explained; any other exception of it, of a derived class, too,
+/// reaches the caller. An empty resolver rejects every identifier.
 ///
-/// Explaining takes a few times as long as evaluating, and a refusal costs time in proportion to the
-/// engine's definitions, too: they are searched for names that are near. For an engine that the
-/// library has not made, all definitions are first copied through its public operations.
+/// Explaining takes a few times as long as evaluating. Suggestions are evaluated, too, at most 16 for
+/// formulas of at most 1000 bytes. A refusal costs time in proportion to the engine's definitions:
+/// they are searched for names that are near. For an engine that the library has not made, all
+/// definitions are first copied through its public operations, whose exceptions reach the caller,
+/// and the library's own engine explains.
 ///
 /// @param engine      any engine; only its const operations are called, and only here.
 /// @param unitTypeId  type id of a stored unit.
 /// @param formula     any bytes.
 /// @param resolver    as for `evaluateExpressionInUnit`.
-/// @param hidden      Ask: the resolver is also asked for names that a unit hides, once each, after
-///                    the formula was read. What it then throws is ignored.
+/// @param hidden      Ask: the resolver is also asked for names of at most 100 bytes that a unit
+///                    hides, once each and at most 100 of them, after the formula was read. What it
+///                    then throws is ignored, except std::bad_alloc.
 /// @throws UnrecognizedIdentifierException  `unitTypeId` names no unit.
 /// @throws std::bad_alloc
 TRELVONUNITS_API FormulaExplanation

@@ -20,9 +20,8 @@ class TRELVONUNITS_API SchemaUtility {
   /// `core/foot.json`. The extension must match exactly; `foot.JSON` is not read. Symbolic links to
   /// folders are not followed.
   ///
-  /// A file that the engine rejects with a ValidationException is skipped silently. To notice that,
-  /// compare the number of stored records with the number that you expect, or add the files one by
-  /// one with `addDefinition`.
+  /// A file that the engine rejects with a ValidationException is skipped silently. `loadFolders` in
+  /// SchemaReport.h loads by the same rules and reports such files.
   ///
   /// The order of the files is that of the file system. It matters only if two files have the same
   /// type id: the first one read wins, and the other is skipped.

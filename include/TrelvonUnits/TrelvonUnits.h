@@ -2,8 +2,8 @@
 
 /// The whole public interface. Each header below also compiles on its own.
 ///
-/// Start with UnitsEngine.h; fill an engine with SchemaUtility.h, SchemaBundle.h or its own add
-/// operations.
+/// Start with UnitsEngine.h; fill an engine with SchemaUtility.h, SchemaBundle.h, SchemaReport.h or
+/// its own add operations.
 
 #include <TrelvonUnits/AbsoluteUnitComponent.h>
 #include <TrelvonUnits/DerivedUnitComponent.h>
@@ -22,6 +22,7 @@
 #include <TrelvonUnits/PrimitiveUnitComponent.h>
 #include <TrelvonUnits/Quantity.h>
 #include <TrelvonUnits/SchemaBundle.h>
+#include <TrelvonUnits/SchemaReport.h>
 #include <TrelvonUnits/SchemaUtility.h>
 #include <TrelvonUnits/Symbol.h>
 #include <TrelvonUnits/System.h>

@@ -1,4 +1,5 @@
 #include "engine/ExplainedFormula.h"
+#include "engine/NearNames.h"
 #include "engine/UnitsEngineImpl.h"
 #include "formula/Evaluation.h"
 #include "model/Characters.h"
@@ -9,18 +10,22 @@
 #include <TrelvonUnits/FormulaExplanation.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
+#include <limits>
 #include <map>
 #include <memory>
 #include <new>
+#include <optional>
 #include <set>
+#include <string_view>
 #include <utility>
 
 namespace Units {
 
 namespace {
 
-using Contents = FormulaExplanation::Contents;
+using Contents = ExplanationContents;
 using TokenKind = FormulaExplanation::TokenKind;
 
 /// Whether the resolver has a variable. Whatever it throws means no.
@@ -35,6 +40,12 @@ bool resolves(const std::string& name, const VariableResolver& resolver) {
   }
 }
 
+constexpr int mostTried = 16;              // suggestions
+constexpr std::size_t mostAsked = 100;     // names that a unit may hide
+constexpr std::size_t longestAsked = 100;  // bytes of such a name
+
+bool isSame(double a, double b) { return std::fabs(a - b) <= 1e-12 * std::fabs(b); }
+
 /// Explains one formula for one engine.
 class Explainer {
  public:
@@ -47,7 +58,8 @@ class Explainer {
  private:
   void addHidden(const VariableResolver& resolver);
   bool isNew(const std::string& spelling) const;
-  bool works(const std::string& formula);
+  void addSpellings();
+  std::optional<double> tryOut(const std::string& formula);
 
   const UnitsEngineImpl& engine_;
   const FormulaGoal goal_;
@@ -56,9 +68,17 @@ class Explainer {
   std::unique_ptr<Contents> out_ = std::make_unique<Contents>();
   const ExplainedFormula explained_{*out_, engine_.registries(), units_, unit_};
   std::map<std::string, const std::string*> replacements_;  // of identifiers, in parentheses
+  int tried_ = 0;                                           // suggestions
 };
 
 }  // namespace
+
+bool ExplainedFormula::maySpell() const {
+  constexpr std::size_t longest = 1000;  // bytes
+  std::size_t bytes = 0;
+  for (const auto& text : contents.texts) bytes += text.text.size();
+  return bytes <= longest;
+}
 
 std::string ExplainedFormula::quoted(const FormulaSpan& span) const {
   constexpr std::size_t longest = 60;  // bytes
@@ -88,15 +108,27 @@ FormulaExplanation Explainer::explain(const std::string& formula, const Variable
   recordFormula(formula, goal_, unit_, resolver, engine_.registries().symbolTexts, engine_, units_,
                 *out_);
   out_->sentence = sentenceOf(explained_);
-  if (out_->reason != FormulaReason::Done && formula.size() <= longestSpelled)
-    for (std::string& near : nearFormulas(explained_))
-      if (isNew(near) && works(near)) out_->spellings.push_back(std::move(near));
   if (hidden == HiddenVariables::Ask && resolver) addHidden(resolver);
   addWarnings(explained_, *out_);
-  if (out_->reason == FormulaReason::Done)
-    for (Contents::WarningData& warning : out_->warnings)
-      if (!warning.spelling.empty() && !works(warning.spelling)) warning.spelling.clear();
+  addSpellings();
   return FormulaExplanation(out_.release());
+}
+
+/// Keeps the suggestions that work. What warnings suggest may cure a refusal, too.
+void Explainer::addSpellings() {
+  const bool isRefused = out_->reason != FormulaReason::Done;
+  if (isRefused && explained_.maySpell())
+    for (std::string& near : nearFormulas(explained_))
+      if (isNew(near) && tryOut(near)) out_->spellings.push_back(std::move(near));
+  auto& warnings = out_->warnings;
+  const auto isNone = [&](Contents::WarningData& warning) {
+    if (warning.spelling.empty()) return false;
+    const std::optional<double> value = tryOut(warning.spelling);
+    if (isRefused && value && isNew(warning.spelling)) out_->spellings.push_back(warning.spelling);
+    if (!value) warning.spelling.clear();
+    return !isRefused && value && isSame(*value, out_->value);  // two ways to write it
+  };
+  warnings.erase(std::remove_if(warnings.begin(), warnings.end(), isNone), warnings.end());
 }
 
 bool Explainer::isNew(const std::string& spelling) const {
@@ -104,8 +136,10 @@ bool Explainer::isNew(const std::string& spelling) const {
   return std::find(known.begin(), known.end(), spelling) == known.end();
 }
 
-/// Whether a formula has a value, without asking the resolver anything new.
-bool Explainer::works(const std::string& formula) {
+/// The value of a suggestion; nothing if it does not work. The resolver is not asked anything new: if
+/// the fault that is cured stood before a variable that is not known yet, the value is NaN.
+std::optional<double> Explainer::tryOut(const std::string& formula) {
+  if (++tried_ > mostTried) return std::nullopt;
   if (replacements_.empty())
     for (std::size_t i = 1; i < out_->texts.size(); ++i)
       replacements_.emplace(out_->textAt(out_->texts[i].identifier), &out_->texts[i].text);
@@ -117,9 +151,19 @@ bool Explainer::works(const std::string& formula) {
   Contents tried;
   recordFormula(formula, goal_, unit_, replay, engine_.registries().symbolTexts, engine_, units_,
                 tried);
-  const bool isPlain = unit_ && tried.resultPowers == Contents::none;
-  return tried.reason == FormulaReason::Done &&
-         !(isPlain && out_->reason == FormulaReason::UnitsDiffer);  // would count in any unit
+  if (tried.reason == FormulaReason::Done) {
+    const bool isPlain = tried.resultPowers == Contents::none;
+    const bool hadUnits =
+        out_->resultPowers != Contents::none || out_->reason == FormulaReason::UnitsDiffer;
+    if (unit_ && isPlain && hadUnits) return std::nullopt;  // it would count in any unit
+    return tried.value;
+  }
+  const bool isBehind = out_->reason < FormulaReason::UnitsDiffer &&
+                        tried.reason == FormulaReason::UnknownIdentifier && tried.span.text == 0 &&
+                        tried.span.begin > out_->span.begin &&
+                        wordStart(tried.textAt(tried.span)) == 0;
+  if (isBehind) return std::numeric_limits<double>::quiet_NaN();
+  return std::nullopt;
 }
 
 /// Asks for the names that begin with the text of a unit: "h1" in "h1 + 1".
@@ -128,9 +172,13 @@ void Explainer::addHidden(const VariableResolver& resolver) {
   for (const Contents::TokenData& token : out_->tokens) {
     if (token.kind != TokenKind::UnitSymbol) continue;
     const std::string& text = out_->textOf(token.span.text);
-    const std::size_t end = std::min(text.find_first_of("+-*/^()", token.span.end), text.size());
+    const std::string_view rest =
+        std::string_view(text).substr(0, token.span.begin + longestAsked + 1);
+    const std::size_t end = std::min(rest.find_first_of("+-*/^()", token.span.end), rest.size());
+    if (end - token.span.begin > longestAsked) continue;
     std::string name = text.substr(token.span.begin, end - token.span.begin);
     while (isSeparator(name.back())) name.pop_back();
+    if (asked.size() == mostAsked) return;
     if (!asked.insert(name).second || !resolves(name, resolver)) continue;
     out_->warnings.push_back({FormulaExplanation::WarningKind::VariableHidden, token.span,
                               "`" + shownText(name) + "` is a variable, but the unit text " +
@@ -145,7 +193,9 @@ FormulaExplanation explain(const UnitsEngine& engine, FormulaGoal goal,
   const auto* own = dynamic_cast<const UnitsEngineImpl*>(&engine);
   if (!own) {
     copy = std::make_unique<UnitsEngineImpl>();
-    copyDefinitions(engine, *copy);
+    copyUnits(engine, *copy);
+    copySymbols(engine, *copy);
+    copyQuantities(engine, *copy);
     own = copy.get();
   }
   const Unit* const unit =

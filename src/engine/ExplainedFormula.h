@@ -12,15 +12,19 @@ namespace Units {
 
 /// A recorded formula, for what is said about it.
 struct ExplainedFormula {
-  const FormulaExplanation::Contents& contents;
+  const ExplanationContents& contents;
   const Registries& registries;
   UnitTermsSource& units;
   const Unit* unit;  // the requested one; null if none was
 
   const std::string& formula() const { return contents.textOf(0); }
-  const FormulaExplanation::Contents::TokenData& tokenOf(std::uint32_t node) const {
+  const ExplanationContents::TokenData& tokenOf(std::uint32_t node) const {
     return contents.tokens[contents.nodes[node].token];
   }
+
+  /// Whether the formula and its replacements are short enough to be read again for spellings, of
+  /// which each is a whole formula.
+  bool maySpell() const;
 
   /// From the start of one span to the end of another, which comes later.
   static FormulaSpan join(const FormulaSpan& first, const FormulaSpan& last) {
@@ -34,9 +38,6 @@ struct ExplainedFormula {
   std::string with(const FormulaSpan& span, const std::string& replacement) const;
 };
 
-/// Formulas that are longer, in bytes, get no spellings, of which each is a whole formula.
-inline constexpr std::size_t longestSpelled = 1000;
-
 /// The text of the first symbol of a unit that is written behind numbers; empty if there is none.
 std::string suffixOf(const Unit& unit, const Registries& registries);
 
@@ -47,6 +48,6 @@ std::string sentenceOf(const ExplainedFormula& explained);
 std::vector<std::string> nearFormulas(const ExplainedFormula& explained);
 
 /// Adds the warnings, in order of their spans.
-void addWarnings(const ExplainedFormula& explained, FormulaExplanation::Contents& out);
+void addWarnings(const ExplainedFormula& explained, ExplanationContents& out);
 
 }  // namespace Units

@@ -10,13 +10,14 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <string_view>
 #include <vector>
 
 namespace Units {
 
 namespace {
 
-using Contents = FormulaExplanation::Contents;
+using Contents = ExplanationContents;
 using NodeKind = FormulaExplanation::NodeKind;
 
 /// What a function needs of its input.
@@ -47,7 +48,9 @@ class Sentence {
   std::string missingOperand() const;
   std::string missingParentheses() const;
   std::string suffixWithoutOperand() const;
+  static std::string parenthesesOf(const std::string& function);
   std::string unknownIdentifier() const;
+  bool isBeforeLineBreak() const;
   std::string unitsDiffer() const;
   std::string outsideDomain() const;
   std::string undefinedPower() const;
@@ -75,9 +78,10 @@ std::string Sentence::make() const {
     case FormulaReason::MissingOperand:
       return missingOperand();
     case FormulaReason::NotAfterOperand:
-      return it_ + " is left over: multiplication is always written out.";
+      return it_ + " follows a value: multiplication is always written out.";
     case FormulaReason::NeverClosed:
-      return it_ + " is never closed.";
+      return it_ == "`(`" ? "`(` is never closed."
+                          : "The parenthesis behind " + it_ + " is never closed.";
     case FormulaReason::NeverOpened:
       return it_ + " closes a parenthesis that was never opened.";
     case FormulaReason::EmptyParentheses:
@@ -91,7 +95,7 @@ std::string Sentence::make() const {
     case FormulaReason::UnknownIdentifier:
       return unknownIdentifier();
     case FormulaReason::VariableIsItself:
-      return it_ + " stands for itself.";
+      return "The value of " + it_ + " is its own name.";
     case FormulaReason::NestedTooDeeply:
       return "Variables are nested more than " + std::to_string(maximumSubstitutionDepth) +
              " levels deep. " + it_ + " may depend on itself.";
@@ -140,22 +144,45 @@ std::string Sentence::missingOperand() const {
 std::string Sentence::missingParentheses() const {
   const std::string text = contents_.textAt(contents_.span);
   const bool isFunction = FunctionMap().find(text) != FormulaFunction::None;
-  return isFunction ? it_ + " is a function: its input stands in parentheses."
-                    : it_ + " stands before parentheses, or before the last number of a formula.";
+  return isFunction
+             ? it_ + " is a function: " + parenthesesOf(text)
+             : "A number behind " + it_ + " needs parentheses, unless the formula ends with it.";
+}
+
+std::string Sentence::parenthesesOf(const std::string& function) {
+  return FunctionMap().find(function) == FormulaFunction::Pi
+             ? "write its parentheses, with nothing in them."
+             : "its input stands in parentheses.";
 }
 
 std::string Sentence::suffixWithoutOperand() const {
   return it_ + " is the text of a unit and must follow a number or `)`.";
 }
 
+/// Whether what was read as an identifier is a literal but for a tab or line break behind it.
+bool Sentence::isBeforeLineBreak() const {
+  const FormulaSpan& span = contents_.span;
+  const std::string& text = contents_.textOf(span.text);
+  const std::size_t next = text.find_first_not_of(' ', span.end);
+  return next != std::string::npos && (text[next] == '\t' || text[next] == '\n') &&
+         wordStart(contents_.textAt(span)) > 0;
+}
+
 std::string Sentence::unknownIdentifier() const {
+  constexpr std::string_view own = "Unrecognized identifier";  // anything else is the resolver's
   const std::string text = contents_.textAt(contents_.span);
+  if (contents_.message.compare(0, own.size(), own) != 0) return shownText(contents_.message);
+  if (isBeforeLineBreak())
+    return it_ +
+           " is followed by a tab or line break. Directly behind a number or unit, only a space "
+           "may follow.";
   const std::string first = text.substr(0, text.find(' '));
   if (FunctionMap().find(first) != FormulaFunction::None)
-    return "`" + first + "` is a function: its input stands in parentheses.";
+    return "`" + first + "` is a function: " + parenthesesOf(first);
   const std::string word = text.substr(wordStart(text));
-  const bool isOneWord = word.find_first_of(" 0123456789") == std::string::npos;
-  if (word.size() < text.size() && !isOneWord)
+  const bool isOneWord = !word.empty() && word.find_first_of(" 0123456789") == std::string::npos;
+  const bool isProduct = FunctionMap().find(word) != FormulaFunction::None;
+  if (word.size() < text.size() && (!isOneWord || isProduct))
     return it_ +
            " is not one number with one unit. Multiplication and addition are always written "
            "out, and the decimal mark is a point.";

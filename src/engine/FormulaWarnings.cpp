@@ -4,6 +4,7 @@
 #include "model/Characters.h"
 #include "model/RecordAccess.h"
 #include "model/ShownText.h"
+#include "model/Tolerances.h"
 #include "text/ShortNumber.h"
 
 #include <algorithm>
@@ -16,7 +17,7 @@ namespace Units {
 
 namespace {
 
-using Contents = FormulaExplanation::Contents;
+using Contents = ExplanationContents;
 using NodeKind = FormulaExplanation::NodeKind;
 using TokenKind = FormulaExplanation::TokenKind;
 using Kind = FormulaExplanation::WarningKind;
@@ -35,17 +36,22 @@ class Warnings {
 
  private:
   void checkComposite(const Contents::TokenData& token);
+  bool isOfFeet(const Symbol& symbol) const;
+  bool isWantedIn(const Unit& unit) const;
   void checkPower(const Contents::NodeData& node);
-  void checkScales(const Contents::NodeData& node);
+  void checkScales();
+  double scalesOf(const Contents::NodeData& node, std::uint32_t number) const;
+  void addScaleWarning(const Contents::NodeData& node);
   void checkRounding(const Contents::NodeData& node, std::uint32_t number);
   void checkReciprocal();
+  std::string between(const FormulaSpan& first, const FormulaSpan& second) const;
   void findOutsideBase();
   std::string asDifferenceOfScales(std::uint32_t number) const;
 
   void add(Kind kind, const FormulaSpan& span, std::string sentence, std::string spelling = {}) {
     out_.push_back({kind, span, std::move(sentence), std::move(spelling)});
   }
-  bool hasSpellings() const { return explained_.formula().size() <= longestSpelled; }
+  bool hasSpellings() const { return explained_.maySpell(); }
   std::string spelled(const FormulaSpan& span, const std::string& replacement) const {
     const bool isInFormula = span.text == 0 && span.endText == 0;
     return isInFormula && hasSpellings() ? explained_.with(span, replacement) : std::string();
@@ -70,19 +76,34 @@ class Warnings {
   const Contents& contents_;
   std::vector<Contents::WarningData>& out_;
   std::vector<bool> isOutsideBase_;  // by node
+  std::vector<double> scales_;       // by node
 };
 
 void Warnings::checkToken(const Contents::TokenData& token) {
   if (token.form) checkComposite(token);
   const Symbol* const symbol = contents_.symbolOf(token);
   const auto* const shown = symbol ? RecordAccess::prefixOrSuffix(*symbol) : nullptr;
-  const bool mayBeMinutes =
-      explained_.registries.symbolTexts.composite(CompositeForm::DegreesMinutesSeconds) != nullptr;
-  if (token.kind == TokenKind::Number && shown && RecordAccess::text(*shown) == "'" && mayBeMinutes)
+  if (token.kind == TokenKind::Number && shown && RecordAccess::text(*shown) == "'" &&
+      isOfFeet(*symbol) && !isWantedIn(RecordAccess::unit(*symbol)))
     add(Kind::MarkMeansFeet, token.span,
         explained_.quoted(token.span) + " is in `" +
             shownText(RecordAccess::name(RecordAccess::unit(*symbol))) + "`, not in minutes.",
         spelled(token.span, "0\xC2\xB0 " + contents_.textAt(token.span)));
+}
+
+/// Whether the mark ' of a symbol is that of feet.
+bool Warnings::isOfFeet(const Symbol& symbol) const {
+  const SymbolTexts& texts = explained_.registries.symbolTexts;
+  const Symbol* const feet = texts.composite(CompositeForm::FeetAndInches);
+  return feet && texts.composite(CompositeForm::DegreesMinutesSeconds) &&
+         RecordAccess::identity(RecordAccess::unit(*feet)) ==
+             RecordAccess::identity(RecordAccess::unit(symbol));
+}
+
+/// Whether what is asked for has the dimension of a unit.
+bool Warnings::isWantedIn(const Unit& unit) const {
+  return explained_.unit && haveSamePowers(explained_.units.termsOf(*explained_.unit).powers,
+                                           explained_.units.termsOf(unit).powers);
 }
 
 /// Where a hyphen separates the parts of a composite literal; npos if none does.
@@ -127,13 +148,17 @@ void Warnings::checkComposite(const Contents::TokenData& token) {
   const std::string literal = contents_.textAt(token.span);
   const std::string it = explained_.quoted(token.span);
   const std::size_t hyphen = findSeparator(literal), joint = findJoint(literal);
+  const bool isLastMarked = !isDigit(literal.back());
+  const bool hasWord = std::any_of(literal.begin(), literal.end(), isLetter);
   if (hyphen != std::string::npos)
     add(Kind::HyphenIsSeparator, token.span,
         it + " is one value: `-` only separates its parts, and subtracts nothing.",
         spelled(token.span, asDifference(literal, hyphen)));
-  else if (joint != std::string::npos)
+  else if (hasWord && !isLastMarked)
     add(Kind::NumbersJoined, token.span, it + " is one value of two parts.",
-        spelled(token.span, literal.substr(0, joint) + "^" + literal.substr(joint)));
+        joint == std::string::npos
+            ? std::string()
+            : spelled(token.span, literal.substr(0, joint) + "^" + literal.substr(joint)));
   if (!contents_.symbolOf(token))
     add(Kind::NoCompositeSymbol, token.span,
         it + " is the plain number " + shortNumber(token.value) +
@@ -144,7 +169,6 @@ void Warnings::checkNode(std::uint32_t number) {
   const Contents::NodeData& node = contents_.nodes[number];
   if (node.kind == NodeKind::Operator) {
     if (number != contents_.refusedNode) checkPower(node);
-    checkScales(node);
   } else if (node.kind == NodeKind::Function && node.wasReached) {
     const FormulaSpan& function = tokenOf(node).span;
     if (contents_.textAt(function) == "log")
@@ -163,14 +187,21 @@ void Warnings::checkPower(const Contents::NodeData& node) {
   if (literal.value == 1) return;
   const std::string text = contents_.textAt(literal.span);
   const std::size_t suffix = wordStart(text);
-  const FormulaSpan span = ExplainedFormula::join(literal.span, tokenOf(exponent).span);
+  const FormulaSpan& last = tokenOf(exponent).span;
   const bool isSimple = exponent.kind == NodeKind::Number && suffix > 0;
   add(Kind::PowerOfLiteral, literal.span,
       "The power is taken of all of " + explained_.quoted(literal.span) + ", number and unit.",
-      isSimple ? spelled(span, "(" + std::string(trimmed(text.substr(0, suffix))) + " * (1 " +
-                                   text.substr(suffix) + ")^" +
-                                   contents_.textAt(tokenOf(exponent).span) + ")")
+      isSimple ? spelled(ExplainedFormula::join(literal.span, last),
+                         "(" + std::string(trimmed(text.substr(0, suffix))) + " * (1 " +
+                             text.substr(suffix) + ")" + between(literal.span, last) +
+                             contents_.textAt(last) + ")")
                : std::string());
+}
+
+/// The formula between two spans, such as an operator with the minus sign behind it.
+std::string Warnings::between(const FormulaSpan& first, const FormulaSpan& second) const {
+  const bool isInFormula = first.endText == 0 && second.text == 0;
+  return isInFormula ? explained_.formula().substr(first.end, second.begin - first.end) : "";
 }
 
 const Unit* Warnings::unitOf(std::uint32_t number) const {
@@ -185,25 +216,72 @@ bool Warnings::isScale(std::uint32_t number) const {
   return unit && RecordAccess::absolute(*unit);
 }
 
-void Warnings::checkScales(const Contents::NodeData& node) {
-  const bool left = isScale(node.operands[0]);
-  const bool isUnary = node.operands[1] == Contents::none;
-  const bool right = !isUnary && isScale(node.operands[1]);
-  const char op = operatorOf(node);
-  const FormulaSpan& span = tokenOf(node).span;
+/// How many values on scales a node adds up: 1 for 20 °C, 2 for 20 °C + 5 °C, 1 for half of that, 0
+/// for a difference. Other operations have none.
+double Warnings::scalesOf(const Contents::NodeData& node, std::uint32_t number) const {
+  if (node.kind == NodeKind::Number || node.kind == NodeKind::Symbol) return isScale(number);
+  if (node.operands[0] == Contents::none) return 0;
+  const double left = scales_[node.operands[0]];
+  if (node.kind == NodeKind::Parentheses) return left;
+  if (node.kind == NodeKind::Function)
+    return contents_.nodes[node.operands[0]].powers == Contents::none ? 0 : left;
+  if (node.operands[1] == Contents::none) return -left;
+  const double right = scales_[node.operands[1]];
+  const Contents::NodeData &first = contents_.nodes[node.operands[0]],
+                           &second = contents_.nodes[node.operands[1]];
+  switch (operatorOf(node)) {
+    case '+':
+      return left + right;
+    case '-':
+      return left - right;
+    case '*':
+      return second.powers == Contents::none  ? left * second.value
+             : first.powers == Contents::none ? first.value * right
+                                              : 0;
+    case '/':
+      return second.powers == Contents::none ? left / second.value : 0;
+    default:
+      return 0;
+  }
+}
+
+/// Warns of the first operation after which the number of scales is neither 0 nor 1, if that is so
+/// of the result, and of a difference that is asked for on a scale.
+void Warnings::checkScales() {
+  const auto isOdd = [](double scales) {
+    return !isNearZero(scales) && !areNearlyEqual(scales, 1);
+  };
+  scales_.resize(contents_.nodes.size());
+  for (std::uint32_t number = 0; number < scales_.size(); ++number)
+    scales_[number] = scalesOf(contents_.nodes[number], number);
   const bool wantsScale = explained_.unit && RecordAccess::absolute(*explained_.unit);
-  if (left && right && (op == '+' || (op == '-' && wantsScale)))
+  const bool hasScale = std::find(scales_.begin(), scales_.end(), 1) != scales_.end();
+  const bool isDifference = wantsScale && hasScale && isNearZero(scales_.back());
+  if (!isOdd(scales_.back()) && !isDifference) return;
+  for (std::uint32_t number = 0; number < scales_.size(); ++number) {
+    const Contents::NodeData& node = contents_.nodes[number];
+    const bool isCause = node.kind == NodeKind::Operator &&
+                         (isOdd(scales_[number]) || (isDifference && operatorOf(node) == '-' &&
+                                                     scales_[node.operands[0]] != 0));
+    if (isCause) return addScaleWarning(node);
+  }
+}
+
+void Warnings::addScaleWarning(const Contents::NodeData& node) {
+  const bool isUnary = node.operands[1] == Contents::none;
+  const FormulaSpan& span = tokenOf(node).span;
+  if (!isUnary && (operatorOf(node) == '+' || operatorOf(node) == '-'))
     add(Kind::ScalesAdded, span,
         "Both sides are counted from absolute zero. A difference has a unit of its own.",
         asDifferenceOfScales(node.operands[1]));
-  else if ((isUnary && left) || ((left || right) && (op == '*' || op == '/')))
+  else
     add(Kind::ScaleMultiplied, span, "The value on the scale is counted from absolute zero.");
 }
 
 /// The formula with a literal on a scale, such as 5 °C, as the difference that its unit counts.
 std::string Warnings::asDifferenceOfScales(std::uint32_t number) const {
   const Contents::NodeData& node = contents_.nodes[number];
-  if (!hasSpellings() || node.kind != NodeKind::Number) return {};
+  if (!hasSpellings() || node.kind != NodeKind::Number || !isScale(number)) return {};
   const auto* const parent = explained_.registries.units.objects.find(
       RecordAccess::parentUnit(*RecordAccess::absolute(*unitOf(number))));
   const std::string text = contents_.textAt(tokenOf(node).span);
@@ -219,15 +297,21 @@ void Warnings::checkRounding(const Contents::NodeData& node, std::uint32_t numbe
   const Contents::NodeData& input = contents_.nodes[node.operands[0]];
   const Unit* const unit = unitOf(node.operands[0]);
   std::string spelling;
-  if (hasSpellings() && input.kind == NodeKind::Number && unit) {
+  const std::string suffix =
+      hasSpellings() && unit ? suffixOf(*unit, explained_.registries) : std::string();
+  if (input.kind == NodeKind::Number && !suffix.empty()) {
     const FormulaSpan& literal = tokenOf(input).span;
-    const std::string one = " 1 " + suffixOf(*unit, explained_.registries);
-    spelling = spelled(ExplainedFormula::join(literal, contents_.tokens[input.token + 1].span),
-                       contents_.textAt(literal) + " /" + one + ") *" + one);
+    const FormulaSpan& begin = tokenOf(node).span;
+    spelling = spelled(ExplainedFormula::join(begin, contents_.tokens[input.token + 1].span),
+                       "(" + contents_.textAt(begin) + between(begin, literal) +
+                           contents_.textAt(literal) + " / 1 " + suffix + ") * 1 " + suffix + ")");
   }
   add(Kind::RoundsInBaseUnits, tokenOf(node).span,
-      "`" + function + "` rounds what is counted in base units.", std::move(spelling));
+      "`" + function + "` rounds the number of base units.", std::move(spelling));
 }
+
+/// Whether a unit counts otherwise than its base units do.
+bool countsOtherwise(const UnitTerms& terms) { return terms.factor != 1 || terms.offset != 0; }
 
 /// Marks the nodes below which a unit stands that does not count in base units.
 void Warnings::findOutsideBase() {
@@ -236,7 +320,7 @@ void Warnings::findOutsideBase() {
     const Contents::NodeData& node = contents_.nodes[number];
     const Symbol* const symbol = contents_.symbolOf(tokenOf(node));
     isOutsideBase_[number] =
-        symbol && explained_.units.termsOf(RecordAccess::unit(*symbol)).factor != 1;
+        symbol && countsOtherwise(explained_.units.termsOf(RecordAccess::unit(*symbol)));
     for (const std::uint32_t operand : node.operands)
       if (operand != Contents::none && isOutsideBase_[operand]) isOutsideBase_[number] = true;
   }
@@ -250,6 +334,7 @@ void Warnings::checkResult() {
         "The result is a plain number. It is taken to be in `" +
             shownText(RecordAccess::name(*explained_.unit)) + "`.");
   if (contents_.inverted) checkReciprocal();
+  checkScales();
 }
 
 void Warnings::checkReciprocal() {
@@ -271,8 +356,8 @@ void Warnings::checkReciprocal() {
       "The unit belongs to the divisor " + explained_.quoted(right) +
           ", and the reciprocal of the result was taken.",
       spelled(ExplainedFormula::join(left, right),
-              "(" + contents_.textAt(left) + "/" + std::string(trimmed(divisor.substr(0, suffix))) +
-                  ") " + divisor.substr(suffix)));
+              "(" + contents_.textAt(left) + between(left, right) +
+                  std::string(trimmed(divisor.substr(0, suffix))) + ") " + divisor.substr(suffix)));
 }
 
 }  // namespace

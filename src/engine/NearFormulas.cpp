@@ -14,13 +14,13 @@ namespace Units {
 
 namespace {
 
-using Contents = FormulaExplanation::Contents;
+using Contents = ExplanationContents;
 using NodeKind = FormulaExplanation::NodeKind;
 using TokenKind = FormulaExplanation::TokenKind;
 
 bool isGroupOfDigits(std::string_view text) { return countLeading<isDigit>(text) == 3; }
-bool beginsWithDigit(std::string_view text) { return isDigit(text.front()); }
-bool beginsAsWord(std::string_view text) { return !isDigit(text.front()); }
+bool beginsWithDigit(std::string_view text) { return !text.empty() && isDigit(text.front()); }
+bool beginsAsWord(std::string_view text) { return !text.empty() && !isDigit(text.front()); }
 bool isAnything(std::string_view) { return true; }
 
 /// Ways of writing that people bring from elsewhere: between what precedes, of which the last byte
@@ -35,9 +35,12 @@ constexpr struct {
     {",", ".", beginsWithDigit, beginsWithDigit},    // 1,5 m
     {" ", "", beginsWithDigit, isGroupOfDigits},     // 1 000 m
     {"x", " * ", beginsWithDigit, beginsWithDigit},  // 2x4
-    {" x ", " * ", isAnything, isAnything},          // 10 mm x 2
-    {" ", " + ", beginsAsWord, beginsWithDigit},     // 1 h 30 min
-    {" ", "\xC2\xB7", beginsAsWord, beginsAsWord},   // 12 N m
+    {"\xE2\x88\x92", "-", isAnything, isAnything},   // a minus sign from a document
+    {" \xC3\x97 ", " * ", isAnything, isAnything},
+    {"\xC3\x97", " * ", isAnything, isAnything},
+    {" x ", " * ", isAnything, isAnything},         // 10 mm x 2
+    {" ", " + ", beginsAsWord, beginsWithDigit},    // 1 h 30 min
+    {" ", "\xC2\xB7", beginsAsWord, beginsAsWord},  // 12 N m
     {" ", " * 1 ", beginsAsWord, beginsAsWord},
     {" ", "", beginsAsWord, beginsAsWord},  // 1 in Hg
 };
@@ -48,8 +51,8 @@ std::string rewrite(std::string_view text, const Rewriting& rewriting) {
   std::string out;
   for (std::size_t i = 0; i < text.size();) {
     const std::size_t end = i + from.size();
-    const bool applies = i > 0 && end < text.size() && text.compare(i, from.size(), from) == 0 &&
-                         rewriting.precedes(text.substr(i - 1, 1)) &&
+    const bool applies = text.compare(i, from.size(), from) == 0 &&
+                         rewriting.precedes(text.substr(i == 0 ? 0 : i - 1, i == 0 ? 0 : 1)) &&
                          rewriting.follows(text.substr(end));
     out += applies ? std::string_view(rewriting.to) : text.substr(i, 1);
     i = applies ? end : i + 1;
@@ -73,6 +76,7 @@ class Candidates {
   void rewriteUnitsDiffer();
   void rewritePower();
   void rewriteInput();
+  void addWithoutLineBreak();
   void closeAll();
 
   /// Adds the formula with the refused part, or another one, replaced.
@@ -110,6 +114,7 @@ std::vector<std::string> Candidates::collect() && {
       add("");
       break;
     case FormulaReason::MissingParentheses:
+      if (it_ == "pi") add("pi()");
       rewriteMissingParentheses();
       break;
     case FormulaReason::SuffixWithoutOperand:
@@ -142,6 +147,17 @@ void Candidates::rewriteIdentifier() {
   const std::size_t space = it_.find(' ');
   if (FunctionMap().find(it_.substr(0, space)) != FormulaFunction::None)  // sqrt 4
     add(it_.substr(0, space) + "(" + it_.substr(space + 1) + ")");
+  if (word > 0 && FunctionMap().find(it_.substr(word)) != FormulaFunction::None)  // 2 sqrt(3)
+    add(it_.substr(0, word) + (it_[word - 1] == ' ' ? "* " : " * ") + it_.substr(word));
+  addWithoutLineBreak();
+}
+
+/// A literal with the tabs and line breaks behind it left out.
+void Candidates::addWithoutLineBreak() {
+  FormulaSpan span = contents_.span;
+  const std::string& text = contents_.textOf(span.text);
+  span.end = std::min(text.find_first_not_of(" \t\n", span.end), text.size());
+  if (span.end > contents_.span.end) add(span, it_ + (span.end < text.size() ? " " : ""));
 }
 
 void Candidates::closeAll() {
@@ -165,12 +181,17 @@ void Candidates::rewriteUnitsDiffer() {
   const std::string rightText = contents_.textAt(rightSpan);
   if (right.kind != NodeKind::Number) return;
   const Symbol* const leftSymbol = contents_.symbolOf(contents_.tokens[left.token]);
-  if (!contents_.powersOf(right) && leftSymbol) {  // 3 ft + 1
-    add(rightSpan,
-        rightText + " " + suffixOf(RecordAccess::unit(*leftSymbol), explained_.registries));
-  } else if (!contents_.powersOf(left)) {  // 1 + 5%
+  const Unit* const leftUnit = leftSymbol ? &RecordAccess::unit(*leftSymbol) : nullptr;
+  const auto* const scale = leftUnit ? RecordAccess::absolute(*leftUnit) : nullptr;
+  if (right.powers == Contents::none && leftUnit) {  // 3 ft + 1
+    const Unit& unit =
+        scale ? lookUp(explained_.registries.units.objects, RecordAccess::parentUnit(*scale))
+              : *leftUnit;
+    const std::string suffix = suffixOf(unit, explained_.registries);
+    if (!suffix.empty()) add(rightSpan, rightText + " " + suffix);
+  } else if (left.powers == Contents::none) {  // 1 + 5%
     add(rightSpan, "1 * " + rightText);
-  } else if (contents_.refusedNode + 1 == contents_.nodes.size() &&
+  } else if (contents_.refusedNode + 1 == contents_.nodes.size() && !scale &&
              left.kind == NodeKind::Number) {  // 5 m + 50%
     add(ExplainedFormula::join(contents_.span, rightSpan),
         "* (1 " + it_ + " 1 * " + rightText + ")");
@@ -191,7 +212,7 @@ void Candidates::rewriteInput() {
   if (input->kind != NodeKind::Number || !powers || powers->size() != 1) return;
   const FormulaSpan span = contents_.tokens[input->token].span;
   const std::string suffix = suffixOf(powers->front().first, explained_.registries);
-  add(span, contents_.textAt(span) + " / 1 " + suffix);
+  if (!suffix.empty()) add(span, contents_.textAt(span) + " / 1 " + suffix);
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "engine/NearNames.h"
 
-#include "engine/ExplainedFormula.h"
 #include "formula/SpellingTables.h"
 #include "model/Characters.h"
 #include "model/EditDistance.h"
@@ -9,6 +8,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <unordered_map>
 #include <utility>
 
 namespace Units {
@@ -23,6 +23,17 @@ struct Near {
   const Unit* unit;  // whose name it is; null for what may stand in a formula itself
   std::size_t place;
 };
+
+/// The first suffix of each unit.
+std::unordered_map<const void*, std::string_view> suffixesOf(const Registries& registries) {
+  std::unordered_map<const void*, std::string_view> suffixes;
+  for (const auto& [typeId, node] : registries.symbols.objects.nodes())
+    if (const auto* const shown = RecordAccess::prefixOrSuffix(node.record))
+      if (shown->getPlacement() == Placement::Suffix)
+        suffixes.emplace(RecordAccess::identity(RecordAccess::unit(node.record)),
+                         RecordAccess::text(*shown));
+  return suffixes;
+}
 
 }  // namespace
 
@@ -51,10 +62,16 @@ std::vector<std::string> nearNames(std::string_view identifier, const Registries
     return a.nearness == b.nearness ? a.place < b.place : a.nearness < b.nearness;
   });
 
+  const std::unordered_map<const void*, std::string_view> suffixes = suffixesOf(registries);
   std::vector<std::string> names;
   for (const Near& found : near) {
-    if (names.size() == mostNames) break;
-    std::string name = found.unit ? suffixOf(*found.unit, registries) : std::string(found.text);
+    const bool isOtherCase = near.front().nearness.distance == 0 && found.nearness.distance > 0;
+    if (names.size() == mostNames || (isOtherCase && !names.empty())) break;
+    std::string name(found.text);
+    if (found.unit) {
+      const auto suffix = suffixes.find(RecordAccess::identity(*found.unit));
+      name = suffix == suffixes.end() ? "" : suffix->second;
+    }
     const bool isNew = std::find(names.begin(), names.end(), name) == names.end();
     if (!name.empty() && name != word && isNew) names.push_back(std::move(name));
   }

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <map>
 #include <string_view>
 #include <vector>
 
@@ -24,7 +25,7 @@ std::string withArticle(const std::string& name) {
   return (beginsWithVowel ? "an " : "a ") + word;
 }
 
-using PowerList = FormulaExplanation::Contents::PowerList;
+using PowerList = ExplanationContents::PowerList;
 
 /// The powers that have not canceled.
 PowerList withoutZeros(const PowerList& powers) {
@@ -34,7 +35,7 @@ PowerList withoutZeros(const PowerList& powers) {
   return kept;
 }
 
-bool areSame(const FormulaExplanation::Contents::PowerList& a, const Powers& b) {
+bool areSame(const ExplanationContents::PowerList& a, const Powers& b) {
   return std::equal(
       a.begin(), a.end(), b.begin(), b.end(), [](const auto& left, const auto& right) {
         return RecordAccess::identity(left.first) == RecordAccess::identity(right.unit->record) &&
@@ -80,11 +81,12 @@ std::string ValueKinds::ofPowers(const Contents::PowerList& all) const {
     return areSame(powers, reducer.reduce(first).powers);
   });
   if (!name.empty()) return name;
+  std::map<std::string, std::string> byTypeId;  // the order of powers differs from run to run
+  for (const auto& [unit, exponent] : powers)
+    byTypeId[RecordAccess::typeId(unit)] = " " + shownText(RecordAccess::name(unit)) +
+                                           (exponent == 1 ? "" : "^" + shortNumber(exponent));
   std::string units = "a value in";
-  for (const auto& [unit, exponent] : powers) {
-    units += " " + shownText(RecordAccess::name(unit));
-    if (exponent != 1) units += "^" + shortNumber(exponent);
-  }
+  for (const auto& [typeId, power] : byTypeId) units += power;
   return units;
 }
 
@@ -94,6 +96,7 @@ std::string ValueKinds::ofNode(const Contents& contents, std::uint32_t node) con
     data = &contents.nodes[data->operands[0]];
   const Symbol* const symbol = contents.symbolOf(contents.tokens[data->token]);
   const Contents::PowerList* const powers = contents.powersOf(*data);
+  if (data->powers == ExplanationContents::omitted) return "a value in many units";
   if (!powers) return ofPowers({});
   const bool isRatio = withoutZeros(*powers).empty();
   return symbol && !isRatio ? ofUnit(RecordAccess::unit(*symbol)) : ofPowers(*powers);

@@ -14,7 +14,7 @@ namespace Units {
 /// Searches all quantities. Of several that fit, it takes the one with the most units.
 class ValueKinds {
  public:
-  using Contents = FormulaExplanation::Contents;
+  using Contents = ExplanationContents;
 
   explicit ValueKinds(const Registries& registries) : registries_(registries) {}
 

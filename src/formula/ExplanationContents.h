@@ -17,8 +17,14 @@ namespace Units {
 
 /// What an explanation holds. Indexes instead of pointers, so that it can be copied and printed
 /// without recursion. It holds records, which outlive their engine.
-struct FormulaExplanation::Contents : CountedContents {
+struct ExplanationContents : CountedContents {
+  using TokenKind = FormulaExplanation::TokenKind;
+  using NodeKind = FormulaExplanation::NodeKind;
+  using WarningKind = FormulaExplanation::WarningKind;
+  using ExceptionClass = FormulaExplanation::ExceptionClass;
+
   static constexpr std::uint32_t none = std::numeric_limits<std::uint32_t>::max();
+  static constexpr std::uint32_t omitted = none - 1;
 
   struct TextData {
     std::string text;
@@ -38,7 +44,7 @@ struct FormulaExplanation::Contents : CountedContents {
     bool wasReached = false;
     std::uint32_t token = 0;
     std::uint32_t operands[2] = {none, none};
-    std::uint32_t powers = none;  // in `powers`; `none` if there are none, or too many
+    std::uint32_t powers = none;  // in `powers`; `omitted` if there are too many
     double value = std::numeric_limits<double>::quiet_NaN();
   };
 
@@ -84,7 +90,7 @@ struct FormulaExplanation::Contents : CountedContents {
 
   /// Null if a node has none, or more than are recorded.
   const PowerList* powersOf(const NodeData& node) const {
-    return node.powers == none ? nullptr : &powers[node.powers];
+    return node.powers >= omitted ? nullptr : &powers[node.powers];
   }
 
   /// Null if a token has none.

@@ -7,10 +7,9 @@ namespace Units {
 
 namespace {
 
-std::map<std::string, double> powersAt(const FormulaExplanation::Contents& contents,
-                                       std::uint32_t index) {
+std::map<std::string, double> powersAt(const ExplanationContents& contents, std::uint32_t index) {
   std::map<std::string, double> powers;
-  if (index == FormulaExplanation::Contents::none) return powers;
+  if (index >= ExplanationContents::omitted) return powers;
   for (const auto& [unit, exponent] : contents.powers[index])
     powers.emplace(RecordAccess::typeId(unit), exponent);
   return powers;
@@ -18,7 +17,8 @@ std::map<std::string, double> powersAt(const FormulaExplanation::Contents& conte
 
 }  // namespace
 
-FormulaExplanation::FormulaExplanation(const Contents* contents) noexcept : contents_(contents) {}
+FormulaExplanation::FormulaExplanation(const ExplanationContents* contents) noexcept
+    : contents_(contents) {}
 FormulaExplanation::FormulaExplanation(const FormulaExplanation& other) noexcept = default;
 FormulaExplanation::FormulaExplanation(FormulaExplanation&& other) noexcept = default;
 FormulaExplanation::~FormulaExplanation() = default;
@@ -26,34 +26,28 @@ FormulaExplanation::~FormulaExplanation() = default;
 const std::string& FormulaExplanation::formula() const { return contents_->textOf(0); }
 const std::string& FormulaExplanation::unitTypeId() const { return contents_->unitTypeId; }
 
+template <class View>
+std::vector<View> FormulaExplanation::viewsOf(std::size_t count) const {
+  std::vector<View> all;
+  all.reserve(count);
+  for (std::size_t i = 0; i < count; ++i) {
+    const View view(contents_, i);
+    all.push_back(view);
+  }
+  return all;
+}
+
 std::vector<FormulaExplanation::Text> FormulaExplanation::texts() const {
-  std::vector<Text> all(contents_->texts.size());
-  for (std::size_t i = 0; i < all.size(); ++i) all[i].data_ = &contents_->texts[i];
-  return all;
+  return viewsOf<Text>(contents_->texts.size());
 }
-
 std::vector<FormulaExplanation::Token> FormulaExplanation::tokens() const {
-  std::vector<Token> all(contents_->tokens.size());
-  for (std::size_t i = 0; i < all.size(); ++i) {
-    all[i].contents_ = contents_.get();
-    all[i].index_ = i;
-  }
-  return all;
+  return viewsOf<Token>(contents_->tokens.size());
 }
-
 std::vector<FormulaExplanation::Node> FormulaExplanation::nodes() const {
-  std::vector<Node> all(contents_->nodes.size());
-  for (std::size_t i = 0; i < all.size(); ++i) {
-    all[i].contents_ = contents_.get();
-    all[i].index_ = i;
-  }
-  return all;
+  return viewsOf<Node>(contents_->nodes.size());
 }
-
 std::vector<FormulaExplanation::Warning> FormulaExplanation::warnings() const {
-  std::vector<Warning> all(contents_->warnings.size());
-  for (std::size_t i = 0; i < all.size(); ++i) all[i].data_ = &contents_->warnings[i];
-  return all;
+  return viewsOf<Warning>(contents_->warnings.size());
 }
 
 double FormulaExplanation::value() const { return contents_->value; }
@@ -72,11 +66,33 @@ const std::vector<std::string>& FormulaExplanation::spellings() const {
   return contents_->spellings;
 }
 
-const std::string& FormulaExplanation::Text::text() const {
-  return static_cast<const Contents::TextData*>(data_)->text;
-}
+FormulaExplanation::Text::Text(const Shared<ExplanationContents>& contents,
+                               std::size_t index) noexcept
+    : contents_(contents), index_(index) {}
+FormulaExplanation::Text::Text(const Text& other) noexcept = default;
+FormulaExplanation::Text::~Text() = default;
+
+FormulaExplanation::Token::Token(const Shared<ExplanationContents>& contents,
+                                 std::size_t index) noexcept
+    : contents_(contents), index_(index) {}
+FormulaExplanation::Token::Token(const Token& other) noexcept = default;
+FormulaExplanation::Token::~Token() = default;
+
+FormulaExplanation::Node::Node(const Shared<ExplanationContents>& contents,
+                               std::size_t index) noexcept
+    : contents_(contents), index_(index) {}
+FormulaExplanation::Node::Node(const Node& other) noexcept = default;
+FormulaExplanation::Node::~Node() = default;
+
+FormulaExplanation::Warning::Warning(const Shared<ExplanationContents>& contents,
+                                     std::size_t index) noexcept
+    : contents_(contents), index_(index) {}
+FormulaExplanation::Warning::Warning(const Warning& other) noexcept = default;
+FormulaExplanation::Warning::~Warning() = default;
+
+const std::string& FormulaExplanation::Text::text() const { return contents_->texts[index_].text; }
 FormulaSpan FormulaExplanation::Text::identifier() const {
-  return static_cast<const Contents::TextData*>(data_)->identifier;
+  return contents_->texts[index_].identifier;
 }
 
 FormulaExplanation::TokenKind FormulaExplanation::Token::kind() const {
@@ -102,26 +118,27 @@ std::size_t FormulaExplanation::Node::token() const { return contents_->nodes[in
 bool FormulaExplanation::Node::wasReached() const { return contents_->nodes[index_].wasReached; }
 double FormulaExplanation::Node::value() const { return contents_->nodes[index_].value; }
 std::map<std::string, double> FormulaExplanation::Node::powers() const {
-  return powersAt(*contents_, contents_->nodes[index_].powers);
+  return powersAt(*contents_.get(), contents_->nodes[index_].powers);
+}
+bool FormulaExplanation::Node::arePowersLeftOut() const {
+  return contents_->nodes[index_].powers == ExplanationContents::omitted;
 }
 std::vector<std::size_t> FormulaExplanation::Node::operands() const {
   std::vector<std::size_t> all;
   for (const std::uint32_t operand : contents_->nodes[index_].operands)
-    if (operand != Contents::none) all.push_back(operand);
+    if (operand != ExplanationContents::none) all.push_back(operand);
   return all;
 }
 
 FormulaExplanation::WarningKind FormulaExplanation::Warning::kind() const {
-  return static_cast<const Contents::WarningData*>(data_)->kind;
+  return contents_->warnings[index_].kind;
 }
-FormulaSpan FormulaExplanation::Warning::span() const {
-  return static_cast<const Contents::WarningData*>(data_)->span;
-}
+FormulaSpan FormulaExplanation::Warning::span() const { return contents_->warnings[index_].span; }
 const std::string& FormulaExplanation::Warning::sentence() const {
-  return static_cast<const Contents::WarningData*>(data_)->sentence;
+  return contents_->warnings[index_].sentence;
 }
 const std::string& FormulaExplanation::Warning::spelling() const {
-  return static_cast<const Contents::WarningData*>(data_)->spelling;
+  return contents_->warnings[index_].spelling;
 }
 
 }  // namespace Units

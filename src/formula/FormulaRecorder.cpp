@@ -24,9 +24,10 @@ namespace {
 
 using Units::FormulaExplanation;
 using Units::FormulaSpan;
-using Contents = FormulaExplanation::Contents;
+using Contents = Units::ExplanationContents;
 
-constexpr std::size_t mostPowers = 16;  // of a node below the root
+constexpr std::size_t mostPowers = 16;    // of a node below the root
+constexpr std::size_t mostUnmerged = 64;  // of a node below the root, before they are merged
 
 FormulaExplanation::NodeKind kindOf(const Expression& node) {
   switch (node.kind()) {
@@ -253,11 +254,15 @@ std::uint32_t Recorder::symbolIndex(const Units::Symbol& symbol) {
 std::uint32_t Recorder::powersIndex(EvaluatedValue& value, std::size_t most) {
   const auto next = static_cast<std::uint32_t>(out_.powers.size());
   if (const UnitPowers* const borrowed = value.borrowedUnits()) {
+    if (borrowed->unmergedSize() > most) return Contents::omitted;
     const auto [found, isNew] = unitPowersIndexes_.emplace(borrowed, next);
     if (isNew) out_.powers.push_back(listOf(*borrowed));
     return found->second;
   }
-  if (value.mostUnits() > most || value.isUnitless()) return Contents::none;
+  // Merging them costs time. Below the root it may only be for a few.
+  if (value.mostUnits() > std::max(most, mostUnmerged)) return Contents::omitted;
+  if (value.isUnitless()) return Contents::none;
+  if (value.mostUnits() > most) return Contents::omitted;
   Contents::PowerList list = listOf(value.units());
   if (next > 0 && areEqual(list, out_.powers.back())) return next - 1;
   out_.powers.push_back(std::move(list));

@@ -24,4 +24,4 @@ enum class FormulaGoal {
 void recordFormula(const std::string& formula, FormulaGoal goal, const Units::Unit* unit,
                    const VariableResolver& resolver, const Units::SymbolTexts& symbols,
                    const Units::UnitMath& unitMath, UnitTermsSource& units,
-                   Units::FormulaExplanation::Contents& out);
+                   Units::ExplanationContents& out);

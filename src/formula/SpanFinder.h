@@ -12,8 +12,7 @@
 class SpanFinder {
  public:
   /// @param texts  the formula alone; grows with each replacement.
-  explicit SpanFinder(std::vector<Units::FormulaExplanation::Contents::TextData>& texts)
-      : texts_(texts) {}
+  explicit SpanFinder(std::vector<Units::ExplanationContents::TextData>& texts) : texts_(texts) {}
 
   /// The span of `length` bytes, at least 1, from a distance on. Distances never grow from call to
   /// call, except into what `replaced` added.
@@ -32,6 +31,6 @@ class SpanFinder {
 
   std::size_t offset(const OpenText& text, std::size_t distance) const;
 
-  std::vector<Units::FormulaExplanation::Contents::TextData>& texts_;
+  std::vector<Units::ExplanationContents::TextData>& texts_;
   std::vector<OpenText> open_ = {{0, 0}};
 };

@@ -140,10 +140,12 @@ std::vector<JSON> JSON::getArray() const {
   return views;
 }
 
-std::map<std::string, int> JSON::getStringIntMap() const {
+std::map<std::string, int> JSON::getStringIntMap(std::size_t* reading) const {
   std::map<std::string, int> map;
   if (!isObject()) return map;
+  std::size_t number = 0;
   for (const auto& member : value_->GetObject()) {
+    if (reading) *reading = number++;
     if (!member.name.IsString())
       raiseError(*errors_,
                  "Expected a map with string keys and integer values, but key was not a string.");
@@ -156,10 +158,12 @@ std::map<std::string, int> JSON::getStringIntMap() const {
   return map;
 }
 
-std::map<std::string, std::string> JSON::getStringStringMap() const {
+std::map<std::string, std::string> JSON::getStringStringMap(std::size_t* reading) const {
   std::map<std::string, std::string> map;
   if (!isObject()) return map;
+  std::size_t number = 0;
   for (const auto& member : value_->GetObject()) {
+    if (reading) *reading = number++;
     if (!member.name.IsString())
       raiseError(*errors_, "Expected a map with string keys and values, but key was not a string.");
     if (!member.value.IsString())

@@ -95,10 +95,11 @@ class JSON {
   /// The members of an object by their whole names; for duplicate names, the last wins. Empty if
   /// this is not an object.
   ///
+  /// @param reading  if not null, set to the number of each member before it is read.
   /// @throws  what the document's factory makes of the message for a value of another type. A
   ///          number with a fraction or an exponent, or beyond 32 bits, is not an integer.
-  std::map<std::string, int> getStringIntMap() const;
-  std::map<std::string, std::string> getStringStringMap() const;
+  std::map<std::string, int> getStringIntMap(std::size_t* reading = nullptr) const;
+  std::map<std::string, std::string> getStringStringMap(std::size_t* reading = nullptr) const;
 
   /// Appends a member to this object, even if one of that name exists. The value is moved in and
   /// left null.

@@ -1,17 +1,17 @@
 #include "json/ParseInPlace.h"
 
-#include "json/LongExponents.h"
+rapidjson::ParseResult asDefaultParse(const rapidjson::ParseResult& result, std::size_t textSize) {
+  // The only difference between the two parsers: the iterative one reports an empty document if the
+  // text begins with one of "]}:,".
+  if (result.Code() == rapidjson::kParseErrorDocumentEmpty && result.Offset() < textSize)
+    return rapidjson::ParseResult(rapidjson::kParseErrorValueInvalid, result.Offset());
+  return result;
+}
 
 rapidjson::ParseResult parseInPlace(RapidDocument& document, std::string& text) {
-  constexpr unsigned flags = rapidjson::kParseIterativeFlag | rapidjson::kParseInsituFlag;
   boundExponents(text);
   rapidjson::InsituStringStream stream(text.data());
   const rapidjson::ParseResult result =
-      document.ParseStream<flags, rapidjson::UTF8<>, rapidjson::InsituStringStream>(stream);
-
-  // The only difference between the two parsers: the iterative one reports an empty document if the
-  // text begins with one of "]}:,".
-  if (result.Code() == rapidjson::kParseErrorDocumentEmpty && result.Offset() < text.size())
-    return rapidjson::ParseResult(rapidjson::kParseErrorValueInvalid, result.Offset());
-  return result;
+      document.ParseStream<parseFlags, rapidjson::UTF8<>, rapidjson::InsituStringStream>(stream);
+  return asDefaultParse(result, text.size());
 }

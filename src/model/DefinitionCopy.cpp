@@ -1,6 +1,6 @@
 #include "model/DefinitionCopy.h"
 
-#include "model/RecordAccess.h"
+#include "model/Parents.h"
 
 #include <TrelvonUnits/Exceptions.h>
 
@@ -14,28 +14,8 @@ namespace Units {
 
 namespace {
 
-std::vector<std::string> parentsOf(const Factor& factor) {
-  std::vector<std::string> parents;
-  const FactorComponent& component = RecordAccess::factorComponent(factor);
-  for (const auto& [parent, exponent] : RecordAccess::parentFactorPowers(component))
-    parents.push_back(parent);
-  return parents;
-}
-
-std::vector<std::string> parentsOf(const Unit& unit) {
-  std::vector<std::string> parents;
-  if (const auto* const absolute = RecordAccess::absolute(unit))
-    parents.push_back(RecordAccess::parentUnit(*absolute));
-  if (const auto* const derived = RecordAccess::derived(unit))
-    for (const auto& [parent, exponent] : RecordAccess::parentUnitPowers(*derived))
-      parents.push_back(parent);
-  return parents;
-}
-
 template <class Record>
-std::vector<std::string> parentsOf(const Record&) {
-  return {};
-}
+void addParents(const Record&, std::vector<std::string>&) {}  // of other kinds: none
 
 /// Passes each record on, behind its parents.
 template <class Record, class Add>
@@ -56,7 +36,9 @@ void addParentsFirst(const std::map<std::string, Record>& records, Add add) {
         path.pop_back();
       } else {
         path.back().second = true;
-        for (const std::string& parent : parentsOf(next)) enter(parent);
+        std::vector<std::string> parents;
+        addParents(next, parents);
+        for (const std::string& parent : parents) enter(parent);
       }
     }
   }
@@ -75,11 +57,17 @@ void addAll(const std::map<std::string, Record>& records, void (UnitsEngine::*ad
 
 }  // namespace
 
-void copyDefinitions(const UnitsEngine& from, UnitsEngine& to) {
+void copyUnits(const UnitsEngine& from, UnitsEngine& to) {
   addAll(from.getDimensions(), &UnitsEngine::addDimension, to);
   addAll(from.getFactors(), &UnitsEngine::addFactor, to);
   addAll(from.getUnits(), &UnitsEngine::addUnit, to);
+}
+
+void copySymbols(const UnitsEngine& from, UnitsEngine& to) {
   addAll(from.getSymbols(), &UnitsEngine::addSymbol, to);
+}
+
+void copyQuantities(const UnitsEngine& from, UnitsEngine& to) {
   addAll(from.getQuantities(), &UnitsEngine::addQuantity, to);
 }
 

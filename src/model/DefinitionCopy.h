@@ -4,8 +4,14 @@
 
 namespace Units {
 
-/// Adds all stored definitions of an engine to another one, through the public operations of both.
-/// What a host-implemented engine lists without its parents, or as its own ancestor, is left out.
-void copyDefinitions(const UnitsEngine& from, UnitsEngine& to);
+/// Add stored definitions of an engine to another one, through the public operations of both. What a
+/// host-implemented engine lists without its parents, or as its own ancestor, is left out.
+
+/// Dimensions, factors and units.
+void copyUnits(const UnitsEngine& from, UnitsEngine& to);
+
+/// Need the units.
+void copySymbols(const UnitsEngine& from, UnitsEngine& to);
+void copyQuantities(const UnitsEngine& from, UnitsEngine& to);
 
 }  // namespace Units

@@ -6,16 +6,16 @@ namespace Units {
 
 namespace {
 
-constexpr std::size_t mostShown = 2000;  // bytes; whole messages are shorter, unless ids are huge
+constexpr std::size_t mostShown = 5000;  // bytes; whole messages are shorter, unless ids are huge
 
-bool isUtf8(char32_t point) { return point < 0x110000; }
-
-/// Also characters that hide text or change its direction.
-bool isControl(char32_t point) {
-  return point < 0x20 || (point >= 0x7F && point < 0xA0) || (point >= 0x200B && point <= 0x200F) ||
+/// Control characters behind ASCII's own, and characters that hide text or change its direction.
+bool isHidden(char32_t point) {
+  return (point >= 0x7F && point < 0xA0) || (point >= 0x200B && point <= 0x200F) ||
          (point >= 0x2028 && point <= 0x202E) || (point >= 0x2066 && point <= 0x2069) ||
          point == 0xFEFF;
 }
+
+bool isPlain(char32_t point) { return point < 0x110000 && !isHidden(point); }
 
 template <class Shows>
 std::string show(std::string_view text, const Shows& shows) {
@@ -50,16 +50,16 @@ std::string_view beginning(std::string_view text) {
 
 std::string shownText(std::string_view text) {
   const std::string_view begun = beginning(text);
-  std::string out = show(begun, [](char32_t point) { return isUtf8(point) && !isControl(point); });
+  std::string out = show(begun, [](char32_t point) { return isPlain(point) && point >= 0x20; });
   return begun.size() < text.size() ? out + "..." : out;
 }
 
 std::string validText(std::string_view text) {
   const std::string_view begun = beginning(text);
-  std::string out = show(begun, isUtf8);
+  std::string out = show(begun, isPlain);
   return begun.size() < text.size() ? out + "..." : out;
 }
 
-std::string wholeText(std::string_view text) { return show(text, isUtf8); }
+std::string wholeText(std::string_view text) { return show(text, isPlain); }
 
 }  // namespace Units

@@ -10,7 +10,7 @@ namespace Units {
 /// beginning, with "..." behind it.
 std::string shownText(std::string_view text);
 
-/// A text of any bytes as UTF-8: bytes that are none are shown as `\xNN`.
+/// The same, but with the control characters of ASCII, for formats that escape them, such as JSON.
 std::string validText(std::string_view text);
 
 /// The same for whole texts, however long.

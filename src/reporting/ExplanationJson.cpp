@@ -66,7 +66,7 @@ JSON Writer::node(const FormulaExplanation::Node& node) {
                            Member("reached", JSON(node.wasReached())));
   if (node.wasReached()) {
     made.setMember(json_.root, "value", number(node.value()));
-    made.setMember(json_.root, "powers", powers(node.powers()));
+    if (!node.arePowersLeftOut()) made.setMember(json_.root, "powers", powers(node.powers()));
   }
   return made;
 }

@@ -1,37 +1,52 @@
 #include "schema/ConstantReaders.h"
 
+#include "registry/RecordChecks.h"
+
 namespace Units {
 
-double readNumber(const JSON& value) {
+namespace {
+
+std::size_t* memberOf(ReadingTrace* trace) { return trace ? &trace->member : nullptr; }
+
+void endMembers(ReadingTrace* trace) {
+  if (trace) trace->member = ReadingTrace::noMember;
+}
+
+}  // namespace
+
+double readNumber(const JSON& value, ReadingTrace*) {
   if (!value.isNumber()) throw ValidationException("Expected a number.");
   return value.getNumber();
 }
 
-bool readBoolean(const JSON& value) {
+bool readBoolean(const JSON& value, ReadingTrace*) {
   if (!value.isBool()) throw ValidationException("Expected a Boolean value.");
   return value.getBool();
 }
 
-std::string readString(const JSON& value) {
+std::string readString(const JSON& value, ReadingTrace*) {
   if (!value.isString()) throw ValidationException("Expected a string.");
   return value.getString();
 }
 
-std::string readNonEmptyString(const JSON& value) {
+std::string readNonEmptyString(const JSON& value, ReadingTrace*) {
   std::string text = readString(value);
   if (text.empty()) throw ValidationException("Expected a non-empty string.");
   return text;
 }
 
-std::map<std::string, int> readIntegerMap(const JSON& value) {
+std::map<std::string, int> readIntegerMap(const JSON& value, ReadingTrace* trace) {
   if (!value.isObject())
     throw ValidationException("Expected a map with string keys and integer values.");
-  return value.getStringIntMap();
+  auto map = value.getStringIntMap(memberOf(trace));
+  endMembers(trace);
+  return map;
 }
 
-std::string readTypedValue(const JSON& value) {
+std::string readTypedValue(const JSON& value, ReadingTrace* trace) {
   if (!value.isObject()) throw ValidationException("A typedValue must be an object.");
-  const std::map<std::string, std::string> members = value.getStringStringMap();
+  const std::map<std::string, std::string> members = value.getStringStringMap(memberOf(trace));
+  endMembers(trace);
   if (members.size() != 1)
     throw ValidationException(
         "A typedValue object may not be empty and must contain a typeid attribute only.");
@@ -43,11 +58,27 @@ std::string readTypedValue(const JSON& value) {
   return typeId;
 }
 
-std::vector<std::string> readTypedValueArray(const JSON& value) {
+std::vector<std::string> readTypedValueArray(const JSON& value, ReadingTrace* trace) {
   if (!value.isArray()) throw ValidationException("Expected an array of typedValue objects.");
   std::vector<std::string> typeIds;
-  for (const JSON& element : value.getArray()) typeIds.push_back(readTypedValue(element));
+  const std::size_t depth = trace ? trace->depth() : 0;
+  for (const JSON& element : value.getArray()) {
+    if (trace) trace->note(depth, {ReadingStep::element(typeIds.size())});
+    typeIds.push_back(readTypedValue(element, trace));
+  }
   return typeIds;
+}
+
+void checkParents(const SchemaHeader& header, std::string_view id,
+                  const std::map<std::string, int>& parents) {
+  if (header.trace) {
+    std::string_view parent;
+    for (auto next = parents.begin(); next != parents.end() && parent.empty(); ++next)
+      if (next->second == 0) parent = next->first;
+    note(header.trace, ReadingStep::member("constants"), ReadingStep::property(id),
+         ReadingStep::value(), ReadingStep::lastMember(parent));
+  }
+  checkExponents(parents);
 }
 
 }  // namespace Units

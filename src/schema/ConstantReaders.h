@@ -14,31 +14,46 @@
 /// Read the constants of a kind from a schema header. All errors are ValidationExceptions.
 namespace Units {
 
+/// Notes that the value of a constant is read.
+inline void noteConstant(const SchemaHeader& header, std::string_view id) {
+  note(header.trace, ReadingStep::member("constants"), ReadingStep::property(id),
+       ReadingStep::value());
+}
+
 /// Reads a constant with a handler. Constants that are never read are ignored.
 ///
 /// @param fallback  the default; empty if the schema must define the constant.
 /// @param handler   checks and converts the JSON value; one of the functions below.
 template <class T>
 T readConstant(const SchemaHeader& header, std::string_view id, std::optional<T> fallback,
-               T (*handler)(const JSON&)) {
+               T (*handler)(const JSON&, ReadingTrace*)) {
   const auto constant = header.constants.find(id);
-  if (constant != header.constants.end()) return handler(constant->second);
+  if (constant != header.constants.end()) {
+    noteConstant(header, id);
+    return handler(constant->second, header.trace);
+  }
+  note(header.trace, ReadingStep::member("constants"));
   if (!fallback)
     throw ValidationException("Schema " + header.typeId + " has an undefined " + std::string(id) +
                               " constant.");
   return *std::move(fallback);
 }
 
-double readNumber(const JSON& value);
-bool readBoolean(const JSON& value);
-std::string readString(const JSON& value);  ///< May be empty.
-std::string readNonEmptyString(const JSON& value);
-std::map<std::string, int> readIntegerMap(const JSON& value);
+/// The handlers. `trace` may be null; the value that it was given last is the one to read.
+double readNumber(const JSON& value, ReadingTrace* trace = nullptr);
+bool readBoolean(const JSON& value, ReadingTrace* trace = nullptr);
+std::string readString(const JSON& value, ReadingTrace* trace = nullptr);  ///< May be empty.
+std::string readNonEmptyString(const JSON& value, ReadingTrace* trace = nullptr);
+std::map<std::string, int> readIntegerMap(const JSON& value, ReadingTrace* trace = nullptr);
 
 /// The type id in an object {"typeid": "..."} that has no other member.
-std::string readTypedValue(const JSON& value);
+std::string readTypedValue(const JSON& value, ReadingTrace* trace = nullptr);
 
 /// The type ids in an array of such objects, in order, with duplicates.
-std::vector<std::string> readTypedValueArray(const JSON& value);
+std::vector<std::string> readTypedValueArray(const JSON& value, ReadingTrace* trace = nullptr);
+
+/// Checks the exponents of a map of parents that has been read from a constant: none is 0.
+void checkParents(const SchemaHeader& header, std::string_view id,
+                  const std::map<std::string, int>& parents);
 
 }  // namespace Units

@@ -4,11 +4,7 @@
 #include "registry/Commit.h"
 #include "registry/RecordChecks.h"
 #include "schema/BuildDefinitions.h"
-#include "schema/DimensionSchema.h"
-#include "schema/FactorSchema.h"
-#include "schema/QuantitySchema.h"
-#include "schema/SymbolSchema.h"
-#include "schema/UnitSchema.h"
+#include "schema/ReadKind.h"
 #include "schema/ValidationExceptionFactory.h"
 
 #include <TrelvonUnits/Exceptions.h>
@@ -40,6 +36,38 @@ std::set<std::string> storePending(const std::string& typeId, SchemaData&& data,
   return dependencies;
 }
 
+/// Takes the data of any kind.
+struct PendingStore {
+  const std::string& typeId;
+  Registries& registries;
+
+  std::set<std::string> operator()(Dimension&& data) const {
+    return store(std::move(data), {}, registries.dimensions);
+  }
+  std::set<std::string> operator()(FactorSchemaData&& data) const {
+    auto dependencies = factorSchemaDependencies(data);
+    return store(std::move(data), std::move(dependencies), registries.factors);
+  }
+  std::set<std::string> operator()(UnitSchemaData&& data) const {
+    auto dependencies = unitSchemaDependencies(data);
+    return store(std::move(data), std::move(dependencies), registries.units);
+  }
+  std::set<std::string> operator()(SymbolSchemaData&& data) const {
+    auto dependencies = symbolSchemaDependencies(data);
+    return store(std::move(data), std::move(dependencies), registries.symbols);
+  }
+  std::set<std::string> operator()(QuantitySchemaData&& data) const {
+    auto dependencies = quantitySchemaDependencies(data);
+    return store(std::move(data), std::move(dependencies), registries.quantities);
+  }
+
+  template <class SchemaData, class Kind>
+  std::set<std::string> store(SchemaData&& data, std::set<std::string> dependencies,
+                              Kind& kind) const {
+    return storePending(typeId, std::move(data), std::move(dependencies), kind, registries);
+  }
+};
+
 /// Drops the batch of a build, whether the build succeeds or fails.
 struct BatchDropper {
   Registries& registries;
@@ -65,29 +93,7 @@ std::set<std::string> addDefinition(const std::string& text, Registries& registr
       readSchemaHeader(std::make_shared<ValidationExceptionFactory>(), text);
   const std::string& typeId = header.typeId;
   checkTypeId(typeId, registries);
-  if (auto data = readDimensionSchema(header))
-    return storePending(typeId, *std::move(data), {}, registries.dimensions, registries);
-  if (auto data = readFactorSchema(header)) {
-    auto dependencies = factorSchemaDependencies(*data);
-    return storePending(typeId, *std::move(data), std::move(dependencies), registries.factors,
-                        registries);
-  }
-  if (auto data = readUnitSchema(header)) {
-    auto dependencies = unitSchemaDependencies(*data);
-    return storePending(typeId, *std::move(data), std::move(dependencies), registries.units,
-                        registries);
-  }
-  if (auto data = readSymbolSchema(header)) {
-    auto dependencies = symbolSchemaDependencies(*data);
-    return storePending(typeId, *std::move(data), std::move(dependencies), registries.symbols,
-                        registries);
-  }
-  if (auto data = readQuantitySchema(header)) {
-    auto dependencies = quantitySchemaDependencies(*data);
-    return storePending(typeId, *std::move(data), std::move(dependencies), registries.quantities,
-                        registries);
-  }
-  throw ValidationException("Inheritance from an unrecognized base schema.");
+  return readKind(header, PendingStore{typeId, registries});
 }
 
 void buildSchemas(Registries& registries) {

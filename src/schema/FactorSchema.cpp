@@ -1,7 +1,6 @@
 #include "schema/FactorSchema.h"
 
 #include "model/RecordAccess.h"
-#include "registry/RecordChecks.h"
 #include "schema/ConstantReaders.h"
 #include "schema/SchemaWriter.h"
 
@@ -25,7 +24,7 @@ std::optional<FactorSchemaData> readFactorSchema(const SchemaHeader& header) {
   if (!isOfKind(header, derivedWord)) return std::nullopt;
   const double factor = readConstant<double>(header, "factor", 1.0, readNumber);
   auto parentFactors = readConstant<Powers>(header, "parentFactors", Powers(), readIntegerMap);
-  checkExponents(parentFactors);
+  checkParents(header, "parentFactors", parentFactors);
   return DerivedFactorSchemaData{factor, std::move(parentFactors)};
 }
 

@@ -7,11 +7,16 @@ namespace Units {
 
 namespace {
 
-/// The elements of an array of non-empty strings.
-std::vector<std::string> readNonEmptyStringArray(const JSON& value, ExceptionFactory& factory) {
+using Step = ReadingStep;
+
+/// The elements of the array of non-empty strings that is the document's member `name`.
+std::vector<std::string> readNonEmptyStringArray(const JSON& document, ExceptionFactory& factory,
+                                                 const std::string& name, ReadingTrace* trace) {
+  const JSON value = document.getMember(name);
   if (!value.isArray()) raiseError(factory, "Expected an array.");
   std::vector<std::string> texts;
   for (const JSON& element : value.getArray()) {
+    note(trace, Step::member(name), Step::element(texts.size()));
     if (!element.isString()) raiseError(factory, "Expected an array of strings.");
     texts.push_back(element.getString());
     if (texts.back().empty()) raiseError(factory, "Expected an array of non-empty strings.");
@@ -20,10 +25,12 @@ std::vector<std::string> readNonEmptyStringArray(const JSON& value, ExceptionFac
 }
 
 /// A view of the id of a property object, which may be empty.
-std::string_view readPropertyId(const JSON& property, ExceptionFactory& factory) {
+std::string_view readPropertyId(const JSON& property, ExceptionFactory& factory,
+                                ReadingTrace* trace) {
   if (!property.isObject()) raiseError(factory, "Expected an object describing a property.");
   if (!property.hasMember("id"))
     raiseError(factory, "A property definition must have an id attribute.");
+  if (trace) trace->note(trace->depth(), {Step::member("id")});
   const JSON id = property.getMember("id");
   if (!id.isString()) raiseError(factory, "A property's id attribute must be a string.");
   return id.getStringView();
@@ -32,13 +39,16 @@ std::string_view readPropertyId(const JSON& property, ExceptionFactory& factory)
 /// The property objects, by id, in the array that is the document's member `name`. Empty if there
 /// is no such member.
 Properties readPropertyArray(const JSON& document, ExceptionFactory& factory,
-                             const std::string& name) {
+                             const std::string& name, ReadingTrace* trace) {
   Properties properties;
   if (!document.hasMember(name)) return properties;
+  note(trace, Step::member(name));
   const JSON array = document.getMember(name);
   if (!array.isArray()) raiseError(factory, "Expected schema " + name + " to be an array.");
+  std::size_t number = 0;
   for (JSON& property : array.getArray()) {
-    const std::string_view id = readPropertyId(property, factory);
+    note(trace, Step::member(name), Step::element(number++));
+    const std::string_view id = readPropertyId(property, factory, trace);
     if (!properties.try_emplace(id, std::move(property)).second)
       raiseError(factory,
                  "Item " + std::string(id) + " in " + name + " array must be defined only once.");
@@ -54,7 +64,8 @@ JSON resolvePropertyValue(const JSON& property, ExceptionFactory& factory) {
   return property.getMember("typedValue");
 }
 
-std::string readTypeId(const JSON& document, ExceptionFactory& factory) {
+std::string readTypeId(const JSON& document, ExceptionFactory& factory, ReadingTrace* trace) {
+  note(trace, Step::member("typeid"));
   const JSON typeId = document.getMember("typeid");
   if (!typeId.isString()) raiseError(factory, "Schema must specify a typeid string.");
   std::string text = typeId.getString();
@@ -62,10 +73,12 @@ std::string readTypeId(const JSON& document, ExceptionFactory& factory) {
   return text;
 }
 
-std::string readBaseTypeId(const JSON& document, ExceptionFactory& factory) {
+std::string readBaseTypeId(const JSON& document, ExceptionFactory& factory, ReadingTrace* trace) {
+  note(trace, Step::member("inherits"));
   if (!document.hasMember("inherits"))
     raiseError(factory, "Schema must specify an inheritance array.");
-  std::vector<std::string> bases = readNonEmptyStringArray(document.getMember("inherits"), factory);
+  std::vector<std::string> bases = readNonEmptyStringArray(document, factory, "inherits", trace);
+  note(trace, Step::member("inherits"));
   if (bases.size() != 1)
     raiseError(factory, "Inheritance clause must specify exactly one base schema.");
   return std::move(bases.front());
@@ -73,16 +86,20 @@ std::string readBaseTypeId(const JSON& document, ExceptionFactory& factory) {
 
 }  // namespace
 
-SchemaHeader readSchemaHeader(std::shared_ptr<ExceptionFactory> factory, const std::string& text) {
+SchemaHeader readSchemaHeader(std::shared_ptr<ExceptionFactory> factory, const std::string& text,
+                              ReadingTrace* trace) {
   JSON document = JSON::parse(factory, text);
-  std::string typeId = readTypeId(document, *factory);
-  std::string baseTypeId = readBaseTypeId(document, *factory);
+  std::string typeId = readTypeId(document, *factory, trace);
+  std::string baseTypeId = readBaseTypeId(document, *factory, trace);
   // All errors in the constants come before any error in the properties.
-  Properties constants = readPropertyArray(document, *factory, "constants");
-  for (auto& [id, constant] : constants) constant = resolvePropertyValue(constant, *factory);
-  Properties properties = readPropertyArray(document, *factory, "properties");
-  return {std::move(typeId), std::move(baseTypeId), std::move(constants), std::move(properties),
-          std::move(document)};
+  Properties constants = readPropertyArray(document, *factory, "constants", trace);
+  for (auto& [id, constant] : constants) {
+    note(trace, Step::member("constants"), Step::property(id));
+    constant = resolvePropertyValue(constant, *factory);
+  }
+  Properties properties = readPropertyArray(document, *factory, "properties", trace);
+  return {std::move(typeId),     std::move(baseTypeId), std::move(constants),
+          std::move(properties), std::move(document),   trace};
 }
 
 bool isOfKind(const SchemaHeader& header, std::string_view kindWord) {

@@ -2,6 +2,7 @@
 
 #include "json/ExceptionFactory.h"
 #include "json/JSON.h"
+#include "schema/ReadingTrace.h"
 
 #include <map>
 #include <memory>
@@ -26,11 +27,13 @@ struct SchemaHeader {
   Properties constants;    // the value, or else the typed value
   Properties properties;   // the whole property object
   JSON document;           // owns the text and values of both
+  ReadingTrace* trace;     // may be null; the readers of the kinds note in it, too
 };
 
 /// Reads a schema text up to its first NUL.
 /// @throws  the exception that `factory` creates for the first error.
-SchemaHeader readSchemaHeader(std::shared_ptr<ExceptionFactory> factory, const std::string& text);
+SchemaHeader readSchemaHeader(std::shared_ptr<ExceptionFactory> factory, const std::string& text,
+                              ReadingTrace* trace = nullptr);
 
 /// Whether a schema's base is that of a kind: its type id contains ":" + kindWord + "-1.". What
 /// precedes this and which minor version follows does not matter.

@@ -32,6 +32,7 @@ std::optional<PrefixOrSuffix> makePrefixOrSuffix(const SymbolSchemaData& data) {
 std::optional<SymbolSchemaData> readSymbolSchema(const SchemaHeader& header) {
   if (isOfKind(header, compositeWord)) {
     SymbolSchemaData data{readUnit(header), std::nullopt};
+    note(header.trace, ReadingStep::member("typeid"));
     checkSpecialSymbol(header.typeId);
     return data;
   }

@@ -1,7 +1,6 @@
 #include "schema/UnitSchema.h"
 
 #include "model/RecordAccess.h"
-#include "registry/RecordChecks.h"
 #include "schema/ConstantReaders.h"
 #include "schema/FactorSchema.h"
 #include "schema/FindDependency.h"
@@ -33,11 +32,12 @@ UnitSchemaData readDerived(const SchemaHeader& header, std::string name, System 
   const double factor = readConstant<double>(header, "factor", 1.0, readNumber);
   auto parentFactors = readConstant<Powers>(header, "parentFactors", Powers(), readIntegerMap);
   auto parentUnits = readConstant<Powers>(header, "parentUnits", std::nullopt, readIntegerMap);
+  noteConstant(header, "parentUnits");
   if (parentUnits.empty())
     throw ValidationException("Derived unit " + header.typeId +
                               " must specify at least one parent unit.");
-  checkExponents(parentUnits);
-  checkExponents(parentFactors);
+  checkParents(header, "parentUnits", parentUnits);
+  checkParents(header, "parentFactors", parentFactors);
   return DerivedUnitSchemaData{std::move(name), unitSystem, factor, std::move(parentFactors),
                                std::move(parentUnits)};
 }

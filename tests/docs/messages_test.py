@@ -11,7 +11,7 @@ import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 TOKEN = re.compile(r"""(//|\#)[^\n]*|'(?:\\.|[^'\\])+'|"((?:\\.|[^"\\])*)"|[;{},/]|[^\s'"\#;{},/]+""")
-SAY_MORE = ("ExplainFormula", "FormulaSentences", "FormulaWarnings", "ValueKinds")  # and throw nothing
+SAY_MORE = ("ExplainFormula", "FormulaSentences", "FormulaWarnings", "NearFormulas", "ValueKinds")
 VARIES = r"(?:<[^>]*>|[^ ]+)"  # a placeholder, or one word where the page is more exact
 
 

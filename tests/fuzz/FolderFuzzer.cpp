@@ -1,10 +1,15 @@
 /// Folders of any files, made on disk: exactly the schema files below subfolders are read, each up
-/// to its first NUL, and an engine survives what they hold.
+/// to its first NUL, and an engine survives what they hold. The loader that reports says what an
+/// engine says, and loads what can be built.
+#include "model/CodePoints.h"
 #include "tests/fuzz/Fuzzer.h"
 #include "tests/support/FolderTree.h"
 #include "tests/support/HostEngine.h"
 #include "tests/support/RandomDefinitions.h"
 
+#include <fstream>
+#include <iterator>
+#include <map>
 #include <memory>
 #include <set>
 
@@ -31,6 +36,76 @@ std::multiset<std::string> fill(const FolderTree& tree, Random& random) {
   return expected;
 }
 
+std::string textOf(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+  return bytes.substr(0, bytes.find('\0'));
+}
+
+/// Valid UTF-8, and in lines for people nothing that moves a terminal.
+void checkOutput(const Schemas::SchemaReport& report) {
+  const std::string text = report.toText();
+  for (const std::string& output : {text, report.toJson(), report.toSarif()})
+    for (std::string_view rest = output; !rest.empty();) {
+      const auto [number, bytes] = Units::firstCodePoint(rest);
+      check(number < 0x110000 && (number >= ' ' || (number == '\n' && output == text)), output);
+      rest.remove_prefix(bytes);
+    }
+}
+
+/// What the engine says of a file, or nothing.
+std::string errorOf(const Schemas::SchemaReport& report, const std::string& file) {
+  std::string error;
+  for (const Schemas::Finding& finding : report.getFindings()) {
+    if (finding.getFile() != file || finding.getSeverity() != Schemas::Severity::Error) continue;
+    check(error.empty(), "a second error of ", file);
+    error = "ValidationException: " + finding.getSentence();
+  }
+  return error;
+}
+
+/// The definitions of all ids that are stored, or why there is none.
+std::map<std::string, std::string> definitionsOf(const Units::UnitsEngine& engine) {
+  std::map<std::string, std::string> all;
+  const auto add = [&](const auto& records) {
+    for (const auto& [id, record] : records)
+      all[id] = validated([&, id = id] { return engine.getDefinition(id); });
+  };
+  add(engine.getDimensions()), add(engine.getFactors()), add(engine.getUnits());
+  add(engine.getSymbols()), add(engine.getQuantities());
+  return all;
+}
+
+void checkReport(const std::string& folder, const Units::UnitsEngine& silent, bool isLoaded) {
+  using Schemas::FileFate;
+  const std::unique_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());
+  const auto report = Schemas::loadFolders({folder}, *engine, {true, true, true, {}});
+  checkOutput(report);
+  const std::unique_ptr<Units::UnitsEngine> asked(Units::CreateUnitsEngine());
+  const std::unique_ptr<Units::UnitsEngine> kept(Units::CreateUnitsEngine());
+  for (const Schemas::FileReport& file : report.getFiles()) {
+    const FileFate fate = file.getFate();
+    if (fate != FileFate::Loaded && fate != FileFate::LeftOut && fate != FileFate::Refused)
+      continue;
+    const std::string text = textOf(file.getPath());
+    const std::string said = validated([&] { asked->addDefinition(text); });
+    checkEqual(said, fate == FileFate::Refused ? errorOf(report, file.getPath()) : "", text);
+    if (fate == FileFate::Loaded) kept->addDefinition(text);
+  }
+  const bool builds = validated([&] { asked->buildSchemas(); }).empty();
+  check(builds == (report.getFileCount(FileFate::LeftOut) == 0), report.toText());
+  kept->buildSchemas();
+  check(definitionsOf(*kept) == definitionsOf(*engine), report.toText());
+  if (isLoaded && report.getErrorCount() == 0)
+    check(definitionsOf(silent) == definitionsOf(*engine), report.toText());
+
+  const std::unique_ptr<Units::UnitsEngine> whole(Units::CreateUnitsEngine());
+  const auto all = Schemas::loadFolders({folder}, *whole, {});
+  check(all.getErrorCount() == 0 ? definitionsOf(*whole) == definitionsOf(*engine)
+                                 : definitionsOf(*whole).empty(),
+        all.toText());
+}
+
 }  // namespace
 
 void fuzz(Random& random) {
@@ -41,7 +116,12 @@ void fuzz(Random& random) {
   const std::multiset<std::string> texts(recording.texts.begin(), recording.texts.end());
   check(texts == expected && recording.builds == 1, texts.size(), " texts");
   const std::unique_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());
-  validated([&] { Schemas::SchemaUtility::addDefinitionsFromFolder(tree.path(), *engine); });
+  bool isLoaded = false;
+  validated([&] {
+    Schemas::SchemaUtility::addDefinitionsFromFolder(tree.path(), *engine);
+    isLoaded = true;
+  });
+  checkReport(tree.path(), *engine, isLoaded);
   for (const auto& [typeId, unit] : engine->getUnits())
     check(engine->canConvert(typeId, typeId), typeId);
 }

@@ -3,6 +3,7 @@
 #include "json/JSON.h"
 #include "json/ParseInPlace.h"
 #include "json/RapidJson.h"
+#include "json/TextPlaces.h"
 #include "tests/fuzz/Fuzzer.h"
 #include "tests/unit/json/TextExceptions.h"
 
@@ -89,6 +90,34 @@ void checkWriting(const std::string& text) {
   checkEqual(jsonShape(parse(written).toString()), jsonShape(written), text);
 }
 
+bool isOfKind(const JSON& json, TextPlaces::Kind kind) {
+  using Kind = TextPlaces::Kind;
+  return kind == Kind::Object   ? json.isObject()
+         : kind == Kind::Array  ? json.isArray()
+         : kind == Kind::String ? json.isString()
+         : kind == Kind::Number ? json.isNumber()
+                                : !json.isNumber();
+}
+
+/// The same fault; and each value lies where it is read alone.
+void checkPlaces(const std::string& text) {
+  const TextPlaces places(text);
+  const auto& fault = places.fault();
+  const std::string said =
+      fault ? "JSON parsing error at offset " + std::to_string(fault->offset) + ": " + fault->reason
+            : "";
+  checkEqual(said, refusal([&] { parse(text); }), text);
+  for (std::size_t number = 0; number < places.size(); ++number) {
+    const auto& value = places.value(number);
+    check(value.begin < value.end && value.end <= text.size(), text);
+    if (fault) continue;  // objects and arrays may have no end
+    const JSON read = parse(text.substr(value.begin, value.end - value.begin));
+    check(isOfKind(read, value.kind), text);
+    if (read.isString())
+      check(read.getString() == value.text.substr(0, value.text.find('\0')), text);
+  }
+}
+
 void checkDouble(double number) {
   if (!std::isfinite(number)) return;
   check(areSame(std::strtod(JSON(number).toString().c_str(), nullptr), number), number);
@@ -102,4 +131,5 @@ void fuzz(Random& random) {
   const std::string text = isOfPieces ? random.text(pieces, 12) : random.rest();
   checkReading(text.substr(0, text.find('\0')));
   checkWriting(text);
+  checkPlaces(text);
 }

@@ -87,6 +87,14 @@ class Tool(unittest.TestCase):
             os.close(ours)
             os.close(terminal)
 
+    def test_a_watched_folder_is_reported_on_each_save(self):
+        command = [PROGRAM, "lint", "FOLDER", "--watch", "--errors-only"]
+        with subprocess.Popen(command, cwd=self.folder, stdout=subprocess.PIPE) as watching:
+            self.assertTrue(watching.stdout.readline().startswith(b"0 errors"))
+            pathlib.Path(self.folder, "FOLDER/units/a.json").write_text("{")
+            self.assertIn(b"a.json:1:2: error: ", watching.stdout.readline())
+            watching.kill()
+
     def test_a_program_without_its_catalog_says_where_it_looked(self):
         alone = shutil.copy(PROGRAM, self.folder)
         done = subprocess.run([alone, "convert", "5", "ft", "in"], capture_output=True, check=False)

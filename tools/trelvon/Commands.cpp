@@ -162,6 +162,30 @@ Command showCommand() {
   return command;
 }
 
+Command lintCommand() {
+  Command command = {"lint", "FOLDER...", 1, anyNumber};
+  command.summary = "Says what is wrong in definitions, where, and what would be right";
+  command.details =
+      "The folders are loaded after the catalog, without which --only does. The status is 1 if "
+      "there "
+      "is any finding.";
+  command.options = {
+      oneOf({"format", "FORMAT", "text (the default), json or sarif"}, {"text", "json", "sarif"}),
+      flag("errors-only", "no lints, only what keeps definitions from being loaded"),
+      repeatable({"variable", "NAME",
+                  "a name that users give to variables, for symbols hide them; "
+                  "without any, a list of usual names"}),
+      flag("watch", "report again on each save, until the program is ended")};
+  command.examples = {
+      {"trelvon lint my-units --errors-only", "0 errors, 0 warnings; 2 files, 2 loaded"},
+      {"trelvon lint my-units",
+       "my-units/units/smoot.json:3:13: warning: No quantity lists the unit. [unlisted-unit]\n"
+       "  Add it to the quantity that it measures.\n"
+       "0 errors, 1 warning; 2 files, 2 loaded\n[1]"}};
+  command.run = runLint;
+  return command;
+}
+
 Command newCommand() {
   Command command = {"new", "unit|quantity|symbol|factor|dimension NAME", 2, 2};
   command.summary = "Writes a definition";
@@ -233,9 +257,10 @@ Command diffCommand() {
 }  // namespace
 
 const std::vector<Command>& commands() {
-  static const std::vector<Command> all = {
-      convertCommand(), evalCommand(), explainCommand(), formatCommand(), listCommand(),
-      showCommand(),    newCommand(),  namesCommand(),   bundleCommand(), diffCommand()};
+  static const std::vector<Command> all = {convertCommand(), evalCommand(), explainCommand(),
+                                           formatCommand(),  listCommand(), showCommand(),
+                                           newCommand(),     lintCommand(), namesCommand(),
+                                           bundleCommand(),  diffCommand()};
   return all;
 }
 

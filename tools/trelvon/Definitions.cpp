@@ -4,8 +4,8 @@
 #include "tools/trelvon/Files.h"
 #include "tools/trelvon/ShownText.h"
 
-#include <TrelvonUnits/Exceptions.h>
 #include <TrelvonUnits/SchemaBundle.h>
+#include <TrelvonUnits/SchemaReport.h>
 
 #include <exception>
 #include <filesystem>
@@ -52,26 +52,22 @@ void Definitions::loadCatalog() {
   }
 }
 
-/// Adds file by file, to report each that is refused.
+/// Loads what can be loaded of a folder, and reports the rest.
 void Definitions::loadFolder(const std::string& folder) {
-  const auto fault = [this](const std::string& path, const std::exception& error) {
-    const std::string sentence = shown(path) + ": " + shown(error.what());
+  std::error_code unknown;
+  if (!fs::is_directory(folder, unknown))
+    throw Failure(Status::Files, inQuotes(folder) + " is no folder");
+  Schemas::ReportOptions options;
+  options.lint = false;
+  options.leaveOutWhatCannotBuild = !isStrict_;
+  const Schemas::SchemaReport report = Schemas::loadFolders({folder}, *engine_, options);
+  for (const Schemas::Finding& finding : report.getFindings()) {
+    const Schemas::TextPosition begin = finding.getBegin();
+    const std::string sentence = shown(finding.getFile()) + ':' + std::to_string(begin.line) + ':' +
+                                 std::to_string(begin.columnPoint) + ": " +
+                                 shown(finding.getSentence());
     if (isStrict_) throw Failure(Status::Files, sentence);
     report_(sentence);
-  };
-  for (const std::string& path : schemaFiles(folder)) {
-    try {
-      engine_->addDefinition(readFile(path));
-    } catch (const Units::ValidationException& error) {
-      fault(path, error);
-    } catch (const Failure& error) {
-      fault(path, error);
-    }
-  }
-  try {
-    engine_->buildSchemas();
-  } catch (const Units::ValidationException& error) {
-    fault(folder, error);
   }
 }
 

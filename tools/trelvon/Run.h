@@ -13,6 +13,7 @@ Status runExplain(Context& context);
 Status runFormat(Context& context);
 Status runList(Context& context);
 Status runShow(Context& context);
+Status runLint(Context& context);
 Status runNew(Context& context);
 Status runNames(Context& context);
 Status runBundle(Context& context);

@@ -1,0 +1,213 @@
+#pragma once
+
+#include <TrelvonUnits/Export.h>
+#include <TrelvonUnits/Shared.h>
+#include <TrelvonUnits/UnitsEngine.h>
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Loaders that report: what is wrong in schema files, where, and what would be right.
+///
+/// `SchemaUtility` passes over files that are no definitions, without a word. The functions here
+/// load by the same rules, but answer for every file. docs/reports.md lists all findings.
+///
+/// Texts are given as they were found: an id in a sentence may hold any bytes. Only what `toText`,
+/// `toJson` and `toSarif` return is UTF-8 whatever came in: a byte that is none is shown as `\xNN`.
+namespace Schemas {
+
+enum class Severity {
+  Error,    ///< The engine refuses a text, or cannot build a definition, or a file cannot be read.
+  Warning,  ///< A lint: it loads, and is regretted later.
+};
+
+/// What became of a file.
+enum class FileFate {
+  Loaded,      ///< The engine has its definition.
+  Sound,       ///< It could be loaded, but was not: there are errors elsewhere, or nothing loads.
+  LeftOut,     ///< It can be read, but not built. `FileReport::getReason` says why.
+  Refused,     ///< It is no definition, or its type id is taken.
+  Unreadable,  ///< It cannot be opened, or not be read to its end.
+  PassedOver,  ///< Loaders do not read a file of this name or at this place.
+  NotReached,  ///< The report ended before it. See `ReportOptions::keepGoing`.
+};
+
+/// A place in a text. Lines end in a line feed; lines and columns count from 1.
+struct TextPosition {
+  std::size_t offset = 0;  ///< In bytes, from the start of the text.
+  std::size_t line = 1;
+  std::size_t column = 1;       ///< In bytes.
+  std::size_t columnPoint = 1;  ///< In code points. A byte that is no UTF-8 counts as one.
+};
+
+/// A place that a finding has to do with, such as the other file that claims a type id.
+class TRELVONUNITS_API RelatedPlace {
+ public:
+  RelatedPlace(const RelatedPlace& other) noexcept;
+  ~RelatedPlace();
+  RelatedPlace& operator=(const RelatedPlace&) = delete;
+
+  std::string getFile() const;  ///< As `FileReport::getPath`.
+  TextPosition getBegin() const;
+  TextPosition getEnd() const;      ///< Behind the last byte.
+  std::string getSentence() const;  ///< What is there: "is claimed here first".
+
+ private:
+  friend class ReportMaker;
+
+  struct Contents;
+  explicit RelatedPlace(const Contents* contents) noexcept;
+  const Units::Shared<Contents> contents_;
+};
+
+/// One fault or lint. Copies share their contents.
+class TRELVONUNITS_API Finding {
+ public:
+  Finding(const Finding& other) noexcept;
+  ~Finding();
+  Finding& operator=(const Finding&) = delete;
+
+  Severity getSeverity() const;
+
+  /// Tells the kind of finding and stays the same in all versions: "missing-reference".
+  std::string getId() const;
+
+  std::string getFile() const;  ///< As `FileReport::getPath`; empty if no file is to blame.
+
+  /// Where in the file. Both are the beginning of the file if the finding is about all of it.
+  TextPosition getBegin() const;
+  TextPosition getEnd() const;  ///< Behind the last byte.
+
+  /// What is wrong. Of an error that an engine finds this is the engine's message, to the letter.
+  std::string getSentence() const;
+
+  /// What would be right; may be empty.
+  std::string getAdvice() const;
+
+  /// Of a circle: the definitions in order, from the one where the finding is back to it.
+  std::vector<RelatedPlace> getRelatedPlaces() const;
+
+ private:
+  friend class ReportMaker;
+
+  struct Contents;
+  explicit Finding(const Contents* contents) noexcept;
+  const Units::Shared<Contents> contents_;
+};
+
+/// What became of one file. Copies share their contents.
+class TRELVONUNITS_API FileReport {
+ public:
+  FileReport(const FileReport& other) noexcept;
+  ~FileReport();
+  FileReport& operator=(const FileReport&) = delete;
+
+  std::string getPath() const;  ///< With the folder as it was given; or a text's shown name.
+  FileFate getFate() const;
+  std::string getTypeId() const;  ///< Of its definition; empty if it has none.
+
+  /// Why it is left out: "needs example.unit:a-1.0.0, which is left out"; else empty.
+  std::string getReason() const;
+
+ private:
+  friend class ReportMaker;
+
+  struct Contents;
+  explicit FileReport(const Contents* contents) noexcept;
+  const Units::Shared<Contents> contents_;
+};
+
+/// What was found in some folders or in a text. Copies share their contents, which never change.
+class TRELVONUNITS_API SchemaReport {
+ public:
+  SchemaReport(const SchemaReport& other) noexcept;
+  ~SchemaReport();
+  SchemaReport& operator=(const SchemaReport&) = delete;
+
+  /// By folder in the given order, file in byte order of paths, and place.
+  std::vector<Finding> getFindings() const;
+
+  /// All schema files, and those that are passed over with a finding, in the same order.
+  std::vector<FileReport> getFiles() const;
+
+  std::size_t getErrorCount() const;
+  std::size_t getWarningCount() const;
+  std::size_t getFileCount(FileFate fate) const;
+
+  /// As compilers write, a line for each finding and place, the last line with the counts:
+  ///
+  ///   a/sub/foot.json:5:37: error: Dependency ... is missing ... [missing-reference]
+  ///
+  /// Columns count code points. Control characters are shown as `\xNN`.
+  std::string toText() const;
+
+  std::string toJson() const;   ///< One object, in the format that docs/reports.md describes.
+  std::string toSarif() const;  ///< A SARIF 2.1.0 log, for code hosts and editors.
+
+ private:
+  friend class ReportMaker;
+
+  struct Contents;
+  explicit SchemaReport(const Contents* contents) noexcept;
+  const Units::Shared<Contents> contents_;
+};
+
+/// Keeps these members in all versions: what is asked for later comes by other functions.
+struct ReportOptions {
+  /// Whether to look for what loads and is regretted later.
+  bool lint = true;
+
+  /// Whether to load what is left when the files with errors are left out, and all definitions that
+  /// need one of them. If false, one error is enough for nothing to be loaded.
+  bool leaveOutWhatCannotBuild = false;
+
+  /// Whether to go on after an error. If false, the report ends with the first one, and nothing is
+  /// loaded.
+  bool keepGoing = true;
+
+  /// Names that users give to variables in formulas. A symbol with such a text is a finding. If
+  /// empty, a list of the library's own.
+  std::optional<std::vector<std::string>> variableNames = std::nullopt;
+};
+
+/// Loads folders of schema files by the rules of `SchemaUtility`, and reports.
+///
+///   const Schemas::SchemaReport report =
+///       Schemas::loadFolders({"schemas/core", "schemas/symbols"}, *engine, {});
+///   std::cout << report.toText();
+///
+/// The folders are read one after the other: a folder may refer to what the engine stores and to
+/// folders before it. In each, files are read in byte order of their paths. Of two files that claim
+/// one type id the first one has it. Without errors, the engine is filled as by one
+/// `addDefinitionsFromFolder` for each folder. With errors, it stays as it was, unless the options
+/// ask to leave out what cannot be built.
+///
+/// Unlike `SchemaUtility`, a file or folder that cannot be read is an error of the report and ends
+/// nothing.
+///
+/// @param engine  any engine. What was pending in it is built with the folders; if that fails, all
+///                of it is dropped, and an error of the report says so.
+/// @throws std::logic_error  "schema folder not found": one of `folders` does not exist or is not a
+///                           folder. The engine is unchanged.
+/// @throws std::bad_alloc    the engine stores all that it was to load, or nothing of it. What was
+///                           pending is built, dropped or still pending.
+TRELVONUNITS_API SchemaReport loadFolders(const std::vector<std::string>& folders,
+                                          Units::UnitsEngine& engine, const ReportOptions& options);
+
+/// Checks one schema text, as an editor has it, against an engine that holds what it refers to, but
+/// not the definition itself: its type id would be taken.
+///
+/// Finds what `loadFolders` finds in a file, apart from lints about the whole load: units that no
+/// quantity lists or that have no symbol to type.
+///
+/// @param text       any bytes; read up to the first NUL, as by an engine.
+/// @param shownName  stands for the file's path in the report.
+/// @param engine     any engine; only its const operations are called.
+/// @throws std::bad_alloc  there is not enough memory.
+TRELVONUNITS_API SchemaReport checkText(std::string_view text, const std::string& shownName,
+                                        const Units::UnitsEngine& engine);
+
+}  // namespace Schemas

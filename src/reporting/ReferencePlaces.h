@@ -1,0 +1,34 @@
+#pragma once
+
+#include "reporting/DefinitionReader.h"
+#include "reporting/TextPlace.h"
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Schemas {
+
+/// Where the references of one definition lie in its text. However many there are, each is found
+/// fast.
+class ReferencePlaces {
+ public:
+  explicit ReferencePlaces(const std::string& text) : places_(text) {}
+
+  Extent at(const Reference& reference);
+
+ private:
+  /// The members or elements of a constant's value.
+  struct Children {
+    std::map<std::string_view, std::size_t> byName;  // the last of a name
+    std::vector<std::size_t> byNumber;
+  };
+
+  const Children& childrenOf(const char* constant);
+
+  const TextPlaces places_;
+  std::map<std::string_view, Children> children_;
+};
+
+}  // namespace Schemas

@@ -1,0 +1,103 @@
+#include "reporting/UnitTerms.h"
+
+#include "model/Parents.h"
+#include "model/RecordAccess.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <set>
+#include <vector>
+
+namespace Schemas {
+
+namespace {
+
+using namespace Units;
+
+/// Makes known what a record needs, parents first, and then the record.
+/// @param get      returns the record of a type id.
+/// @param combine  returns what is to be known of a record, once its parents are known.
+template <class Value, class Get, class Combine>
+const Value& know(const std::string& typeId, std::map<std::string, Value>& known, const Get& get,
+                  const Combine& combine) {
+  std::vector<std::string> waiting = {typeId};
+  std::set<std::string> entered;
+  while (!waiting.empty()) {
+    const std::string next = waiting.back();
+    if (known.count(next) != 0) {
+      waiting.pop_back();
+      continue;
+    }
+    const auto record = get(next);
+    if (entered.insert(next).second) addParents(record, waiting);
+    if (waiting.back() != next) continue;
+    known.emplace(next, combine(record));
+    waiting.pop_back();
+  }
+  return known.at(typeId);
+}
+
+void addPower(UnitTerms& terms, const std::string& primitive, std::int64_t power) {
+  constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
+  std::int64_t& sum = terms.powers[primitive];
+  sum += power;
+  if (sum < -most || sum > most) terms.overflows = true;
+  sum = std::clamp(sum, -most, most);
+}
+
+}  // namespace
+
+double UnitTermsFinder::valueOf(const std::string& factorTypeId) {
+  return know(
+      factorTypeId, factors_, [&](const std::string& id) { return engine_.getFactor(id); },
+      [&](const Factor& factor) {
+        const FactorComponent& component = RecordAccess::factorComponent(factor);
+        double product = RecordAccess::factor(component);
+        for (const auto& [parent, exponent] : RecordAccess::parentFactorPowers(component))
+          product *= std::pow(factors_.at(parent), exponent);
+        return product;
+      });
+}
+
+UnitTerms UnitTermsFinder::combine(const Unit& unit) const {
+  UnitTerms terms;
+  if (const auto* const absolute = RecordAccess::absolute(unit)) {
+    terms = units_.at(RecordAccess::parentUnit(*absolute));
+    terms.isAbsolute = true;
+    return terms;
+  }
+  const auto* const derived = RecordAccess::derived(unit);
+  if (!derived) {
+    terms.powers.emplace(RecordAccess::typeId(unit), 1);
+    return terms;
+  }
+  const FactorComponent& component = RecordAccess::factorComponent(*derived);
+  terms.factor = RecordAccess::factor(component);
+  for (const auto& [parent, exponent] : RecordAccess::parentFactorPowers(component))
+    terms.factor *= std::pow(factors_.at(parent), exponent);
+  for (const auto& [parent, exponent] : RecordAccess::parentUnitPowers(*derived)) {
+    const UnitTerms& known = units_.at(parent);
+    terms.factor *= std::pow(known.factor, exponent);
+    for (const auto& [primitive, power] : known.powers)
+      addPower(terms, primitive, power * exponent);
+  }
+  for (const auto& [parent, exponent] : RecordAccess::parentUnitPowers(*derived))
+    for (const auto& [primitive, power] : units_.at(parent).powers)
+      if (power != 0 && terms.powers.at(primitive) == 0) terms.cancels = true;
+  return terms;
+}
+
+const UnitTerms& UnitTermsFinder::termsOf(const std::string& unitTypeId) {
+  return know(
+      unitTypeId, units_, [&](const std::string& id) { return engine_.getUnit(id); },
+      [&](const Unit& unit) {
+        if (const auto* const derived = RecordAccess::derived(unit))
+          for (const auto& [parent, exponent] :
+               RecordAccess::parentFactorPowers(RecordAccess::factorComponent(*derived)))
+            valueOf(parent);
+        return combine(unit);
+      });
+}
+
+}  // namespace Schemas

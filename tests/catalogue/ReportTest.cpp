@@ -1,0 +1,27 @@
+#include <TrelvonUnits/SchemaReport.h>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+std::string reportOn(const std::vector<std::string>& packs, bool lint) {
+  std::vector<std::string> folders;
+  for (const std::string& pack : packs) folders.push_back(TRELVON_SCHEMAS_DIR "/" + pack);
+  const std::unique_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());
+  const auto report = Schemas::loadFolders(folders, *engine, {lint, false, true, {}});
+  return report.getFindings().empty() ? "" : report.toText();
+}
+
+TEST(Catalogue, HasNoFindings) {
+  EXPECT_EQ(reportOn({"core", "symbols", "aliases", "legacy", "gauge"}, true), "");
+}
+
+/// Of whole loads lints ask more than a single pack has.
+TEST(Catalogue, HasPacksThatNeedOnlyTheCore) {
+  for (const char* const pack : {"symbols", "aliases", "legacy", "gauge"})
+    EXPECT_EQ(reportOn({"core", pack}, false), "");
+}
+
+}  // namespace
