@@ -34,9 +34,9 @@ Described describeUnit(const Units::Unit& unit) {
 }
 
 Described describeSymbol(const Units::Symbol& symbol) {
-  const auto text = symbol.getPrefixOrSuffix();
-  return {text ? "symbol" : "composite symbol",
-          text ? text->getText() : localIdOf(symbol.getTypeId()),
+  const std::string text = textOf(symbol);
+  return {symbol.getPrefixOrSuffix() ? "symbol" : "composite symbol",
+          text.empty() ? localIdOf(symbol.getTypeId()) : text,
           {},
           {},
           {{symbol.getUnit().getTypeId()}}};

@@ -99,13 +99,8 @@ void writeText(Output& out, const Difference& difference) {
 void writeJson(Output& out, const Difference& difference) {
   JsonWriter json;
   json.beginObject();
-  for (const auto& [name, typeIds] :
-       {std::pair("added", &difference.added), std::pair("gone", &difference.gone)}) {
-    json.key(name);
-    json.beginArray();
-    for (const std::string& typeId : *typeIds) json.value(typeId);
-    json.endArray();
-  }
+  json.member("added", difference.added);
+  json.member("gone", difference.gone);
   json.key("changed");
   json.beginArray();
   for (const auto& [typeId, changes] : difference.changed) {

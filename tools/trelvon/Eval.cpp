@@ -4,6 +4,7 @@
 #include "tools/trelvon/ShownText.h"
 
 #include <algorithm>
+#include <cmath>
 #include <set>
 #include <utility>
 #include <vector>
@@ -23,9 +24,10 @@ struct Reading {
 
 /// The powers, if all are whole.
 std::optional<Units::PrimitivePowers> wholePowers(const std::map<std::string, double>& powers) {
+  constexpr double largest = 1e9;
   Units::PrimitivePowers whole;
   for (const auto& [unit, power] : powers) {
-    if (power != static_cast<int>(power)) return std::nullopt;
+    if (std::fabs(power) > largest || power != std::trunc(power)) return std::nullopt;
     whole[unit] = static_cast<int>(power);
   }
   return whole;

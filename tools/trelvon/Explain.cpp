@@ -1,4 +1,5 @@
 #include "tools/trelvon/Context.h"
+#include "tools/trelvon/Lookup.h"
 #include "tools/trelvon/Run.h"
 #include "tools/trelvon/ShownText.h"
 
@@ -16,8 +17,7 @@ constexpr std::size_t deepestIndent = 40;
 std::string unitsOf(const Units::FormulaExplanation::Node& node) {
   std::string text;
   for (const auto& [typeId, power] : node.powers()) {
-    const std::size_t colon = typeId.rfind(':') + 1;
-    text += ' ' + shown(typeId.substr(colon, typeId.rfind('-') - colon));
+    text += ' ' + shown(localIdOf(typeId));
     if (power != 1.0) text += '^' + shortestText(power);
   }
   return text;

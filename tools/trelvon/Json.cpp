@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
 namespace tool {
 
@@ -71,6 +70,12 @@ void JsonWriter::value(double number) {
 void JsonWriter::value(int number) { writing_->writer.Int(number); }
 void JsonWriter::value(std::size_t number) { writing_->writer.Uint64(number); }
 void JsonWriter::value(bool truth) { writing_->writer.Bool(truth); }
+
+void JsonWriter::value(const std::vector<std::string>& texts) {
+  beginArray();
+  for (const std::string& text : texts) value(text);
+  endArray();
+}
 
 std::string JsonWriter::text() const {
   std::string text(writing_->buffer.GetString(), writing_->buffer.GetSize());

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tool {
 
@@ -32,6 +33,7 @@ class JsonWriter {
   void value(int number);
   void value(std::size_t number);
   void value(bool truth);
+  void value(const std::vector<std::string>& texts);
 
   template <class Value>
   void member(std::string_view name, const Value& content) {

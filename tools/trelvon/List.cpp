@@ -20,11 +20,6 @@ struct Item {
 
 using Items = std::vector<Item>;
 
-std::string textOf(const Units::Symbol& symbol) {
-  const auto text = symbol.getPrefixOrSuffix();
-  return text ? text->getText() : std::string();
-}
-
 Items unitItems(const std::map<std::string, Units::Unit>& units,
                 const std::map<std::string, Units::Symbol>& symbols) {
   std::map<std::string, std::vector<std::string>> texts;
@@ -91,14 +86,10 @@ void writeJson(Output& out, const std::string& kind, const Items& items) {
     json.beginObject();
     json.member("typeId", item.typeId);
     for (const auto& [name, texts] : item.columns) {
-      json.key(name);
-      if (name.back() != 's') {
-        json.value(texts.front());
-        continue;
-      }
-      json.beginArray();
-      for (const std::string& text : texts) json.value(text);
-      json.endArray();
+      if (name.back() == 's')
+        json.member(name, texts);
+      else
+        json.member(name, texts.front());
     }
     json.endObject();
   }

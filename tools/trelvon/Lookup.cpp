@@ -78,11 +78,6 @@ std::optional<std::string> find(const std::string& text, const std::string& kind
   return matches.best(text, kind);
 }
 
-std::string textOf(const Units::Symbol& symbol) {
-  const auto text = symbol.getPrefixOrSuffix();
-  return text ? text->getText() : std::string();
-}
-
 constexpr auto nameless = [](const auto&) { return std::string(); };
 
 std::string required(const std::optional<std::string>& typeId, const std::string& text,
@@ -92,6 +87,11 @@ std::string required(const std::optional<std::string>& typeId, const std::string
 }
 
 }  // namespace
+
+std::string textOf(const Units::Symbol& symbol) {
+  const auto text = symbol.getPrefixOrSuffix();
+  return text ? text->getText() : std::string();
+}
 
 std::string localIdOf(const std::string& typeId) {
   const std::string local = typeId.substr(typeId.rfind(':') + 1);

@@ -66,10 +66,7 @@ Status runNames(Context& context) {
       json.beginObject();
       json.member("name", reading.name);
       json.member("free", reading.isFree);
-      json.key("symbols");
-      json.beginArray();
-      for (const std::string& symbol : reading.symbols) json.value(symbol);
-      json.endArray();
+      json.member("symbols", reading.symbols);
       json.endObject();
     }
     json.endArray();

@@ -34,8 +34,7 @@ void addUses(const Units::UnitsEngine& engine, const std::string& typeId,
              std::vector<Field>& fields) {
   std::vector<std::string> symbols, quantities;
   for (const auto& [id, symbol] : engine.getSymbolsOfUnit(typeId))
-    symbols.push_back(symbol.getPrefixOrSuffix() ? symbol.getPrefixOrSuffix()->getText()
-                                                 : localIdOf(id));
+    symbols.push_back(textOf(symbol).empty() ? localIdOf(id) : textOf(symbol));
   for (const auto& [id, quantity] : engine.getQuantitiesOfUnit(typeId))
     quantities.push_back(quantity.getName());
   fields.push_back({"symbols", symbols});
@@ -149,14 +148,10 @@ void writeJson(Context& context, const std::string& typeId, const Described& des
   json.beginObject();
   for (const auto& [name, texts] : fields) {
     if (name == "factor" || name == "offset" || name == "parents") continue;
-    json.key(name == "type id" ? "typeId" : name);
-    if (name != "symbols" && name != "quantities") {
-      json.value(texts.front());
-      continue;
-    }
-    json.beginArray();
-    for (const std::string& text : texts) json.value(text);
-    json.endArray();
+    if (name == "symbols" || name == "quantities")
+      json.member(name, texts);
+    else
+      json.member(name == "type id" ? "typeId" : name, texts.front());
   }
   if (described.factor) json.member("factor", *described.factor);
   if (described.offset) json.member("offset", *described.offset);

@@ -62,9 +62,15 @@ Status runAndTell(const std::vector<std::string>& words, Output& out, Output& er
                        [&](const Command& command) { return command.name == word; });
   };
   const auto command = std::find_if(words.begin(), words.end(), isCommand);
-  const bool asJson = std::find(words.begin(), words.end(), "--json") != words.end();
+  const auto has = [&](const std::string& option) {
+    return std::any_of(words.begin(), words.end(), [&](const std::string& word) {
+      return word.compare(0, option.size(), option) == 0;
+    });
+  };
   const auto tellOf = [&](const Failure& failure) {
-    tell(failure, command == words.end() ? "" : *command, asJson, out, errors);
+    // Where standard output is a table, no object may end it.
+    tell(failure, command == words.end() ? "" : *command, has("--json"),
+         has("--column") ? errors : out, errors);
     return failure.status();
   };
   try {
