@@ -12,6 +12,9 @@ namespace {
 
 using Explanation = Units::FormulaExplanation;
 
+/// A longer cell is no value that anyone writes, and explaining it would take much memory.
+constexpr std::size_t longestValue = 1000;
+
 /// Whether the tokens are a literal, with or without a minus sign before it.
 bool areOneLiteral(const std::vector<Explanation::Token>& tokens) {
   const bool isSigned = tokens.size() == 2 && tokens[0].kind() == Explanation::TokenKind::Operator;
@@ -30,6 +33,7 @@ bool CellReader::isOneValue(const std::string& cell) const {
 
 std::optional<double> CellReader::read(const std::string& cell) const {
   if (const auto number = readPlainNumber(cell)) return number;
+  if (cell.size() > longestValue) return std::nullopt;
   try {
     const double value = engine_.evaluateExpressionInUnit(unitTypeId_, cell);
     if (isOneValue(cell)) return value;
@@ -40,8 +44,7 @@ std::optional<double> CellReader::read(const std::string& cell) const {
 
 std::string CellReader::reasonAgainst(const std::string& cell) const {
   if (cell.find_first_not_of(' ') == std::string::npos) return "the cell is empty";
-  constexpr std::size_t longest = 1000;  // for explaining takes time for suggestions
-  if (cell.size() > longest) return "the cell is no number";
+  if (cell.size() > longestValue) return "a value has at most 1000 bytes";
   const auto explanation =
       explainFormula(engine_, unitTypeId_, cell, [](const std::string& name) -> std::string {
         throw Units::ParseException("Unrecognized identifier: " + name + ".");

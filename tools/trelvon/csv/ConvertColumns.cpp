@@ -143,8 +143,10 @@ class Rewriter {
     if (place.isMissing) {
       sentence += "the row ends before it";
     } else {
+      constexpr std::size_t mostShown = 80;
       const std::string text = reader_.textOf(place);
-      sentence += inQuotes(text) + ": " + plan.reader.reasonAgainst(text);
+      sentence += inQuotes(text.substr(0, mostShown)) + (text.size() > mostShown ? "...: " : ": ") +
+                  plan.reader.reasonAgainst(text);
     }
     if (onError_ == OnError::Stop) throw Failure(Status::Findings, sentence);
     context_.warn(sentence);
