@@ -78,7 +78,8 @@ END
 install_packages demo benchmark
 heading "Building the benchmarks"
 cmake --preset release -B $build \
-  -D TRELVONUNITS_BENCHMARKS=ON -D TRELVONUNITS_TESTS=OFF -D TRELVONUNITS_EXAMPLES=OFF -D TRELVONUNITS_INSTALL=OFF
+  -D TRELVONUNITS_BENCHMARKS=ON -D TRELVONUNITS_TESTS=OFF -D TRELVONUNITS_EXAMPLES=OFF -D TRELVONUNITS_INSTALL=OFF \
+  -D TRELVONUNITS_TOOL=OFF
 cmake --build $build --parallel "$(nproc)"
 heading "Running the benchmarks"
 write_page | tee $build/performance.md

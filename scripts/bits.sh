@@ -16,7 +16,8 @@ failures=0
 configure_and_build() {  # NAME CMAKE-OPTION...
   cmake -G Ninja -B "$work/$1" -D CMAKE_BUILD_TYPE=Release \
     -D TRELVONUNITS_RAPIDJSON_DIR="$work/headers" -D TRELVONUNITS_DEVELOPER=ON \
-    -D TRELVONUNITS_BITS=ON -D TRELVONUNITS_EXAMPLES=OFF -D TRELVONUNITS_TESTS=OFF "${@:2}" &&
+    -D TRELVONUNITS_BITS=ON -D TRELVONUNITS_EXAMPLES=OFF -D TRELVONUNITS_TESTS=OFF \
+    -D TRELVONUNITS_TOOL=OFF "${@:2}" &&
     cmake --build "$work/$1" --parallel "$(nproc)"
 }
 

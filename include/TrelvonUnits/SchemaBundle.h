@@ -19,8 +19,8 @@ namespace Schemas {
 ///
 /// that is, one header line, ended by a line feed, and then the schema texts, each ended by a NUL
 /// byte and directly followed by the next. (No text can contain a NUL, since schema texts are read
-/// only up to the first one.) `scripts/make_bundle.py` writes the files that `SchemaUtility` would
-/// read in some folders into one bundle.
+/// only up to the first one.) `trelvon bundle` writes the files that `SchemaUtility` would read in some
+/// folders into one bundle.
 class TRELVONUNITS_API SchemaBundle {
  public:
   SchemaBundle() = delete;  ///< All functions are static.

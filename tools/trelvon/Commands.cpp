@@ -1,0 +1,280 @@
+#include "tools/trelvon/Commands.h"
+
+#include "tools/trelvon/Run.h"
+
+namespace tool {
+
+namespace {
+
+Option flag(const std::string& name, const std::string& text) { return {name, "", text}; }
+
+Option repeatable(Option option) {
+  option.isRepeatable = true;
+  return option;
+}
+
+Option without(Option option, const std::vector<std::string>& others) {
+  option.excludes = others;
+  return option;
+}
+
+Option oneOf(Option option, const std::vector<std::string>& choices) {
+  option.choices = choices;
+  return option;
+}
+
+Option within(Option option, Range range) {
+  option.range = range;
+  return option;
+}
+
+const Option placesOption = within({"places", "NUMBER", "decimal places"}, {0, 12});
+const Option fractionOption =
+    without(within({"fraction", "NUMBER", "show fractions of 1/2^NUMBER"}, {0, 9}), {"places"});
+const Option asOption = {"as", "SYMBOL",
+                         "show the symbol, by its text, local id or type id; without --places and "
+                         "--fraction as many decimal places as matter"};
+const Option tidyOption = without(flag("tidy", "15 digits, which hide rounding in the last one"),
+                                  {"places", "fraction", "as"});
+const Option setOption =
+    repeatable({"set", "NAME=TEXT", "give a variable its text, such as width=\"2 ft\""});
+
+Command convertCommand() {
+  Command command = {"convert", "NUMBER FROM TO", 0, 3};
+  command.summary = "Converts a number, or columns of a CSV or TSV stream";
+  command.details =
+      "NUMBER may be any formula; a plain number is counted in FROM. Units are found by type id, "
+      "local id, name or symbol. With --column, standard input is a table: each cell of the column "
+      "is read as a number or a value with a unit, and all other bytes stay as they are.";
+  command.options = {
+      placesOption,
+      fractionOption,
+      asOption,
+      tidyOption,
+      repeatable({"column", "COLUMN", "convert a column, by its number or its name in the header"}),
+      repeatable({"from", "UNIT", "the unit of the cells: one for all columns, or one for each"}),
+      repeatable({"to", "UNIT", "the unit to convert to: one for all columns, or one for each"}),
+      without(flag("from-header", "read the unit from the header, width [ft], and rewrite it"),
+              {"from"}),
+      without(flag("no-header", "the first row has values, too"), {"from-header"}),
+      {"separator", "TEXT", "what separates cells, or tab; a comma by default"},
+      oneOf({"on-error", "ACTION",
+             "what to do about a bad cell: stop before its row (the default), keep or empty it"},
+            {"stop", "keep", "empty"})};
+  command.examples = {{"trelvon convert 5 ft in", "60"},
+                      {R"(printf 'name,width\ndoor,3\nwall,1 ft\n' | )"
+                       "trelvon convert --column width --from m --to cm",
+                       "name,width\ndoor,300\nwall,30.48"}};
+  command.run = runConvert;
+  return command;
+}
+
+Command evalCommand() {
+  Command command = {"eval", "FORMULA", 1, 1};
+  command.summary = "Evaluates a formula whose numbers carry units";
+  command.details =
+      "Without --to the value is shown in the default unit of a quantity that fits, one that lists "
+      "a unit of the formula if there is one, and the others are named. What may surprise is said "
+      "on standard error; explain says more.";
+  command.options = {{"to", "UNIT", "the unit of the value"},
+                     asOption,
+                     placesOption,
+                     fractionOption,
+                     tidyOption,
+                     setOption};
+  command.examples = {
+      {R"(trelvon eval "5' 6 1/2\" + 3 cm" --to ft --as feetAndInches --fraction 4)",
+       R"(5' 7 11/16")"},
+      {R"(trelvon eval "2 * width" --set width="2 N*m")",
+       "4 newton meter  (torque (moment of force))\nalso: energy"}};
+  command.run = runEval;
+  return command;
+}
+
+Command explainCommand() {
+  Command command = {"explain", "FORMULA", 1, 1};
+  command.summary = "Says how a formula is read, what surprises in it, and why it is refused";
+  command.details =
+      "Marks beneath the formula, sentences, the value, and the tree with the value of each node "
+      "in "
+      "base units.";
+  command.options = {{"to", "UNIT", "the unit of the value"}, setOption};
+  command.examples = {
+      {R"(trelvon explain "10 m - 35 cm" --to m)",
+       "10 m - 35 cm\n^~~~~~~~~~~~\n"
+       "warning: `10 m - 35 cm` is one value: `-` only separates its parts, and subtracts "
+       "nothing.\n"
+       "  write: 10 m - (35 cm)\n= 10.35 trelvon.unit:meter-1.0.0\n"
+       "  10 m - 35 cm  = 10.35 meter"},
+      {R"(trelvon explain "2 ft + 3 kg")",
+       "2 ft + 3 kg\n     ^\n"
+       "error: `+` needs the same units on both sides: left is a length, right is a mass.\n"
+       "  +  was not reached\n    2 ft  = 0.6096 meter\n    3 kg  = 3 kilogram\n[1]"}};
+  command.run = runExplain;
+  return command;
+}
+
+Command formatCommand() {
+  Command command = {"format", "NUMBER", 1, 1};
+  command.summary = "Writes a number as display text";
+  command.details = "The number is not converted: it is counted in the unit of the symbol already.";
+  command.options = {asOption, placesOption, fractionOption, tidyOption};
+  command.examples = {{"trelvon format 5.53125 --as feetAndInches --fraction 4", R"(5' 6 3/8")"},
+                      {"trelvon format 12.5 --as kilogram --places 2", "12.50 kg"}};
+  command.run = runFormat;
+  return command;
+}
+
+Command listCommand() {
+  Command command = {"list", "units|quantities|symbols|factors|dimensions", 1, 1};
+  command.summary = "Lists definitions";
+  command.details =
+      "The first column is the local id, by which other commands find the definition.";
+  command.options = {{"of", "UNIT",
+                      "units that it converts to, quantities that list it, symbols that show it, "
+                      "factors and dimensions that it is made of"}};
+  command.examples = {
+      {"trelvon list units --of lux",
+       "footcandle  footcandle  fc\nlux         lux         lx\nphot        phot        ph"},
+      {"trelvon list symbols --of mile",
+       "mile        mi     mile\nmile.mile   mile   mile\nmile.miles  miles  mile"}};
+  command.run = runList;
+  return command;
+}
+
+Command showCommand() {
+  Command command = {"show", "NAME", 1, 1};
+  command.summary = "Shows a definition";
+  command.details =
+      "NAME is a unit, else a quantity, a symbol, a factor or a dimension, by type id, local id or "
+      "name. The exact value is counted in kg, m, s, A, K, mol, cd, rad and bit.";
+  command.options = {flag("tree", "also its parents, down to primitive units"),
+                     flag("dot", "the same tree in the language of Graphviz")};
+  command.examples = {
+      {"trelvon show mile",
+       "type id     trelvon.unit:mile-1.0.0\nname        mile\nkind        derived unit\n"
+       "factor      1609.344\nparents     meter\nsymbols     mi, mile, miles\n"
+       "quantities  length\nexact       201168/125\nsource      IYP59"},
+      {"trelvon show kilo --tree",
+       "type id  trelvon.factor:kilo-1.0.0\nname     kilo\nkind     factor\nfactor   1000\n"
+       "exact    1000\nsource   SI T7; SI prefix\n\nkilo  factor, factor 1000"}};
+  command.run = runShow;
+  return command;
+}
+
+Command lintCommand() {
+  Command command = {"lint", "FOLDER...", 1, anyNumber};
+  command.summary = "Says what is wrong in definitions, where, and what would be right";
+  command.details =
+      "The folders are loaded after the catalog, without which --only does. The status is 1 if "
+      "there "
+      "is any finding.";
+  command.options = {
+      oneOf({"format", "FORMAT", "text (the default), json or sarif"}, {"text", "json", "sarif"}),
+      flag("errors-only", "no lints, only what keeps definitions from being loaded"),
+      repeatable({"variable", "NAME",
+                  "a name that users give to variables, for symbols hide them; "
+                  "without any, a list of usual names"}),
+      flag("watch", "report again on each save, until the program is ended")};
+  command.examples = {
+      {"trelvon lint my-units --errors-only", "0 errors, 0 warnings; 2 files, 2 loaded"},
+      {"trelvon lint my-units",
+       "my-units/units/smoot.json:3:13: warning: No quantity lists the unit. [unlisted-unit]\n"
+       "  Add it to the quantity that it measures.\n"
+       "0 errors, 1 warning; 2 files, 2 loaded\n[1]"}};
+  command.run = runLint;
+  return command;
+}
+
+Command newCommand() {
+  Command command = {"new", "unit|quantity|symbol|factor|dimension NAME", 2, 2};
+  command.summary = "Writes a definition";
+  command.details =
+      "The file is FOLDER/units/NAME.json or the like, and is never replaced. The definition is "
+      "built with the catalog and with what the folder holds before anything is written.";
+  command.options = {
+      {"in", "FOLDER", "where to write, and what is loaded before"},
+      {"namespace", "NAME", "the first part of the type id; my by default"},
+      {"label", "TEXT", "the display name of a unit or quantity; NAME by default"},
+      {"from", "VALUE", "a unit: what one of it is, such as \"67 in\""},
+      repeatable({"times", "UNIT[^POWER]", "a unit: another unit that it is a product with"}),
+      {"offset", "NUMBER", "a unit: the zero of the scale, counted in the unit of --from"},
+      {"dimension", "NAME", "a unit that has no parents: its dimension"},
+      flag("imperial", "a unit: belongs to the imperial system"),
+      repeatable({"of", "NAME",
+                  "a symbol: its unit; a quantity: one of its units; a factor: a factor that it is "
+                  "a product of, with ^POWER"}),
+      {"text", "TEXT", "a symbol: its text; NAME by default"},
+      flag("prefix", "a symbol: the text comes before the number"),
+      flag("no-space", "a symbol: no space between text and number"),
+      {"value", "NUMBER", "a factor: its number"}};
+  command.examples = {
+      {R"(trelvon new unit smoot --in my-units --from "67 in")", "my-units/units/smoot.json"},
+      {"trelvon new symbol smoot --in my-units --of smoot", "my-units/symbols/smoot.json"}};
+  command.run = runNew;
+  return command;
+}
+
+Command namesCommand() {
+  Command command = {"names", "NAME...", 1, anyNumber};
+  command.summary = "Says which variables the symbols hide in formulas, and by which symbol";
+  command.details = "A hidden name is read as something else, and never asked for as a variable.";
+  command.examples = {{"trelvon names width t h1",
+                       "width: free\n"
+                       "t: read as \"tonne (metric ton)\" by trelvon.symbol:tonne-1.0.0\n"
+                       "h1: read as \"hour\" by trelvon.symbol:hour-1.0.0\n[1]"},
+                      {"trelvon names --only t", "t: free"}};
+  command.run = runNames;
+  return command;
+}
+
+Command bundleCommand() {
+  Command command = {"bundle", "FOLDER...", 1, anyNumber};
+  command.summary = "Writes the definitions of folders into one file, which loads faster";
+  command.details =
+      "It holds the files that the folder loader reads, in byte order of their paths within each "
+      "folder.";
+  command.options = {{"out", "FILE", "where to write; an older file is replaced"}};
+  command.examples = {{"trelvon bundle my-units --out my.bundle", "2 definitions"},
+                      {"trelvon bundle my-units --out my.bundle && trelvon diff my-units my.bundle",
+                       "2 definitions"}};
+  command.run = runBundle;
+  return command;
+}
+
+Command diffCommand() {
+  Command command = {"diff", "OLD NEW", 2, 2};
+  command.summary = "Compares the definitions of two folders or bundles";
+  command.details = "It reads files, and builds nothing. The status is 1 if they differ.";
+  command.examples = {{"trelvon diff my-units my.bundle", ""},
+                      {R"(sed -i 's/"value":67/"value":68/' my-units/units/smoot.json; )"
+                       "trelvon diff my.bundle my-units",
+                       "changed  my.unit:smoot-1.0.0\n  factor: 67 -> 68\n[1]"}};
+  command.run = runDiff;
+  return command;
+}
+
+}  // namespace
+
+const std::vector<Command>& commands() {
+  static const std::vector<Command> all = {convertCommand(), evalCommand(), explainCommand(),
+                                           formatCommand(),  listCommand(), showCommand(),
+                                           newCommand(),     lintCommand(), namesCommand(),
+                                           bundleCommand(),  diffCommand()};
+  return all;
+}
+
+const std::vector<Option>& commonOptions() {
+  static const std::vector<Option> all = {
+      repeatable({"load", "FOLDER", "load a folder of definitions after the catalog"}),
+      flag("only", "do without the catalog"),
+      flag("strict", "stop at the first fault of a folder"),
+      flag("json", "print one JSON object"),
+      oneOf({"color", "WHEN", "auto, always or never; auto heeds NO_COLOR"},
+            {"auto", "always", "never"}),
+      flag("help", "print this text"),
+      flag("version", "print the version")};
+  return all;
+}
+
+}  // namespace tool

@@ -1,0 +1,79 @@
+#include "tools/trelvon/Context.h"
+
+#include "tools/trelvon/Failure.h"
+#include "tools/trelvon/Lookup.h"
+#include "tools/trelvon/ShownText.h"
+
+#include <TrelvonUnits/Exceptions.h>
+
+#include <map>
+
+namespace tool {
+
+Context::Context(const Arguments& given, Output& output, Output& errorOutput)
+    : arguments(given),
+      out(output),
+      errors(errorOutput),
+      definitions(given, [this](const std::string& sentence) { warn(sentence); }) {}
+
+void Context::warn(const std::string& sentence) const {
+  errors.write(errors.tinted("warning: ", Tint::Warning) + sentence + '\n');
+}
+
+Units::Unit Context::unit(const std::string& text) { return unitNamed(text, definitions); }
+
+Units::FormulaExplanation Context::accepted(const Units::FormulaExplanation& explanation) const {
+  if (explanation.reason() != Units::FormulaReason::Done) {
+    std::string text = explanation.toText();
+    while (!text.empty() && text.back() == '\n') text.pop_back();
+    throw Failure(Status::Findings, "the formula is refused\n" + text);
+  }
+  for (const auto& warning : explanation.warnings())
+    if (warning.kind() != Units::FormulaExplanation::WarningKind::PlainNumber)
+      warn(shown(warning.sentence()));
+  return explanation;
+}
+
+double Context::evaluate(const std::string& formula, const std::string* unitTypeId) {
+  const Units::UnitsEngine& engine = definitions.engine();
+  return accepted(unitTypeId == nullptr ? explainUnitlessFormula(engine, formula, variables())
+                                        : explainFormula(engine, *unitTypeId, formula, variables()))
+      .value();
+}
+
+VariableResolver Context::variables() const {
+  std::map<std::string, std::string> texts;
+  for (const std::string& assignment : arguments.texts("set")) {
+    const std::size_t equals = assignment.find('=');
+    if (equals == 0 || equals == std::string::npos)
+      throw Failure(Status::Usage, "--set needs NAME=TEXT, not " + inQuotes(assignment));
+    texts[assignment.substr(0, equals)] = assignment.substr(equals + 1);
+  }
+  return [texts](const std::string& name) {
+    const auto found = texts.find(name);
+    if (found == texts.end()) throw Units::ParseException("Unrecognized identifier: " + name + ".");
+    return found->second;
+  };
+}
+
+NumberFormat Context::numberFormat(std::optional<std::string>& unitTypeId) {
+  NumberFormat format;
+  format.places = arguments.number("places");
+  format.fraction = arguments.number("fraction");
+  format.isTidy = arguments.has("tidy");
+  if (!arguments.has("as")) return format;
+  const Units::Symbol symbol = symbolNamed(arguments.text("as"), definitions);
+  const Units::Unit shownUnit = symbol.getUnit();
+  if (!unitTypeId) unitTypeId = shownUnit.getTypeId();
+  if (*unitTypeId != shownUnit.getTypeId())
+    throw Failure(Status::Usage, "--as " + inQuotes(arguments.text("as")) + " shows " +
+                                     inQuotes(shownUnit.getName()) + ", not " +
+                                     inQuotes(definitions.engine().getUnit(*unitTypeId).getName()));
+  format.symbol = symbol.getTypeId();
+  // The parts of a composite symbol are differences, whose last places are noise.
+  constexpr int placesOfParts = 6;
+  if (!symbol.getPrefixOrSuffix()) format.mostPlaces = placesOfParts;
+  return format;
+}
+
+}  // namespace tool

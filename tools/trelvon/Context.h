@@ -1,0 +1,52 @@
+#pragma once
+
+#include "tools/trelvon/Arguments.h"
+#include "tools/trelvon/Definitions.h"
+#include "tools/trelvon/NumberText.h"
+#include "tools/trelvon/Output.h"
+
+#include <TrelvonUnits/FormulaExplanation.h>
+#include <TrelvonUnits/VariableResolver.h>
+
+#include <optional>
+#include <string>
+
+namespace tool {
+
+/// What a command has to work with, and what commands share.
+class Context {
+ public:
+  Context(const Arguments& arguments, Output& out, Output& errors);
+
+  const Arguments& arguments;
+  Output& out;
+  Output& errors;
+  Definitions definitions;
+
+  bool wantsJson() const { return arguments.has("json"); }
+
+  /// Says something on standard error that does not end the command.
+  void warn(const std::string& sentence) const;
+
+  /// The unit of an operand or option.
+  Units::Unit unit(const std::string& text);
+
+  /// The number of an operand that is a formula, in a unit or without one.
+  /// @throws Failure  the engine refuses it; the message has its explanation.
+  double evaluate(const std::string& formula, const std::string* unitTypeId);
+
+  /// The explanation of a formula that the engine accepts; its warnings are said.
+  /// @throws Failure  the formula is refused.
+  Units::FormulaExplanation accepted(const Units::FormulaExplanation& explanation) const;
+
+  /// The variables of `--set NAME=TEXT`.
+  /// @throws Failure  one has no name.
+  VariableResolver variables() const;
+
+  /// How numbers are written, by `--places`, `--fraction`, `--as` and `--tidy`.
+  /// @param unit  in which the number is. Empty: that of the symbol, which it is set to.
+  /// @throws Failure  the symbol shows another unit.
+  NumberFormat numberFormat(std::optional<std::string>& unitTypeId);
+};
+
+}  // namespace tool

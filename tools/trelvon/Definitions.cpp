@@ -1,0 +1,98 @@
+#include "tools/trelvon/Definitions.h"
+
+#include "tools/trelvon/Failure.h"
+#include "tools/trelvon/Files.h"
+#include "tools/trelvon/ShownText.h"
+
+#include <TrelvonUnits/SchemaBundle.h>
+#include <TrelvonUnits/SchemaReport.h>
+
+#include <exception>
+#include <filesystem>
+#include <system_error>
+
+namespace tool {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* bundleName = "catalog.bundle";
+
+/// The folder of the program's data: that of an installed tree, which may have been moved, or of a
+/// build tree.
+fs::path dataFolder() {
+  std::error_code error;
+  const fs::path program = fs::read_symlink("/proc/self/exe", error);
+  const fs::path installed = program.parent_path() / TRELVON_TOOL_DATA;
+  if (!error && fs::exists(installed / bundleName, error)) return installed.lexically_normal();
+  const fs::path built = program.parent_path();
+  return fs::exists(built / bundleName, error) ? built : installed.lexically_normal();
+}
+
+}  // namespace
+
+Definitions::Definitions(const Arguments& arguments, std::function<void(const std::string&)> report)
+    : hasCatalog_(!arguments.has("only")),
+      isStrict_(arguments.has("strict")),
+      folders_(arguments.texts("load")),
+      report_(std::move(report)) {}
+
+std::string Definitions::besideCatalog(const std::string& name) {
+  return (dataFolder() / name).string();
+}
+
+void Definitions::loadCatalog() {
+  const std::string path = besideCatalog(bundleName);
+  try {
+    Schemas::SchemaBundle::addDefinitionsFromFile(path, *engine_);
+  } catch (const std::logic_error& error) {
+    throw Failure(Status::Files, std::string(error.what()) + ": " + inQuotes(path) +
+                                     "; --only --load FOLDER does without the catalog");
+  }
+}
+
+/// Loads what can be loaded of a folder, and reports the rest.
+void Definitions::loadFolder(const std::string& folder) {
+  std::error_code unknown;
+  if (!fs::is_directory(folder, unknown))
+    throw Failure(Status::Files, inQuotes(folder) + " is no folder");
+  Schemas::ReportOptions options;
+  options.lint = false;
+  options.leaveOutWhatCannotBuild = !isStrict_;
+  const Schemas::SchemaReport report = Schemas::loadFolders({folder}, *engine_, options);
+  for (const Schemas::Finding& finding : report.getFindings()) {
+    const Schemas::TextPosition begin = finding.getBegin();
+    const std::string sentence = shown(finding.getFile()) + ':' + std::to_string(begin.line) + ':' +
+                                 std::to_string(begin.columnPoint) + ": " +
+                                 shown(finding.getSentence());
+    if (isStrict_) throw Failure(Status::Files, sentence);
+    report_(sentence);
+  }
+}
+
+Units::UnitsEngine& Definitions::engine() {
+  if (engine_ == nullptr) {
+    engine_.reset(Units::CreateUnitsEngine());
+    if (hasCatalog_) loadCatalog();
+    for (const std::string& folder : folders_) loadFolder(folder);
+  }
+  return *engine_;
+}
+
+const Units::UnitNames& Definitions::names() {
+  if (!names_) names_.emplace(engine());
+  return *names_;
+}
+
+void Definitions::forEachText(
+    const std::function<void(const std::string&, std::string_view)>& action) const {
+  if (hasCatalog_) {
+    const std::string path = besideCatalog(bundleName), bundle = readFile(path);
+    forEachBundled(path, bundle, [&](std::string_view text) { action(path, text); });
+  }
+  for (const std::string& folder : folders_)
+    for (const std::string& path : schemaFiles(folder)) action(path, readFile(path));
+}
+
+}  // namespace tool

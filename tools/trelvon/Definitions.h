@@ -1,0 +1,51 @@
+#pragma once
+
+#include "tools/trelvon/Arguments.h"
+
+#include <TrelvonUnits/UnitNames.h>
+#include <TrelvonUnits/UnitsEngine.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tool {
+
+/// The definitions that a command works with: the catalog's bundle, unless `--only` is given, and
+/// then each folder of `--load`. They are loaded when they are asked for.
+class Definitions {
+ public:
+  /// @param report  receives a sentence for each fault of a folder that is loaded nevertheless.
+  Definitions(const Arguments& arguments, std::function<void(const std::string&)> report);
+  Definitions(const Definitions&) = delete;
+  Definitions& operator=(const Definitions&) = delete;
+
+  /// Loads a folder after the others, as `--load` does. It must be called before `engine`.
+  void load(const std::string& folder) { folders_.push_back(folder); }
+
+  /// @throws Failure  the catalog or a folder is not there; with `--strict`, a folder is faulty.
+  Units::UnitsEngine& engine();
+  const Units::UnitNames& names();
+
+  /// Calls a function for every text that was loaded, in order, with the path of its file.
+  void forEachText(const std::function<void(const std::string&, std::string_view)>& action) const;
+
+  /// The path of a file that is installed beside the catalog.
+  static std::string besideCatalog(const std::string& name);
+
+ private:
+  void loadCatalog();
+  void loadFolder(const std::string& folder);
+
+  bool hasCatalog_;
+  bool isStrict_;
+  std::vector<std::string> folders_;
+  std::function<void(const std::string&)> report_;
+  std::unique_ptr<Units::UnitsEngine> engine_;
+  std::optional<Units::UnitNames> names_;
+};
+
+}  // namespace tool

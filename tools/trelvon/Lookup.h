@@ -1,0 +1,42 @@
+#pragma once
+
+#include "tools/trelvon/Definitions.h"
+
+#include <TrelvonUnits/Symbol.h>
+#include <TrelvonUnits/Unit.h>
+
+#include <string>
+
+namespace tool {
+
+/// The part of a type id that people say: "foot" of "trelvon.unit:foot-1.0.0".
+std::string localIdOf(const std::string& typeId);
+
+/// The text of a symbol; empty for a composite one.
+std::string textOf(const Units::Symbol& symbol);
+
+/// A text that names this unit and no other: its local id, its name or its type id.
+std::string sayingOf(const Units::Unit& unit, const Units::UnitNames& names);
+
+/// The unit that a text names. Texts that match exactly come before those that match loosely; among
+/// equals nothing is guessed.
+/// @throws Failure  no unit or several units have this name; the message says which ones may be
+///                  meant.
+Units::Unit unitNamed(const std::string& text, Definitions& definitions);
+
+/// The symbol with a type id, with a local id or with a text, the first of these that there is.
+/// @throws Failure  there is none, or several.
+Units::Symbol symbolNamed(const std::string& text, Definitions& definitions);
+
+/// The type id of a definition of any kind. Units come first, then quantities, symbols, factors and
+/// dimensions, each by type id, local id or name.
+/// @throws Failure  there is none, or several of the same kind.
+std::string definitionNamed(const std::string& text, Definitions& definitions);
+
+/// The factor with a type id or a local id.
+std::string factorNamed(const std::string& text, Definitions& definitions);
+
+/// The dimension with a type id or a local id.
+std::string dimensionNamed(const std::string& text, Definitions& definitions);
+
+}  // namespace tool
