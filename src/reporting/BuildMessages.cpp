@@ -53,7 +53,8 @@ class Trial {
       add(writeUnitSchema(unit(id, PrimitiveUnitComponent(Dimension(referred)))));
     else if (constant == "parentFactors")
       add(writeUnitSchema(unit(
-          id, DerivedUnitComponent(powersOf(stub()), FactorComponent(1.0, powersOf(referred))))));
+          id,
+          DerivedUnitComponent(powersOf(standIn()), FactorComponent(1.0, powersOf(referred))))));
     else
       add(writeUnitSchema(
           unit(id, DerivedUnitComponent(powersOf(referred), FactorComponent(1.0)))));
@@ -64,7 +65,7 @@ class Trial {
     if (kind == RecordKind::Factor)
       add(writeFactorSchema(Factor(id, FactorComponent(1.0))));
     else
-      addUser(id, kind, "", stub());
+      addUser(id, kind, "", standIn());
   }
 
   std::string message;
@@ -72,7 +73,7 @@ class Trial {
  private:
   /// A unit that anything may refer to; added when it is first needed. Its id is longer than those
   /// that are under trial.
-  const std::string& stub() {
+  const std::string& standIn() {
     if (!isStubAdded_) {
       isStubAdded_ = true;
       add(writeUnitSchema(primitive(stub_)));
