@@ -6,7 +6,6 @@ neither.
 """
 import collections
 import pathlib
-import subprocess
 
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 PRODUCT = ("include", "src", "tools", "bindings")
@@ -31,12 +30,11 @@ def place(path):
 
 
 def main():
-    names = subprocess.run(["git", "ls-files", "-co", "--exclude-standard"], cwd=ROOT, check=True,
-                           stdout=subprocess.PIPE, text=True).stdout.splitlines()
     lines = collections.defaultdict(collections.Counter)
-    for path in map(pathlib.Path, names):
+    for path in sorted(file.relative_to(ROOT) for top in PRODUCT + BESIDE + ("tests",)
+                       for file in (ROOT / top).rglob("*")):
         where = place(path)
-        if where and (ROOT / path).is_file():
+        if where and (ROOT / path).is_file() and "__pycache__" not in path.parts:
             text = (ROOT / path).read_text(encoding="utf-8")
             lines[where[0]][where[1]] += sum(1 for line in text.splitlines() if line.strip())
     sums = {part: sum(rows.values()) for part, rows in lines.items()}
