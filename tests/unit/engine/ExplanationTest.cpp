@@ -169,6 +169,7 @@ TEST(Explanation, NamesWhatValuesMeasureByTheEnginesWords) {
                                                                      {"pH", "a pH"},
                                                                      {"V`", "a V`"},
                                                                      {"V{", "a V{"},
+                                                                     {"[a", "a [a"},
                                                                      {"x", "a x"}}) {
     const Engine engine = makeEngine();
     engine->addDefinition(primitive("p"));
@@ -197,6 +198,8 @@ TEST(Explanation, ShowsAnyBytes) {
        "2\\x09* 3\n^\nerror: `2` is followed by a tab or line break. Directly behind a number or "
        "unit, "
        "only a space may follow.\n  write: 2 * 3\n"},
+      {"2\n", "2\\x0A\n^\nerror: `2` is followed by a tab or line break."},
+      {"0.1 + 0.2", "0.1 + 0.2\n= 0.3\n"},
       {"2 ft", "2 ft\n= 24 inch\n"}};
   for (const auto& [formula, text] : shown) {
     const std::string actual = explainFormula(*engine, formula, resolve).toText();
