@@ -81,9 +81,9 @@ class Tool(unittest.TestCase):
     def test_colors_are_for_terminals(self):
         for variables, has_colors in (({}, True), ({"NO_COLOR": ""}, True), ({"NO_COLOR": "1"}, False)):
             try:
-            ours, terminal = pty.openpty()
-        except OSError as error:  # as in containers
-            self.skipTest(error)
+                ours, terminal = pty.openpty()
+            except OSError as error:  # as in containers
+                self.skipTest(str(error))
             subprocess.run([PROGRAM, "explain", "3 *"], stdout=terminal, check=False,
                            env={**os.environ, **variables})
             self.assertEqual(b"\x1b[" in os.read(ours, 9999), has_colors)
