@@ -122,6 +122,15 @@ void writeDot(Output& out, const Units::UnitsEngine& engine, const std::string& 
   out.write("}\n");
 }
 
+void writeFactorAndParents(const Described& described, JsonWriter& json) {
+  if (described.factor) json.member("factor", *described.factor);
+  if (described.offset) json.member("offset", *described.offset);
+  json.key("parents");
+  json.beginObject();
+  for (const Parent& parent : described.parents) json.member(parent.typeId, parent.power);
+  json.endObject();
+}
+
 void writeTreeJson(JsonWriter& json, const Units::UnitsEngine& engine, const std::string& typeId) {
   json.key("ancestors");
   json.beginArray();
@@ -131,12 +140,7 @@ void writeTreeJson(JsonWriter& json, const Units::UnitsEngine& engine, const std
          json.beginObject();
          json.member("typeId", definition.typeId);
          json.member("kind", described.kind);
-         if (described.factor) json.member("factor", *described.factor);
-         if (described.offset) json.member("offset", *described.offset);
-         json.key("parents");
-         json.beginObject();
-         for (const Parent& parent : described.parents) json.member(parent.typeId, parent.power);
-         json.endObject();
+         writeFactorAndParents(described, json);
          json.endObject();
        });
   json.endArray();
@@ -153,12 +157,7 @@ void writeJson(Context& context, const std::string& typeId, const Described& des
     else
       json.member(name == "type id" ? "typeId" : name, texts.front());
   }
-  if (described.factor) json.member("factor", *described.factor);
-  if (described.offset) json.member("offset", *described.offset);
-  json.key("parents");
-  json.beginObject();
-  for (const Parent& parent : described.parents) json.member(parent.typeId, parent.power);
-  json.endObject();
+  writeFactorAndParents(described, json);
   if (context.arguments.has("tree")) writeTreeJson(json, context.definitions.engine(), typeId);
   json.endObject();
   context.out.write(json.text() + '\n');
