@@ -205,6 +205,15 @@ class TRELVONUNITS_API FormulaExplanation {
   /// characters other than line feeds: other bytes are shown as \xNN.
   std::string toText() const;
 
+  /// The tree, an indented line for each node, operands below their operator, with values in
+  /// primitive units, which are named by their local ids. Empty if the text is not a formula. Valid
+  /// UTF-8, as `toText`.
+  ///
+  ///     +  = 0.6858 meter
+  ///       2 ft  = 0.6096 meter
+  ///       3 in  = 0.0762 meter
+  std::string toTree() const;
+
   /// Everything, as one JSON object, which docs/explain.md describes. Valid UTF-8, as `toText`.
   std::string toJson() const;
 

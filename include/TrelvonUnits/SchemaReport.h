@@ -190,12 +190,36 @@ struct ReportOptions {
 ///
 /// @param engine  any engine. What was pending in it is built with the folders; if that fails, all
 ///                of it is dropped, and an error of the report says so.
-/// @throws std::logic_error  "schema folder not found": one of `folders` does not exist or is not a
-///                           folder. The engine is unchanged.
+/// @throws std::logic_error  "schema folder not found: FOLDER": one of `folders` does not exist or is
+///                           not a folder. The engine is unchanged.
 /// @throws std::bad_alloc    the engine stores all that it was to load, or nothing of it. What was
 ///                           pending is built, dropped or still pending.
 TRELVONUNITS_API SchemaReport loadFolders(const std::vector<std::string>& folders,
                                           Units::UnitsEngine& engine, const ReportOptions& options);
+
+/// A schema text and the name that stands for its file's path in a report.
+struct NamedText {
+  std::string name;
+  std::string text;
+};
+
+/// Loads schema texts that a host has in memory as `loadFolders` loads the files of one folder, and
+/// reports. The texts come in the order in which they are given.
+///
+/// @param texts  any bytes; each is read up to the first NUL.
+/// @throws std::bad_alloc  as for `loadFolders`.
+TRELVONUNITS_API SchemaReport loadTexts(const std::vector<NamedText>& texts,
+                                        Units::UnitsEngine& engine, const ReportOptions& options);
+
+/// The same for the texts of a bundle. `SchemaBundle` passes over a text that is no definition;
+/// here it is an error of the report.
+///
+/// @param bundle     the bytes of a bundle; see `SchemaBundle`.
+/// @param shownName  the texts are named after it: "my.bundle#1", "my.bundle#2" ...
+/// @throws std::logic_error  "not a schema bundle". The engine is unchanged.
+/// @throws std::bad_alloc    as for `loadFolders`.
+TRELVONUNITS_API SchemaReport loadBundle(std::string_view bundle, const std::string& shownName,
+                                         Units::UnitsEngine& engine, const ReportOptions& options);
 
 /// Checks one schema text, as an editor has it, against an engine that holds what it refers to, but
 /// not the definition itself: its type id would be taken.

@@ -58,7 +58,8 @@ class TRELVONUNITS_API UnitName {
 ///   safe.
 /// - No choice of names slows a search down. `find` takes time for the bytes of its text, the
 ///   logarithm of the number of names, and its result; `completions` for the names that begin so;
-///   `suggest` for the number of names, however long they are.
+///   `suggest` for the number of names, however long they are. The first search that is not exact
+///   also sorts the names for those that follow.
 ///
 ///   const Units::UnitNames names(*engine);
 ///   names.find("square foot").at(0).getUnit().getTypeId();   // "trelvon.unit:squareFoot-1.0.0"
@@ -95,6 +96,29 @@ class TRELVONUNITS_API UnitNames {
   /// @return  each unit once, for the first reason in this order: exact before loose, then in order
   ///          of `NameKind`. The result is in that order, and then in order of type id.
   std::vector<UnitName> find(std::string_view text) const;
+
+  /// Returns what `find` returns for the best reason: a unit by its type id, which leaves no doubt;
+  /// or else all exact matches; or else all loose ones. So an empty result is an unknown text, one
+  /// unit is what the text means, and of several only a person can say which one is meant.
+  ///
+  ///   findBest("foot")   the foot, though "Foot" is loosely the name of others, too
+  ///   findBest("K")      kelvin, as a difference and as a temperature scale
+  std::vector<UnitName> findBest(std::string_view text) const;
+
+  /// Returns all texts that name a unit, in order of `NameKind`, then of symbol texts in byte order.
+  ///
+  /// @param unit  a unit of the engine, by its type id. Any other has no names.
+  std::vector<UnitName> namesOf(const Unit& unit) const;
+
+  /// Returns a text by which `findBest` finds a unit and no other: the first of its local id, name
+  /// and symbol texts that does, or else its type id. To be listed where a text was ambiguous.
+  ///
+  /// @param unit  a unit of the engine; of any other the type id is returned.
+  std::string unambiguousName(const Unit& unit) const;
+
+  /// Returns the local id of a type id, of any kind of record: "foot" of
+  /// "trelvon.unit:foot-1.0.0". It may be empty.
+  static std::string localId(std::string_view typeId);
 
   /// Returns the units with a name that is near to a text, for "did you mean ...?".
   ///

@@ -1,17 +1,16 @@
 #include "loading/AddOrSkip.h"
+#include "loading/BundledTexts.h"
 #include "loading/FileReader.h"
 
 #include <TrelvonUnits/SchemaBundle.h>
 
-#include <cstddef>
 #include <memory>
 #include <stdexcept>
 
 namespace {
 
-constexpr std::string_view header = "TrelvonUnits-schema-bundle-1\n";
-
-[[noreturn]] void rejectBundle() { throw std::logic_error("not a schema bundle"); }
+using Schemas::bundleHeader;
+using Schemas::rejectBundle;
 
 std::string_view readNext(Schemas::FileReader& file, std::size_t length) {
   const std::string_view bytes = file.read(length);
@@ -24,8 +23,8 @@ std::string readBundle(const std::string& path) {
   std::unique_ptr<char[]> chunk;
   Schemas::FileReader file(path, chunk);
   if (!file.isOpen()) throw std::logic_error("failed to open schema bundle");
-  std::string content(readNext(file, header.size()));
-  if (content != header) rejectBundle();
+  std::string content(readNext(file, bundleHeader.size()));
+  if (content != bundleHeader) rejectBundle();
   Schemas::reserveRest(content, file.size());
   std::string_view bytes;
   do {
@@ -40,14 +39,7 @@ std::string readBundle(const std::string& path) {
 namespace Schemas {
 
 void SchemaBundle::addDefinitionsFromBuffer(std::string_view bundle, Units::UnitsEngine& engine) {
-  if (bundle.substr(0, header.size()) != header) rejectBundle();
-  bundle.remove_prefix(header.size());
-  if (!bundle.empty() && bundle.back() != '\0') rejectBundle();
-  while (!bundle.empty()) {
-    const std::size_t length = bundle.find('\0');
-    addOrSkip(std::string(bundle.substr(0, length)), engine);
-    bundle.remove_prefix(length + 1);
-  }
+  forEachBundledText(bundle, [&](std::string_view text) { addOrSkip(std::string(text), engine); });
   engine.buildSchemas();
 }
 

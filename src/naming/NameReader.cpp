@@ -1,6 +1,6 @@
 #include "naming/NameReader.h"
 
-#include "model/Characters.h"
+#include "model/LocalId.h"
 #include "model/RecordAccess.h"
 
 #include <algorithm>
@@ -11,15 +11,6 @@
 namespace Units {
 
 namespace {
-
-/// The part of a type id that people read: "foot" of "trelvon.unit:foot-1.0.0".
-std::string_view localIdOf(std::string_view typeId) {
-  const std::string_view local = typeId.substr(typeId.rfind(':') + 1);  // npos + 1 is 0
-  const std::size_t hyphen = local.rfind('-');
-  const bool hasVersion =
-      hyphen != local.npos && hyphen + 1 < local.size() && isDigit(local[hyphen + 1]);
-  return hasVersion ? local.substr(0, hyphen) : local;
-}
 
 /// The texts of symbols, each with the index of its unit.
 std::vector<std::pair<std::size_t, std::string>> symbolTextsOf(const UnitsEngine& engine,

@@ -1,10 +1,16 @@
 #include "model/EditDistance.h"
+#include "model/LocalId.h"
+#include "model/RecordAccess.h"
+#include "naming/ExactNames.h"
+#include "naming/FoldedNames.h"
 #include "naming/FoldedText.h"
+#include "naming/MadeOnce.h"
 #include "naming/NameReader.h"
-#include "naming/NameTable.h"
 #include "naming/UnitNameContents.h"
 
 #include <algorithm>
+#include <memory>
+#include <optional>
 #include <tuple>
 #include <utility>
 
@@ -20,12 +26,28 @@ bool beginsWith(std::string_view text, std::string_view beginning) {
 
 struct UnitNames::Contents : CountedContents {
   explicit Contents(std::vector<NamedUnit> read)
-      : unitCount(countUnits(read)), names(shared(read)), table(entriesOf(read), unitCount) {}
+      : unitCount(countUnits(read)),
+        names(shared(read)),
+        entries(entriesOf(read)),
+        exact(entries, unitCount) {}
+
+  /// Most hosts search for texts that are exact, and then need nothing else.
+  const FoldedNames& folded() const {
+    return folded_.get([this] { return std::make_unique<const FoldedNames>(entries, unitCount); });
+  }
 
   static std::size_t countUnits(const std::vector<NamedUnit>& read) {
     std::size_t count = 0;
     for (const NamedUnit& name : read) count = std::max(count, name.order + 1);
     return count;
+  }
+
+  /// The place of a unit in order of type id, if it is there.
+  std::optional<std::size_t> orderOf(const Unit& unit) const {
+    for (const Name name : exact.find(RecordAccess::typeId(unit)))
+      if (entries[name].kind == NameKind::TypeId && names[name]->unit == unit)
+        return entries[name].unit;
+    return std::nullopt;
   }
 
   /// Moves the texts.
@@ -37,17 +59,21 @@ struct UnitNames::Contents : CountedContents {
     return names;
   }
 
-  std::vector<NameEntry> entriesOf(const std::vector<NamedUnit>& read) const {
-    std::vector<NameEntry> entries;
-    entries.reserve(read.size());
+  NameEntries entriesOf(const std::vector<NamedUnit>& read) const {
+    NameEntries list;
+    list.reserve(read.size());
     for (std::size_t i = 0; i < read.size(); ++i)
-      entries.push_back({names[i]->text, read[i].kind, read[i].order});
-    return entries;
+      list.push_back({names[i]->text, read[i].kind, read[i].order});
+    return list;
   }
 
   const std::size_t unitCount;
   const std::vector<Shared<UnitName::Contents>> names;
-  const NameTable table;
+  const NameEntries entries;
+  const ExactNames exact;
+
+ private:
+  MadeOnce<FoldedNames> folded_;
 };
 
 UnitNames::UnitNames(const UnitsEngine& engine) : contents_(new Contents(readNames(engine))) {}
@@ -58,29 +84,68 @@ UnitNames::UnitNames(UnitNames&& other) noexcept = default;
 UnitNames::~UnitNames() = default;
 
 std::vector<UnitName> UnitNames::find(std::string_view text) const {
-  const NameTable& table = contents_->table;
-  const NameTable::Group exact = table.findExactly(text);
-  const NameTable::Group loose = table.findLoosely(FoldedText(text).view());
+  const NameGroup exact = contents_->exact.find(text);
+  const NameGroup loose = contents_->folded().find(FoldedText(text).view());
   std::vector<UnitName> found;
   found.reserve(exact.size() + loose.size());
-  for (const NameTable::Name name : exact) found.push_back({contents_->names[name], true});
-  for (const NameTable::Name name : loose)
-    if (!table.hasUnit(exact, table[name].unit)) found.push_back({contents_->names[name], false});
+  for (const Name name : exact) found.push_back({contents_->names[name], true});
+  for (const Name name : loose)
+    if (!contents_->exact.hasUnit(exact, contents_->entries[name].unit))
+      found.push_back({contents_->names[name], false});
   return found;
 }
+
+std::vector<UnitName> UnitNames::findBest(std::string_view text) const {
+  NameGroup best = contents_->exact.find(text);
+  const bool isExact = best.size() > 0;
+  if (!isExact) best = contents_->folded().find(FoldedText(text).view());
+  const auto kindOf = [this](Name name) { return contents_->entries[name].kind; };
+  if (isExact && kindOf(*best.first) == NameKind::TypeId) best.last = best.first + 1;
+  std::vector<UnitName> found;
+  found.reserve(best.size());
+  for (const Name name : best) found.push_back({contents_->names[name], isExact});
+  return found;
+}
+
+std::vector<UnitName> UnitNames::namesOf(const Unit& unit) const {
+  std::vector<UnitName> all;
+  const auto order = contents_->orderOf(unit);
+  if (!order) return all;
+  const auto inOrder = [](const NameEntry& a, const NameEntry& b) { return a < b; };
+  for (const NameKind kind :
+       {NameKind::TypeId, NameKind::LocalId, NameKind::Name, NameKind::SymbolText}) {
+    const auto [begin, end] = std::equal_range(contents_->entries.begin(), contents_->entries.end(),
+                                               NameEntry{{}, kind, *order}, inOrder);
+    for (auto entry = begin; entry != end; ++entry)
+      all.push_back(
+          {contents_->names[static_cast<Name>(entry - contents_->entries.begin())], true});
+  }
+  return all;
+}
+
+std::string UnitNames::unambiguousName(const Unit& unit) const {
+  for (const UnitName& name : namesOf(unit)) {
+    if (name.getKind() == NameKind::TypeId) continue;
+    const std::string text = name.getText();
+    if (const auto best = findBest(text); best.size() == 1 && best[0].getUnit() == unit)
+      return text;
+  }
+  return unit.getTypeId();
+}
+
+std::string UnitNames::localId(std::string_view typeId) { return std::string(localIdOf(typeId)); }
 
 std::vector<UnitName> UnitNames::suggest(std::string_view text, std::size_t count) const {
   const FoldedText folded(text);
   if (folded.view().size() > EditDistance::longestText) return {};
-  const NameTable& table = contents_->table;
+  const NameEntries& entries = contents_->entries;
   const EditDistance distance(folded.view());
-  std::vector<std::tuple<Nearness, std::size_t, NameTable::Name>> near;  // with their units
-  for (const NameTable::Spelling& spelling : table.spellings()) {
+  std::vector<std::tuple<Nearness, std::size_t, Name>> near;  // with their units
+  for (const FoldedNames::Spelling& spelling : contents_->folded().spellings()) {
     if (!distance.mayBeNear(spelling.sketch)) continue;  // tuning
     const auto nearness = distance.to(spelling.folded);
     if (!nearness) continue;
-    for (const NameTable::Name name : spelling.names)
-      near.emplace_back(*nearness, table[name].unit, name);
+    for (const Name name : spelling.names) near.emplace_back(*nearness, entries[name].unit, name);
   }
   std::sort(near.begin(), near.end());
 
@@ -90,24 +155,26 @@ std::vector<UnitName> UnitNames::suggest(std::string_view text, std::size_t coun
     if (nearest.size() == count) break;
     if (isThere[unit]) continue;
     isThere[unit] = true;
-    nearest.push_back({contents_->names[name], table[name].text == text});
+    nearest.push_back({contents_->names[name], entries[name].text == text});
   }
   return nearest;
 }
 
 std::vector<UnitName> UnitNames::completions(std::string_view prefix, std::size_t count) const {
   const FoldedText folded(prefix);
-  const NameTable& table = contents_->table;
+  const NameEntries& entries = contents_->entries;
+  const auto& spellings = contents_->folded().spellings();
   const auto begin = std::lower_bound(
-      table.spellings().begin(), table.spellings().end(), folded.view(),
+      spellings.begin(), spellings.end(), folded.view(),
       [](const auto& spelling, std::string_view text) { return spelling.folded < text; });
   std::vector<UnitName> found;
   for (const bool isExact : {true, false}) {
-    for (auto spelling = begin; spelling != table.spellings().end(); ++spelling) {
+    for (auto spelling = begin; spelling != spellings.end(); ++spelling) {
       if (!beginsWith(spelling->folded, folded.view())) break;
-      for (const NameTable::Name name : spelling->names) {
+      for (const Name name : spelling->names) {
         if (found.size() == count) return found;
-        if (table[name].kind != NameKind::TypeId && beginsWith(table[name].text, prefix) == isExact)
+        if (entries[name].kind != NameKind::TypeId &&
+            beginsWith(entries[name].text, prefix) == isExact)
           found.push_back({contents_->names[name], isExact});
       }
     }

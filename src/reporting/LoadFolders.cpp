@@ -1,4 +1,5 @@
 #include "loading/AddOrSkip.h"
+#include "loading/BundledTexts.h"
 #include "loading/SchemaFiles.h"
 #include "model/DefinitionCopy.h"
 #include "reporting/Batch.h"
@@ -67,24 +68,38 @@ bool lintInCopy(const Units::UnitsEngine& engine, const std::vector<FiledDefinit
   return true;
 }
 
-class FolderLoad {
+/// Gives the last file its text, which ends at the first NUL.
+void setText(std::string_view text, bool lint, Findings& findings) {
+  const std::size_t end = std::min(text.find('\0'), text.size());
+  findings.files.back().text = text.substr(0, end);
+  if (lint && end + 1 < text.size())
+    findings.add("text-after-nul", {findings.files.size() - 1, end, end},
+                 "Reading ends at a NUL; there is text behind it.");
+}
+
+class ReportedLoad {
  public:
-  FolderLoad(Units::UnitsEngine& engine, const ReportOptions& options)
+  ReportedLoad(Units::UnitsEngine& engine, const ReportOptions& options)
       : engine_(engine), options_(options), known_(engine) {}
 
-  void read(const std::string& folder) {
+  void readFolder(const std::string& folder) {
     Batch batch(findings_, known_);
     std::unique_ptr<char[]> chunk;
     const std::vector<FolderEntry> entries = walkFolder(folder);
     for (const FolderEntry& entry : entries) {
-      findings_.files.push_back({});
-      findings_.files.back().path = entry.path;
+      addFile(entry.path);
       if (!mustStop()) take(entry, batch, chunk);
     }
-    if (mustStop()) return;
-    batch.resolve();
-    std::vector<FiledDefinition> kept = batch.takeKept();
-    std::move(kept.begin(), kept.end(), std::back_inserter(kept_));
+    keep(batch);
+  }
+
+  void readTexts(const std::vector<NamedText>& texts) {
+    Batch batch(findings_, known_);
+    for (const NamedText& text : texts) {
+      addFile(text.name);
+      if (!mustStop()) readText(text.text, batch);
+    }
+    keep(batch);
   }
 
   SchemaReport finish() {
@@ -98,6 +113,23 @@ class FolderLoad {
 
  private:
   bool mustStop() const { return findings_.hasErrors && !options_.keepGoing; }
+
+  void addFile(const std::string& path) {
+    findings_.files.push_back({});
+    findings_.files.back().path = path;
+  }
+
+  void keep(Batch& batch) {
+    if (mustStop()) return;
+    batch.resolve();
+    std::vector<FiledDefinition> kept = batch.takeKept();
+    std::move(kept.begin(), kept.end(), std::back_inserter(kept_));
+  }
+
+  void readText(std::string_view text, Batch& batch) {
+    setText(text, options_.lint, findings_);
+    batch.read(findings_.files.size() - 1, options_.lint);
+  }
 
   void take(const FolderEntry& entry, Batch& batch, std::unique_ptr<char[]>& chunk) {
     using Kind = FolderEntry::Kind;
@@ -199,14 +231,30 @@ SchemaReport loadFolders(const std::vector<std::string>& folders, Units::UnitsEn
                          const ReportOptions& options) {
   for (const std::string& folder : folders) {
     try {
-      if (!isFolder(folder)) throw std::logic_error("schema folder not found");
+      if (!isFolder(folder)) throw std::logic_error("schema folder not found: " + folder);
     } catch (const std::filesystem::filesystem_error&) {
       // The walk reports it.
     }
   }
-  FolderLoad load(engine, options);
-  for (const std::string& folder : folders) load.read(folder);
+  ReportedLoad load(engine, options);
+  for (const std::string& folder : folders) load.readFolder(folder);
   return load.finish();
+}
+
+SchemaReport loadTexts(const std::vector<NamedText>& texts, Units::UnitsEngine& engine,
+                       const ReportOptions& options) {
+  ReportedLoad load(engine, options);
+  load.readTexts(texts);
+  return load.finish();
+}
+
+SchemaReport loadBundle(std::string_view bundle, const std::string& shownName,
+                        Units::UnitsEngine& engine, const ReportOptions& options) {
+  std::vector<NamedText> texts;
+  forEachBundledText(bundle, [&](std::string_view text) {
+    texts.push_back({shownName + '#' + std::to_string(texts.size() + 1), std::string(text)});
+  });
+  return loadTexts(texts, engine, options);
 }
 
 SchemaReport checkText(std::string_view text, const std::string& shownName,
@@ -215,11 +263,7 @@ SchemaReport checkText(std::string_view text, const std::string& shownName,
   KnownDefinitions known(engine);
   findings.files.push_back({});
   findings.files.back().path = shownName;
-  const std::size_t end = std::min(text.find('\0'), text.size());
-  findings.files.back().text = text.substr(0, end);
-  if (end + 1 < text.size())
-    findings.add("text-after-nul", {0, end, end},
-                 "Reading ends at a NUL; there is text behind it.");
+  setText(text, true, findings);
   Batch batch(findings, known);
   batch.read(0, true);
   batch.resolve();

@@ -6,6 +6,8 @@
 #include "tests/support/RandomDefinitions.h"
 #include "tests/support/Sample.h"
 
+#include <TrelvonUnits/SchemaReport.h>
+
 #include <limits>
 
 namespace {
@@ -70,6 +72,29 @@ void addOneByOne(const std::string& bytes, Units::UnitsEngine& engine) {
   engine.buildSchemas();
 }
 
+/// A report says of each text what became of it silently.
+void checkReport(const std::string& bytes) {
+  const std::unique_ptr<Units::UnitsEngine> silent(Units::CreateUnitsEngine());
+  const std::unique_ptr<Units::UnitsEngine> reported(Units::CreateUnitsEngine());
+  std::string failure;
+  try {
+    Schemas::SchemaBundle::addDefinitionsFromBuffer(bytes, *silent);
+  } catch (const std::logic_error& error) {
+    failure = error.what();
+  }
+  try {
+    const auto report = Schemas::loadBundle(bytes, "b", *reported, {true, true, true, {}});
+    checkEqual(report.getFileCount(Schemas::FileFate::LeftOut) > 0, !failure.empty(), failure);
+    for (const Schemas::FileReport& file : report.getFiles())
+      if (file.getFate() == Schemas::FileFate::Loaded)
+        check(reported->isRegistered(file.getTypeId()) &&
+                  (!failure.empty() || silent->isRegistered(file.getTypeId())),
+              report.toText());
+  } catch (const std::logic_error& error) {
+    checkEqual(error.what(), failure, "a report");
+  }
+}
+
 /// The same sequence of bundles on an engine of each.
 class Loads {
  public:
@@ -85,6 +110,7 @@ class Loads {
     });
     checkEqual(buffer, expected, "a buffer");
     checkEqual(file, expected, "a file");
+    checkReport(bundle.bytes);
   }
 
  private:

@@ -155,14 +155,15 @@ std::vector<Operation> readingOperations() {
             const Units::UnitNames names(e);
             return names.find(std::string(99, ' ') + "FOOT").at(0).getText() +
                    names.suggest("fooot", 2).at(0).getText() +
-                   names.completions("F", 1)[0].getText();
+                   names.completions("F", 1)[0].getText() +
+                   names.unambiguousName(names.findBest("foot").at(0).getUnit());
           }),
       row("explainFormula",
           [](auto& e) {
             std::string texts;
             for (const char* const formula : {"5 ft - 6 in", "1 ft + x", "2 * (x"}) {
               const auto explained = explainFormula(e, "foot", formula, resolveOne);
-              texts += explained.toText() + explained.toJson();
+              texts += explained.toText() + explained.toTree() + explained.toJson();
             }
             return texts;
           }),

@@ -38,7 +38,7 @@ class ExplanationCheck {
     if (!haveSameTokens(explained)) return "other tokens";
     if (!isTree(explained)) return "no tree";
     if (!tiles(explained)) return "the tokens do not tile the texts";
-    for (const std::string& text : {explained.toText(), explained.toJson()})
+    for (const std::string& text : {explained.toText(), explained.toTree(), explained.toJson()})
       if (Units::wholeText(text) != text) return "no UTF-8";
     return "";
   }

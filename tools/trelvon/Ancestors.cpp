@@ -36,7 +36,7 @@ Described describeUnit(const Units::Unit& unit) {
 Described describeSymbol(const Units::Symbol& symbol) {
   const std::string text = textOf(symbol);
   return {symbol.getPrefixOrSuffix() ? "symbol" : "composite symbol",
-          text.empty() ? localIdOf(symbol.getTypeId()) : text,
+          text.empty() ? Units::UnitNames::localId(symbol.getTypeId()) : text,
           {},
           {},
           {{symbol.getUnit().getTypeId()}}};
@@ -51,7 +51,8 @@ Described describeQuantity(const Units::Quantity& quantity) {
 
 Described describeFactor(const Units::Factor& factor) {
   const Units::FactorComponent component = factor.getFactorComponent();
-  Described described{"factor", localIdOf(factor.getTypeId()), component.getFactor(), {}, {}};
+  Described described{
+      "factor", Units::UnitNames::localId(factor.getTypeId()), component.getFactor(), {}, {}};
   addParents(described.parents, component.getParentFactorPowers());
   return described;
 }
@@ -76,7 +77,8 @@ Described describe(const Units::UnitsEngine& engine, const std::string& typeId) 
     return *symbol;
   if (const auto quantity = ifThere([&] { return describeQuantity(engine.getQuantity(typeId)); }))
     return *quantity;
-  return {"dimension", localIdOf(engine.getDimension(typeId).getTypeId()), {}, {}, {}};
+  return {
+      "dimension", Units::UnitNames::localId(engine.getDimension(typeId).getTypeId()), {}, {}, {}};
 }
 
 }  // namespace tool

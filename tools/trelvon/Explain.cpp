@@ -1,49 +1,11 @@
 #include "tools/trelvon/Context.h"
-#include "tools/trelvon/Lookup.h"
 #include "tools/trelvon/Run.h"
-#include "tools/trelvon/ShownText.h"
 
 #include <algorithm>
-#include <utility>
-#include <vector>
 
 namespace tool {
 
 namespace {
-
-/// Deeper nodes are not indented any further, so that the text of a deep tree stays short.
-constexpr std::size_t deepestIndent = 40;
-
-std::string unitsOf(const Units::FormulaExplanation::Node& node) {
-  std::string text;
-  for (const auto& [typeId, power] : node.powers()) {
-    text += ' ' + shown(localIdOf(typeId));
-    if (power != 1.0) text += '^' + shortestText(power);
-  }
-  return text;
-}
-
-/// A line for each node of the tree, operands indented below their operator.
-void writeTree(Output& out, const Units::FormulaExplanation& explanation) {
-  const auto tokens = explanation.tokens();
-  const auto nodes = explanation.nodes();
-  std::vector<std::pair<std::size_t, std::size_t>> waiting;  // nodes and their depths
-  if (!nodes.empty()) waiting.emplace_back(nodes.size() - 1, 0);
-  while (!waiting.empty()) {
-    const auto [index, depth] = waiting.back();
-    waiting.pop_back();
-    const auto& node = nodes[index];
-    const auto operands = node.operands();
-    for (auto operand = operands.rbegin(); operand != operands.rend(); ++operand)
-      waiting.emplace_back(*operand, depth + 1);
-    const bool isGroup = node.kind() == Units::FormulaExplanation::NodeKind::Parentheses;
-    out.write(std::string(2 * std::min(depth, deepestIndent) + 2, ' ') +
-              (isGroup ? "( )" : shown(tokens[node.token()].text())) +
-              (node.wasReached() ? "  = " + shortestText(node.value()) + unitsOf(node)
-                                 : "  was not reached") +
-              '\n');
-  }
-}
 
 /// The text of an explanation, with colors where a terminal shows it.
 void writeText(Output& out, const std::string& text) {
@@ -80,7 +42,7 @@ Status runExplain(Context& context) {
     context.out.write(explanation.toJson() + '\n');
   } else {
     writeText(context.out, explanation.toText());
-    writeTree(context.out, explanation);
+    context.out.write(explanation.toTree());
   }
   return explanation.reason() == Units::FormulaReason::Done ? Status::Done : Status::Findings;
 }

@@ -109,7 +109,7 @@ Status runList(Context& context) {
   }
   std::vector<Row> rows;
   for (const Item& item : items) {
-    Row row = {shown(localIdOf(item.typeId))};
+    Row row = {shown(Units::UnitNames::localId(item.typeId))};
     for (const auto& [name, texts] : item.columns) {
       std::string cell;
       for (const std::string& text : texts) cell += (cell.empty() ? "" : ", ") + shown(text);

@@ -12,19 +12,6 @@ namespace {
 
 constexpr std::size_t mostSuggestions = 3;
 
-/// Those of the names that match best: by type id, else exactly, else loosely.
-std::vector<Units::Unit> bestMatches(const std::string& text, const Units::UnitNames& names) {
-  std::vector<Units::Unit> units;
-  bool isExact = false;
-  for (const Units::UnitName& name : names.find(text)) {
-    if (name.isExact() && name.getKind() == Units::NameKind::TypeId) return {name.getUnit()};
-    if (isExact && !name.isExact()) break;
-    isExact = name.isExact();
-    units.push_back(name.getUnit());
-  }
-  return units;
-}
-
 [[noreturn]] void failUnknown(const std::string& text, const Units::UnitNames& names) {
   std::string message = inQuotes(text) + " names no unit";
   const auto near = names.suggest(text, mostSuggestions);
@@ -33,11 +20,13 @@ std::vector<Units::Unit> bestMatches(const std::string& text, const Units::UnitN
   throw Failure(Status::Findings, message + (near.empty() ? "" : "?"));
 }
 
-[[noreturn]] void failAmbiguous(const std::string& text, const std::vector<Units::Unit>& units,
+[[noreturn]] void failAmbiguous(const std::string& text, const std::vector<Units::UnitName>& best,
                                 const Units::UnitNames& names) {
   std::string message = inQuotes(text) + " names more than one unit. Write one of:";
-  for (const Units::Unit& unit : units)
-    message += "\n  " + shown(sayingOf(unit, names)) + "  (" + shown(unit.getName()) + ')';
+  for (const Units::UnitName& name : best) {
+    const Units::Unit unit = name.getUnit();
+    message += "\n  " + shown(names.unambiguousName(unit)) + "  (" + shown(unit.getName()) + ')';
+  }
   throw Failure(Status::Findings, message);
 }
 
@@ -70,7 +59,7 @@ std::optional<std::string> find(const std::string& text, const std::string& kind
   if (records.count(text) != 0) return text;
   Matches matches;
   for (const auto& [typeId, record] : records) {
-    if (localIdOf(typeId) == text)
+    if (Units::UnitNames::localId(typeId) == text)
       matches.add(1, typeId);
     else if (!text.empty() && nameOf(record) == text)
       matches.add(2, typeId);
@@ -93,27 +82,12 @@ std::string textOf(const Units::Symbol& symbol) {
   return text ? text->getText() : std::string();
 }
 
-std::string localIdOf(const std::string& typeId) {
-  const std::string local = typeId.substr(typeId.rfind(':') + 1);
-  const std::size_t hyphen = local.rfind('-');
-  const bool isVersion = hyphen != std::string::npos && hyphen + 1 < local.size() &&
-                         local[hyphen + 1] >= '0' && local[hyphen + 1] <= '9';
-  return isVersion && hyphen > 0 ? local.substr(0, hyphen) : local;
-}
-
-std::string sayingOf(const Units::Unit& unit, const Units::UnitNames& names) {
-  for (const std::string& text : {localIdOf(unit.getTypeId()), unit.getName()})
-    if (const auto units = bestMatches(text, names); units.size() == 1 && units[0] == unit)
-      return text;
-  return unit.getTypeId();
-}
-
 Units::Unit unitNamed(const std::string& text, Definitions& definitions) {
   const Units::UnitNames& names = definitions.names();
-  const auto units = bestMatches(text, names);
-  if (units.empty()) failUnknown(text, names);
-  if (units.size() > 1) failAmbiguous(text, units, names);
-  return units.front();
+  const auto best = names.findBest(text);
+  if (best.empty()) failUnknown(text, names);
+  if (best.size() > 1) failAmbiguous(text, best, names);
+  return best.front().getUnit();
 }
 
 Units::Symbol symbolNamed(const std::string& text, Definitions& definitions) {
@@ -133,7 +107,7 @@ std::string dimensionNamed(const std::string& text, Definitions& definitions) {
 }
 
 std::string definitionNamed(const std::string& text, Definitions& definitions) {
-  if (!definitions.names().find(text).empty()) return unitNamed(text, definitions).getTypeId();
+  if (!definitions.names().findBest(text).empty()) return unitNamed(text, definitions).getTypeId();
   const Units::UnitsEngine& engine = definitions.engine();
   const auto name = [](const Units::Quantity& quantity) { return quantity.getName(); };
   if (const auto found = find(text, "quantity", engine.getQuantities(), name)) return *found;

@@ -9,14 +9,8 @@
 
 namespace tool {
 
-/// The part of a type id that people say: "foot" of "trelvon.unit:foot-1.0.0".
-std::string localIdOf(const std::string& typeId);
-
 /// The text of a symbol; empty for a composite one.
 std::string textOf(const Units::Symbol& symbol);
-
-/// A text that names this unit and no other: its local id, its name or its type id.
-std::string sayingOf(const Units::Unit& unit, const Units::UnitNames& names);
 
 /// The unit that a text names. Texts that match exactly come before those that match loosely; among
 /// equals nothing is guessed.

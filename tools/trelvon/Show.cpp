@@ -34,7 +34,7 @@ void addUses(const Units::UnitsEngine& engine, const std::string& typeId,
              std::vector<Field>& fields) {
   std::vector<std::string> symbols, quantities;
   for (const auto& [id, symbol] : engine.getSymbolsOfUnit(typeId))
-    symbols.push_back(textOf(symbol).empty() ? localIdOf(id) : textOf(symbol));
+    symbols.push_back(textOf(symbol).empty() ? Units::UnitNames::localId(id) : textOf(symbol));
   for (const auto& [id, quantity] : engine.getQuantitiesOfUnit(typeId))
     quantities.push_back(quantity.getName());
   fields.push_back({"symbols", symbols});
@@ -49,7 +49,7 @@ std::vector<Field> fieldsOf(const std::string& typeId, const Described& describe
   if (described.offset) fields.push_back({"offset", {shortestText(*described.offset)}});
   std::vector<std::string> parents;
   for (const Parent& parent : described.parents)
-    parents.push_back(localIdOf(parent.typeId) + powerText(parent.power));
+    parents.push_back(Units::UnitNames::localId(parent.typeId) + powerText(parent.power));
   fields.push_back({"parents", parents});
   if (described.kind.find("unit") != std::string::npos)
     addUses(definitions.engine(), typeId, fields);
@@ -88,7 +88,8 @@ void writeTree(Output& out, const Units::UnitsEngine& engine, const std::string&
   walk(engine, typeId,
        [&](const Parent& parent, std::size_t depth, const Described& described, bool isNew) {
          std::string line(2 * std::min(depth, deepestIndent), ' ');
-         line += shown(localIdOf(parent.typeId)) + powerText(parent.power) + "  " + described.kind;
+         line += shown(Units::UnitNames::localId(parent.typeId)) + powerText(parent.power) + "  " +
+                 described.kind;
          if (described.factor) line += ", factor " + shortestText(*described.factor);
          if (described.offset) line += ", offset " + shortestText(*described.offset);
          out.write(line + (isNew || described.parents.empty() ? "\n" : ", parents as above\n"));

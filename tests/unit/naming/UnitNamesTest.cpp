@@ -46,6 +46,25 @@ TEST(UnitNames, AreWhatAHostChooses) {
       {"", ""},
       {"\xB0\xFF", "d:-1=\xB0\xFFS "}};
   for (const auto& [text, found] : rows) EXPECT_EQ(listed(names.find(text)), found) << text;
+  const std::pair<const char*, const char*> bestRows[] = {
+      {"foot", "foot=footT "},
+      {"FOOT", "b:foot-2.0=FOOTN "},
+      {"-", "d:-1=-S "},
+      {"F O O T", "a:foot-1=footL~ b:foot-2.0=footL~ foot=footL~ A:=foot-N~ "},
+      {"ft ", "c:board-foot=ftN~ "}};
+  for (const auto& [text, best] : bestRows) EXPECT_EQ(listed(names.findBest(text)), best) << text;
+  const std::pair<const char*, const char*> namesOfRows[] = {
+      {"a:foot-1",
+       "Foot a:foot-1=a:foot-1T a:foot-1=footL a:foot-1=FootN a:foot-1=FTS a:foot-1=f-tS "
+       "a:foot-1=ftS "},
+      {"foot", "foot foot=footT foot=footL foot=foot poundN foot=footS foot=ftS "},
+      {"d:-1", "__ d:-1=d:-1T d:-1=__N d:-1=-S d:-1=\xB0\xFFS "}};
+  for (const auto& [typeId, all] : namesOfRows) {
+    const Unit unit = engine->getUnit(typeId);
+    EXPECT_EQ(names.unambiguousName(unit) + ' ' + listed(names.namesOf(unit)), all) << typeId;
+  }
+  const Unit foreign("Foot", "", System::Metric, PrimitiveUnitComponent());
+  EXPECT_EQ(names.unambiguousName(foreign) + listed(names.namesOf(foreign)), "Foot");
   EXPECT_EQ(listed(names.suggest("foop", 9)),
             "A:=foot-N~ a:foot-1=footL~ b:foot-2.0=footL~ foot=footT~ ");
   EXPECT_EQ(listed(names.suggest(std::string(999, 'f'), 9)), "");

@@ -230,7 +230,7 @@ TEST(LoadFolders, WantsFolders) {
     EXPECT_EQ(messageOf<std::logic_error>([&] {
                 loadFolders({tree.path(), none}, *engine, {});
               }),
-              "schema folder not found");
+              "schema folder not found: " + none.string());
   EXPECT_FALSE(engine->isRegistered("a"));
 }
 
