@@ -140,7 +140,13 @@ class Catalogue:
         }
         texts.update(changes or {})
         self.root = root
-        self.files = {path: Definition(path, text) for path, text in texts.items() if text}
+        # the codes of other systems, which lie directly in the folder of a pack
+        self.codes = {path: text for path, text in texts.items() if path.count("/") == 1 and text}
+        self.files = {
+            path: Definition(path, text)
+            for path, text in texts.items()
+            if path not in self.codes and text
+        }
         self.by_id = {one.id: one for one in self.files.values()}
         self.reductions = {}
 

@@ -77,6 +77,8 @@ class Walk {
       return isSchemaFile(path, depth) ? std::optional(Kind::DeadLink) : std::nullopt;
     if (!entry.is_regular_file(ignored)) return std::nullopt;
     if (isSchemaFile(path, depth)) return Kind::SchemaFile;
+    // codes.json is no definition: it maps the units of a pack to the codes of other systems
+    if (depth == 0 && path.filename() == "codes.json") return std::nullopt;
     if (depth == 0 && path.extension() == ".json") return Kind::TopFile;
     if (isAlmostSchemaName(path)) return Kind::OtherName;
     return std::nullopt;

@@ -15,8 +15,10 @@ namespace fs = std::filesystem;
 
 std::vector<fs::path> filesOf(const std::string& pack) {
   std::vector<fs::path> files;
-  for (const auto& entry : fs::recursive_directory_iterator(fs::path(kSchemas) / pack))
-    if (entry.path().extension() == ".json") files.push_back(entry.path());
+  const fs::path top = fs::path(kSchemas) / pack;
+  for (const auto& entry : fs::recursive_directory_iterator(top))
+    if (entry.path().extension() == ".json" && entry.path().parent_path() != top)
+      files.push_back(entry.path());
   std::sort(files.begin(), files.end());
   return files;
 }

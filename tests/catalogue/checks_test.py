@@ -7,6 +7,7 @@ import unittest
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
 
 import catalogue as lib
+import code_checks as codes
 import definition_checks as definitions
 import text_checks as symbols
 
@@ -15,6 +16,7 @@ PSIG = "gauge/units/psiGauge.json"
 LENGTH = "core/quantities/length.json"
 FOOT_TEXT = "symbols/length/display/foot.json"
 FEET = "aliases/length/spellings/foot.feet.json"
+CODES = "core/codes.json"
 
 # check, file, what stands there, what is put in its place (None: the file goes), the complaint
 FAULTS = [
@@ -32,17 +34,29 @@ FAULTS = [
     (symbols.characters, FEET, '"feet"', '"f\u00e9et"', "U+00E9"),
     (symbols.twice, FOOT_TEXT, '"ft"', '"feet"', "has the same text twice"),
     (symbols.coverage, FOOT_TEXT, "", None, "foot.json: display symbols []"),
+    (codes.mappings, CODES, '"rec20": ["FOT"]', '"rec21": ["FOT"]', "unknown systems"),
+    (codes.mappings, CODES, '["FOT"]', '["INH"]', "rec20:INH stands in core/codes.json:"),
+    (codes.mappings, CODES, "unit:foot-", "unit:feet-", "feet-1.0.0 is no unit of the pack"),
+    (codes.mappings, CODES, '"[ft_i]"', '"[ft_i]"], "udunits": ["f"', "another order"),
+    (codes.mappings, CODES, "ucum:[acr_br]", "ucum:[acr_us]", "differs, but is not there"),
+    (codes.sizes, CODES, '"[ft_i]"', '"[yd_i]"', "ucum:[yd_i]: another size is not explained"),
+    (codes.sizes, CODES, '"[ft_i]"', '"[ft_x]"', "ucum has no code [ft_x]"),
+    (codes.sizes, CODES, '["FOT"]', '["FTK"]', "rec20:FTK: another size is not explained"),
+    (codes.sizes, CODES, "ucum:[acr_br]", "ucum:[acr_us]", "ucum:[acr_br]: another size"),
+    (codes.sizes, CODES, '"FT"]', '"FTT"]', "qudt has no code FTT"),
 ]  # fmt: skip
+
+ALL = definitions.ALL + symbols.ALL + codes.ALL
 
 
 class Checks(unittest.TestCase):
     def test_have_no_complaint(self):
         shipped = lib.Catalogue()
-        for check in definitions.ALL + symbols.ALL:
+        for check in ALL:
             self.assertEqual(check(shipped), [])
 
     def test_complain_of_the_fault(self):
-        self.assertEqual({fault[0] for fault in FAULTS}, {*definitions.ALL, *symbols.ALL})
+        self.assertEqual({fault[0] for fault in FAULTS}, set(ALL))
         for check, path, old, new, complaint in FAULTS:
             with self.subTest(check=check.__name__, path=path, new=new):
                 text = (lib.ROOT / path).read_text(encoding="utf-8")
@@ -50,6 +64,11 @@ class Checks(unittest.TestCase):
                 broken = None if new is None else text.replace(old, new, 1)
                 found = check(lib.Catalogue(changes={path: broken}))
                 self.assertTrue(any(complaint in one for one in found), found)
+
+    def test_complain_of_codes_of_an_unknown_pack(self):
+        text = (lib.ROOT / CODES).read_text(encoding="utf-8")
+        found = codes.mappings(lib.Catalogue(changes={"cores/codes.json": text}))
+        self.assertIn("cores/codes.json:1: unknown pack or file", found)
 
 
 if __name__ == "__main__":

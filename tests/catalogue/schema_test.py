@@ -1,4 +1,4 @@
-"""The JSON Schema for editors accepts every shipped file and refuses the usual slips of the pen.
+"""The JSON Schemas for editors accept every shipped file and refuse the usual slips of the pen.
 
 Skipped where the package jsonschema is missing.
 """
@@ -90,16 +90,35 @@ ALLOWED = [
     (DIMENSION, '  "constants": [],\n', ""),
 ]
 
+CODES = "core/codes.json"
+FAULTY_CODES = [
+    (CODES, '"version": 1', '"version": 2'),
+    (CODES, '"version": 1', '"version": 1, "note": ""'),
+    (CODES, '"rec20": ["FOT"]', '"rec21": ["FOT"]'),
+    (CODES, '["FOT"]', '"FOT"'),
+    (CODES, '["FOT"]', "[]"),
+    (CODES, '["FOT"]', '["FOT", "FOT"]'),
+    (CODES, '["FOT"]', '["fot"]'),
+    (CODES, '"differs": {"ucum:', '"differs": {"rec21:'),
+]
+
+
+def validator(name):
+    schema = json.loads((SCHEMAS / name).read_text(encoding="utf-8"))
+    jsonschema.Draft202012Validator.check_schema(schema)
+    return jsonschema.Draft202012Validator(schema)
+
 
 class DefinitionSchema(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        schema = json.loads((SCHEMAS / "definition.schema.json").read_text(encoding="utf-8"))
-        jsonschema.Draft202012Validator.check_schema(schema)
-        cls.validator = jsonschema.Draft202012Validator(schema)
+        cls.definitions = validator("definition.schema.json")
+        cls.codes = validator("codes.schema.json")
 
     def complaints(self, text):
-        return [error.message for error in self.validator.iter_errors(json.loads(text))]
+        document = json.loads(text)
+        schema = self.codes if "codes" in document else self.definitions
+        return [error.message for error in schema.iter_errors(document)]
 
     def changed(self, path, old, new):
         text = (SCHEMAS / path).read_text(encoding="utf-8")
@@ -113,7 +132,7 @@ class DefinitionSchema(unittest.TestCase):
             self.assertEqual(self.complaints(path.read_text(encoding="utf-8")), [], path)
 
     def test_refuses_slips_of_the_pen(self):
-        for fault in FAULTS:
+        for fault in FAULTS + FAULTY_CODES:
             with self.subTest(fault=fault):
                 self.assertNotEqual(self.complaints(self.changed(*fault)), [])
 

@@ -146,6 +146,7 @@ INSTANTIATE_TEST_SUITE_P(
              {}},
         Load{"OtherNames",
              {{"1/a.json", dimension("a")},
+              {"1/codes.json", ""},
               {"1/x/b.JSON", ""},
               {"1/x/.json", ""},
               {"1/x/c.txt", ""},
