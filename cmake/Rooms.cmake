@@ -11,7 +11,7 @@ set(formula_sees text model)
 set(schema_sees json registry model)
 set(engine_sees schema formula registry text model)
 set(reporting_sees loading schema json text model)
-set(naming_sees model)
+set(naming_sees json text model)
 # The folders around the library. Only those that check our use of RapidJSON may include it.
 set(tests_sees ${rooms} tests tools)
 set(tests/unit/json_sees ${rooms} tests rapidjson)

@@ -27,6 +27,7 @@
 #include <TrelvonUnits/Symbol.h>
 #include <TrelvonUnits/System.h>
 #include <TrelvonUnits/Unit.h>
+#include <TrelvonUnits/UnitCodes.h>
 #include <TrelvonUnits/UnitNames.h>
 #include <TrelvonUnits/UnitsEngine.h>
 #include <TrelvonUnits/VariableResolver.h>

@@ -3,6 +3,7 @@
 #include <TrelvonUnits/Export.h>
 #include <TrelvonUnits/Shared.h>
 #include <TrelvonUnits/Unit.h>
+#include <TrelvonUnits/UnitCodes.h>
 #include <TrelvonUnits/UnitsEngine.h>
 
 #include <cstddef>
@@ -14,10 +15,13 @@ namespace Units {
 
 /// What a text is to the unit that it names.
 enum class NameKind {
-  TypeId,      ///< "trelvon.unit:squareFoot-1.0.0"
-  LocalId,     ///< "squareFoot": the type id without namespace and version
-  Name,        ///< "square foot"
-  SymbolText,  ///< "ft^2": the text of one of the unit's symbols
+  TypeId,          ///< "trelvon.unit:squareFoot-1.0.0"
+  LocalId,         ///< "squareFoot": the type id without namespace and version
+  Name,            ///< "square foot"
+  SymbolText,      ///< "ft^2": the text of one of the unit's symbols
+  Code,            ///< "ucum:[sft_i]": a code of another system, behind the name of the system
+  CodeExpression,  ///< "ucum:kg.m-3": an expression of codes that has the size and the powers of a
+                   ///< unit. The text is the one that was searched.
 };
 
 /// A text that names a unit, as `UnitNames` finds it. It does not depend on an engine or on the
@@ -78,6 +82,15 @@ class TRELVONUNITS_API UnitNames {
   ///                host-implemented engine throws passes through.
   explicit UnitNames(const UnitsEngine& engine);
 
+  /// The same, and learns the codes of other systems.
+  ///
+  ///   const Units::UnitNames names(*engine, Units::UnitCodes::fromText(mapping));
+  ///   names.find("rec20:FOT");        the foot
+  ///   names.find("ucum:kg.m-3");      kilogram per cubic meter, by an expression
+  ///
+  /// @param codes  those of units that the engine does not have are passed over.
+  UnitNames(const UnitsEngine& engine, const UnitCodes& codes);
+
   UnitNames(const UnitNames& other) noexcept;
   UnitNames(UnitNames&& other) noexcept;  ///< Copies; `other` stays usable.
   ~UnitNames();
@@ -91,8 +104,12 @@ class TRELVONUNITS_API UnitNames {
   ///   find("K")                         kelvin, as a difference and as a temperature scale
   ///   find("smoot")                     empty
   ///
-  /// @param text  any bytes. Type ids and symbol texts match exactly; local ids and names match
-  ///              loosely, too.
+  /// A text that names nothing may be the plural of a local id or name in English: one of its words
+  /// is then made singular ("square feet", "feet per second"). Or it is an expression of UCUM or
+  /// UDUNITS, which names the units of its size and powers.
+  ///
+  /// @param text  any bytes. Type ids, symbol texts and codes match exactly; local ids and names
+  ///              match loosely, too.
   /// @return  each unit once, for the first reason in this order: exact before loose, then in order
   ///          of `NameKind`. The result is in that order, and then in order of type id.
   std::vector<UnitName> find(std::string_view text) const;
@@ -104,6 +121,14 @@ class TRELVONUNITS_API UnitNames {
   ///   findBest("foot")   the foot, though "Foot" is loosely the name of others, too
   ///   findBest("K")      kelvin, as a difference and as a temperature scale
   std::vector<UnitName> findBest(std::string_view text) const;
+
+  /// Returns the units that a code or an expression of codes stands for, as `find` does for
+  /// "SYSTEM:CODE".
+  std::vector<UnitName> findCode(std::string_view system, std::string_view code) const;
+
+  /// Says for people why `find` finds nothing: of an expression of codes what it is, or where it is
+  /// faulty. Empty if it finds a unit.
+  std::string whyNot(std::string_view text) const;
 
   /// Returns all texts that name a unit, in order of `NameKind`, then of symbol texts in byte order.
   ///
@@ -152,6 +177,8 @@ class TRELVONUNITS_API UnitNames {
 
  private:
   struct Contents;
+
+  std::vector<UnitName> findOtherwise(std::string_view text) const;
 
   const Shared<Contents> contents_;
 };

@@ -31,8 +31,8 @@ NameGroup ExactNames::find(std::string_view text) const {
 }
 
 bool ExactNames::hasUnit(const NameGroup& group, std::size_t unit) const {
-  for (const NameKind kind :
-       {NameKind::TypeId, NameKind::LocalId, NameKind::Name, NameKind::SymbolText}) {
+  for (const NameKind kind : {NameKind::TypeId, NameKind::LocalId, NameKind::Name,
+                              NameKind::SymbolText, NameKind::Code}) {
     const NameEntry wanted = {{}, kind, unit};
     const Name* const found =
         std::lower_bound(group.begin(), group.end(), wanted,

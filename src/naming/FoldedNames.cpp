@@ -8,7 +8,8 @@ FoldedNames::FoldedNames(const NameEntries& entries, std::size_t unitCount) {
   std::vector<Folded> byFolded;
   byFolded.reserve(entries.size());
   for (Name name = 0; name < entries.size(); ++name)
-    byFolded.emplace_back(FoldedText(entries[name].text).view(), entries[name].text, name);
+    if (entries[name].kind != NameKind::Code)
+      byFolded.emplace_back(FoldedText(entries[name].text).view(), entries[name].text, name);
   std::sort(byFolded.begin(), byFolded.end());
 
   allNames_.reserve(entries.size());

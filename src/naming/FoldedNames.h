@@ -9,7 +9,7 @@
 
 namespace Units {
 
-/// Names, found by their texts when folded.
+/// Names other than codes, found by their texts when folded.
 class FoldedNames {
  public:
   /// The names whose texts are the same when folded.

@@ -30,10 +30,8 @@ std::vector<std::pair<std::size_t, std::string>> symbolTextsOf(const UnitsEngine
 
 }  // namespace
 
-std::vector<NamedUnit> readNames(const UnitsEngine& engine) {
-  std::vector<Unit> units;
-  for (const auto& [typeId, unit] : engine.getUnits()) units.push_back(unit);
-
+std::vector<NamedUnit> readNames(const UnitsEngine& engine, const std::vector<Unit>& units,
+                                 const std::map<std::string, CodesBySystem>& codes) {
   std::vector<NamedUnit> names;
   const auto add = [&](std::size_t unit, NameKind kind, std::string_view text) {
     if (!text.empty()) names.push_back({units[unit], unit, kind, std::string(text)});
@@ -46,6 +44,12 @@ std::vector<NamedUnit> readNames(const UnitsEngine& engine) {
     add(i, NameKind::Name, RecordAccess::name(units[i]));
   for (const auto& [unit, text] : symbolTextsOf(engine, units))
     add(unit, NameKind::SymbolText, text);
+  for (std::size_t i = 0; i < units.size(); ++i) {
+    const auto found = codes.find(RecordAccess::typeId(units[i]));
+    if (found == codes.end()) continue;
+    for (const auto& [system, texts] : found->second)
+      for (const std::string& code : texts) add(i, NameKind::Code, system + ':' + code);
+  }
   return names;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "naming/UnitCodesContents.h"
+
 #include <TrelvonUnits/UnitNames.h>
 
 #include <cstddef>
@@ -17,7 +19,11 @@ struct NamedUnit {
 };
 
 /// All texts that name units, except empty ones, in order of kind, then of unit. A text may be
-/// there twice for one unit.
-std::vector<NamedUnit> readNames(const UnitsEngine& engine);
+/// there twice for one unit. Those of codes begin with their system: "rec20:FOT".
+///
+/// @param units  those of the engine, in order.
+/// @param codes  by the type ids of units, which need not be units of the engine.
+std::vector<NamedUnit> readNames(const UnitsEngine& engine, const std::vector<Unit>& units,
+                                 const std::map<std::string, CodesBySystem>& codes);
 
 }  // namespace Units

@@ -1,11 +1,13 @@
 #include "model/EditDistance.h"
 #include "model/LocalId.h"
 #include "model/RecordAccess.h"
+#include "naming/CodeFinder.h"
 #include "naming/ExactNames.h"
 #include "naming/FoldedNames.h"
 #include "naming/FoldedText.h"
 #include "naming/MadeOnce.h"
 #include "naming/NameReader.h"
+#include "naming/Plurals.h"
 #include "naming/UnitNameContents.h"
 
 #include <algorithm>
@@ -25,8 +27,17 @@ bool beginsWith(std::string_view text, std::string_view beginning) {
 }  // namespace
 
 struct UnitNames::Contents : CountedContents {
-  explicit Contents(std::vector<NamedUnit> read)
-      : unitCount(countUnits(read)),
+  Contents(const UnitsEngine& engine, const std::map<std::string, CodesBySystem>& codes)
+      : Contents(engine, unitsOf(engine), codes) {}
+
+  Contents(const UnitsEngine& engine, std::vector<Unit> units,
+           const std::map<std::string, CodesBySystem>& codes)
+      : Contents(readNames(engine, units, codes), units.size()) {
+    if (!codes.empty()) byCode.emplace(engine, std::move(units), codes, entries, exact);
+  }
+
+  Contents(std::vector<NamedUnit> read, std::size_t count)
+      : unitCount(count),
         names(shared(read)),
         entries(entriesOf(read)),
         exact(entries, unitCount) {}
@@ -36,10 +47,10 @@ struct UnitNames::Contents : CountedContents {
     return folded_.get([this] { return std::make_unique<const FoldedNames>(entries, unitCount); });
   }
 
-  static std::size_t countUnits(const std::vector<NamedUnit>& read) {
-    std::size_t count = 0;
-    for (const NamedUnit& name : read) count = std::max(count, name.order + 1);
-    return count;
+  static std::vector<Unit> unitsOf(const UnitsEngine& engine) {
+    std::vector<Unit> units;
+    for (const auto& [typeId, unit] : engine.getUnits()) units.push_back(unit);
+    return units;
   }
 
   /// The place of a unit in order of type id, if it is there.
@@ -71,12 +82,15 @@ struct UnitNames::Contents : CountedContents {
   const std::vector<Shared<UnitName::Contents>> names;
   const NameEntries entries;
   const ExactNames exact;
+  std::optional<CodeFinder> byCode;  // if there are codes
 
  private:
   MadeOnce<FoldedNames> folded_;
 };
 
-UnitNames::UnitNames(const UnitsEngine& engine) : contents_(new Contents(readNames(engine))) {}
+UnitNames::UnitNames(const UnitsEngine& engine) : contents_(new Contents(engine, {})) {}
+UnitNames::UnitNames(const UnitsEngine& engine, const UnitCodes& codes)
+    : contents_(new Contents(engine, codes.contents_->units)) {}
 
 // Contents are shared, so a move is a copy.
 UnitNames::UnitNames(const UnitNames& other) noexcept = default;
@@ -92,7 +106,39 @@ std::vector<UnitName> UnitNames::find(std::string_view text) const {
   for (const Name name : loose)
     if (!contents_->exact.hasUnit(exact, contents_->entries[name].unit))
       found.push_back({contents_->names[name], false});
+  return found.empty() ? findOtherwise(text) : found;
+}
+
+/// What a text names that is no name itself: a plural or an expression of codes.
+std::vector<UnitName> UnitNames::findOtherwise(std::string_view text) const {
+  std::vector<UnitName> found;
+  for (const std::string& singular : singularsOf(text)) {
+    for (const Name name : contents_->folded().find(FoldedText(singular).view()))
+      found.push_back({contents_->names[name], false});
+    if (!found.empty()) return found;
+  }
+  if (!contents_->byCode) return found;
+  for (const Unit& unit : contents_->byCode->find(text))
+    found.push_back(UnitName(Shared<UnitName::Contents>(new UnitName::Contents(
+                                 unit, NameKind::CodeExpression, std::string(text))),
+                             true));
   return found;
+}
+
+std::vector<UnitName> UnitNames::findCode(std::string_view system, std::string_view code) const {
+  std::string text(system);
+  text.append(1, ':').append(code);
+  std::vector<UnitName> found;
+  for (const UnitName& name : findBest(text))
+    if (name.getKind() == NameKind::Code || name.getKind() == NameKind::CodeExpression)
+      found.push_back(name);
+  return found;
+}
+
+std::string UnitNames::whyNot(std::string_view text) const {
+  if (!findBest(text).empty()) return "";
+  if (contents_->byCode) return contents_->byCode->whyNot(text);
+  return '`' + std::string(text) + "` names no unit.";
 }
 
 std::vector<UnitName> UnitNames::findBest(std::string_view text) const {
@@ -104,7 +150,7 @@ std::vector<UnitName> UnitNames::findBest(std::string_view text) const {
   std::vector<UnitName> found;
   found.reserve(best.size());
   for (const Name name : best) found.push_back({contents_->names[name], isExact});
-  return found;
+  return found.empty() ? findOtherwise(text) : found;
 }
 
 std::vector<UnitName> UnitNames::namesOf(const Unit& unit) const {
@@ -112,8 +158,8 @@ std::vector<UnitName> UnitNames::namesOf(const Unit& unit) const {
   const auto order = contents_->orderOf(unit);
   if (!order) return all;
   const auto inOrder = [](const NameEntry& a, const NameEntry& b) { return a < b; };
-  for (const NameKind kind :
-       {NameKind::TypeId, NameKind::LocalId, NameKind::Name, NameKind::SymbolText}) {
+  for (const NameKind kind : {NameKind::TypeId, NameKind::LocalId, NameKind::Name,
+                              NameKind::SymbolText, NameKind::Code}) {
     const auto [begin, end] = std::equal_range(contents_->entries.begin(), contents_->entries.end(),
                                                NameEntry{{}, kind, *order}, inOrder);
     for (auto entry = begin; entry != end; ++entry)

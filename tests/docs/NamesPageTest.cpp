@@ -15,7 +15,7 @@ std::string localIdOf(const std::string& typeId) {
 }
 
 std::string listed(const Found& found) {
-  const char* const kinds[] = {"type id", "local id", "name", "symbol text"};
+  const char* const kinds[] = {"type id", "local id", "name", "symbol text", "code", "expression"};
   std::string list;
   for (const Units::UnitName& name : found)
     list += (list.empty() ? "" : "; ") + name.getText() + ", " +
@@ -24,19 +24,29 @@ std::string listed(const Found& found) {
   return list.empty() ? "nothing" : list;
 }
 
+Units::UnitCodes makeCatalogueCodes() {
+  return Units::UnitCodes::fromText(readFile("schemas/core/codes.json"));
+}
+
 bool hasUnit(const Found& found, const Units::Unit& unit) {
   return std::any_of(found.begin(), found.end(),
                      [&](const Units::UnitName& name) { return name.getUnit() == unit; });
 }
 
 TEST(NamesPage, TextsFindWhatItSays) {
-  const Units::UnitNames names(*makeCatalogueEngine());
+  const Units::UnitNames names(*makeCatalogueEngine(), makeCatalogueCodes());
   for (const auto& row : rowsOf("names.md", {"text", "finds"}))
     EXPECT_EQ(listed(names.find(row[0])), row[1]) << row[0];
   for (const auto& row : rowsOf("names.md", {"mistyped", "at most 3 suggestions"}))
     EXPECT_EQ(listed(names.suggest(row[0], 3)), row[1]) << row[0];
   for (const auto& row : rowsOf("names.md", {"beginning", "the first 3 completions"}))
     EXPECT_EQ(listed(names.completions(row[0], 3)), row[1]) << row[0];
+}
+
+TEST(NamesPage, TextsWithoutAUnitHaveTheReasonsThatItSays) {
+  const Units::UnitNames names(*makeCatalogueEngine(), makeCatalogueCodes());
+  for (const auto& row : rowsOf("names.md", {"text", "why not"}))
+    EXPECT_EQ(names.whyNot(row[0]), row[1]) << row[0];
 }
 
 std::string mistyped(std::string name, Random& random) {

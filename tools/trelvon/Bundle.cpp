@@ -1,3 +1,4 @@
+#include "tools/trelvon/Codes.h"
 #include "tools/trelvon/Context.h"
 #include "tools/trelvon/Files.h"
 #include "tools/trelvon/Json.h"
@@ -18,6 +19,9 @@ Status runBundle(Context& context) {
   }
   if (!context.arguments.has("out")) throw Failure(Status::Usage, "bundle needs --out FILE");
   writeFile(context.arguments.text("out"), bundle, true);
+  if (context.arguments.has("codes"))
+    writeFile(context.arguments.text("codes"),
+              codesOfFolders(context.arguments.operands).toText() + '\n', true);
   if (!context.wantsJson()) {
     context.out.write(std::to_string(count) + (count == 1 ? " definition\n" : " definitions\n"));
     return Status::Done;

@@ -154,7 +154,8 @@ Command showCommand() {
       {"trelvon show mile",
        "type id     trelvon.unit:mile-1.0.0\nname        mile\nkind        derived unit\n"
        "factor      1609.344\nparents     meter\nsymbols     mi, mile, miles\n"
-       "quantities  length\nexact       201168/125\nsource      IYP59"},
+       "quantities  length\ncodes       qudt:MI, rec20:SMI, ucum:[mi_i], udunits:mile\n"
+       "exact       201168/125\nsource      IYP59"},
       {"trelvon show kilo --tree",
        "type id  trelvon.factor:kilo-1.0.0\nname     kilo\nkind     factor\nfactor   1000\n"
        "exact    1000\nsource   SI T7; SI prefix\n\nkilo  factor, factor 1000"}};
@@ -234,7 +235,8 @@ Command bundleCommand() {
   command.details =
       "It holds the files that the folder loader reads, in byte order of their paths within each "
       "folder.";
-  command.options = {{"out", "FILE", "where to write; an older file is replaced"}};
+  command.options = {{"out", "FILE", "where to write; an older file is replaced"},
+                     {"codes", "FILE", "also writes the codes of the folders, to this file"}};
   command.examples = {{"trelvon bundle my-units --out my.bundle", "2 definitions"},
                       {"trelvon bundle my-units --out my.bundle && trelvon diff my-units my.bundle",
                        "2 definitions"}};

@@ -1,5 +1,6 @@
 #include "tools/trelvon/Definitions.h"
 
+#include "tools/trelvon/Codes.h"
 #include "tools/trelvon/Failure.h"
 #include "tools/trelvon/Files.h"
 #include "tools/trelvon/ShownText.h"
@@ -18,6 +19,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char* bundleName = "catalog.bundle";
+constexpr const char* codesName = "catalog.codes.json";
 
 /// The folder of the program's data: that of an installed tree, which may have been moved, or of a
 /// build tree.
@@ -83,6 +85,18 @@ Units::UnitsEngine& Definitions::engine() {
 const Units::UnitNames& Definitions::names() {
   if (!names_) names_.emplace(engine());
   return *names_;
+}
+
+const Units::UnitNames& Definitions::namesWithCodes() {
+  if (!namesWithCodes_) namesWithCodes_.emplace(engine(), codes());
+  return *namesWithCodes_;
+}
+
+const Units::UnitCodes& Definitions::codes() {
+  if (codes_) return *codes_;
+  const Units::UnitCodes ofFolders = codesOfFolders(folders_);
+  return codes_.emplace(hasCatalog_ ? readCodes(besideCatalog(codesName)).with(ofFolders)
+                                    : ofFolders);
 }
 
 void Definitions::forEachText(

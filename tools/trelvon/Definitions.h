@@ -2,6 +2,7 @@
 
 #include "tools/trelvon/Arguments.h"
 
+#include <TrelvonUnits/UnitCodes.h>
 #include <TrelvonUnits/UnitNames.h>
 #include <TrelvonUnits/UnitsEngine.h>
 
@@ -30,6 +31,13 @@ class Definitions {
   Units::UnitsEngine& engine();
   const Units::UnitNames& names();
 
+  /// The names with the codes of other systems. They take longer to make.
+  /// @throws Failure  a mapping of codes is faulty.
+  const Units::UnitNames& namesWithCodes();
+
+  /// The codes of the catalog and of the folders, which lie in files `codes.json` directly in them.
+  const Units::UnitCodes& codes();
+
   /// Calls a function for every text that was loaded, in order, with the path of its file.
   void forEachText(const std::function<void(const std::string&, std::string_view)>& action) const;
 
@@ -46,6 +54,8 @@ class Definitions {
   std::function<void(const std::string&)> report_;
   std::unique_ptr<Units::UnitsEngine> engine_;
   std::optional<Units::UnitNames> names_;
+  std::optional<Units::UnitCodes> codes_;
+  std::optional<Units::UnitNames> namesWithCodes_;
 };
 
 }  // namespace tool

@@ -12,9 +12,14 @@ namespace {
 
 constexpr std::size_t mostSuggestions = 3;
 
-[[noreturn]] void failUnknown(const std::string& text, const Units::UnitNames& names) {
+/// Whether a text may be a code of another system. Others need not load the codes.
+bool isCode(const std::string& text) { return text.find(':') != std::string::npos; }
+
+[[noreturn]] void failUnknown(const std::string& text, Definitions& definitions) {
+  const auto near = definitions.names().suggest(text, mostSuggestions);
+  if (near.empty() && isCode(text))
+    throw Failure(Status::Findings, shown(definitions.namesWithCodes().whyNot(text)));
   std::string message = inQuotes(text) + " names no unit";
-  const auto near = names.suggest(text, mostSuggestions);
   for (const Units::UnitName& name : near)
     message += (&name == &near.front() ? ". Did you mean " : " or ") + inQuotes(name.getText());
   throw Failure(Status::Findings, message + (near.empty() ? "" : "?"));
@@ -84,8 +89,9 @@ std::string textOf(const Units::Symbol& symbol) {
 
 Units::Unit unitNamed(const std::string& text, Definitions& definitions) {
   const Units::UnitNames& names = definitions.names();
-  const auto best = names.findBest(text);
-  if (best.empty()) failUnknown(text, names);
+  auto best = names.findBest(text);
+  if (best.empty() && isCode(text)) best = definitions.namesWithCodes().findBest(text);
+  if (best.empty()) failUnknown(text, definitions);
   if (best.size() > 1) failAmbiguous(text, best, names);
   return best.front().getUnit();
 }
@@ -107,14 +113,14 @@ std::string dimensionNamed(const std::string& text, Definitions& definitions) {
 }
 
 std::string definitionNamed(const std::string& text, Definitions& definitions) {
-  if (!definitions.names().findBest(text).empty()) return unitNamed(text, definitions).getTypeId();
   const Units::UnitsEngine& engine = definitions.engine();
   const auto name = [](const Units::Quantity& quantity) { return quantity.getName(); };
+  if (!definitions.names().findBest(text).empty()) return unitNamed(text, definitions).getTypeId();
   if (const auto found = find(text, "quantity", engine.getQuantities(), name)) return *found;
   if (const auto found = find(text, "symbol", engine.getSymbols(), textOf)) return *found;
   if (const auto found = find(text, "factor", engine.getFactors(), nameless)) return *found;
   if (const auto found = find(text, "dimension", engine.getDimensions(), nameless)) return *found;
-  failUnknown(text, definitions.names());
+  return unitNamed(text, definitions).getTypeId();
 }
 
 }  // namespace tool

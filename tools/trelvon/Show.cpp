@@ -41,6 +41,14 @@ void addUses(const Units::UnitsEngine& engine, const std::string& typeId,
   fields.push_back({"quantities", quantities});
 }
 
+void addCodes(Definitions& definitions, const std::string& typeId, std::vector<Field>& fields) {
+  std::vector<std::string> all;
+  for (const std::string& system : definitions.codes().getSystems())
+    for (const std::string& code : definitions.codes().getCodes(typeId, system))
+      all.push_back(system + ':' + code);
+  if (!all.empty()) fields.push_back({"codes", all});
+}
+
 std::vector<Field> fieldsOf(const std::string& typeId, const Described& described,
                             Definitions& definitions) {
   std::vector<Field> fields = {
@@ -51,8 +59,10 @@ std::vector<Field> fieldsOf(const std::string& typeId, const Described& describe
   for (const Parent& parent : described.parents)
     parents.push_back(Units::UnitNames::localId(parent.typeId) + powerText(parent.power));
   fields.push_back({"parents", parents});
-  if (described.kind.find("unit") != std::string::npos)
+  if (described.kind.find("unit") != std::string::npos) {
     addUses(definitions.engine(), typeId, fields);
+    addCodes(definitions, typeId, fields);
+  }
   const SchemaNotes notes = notesOf(typeId, definitions);
   if (notes.exact)
     fields.push_back(

@@ -1,4 +1,4 @@
-#include "reporting/UnitTerms.h"
+#include "model/UnitReducer.h"
 
 #include "model/Parents.h"
 #include "model/RecordAccess.h"
@@ -9,11 +9,9 @@
 #include <set>
 #include <vector>
 
-namespace Schemas {
+namespace Units {
 
 namespace {
-
-using namespace Units;
 
 /// Makes known what a record needs, parents first, and then the record.
 /// @param get      returns the record of a type id.
@@ -38,7 +36,7 @@ const Value& know(const std::string& typeId, std::map<std::string, Value>& known
   return known.at(typeId);
 }
 
-void addPower(UnitTerms& terms, const std::string& primitive, std::int64_t power) {
+void addPower(ReducedUnit& terms, const std::string& primitive, std::int64_t power) {
   constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
   std::int64_t& sum = terms.powers[primitive];
   sum += power;
@@ -48,7 +46,7 @@ void addPower(UnitTerms& terms, const std::string& primitive, std::int64_t power
 
 }  // namespace
 
-double UnitTermsFinder::valueOf(const std::string& factorTypeId) {
+double UnitReducer::valueOf(const std::string& factorTypeId) {
   return know(
       factorTypeId, factors_, [&](const std::string& id) { return engine_.getFactor(id); },
       [&](const Factor& factor) {
@@ -60,8 +58,8 @@ double UnitTermsFinder::valueOf(const std::string& factorTypeId) {
       });
 }
 
-UnitTerms UnitTermsFinder::combine(const Unit& unit) const {
-  UnitTerms terms;
+ReducedUnit UnitReducer::combine(const Unit& unit) const {
+  ReducedUnit terms;
   if (const auto* const absolute = RecordAccess::absolute(unit)) {
     terms = units_.at(RecordAccess::parentUnit(*absolute));
     terms.isAbsolute = true;
@@ -77,7 +75,7 @@ UnitTerms UnitTermsFinder::combine(const Unit& unit) const {
   for (const auto& [parent, exponent] : RecordAccess::parentFactorPowers(component))
     terms.factor *= std::pow(factors_.at(parent), exponent);
   for (const auto& [parent, exponent] : RecordAccess::parentUnitPowers(*derived)) {
-    const UnitTerms& known = units_.at(parent);
+    const ReducedUnit& known = units_.at(parent);
     terms.factor *= std::pow(known.factor, exponent);
     for (const auto& [primitive, power] : known.powers)
       addPower(terms, primitive, power * exponent);
@@ -88,7 +86,7 @@ UnitTerms UnitTermsFinder::combine(const Unit& unit) const {
   return terms;
 }
 
-const UnitTerms& UnitTermsFinder::termsOf(const std::string& unitTypeId) {
+const ReducedUnit& UnitReducer::termsOf(const std::string& unitTypeId) {
   return know(
       unitTypeId, units_, [&](const std::string& id) { return engine_.getUnit(id); },
       [&](const Unit& unit) {
@@ -100,4 +98,4 @@ const UnitTerms& UnitTermsFinder::termsOf(const std::string& unitTypeId) {
       });
 }
 
-}  // namespace Schemas
+}  // namespace Units

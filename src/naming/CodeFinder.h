@@ -1,0 +1,41 @@
+#pragma once
+
+#include "naming/CodedUnits.h"
+#include "naming/ExactNames.h"
+#include "naming/UnitCodesContents.h"
+
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Units {
+
+/// Finds units by expressions of codes, such as "ucum:kg.m-3", and says what is wrong with codes.
+class CodeFinder {
+ public:
+  /// @param entries, names  must outlive it.
+  CodeFinder(const UnitsEngine& engine, std::vector<Unit> units,
+             const std::map<std::string, CodesBySystem>& codes, const NameEntries& entries,
+             const ExactNames& names);
+
+  /// The units of an expression "SYSTEM:EXPRESSION", in order.
+  std::vector<Unit> find(std::string_view text) const;
+
+  /// Why a text "SYSTEM:CODE" names no unit.
+  std::string whyNot(std::string_view text) const;
+
+ private:
+  std::optional<CodeExpression> expressionOf(std::string_view text) const;
+  const ReducedUnit* ucumAtom(std::string_view code) const;
+  const ReducedUnit* udunitsAtom(std::string_view code) const;
+  const ReducedUnit* termsOf(const std::string& text) const;
+
+  const NameEntries& entries_;
+  const ExactNames& names_;
+  const CodedUnits units_;
+  std::set<std::string, std::less<>> systems_;
+};
+
+}  // namespace Units
