@@ -30,8 +30,8 @@ bool areDigits(std::string_view text) {
   return !text.empty() && std::all_of(text.begin(), text.end(), isDigit);
 }
 
-ReducedUnit wholeNumber(std::string_view digits) {
-  ReducedUnit terms;
+SizeAndPowers wholeNumber(std::string_view digits) {
+  SizeAndPowers terms;
   terms.factor = 0;
   for (const char digit : digits.substr(0, 400)) terms.factor = 10 * terms.factor + (digit - '0');
   return terms;
@@ -44,7 +44,7 @@ std::string quoted(std::string_view code) { return '`' + std::string(code) + '`'
 CodeExpression::CodeExpression(std::string_view text, Syntax syntax, Atoms atoms)
     : text_(text), syntax_(syntax), atoms_(std::move(atoms)) {}
 
-std::optional<ReducedUnit> CodeExpression::read() {
+std::optional<SizeAndPowers> CodeExpression::read() {
   products_.assign(1, {});
   while (fault_.empty() && at_ < text_.size()) step();
   if (fault_.empty() && products_.size() > 1) refuse("a parenthesis is not closed");
@@ -77,7 +77,7 @@ void CodeExpression::open() {
 void CodeExpression::close() {
   if (products_.size() == 1) return refuse("a parenthesis is closed that was not opened");
   if (!products_.back().hasPart) return refuse("a unit is missing before a parenthesis");
-  const ReducedUnit inner = std::move(products_.back().terms);
+  const SizeAndPowers inner = std::move(products_.back().terms);
   products_.pop_back();
   ++at_;
   multiply(inner, syntax_ == Syntax::Udunits ? readExponent() : 1);
@@ -107,9 +107,9 @@ void CodeExpression::readUnit() {
   if (isUdunits && word == "per") return takeOperator(-1, word.size());
   if (products_.back().hasPart && !isUdunits) return refuse("an operator is missing before a unit");
   at_ = end;
-  const ReducedUnit* const whole = atoms_(word);  // a code may end in digits
+  const SizeAndPowers* const whole = atoms_(word);  // a code may end in digits
   const int exponent = whole || areDigits(word) ? 1 : takeExponent(word);
-  const auto terms = whole ? std::optional<ReducedUnit>(*whole) : termsOf(word);
+  const auto terms = whole ? std::optional<SizeAndPowers>(*whole) : termsOf(word);
   if (!terms) return refuse(quoted(word) + " is no code of a unit");
   if (terms->isAbsolute) return refuse(quoted(word) + " is a scale, which has no powers");
   multiply(*terms, isUdunits && exponent == 1 ? readExponent() : exponent);
@@ -129,15 +129,15 @@ std::size_t CodeExpression::endOfWord() const {
 }
 
 /// The terms of a whole number, or of a code, which may have a prefix.
-std::optional<ReducedUnit> CodeExpression::termsOf(std::string_view code) const {
+std::optional<SizeAndPowers> CodeExpression::termsOf(std::string_view code) const {
   if (areDigits(code)) return wholeNumber(code);
   if (syntax_ == Syntax::Ucum && (code == "10*" || code == "10^")) return wholeNumber("10");
-  if (const ReducedUnit* const known = atoms_(code)) return *known;
+  if (const SizeAndPowers* const known = atoms_(code)) return *known;
   for (const Prefix& prefix : prefixes) {
     if (code.substr(0, prefix.text.size()) != prefix.text) continue;
-    const ReducedUnit* const known = atoms_(code.substr(prefix.text.size()));
+    const SizeAndPowers* const known = atoms_(code.substr(prefix.text.size()));
     if (!known || known->isAbsolute) continue;
-    ReducedUnit terms = *known;
+    SizeAndPowers terms = *known;
     terms.factor *= prefix.factor;
     return terms;
   }
@@ -175,7 +175,7 @@ int CodeExpression::readExponent() {
   return exponent;
 }
 
-void CodeExpression::multiply(const ReducedUnit& part, int exponent) {
+void CodeExpression::multiply(const SizeAndPowers& part, int exponent) {
   Product& product = products_.back();
   exponent *= product.sign;
   product.terms.factor *= std::pow(part.factor, exponent);

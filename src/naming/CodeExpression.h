@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/UnitReducer.h"
+#include "model/SizeAndPowers.h"
 
 #include <functional>
 #include <optional>
@@ -25,20 +25,20 @@ class CodeExpression {
   enum class Syntax { Ucum, Udunits };
 
   /// Returns the terms of a single code; null if there is none.
-  using Atoms = std::function<const ReducedUnit*(std::string_view)>;
+  using Atoms = std::function<const SizeAndPowers*(std::string_view)>;
 
   CodeExpression(std::string_view text, Syntax syntax, Atoms atoms);
 
   /// The terms of the expression.
   /// @return  none if it cannot be read; `fault` then says why.
-  std::optional<ReducedUnit> read();
+  std::optional<SizeAndPowers> read();
 
   const std::string& fault() const { return fault_; }
 
  private:
   /// A product that goes on.
   struct Product {
-    ReducedUnit terms;
+    SizeAndPowers terms;
     int sign = 1;          // of the exponent of the next part
     bool hasPart = false;  // behind the last operator
     bool isEmpty = true;   // nothing was read yet
@@ -51,10 +51,10 @@ class CodeExpression {
   void readRemark();
   void readUnit();
   std::size_t endOfWord() const;
-  std::optional<ReducedUnit> termsOf(std::string_view code) const;
+  std::optional<SizeAndPowers> termsOf(std::string_view code) const;
   int takeExponent(std::string_view& word) const;
   int readExponent();
-  void multiply(const ReducedUnit& part, int exponent);
+  void multiply(const SizeAndPowers& part, int exponent);
   void refuse(std::string reason);
 
   const std::string_view text_;

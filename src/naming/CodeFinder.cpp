@@ -19,7 +19,7 @@ constexpr std::string_view sharedSymbols[] = {
 
 std::string quoted(std::string_view text) { return '`' + std::string(text) + '`'; }
 
-std::string withPowers(const ReducedUnit& terms) {
+std::string withPowers(const SizeAndPowers& terms) {
   std::string text = shortNumber(terms.factor);
   for (const auto& [primitive, power] : terms.powers) {
     if (power == 0) continue;
@@ -75,11 +75,11 @@ std::optional<CodeExpression> CodeFinder::expressionOf(std::string_view text) co
   return std::nullopt;
 }
 
-const ReducedUnit* CodeFinder::ucumAtom(std::string_view code) const {
+const SizeAndPowers* CodeFinder::ucumAtom(std::string_view code) const {
   return termsOf("ucum:" + std::string(code));
 }
 
-const ReducedUnit* CodeFinder::udunitsAtom(std::string_view code) const {
+const SizeAndPowers* CodeFinder::udunitsAtom(std::string_view code) const {
   if (const auto* const terms = termsOf("udunits:" + std::string(code))) return terms;
   for (const std::string& singular : singularsOf(code))
     if (const auto* const terms = termsOf("udunits:" + singular)) return terms;
@@ -89,7 +89,7 @@ const ReducedUnit* CodeFinder::udunitsAtom(std::string_view code) const {
 }
 
 /// Codes are unique, but a host may have given one to several units: then it has no terms.
-const ReducedUnit* CodeFinder::termsOf(const std::string& text) const {
+const SizeAndPowers* CodeFinder::termsOf(const std::string& text) const {
   const NameGroup found = names_.find(text);
   if (found.size() != 1 || entries_[*found.first].kind != NameKind::Code) return nullptr;
   return &units_.termsOf(entries_[*found.first].unit);

@@ -28,9 +28,9 @@ class CodeFinder {
 
  private:
   std::optional<CodeExpression> expressionOf(std::string_view text) const;
-  const ReducedUnit* ucumAtom(std::string_view code) const;
-  const ReducedUnit* udunitsAtom(std::string_view code) const;
-  const ReducedUnit* termsOf(const std::string& text) const;
+  const SizeAndPowers* ucumAtom(std::string_view code) const;
+  const SizeAndPowers* udunitsAtom(std::string_view code) const;
+  const SizeAndPowers* termsOf(const std::string& text) const;
 
   const NameEntries& entries_;
   const ExactNames& names_;

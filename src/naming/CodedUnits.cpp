@@ -22,7 +22,7 @@ CodedUnits::Powers nonZero(const CodedUnits::Powers& powers) {
 
 CodedUnits::CodedUnits(const UnitsEngine& engine, std::vector<Unit> units)
     : units_(std::move(units)) {
-  UnitReducer reducer(engine);
+  SizeFinder reducer(engine);
   terms_.reserve(units_.size());
   for (const Unit& unit : units_) {
     terms_.push_back(reducer.termsOf(RecordAccess::typeId(unit)));
@@ -31,7 +31,7 @@ CodedUnits::CodedUnits(const UnitsEngine& engine, std::vector<Unit> units)
   }
 }
 
-std::vector<std::size_t> CodedUnits::withTerms(const ReducedUnit& terms) const {
+std::vector<std::size_t> CodedUnits::withTerms(const SizeAndPowers& terms) const {
   std::vector<std::size_t> units;
   const auto found = byPowers_.find(nonZero(terms.powers));
   if (found == byPowers_.end()) return units;

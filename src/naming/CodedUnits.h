@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/UnitReducer.h"
+#include "model/SizeAndPowers.h"
 #include "naming/CodeExpression.h"
 
 #include <TrelvonUnits/UnitsEngine.h>
@@ -21,15 +21,15 @@ class CodedUnits {
   CodedUnits(const UnitsEngine& engine, std::vector<Unit> units);
 
   const Unit& unit(std::size_t unit) const { return units_[unit]; }
-  const ReducedUnit& termsOf(std::size_t unit) const { return terms_[unit]; }
+  const SizeAndPowers& termsOf(std::size_t unit) const { return terms_[unit]; }
 
   /// The units with the powers and the size of some terms, in order. Sizes may differ as much as
   /// the order of arithmetic can make them differ, which is far less than two units do.
-  std::vector<std::size_t> withTerms(const ReducedUnit& terms) const;
+  std::vector<std::size_t> withTerms(const SizeAndPowers& terms) const;
 
  private:
   const std::vector<Unit> units_;
-  std::vector<ReducedUnit> terms_;
+  std::vector<SizeAndPowers> terms_;
   std::map<Powers, std::vector<std::size_t>> byPowers_;  // none is an absolute unit
 };
 

@@ -1,7 +1,7 @@
 #include "reporting/LoadLints.h"
 
 #include "model/RecordAccess.h"
-#include "model/UnitReducer.h"
+#include "model/SizeAndPowers.h"
 #include "reporting/ReferencePlaces.h"
 #include "reporting/SymbolLints.h"
 
@@ -17,7 +17,7 @@ namespace Schemas {
 namespace {
 
 using Units::RecordAccess;
-using Units::ReducedUnit;
+using Units::SizeAndPowers;
 
 /// Lints that only a whole load shows: they ask for what no definition does.
 constexpr std::string_view wholeLoadLints[] = {"unlisted-unit", "untypable-unit"};
@@ -90,7 +90,7 @@ class Linter {
   }
 
   void lintTerms(const FiledDefinition& one) {
-    const ReducedUnit& terms = terms_.termsOf(one.definition.typeId);
+    const SizeAndPowers& terms = terms_.termsOf(one.definition.typeId);
     if (terms.overflows)
       add(one, "power-overflow", "parentUnits", "A power does not fit into 32 bits.");
     if (terms.cancels) {
@@ -141,9 +141,9 @@ class Linter {
                });
   }
 
-  static bool sharePowers(const ReducedUnit& a, const ReducedUnit& b) {
+  static bool sharePowers(const SizeAndPowers& a, const SizeAndPowers& b) {
     if (a.isAbsolute != b.isAbsolute) return false;
-    const auto isIn = [](const ReducedUnit& some, const ReducedUnit& others) {
+    const auto isIn = [](const SizeAndPowers& some, const SizeAndPowers& others) {
       return std::all_of(some.powers.begin(), some.powers.end(), [&](const auto& power) {
         const auto found = others.powers.find(power.first);
         return power.second == (found == others.powers.end() ? 0 : found->second);
@@ -166,7 +166,7 @@ class Linter {
 
   const LintedLoad& load_;
   Findings& findings_;
-  Units::UnitReducer terms_;
+  Units::SizeFinder terms_;
   SymbolReader symbols_;
   const std::set<std::string> variables_;
   std::map<std::string, std::size_t> files_;  // by type id

@@ -1,4 +1,4 @@
-#include "model/UnitReducer.h"
+#include "model/SizeAndPowers.h"
 
 #include "model/Parents.h"
 #include "model/RecordAccess.h"
@@ -36,7 +36,7 @@ const Value& know(const std::string& typeId, std::map<std::string, Value>& known
   return known.at(typeId);
 }
 
-void addPower(ReducedUnit& terms, const std::string& primitive, std::int64_t power) {
+void addPower(SizeAndPowers& terms, const std::string& primitive, std::int64_t power) {
   constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
   std::int64_t& sum = terms.powers[primitive];
   sum += power;
@@ -46,7 +46,7 @@ void addPower(ReducedUnit& terms, const std::string& primitive, std::int64_t pow
 
 }  // namespace
 
-double UnitReducer::valueOf(const std::string& factorTypeId) {
+double SizeFinder::valueOf(const std::string& factorTypeId) {
   return know(
       factorTypeId, factors_, [&](const std::string& id) { return engine_.getFactor(id); },
       [&](const Factor& factor) {
@@ -58,8 +58,8 @@ double UnitReducer::valueOf(const std::string& factorTypeId) {
       });
 }
 
-ReducedUnit UnitReducer::combine(const Unit& unit) const {
-  ReducedUnit terms;
+SizeAndPowers SizeFinder::combine(const Unit& unit) const {
+  SizeAndPowers terms;
   if (const auto* const absolute = RecordAccess::absolute(unit)) {
     terms = units_.at(RecordAccess::parentUnit(*absolute));
     terms.isAbsolute = true;
@@ -75,7 +75,7 @@ ReducedUnit UnitReducer::combine(const Unit& unit) const {
   for (const auto& [parent, exponent] : RecordAccess::parentFactorPowers(component))
     terms.factor *= std::pow(factors_.at(parent), exponent);
   for (const auto& [parent, exponent] : RecordAccess::parentUnitPowers(*derived)) {
-    const ReducedUnit& known = units_.at(parent);
+    const SizeAndPowers& known = units_.at(parent);
     terms.factor *= std::pow(known.factor, exponent);
     for (const auto& [primitive, power] : known.powers)
       addPower(terms, primitive, power * exponent);
@@ -86,7 +86,7 @@ ReducedUnit UnitReducer::combine(const Unit& unit) const {
   return terms;
 }
 
-const ReducedUnit& UnitReducer::termsOf(const std::string& unitTypeId) {
+const SizeAndPowers& SizeFinder::termsOf(const std::string& unitTypeId) {
   return know(
       unitTypeId, units_, [&](const std::string& id) { return engine_.getUnit(id); },
       [&](const Unit& unit) {

@@ -9,7 +9,7 @@
 namespace Units {
 
 /// A unit in primitive terms. An absolute unit has the terms of its parent.
-struct ReducedUnit {
+struct SizeAndPowers {
   bool isAbsolute = false;
   double factor = 1.0;  // nearly: not in the order of arithmetic of `convert`
   std::map<std::string, std::int64_t> powers;  // of primitive units; those that cancel are 0
@@ -19,21 +19,21 @@ struct ReducedUnit {
 
 /// Finds the terms of units, where the last bits of a factor do not count. Units that others share
 /// are looked at once.
-class UnitReducer {
+class SizeFinder {
  public:
-  explicit UnitReducer(const UnitsEngine& engine) : engine_(engine) {}
+  explicit SizeFinder(const UnitsEngine& engine) : engine_(engine) {}
 
   /// @param unitTypeId  of a stored unit.
-  const ReducedUnit& termsOf(const std::string& unitTypeId);
+  const SizeAndPowers& termsOf(const std::string& unitTypeId);
 
   /// The number that a stored factor stands for, with its parents.
   double valueOf(const std::string& factorTypeId);
 
  private:
-  ReducedUnit combine(const Unit& unit) const;
+  SizeAndPowers combine(const Unit& unit) const;
 
   const UnitsEngine& engine_;
-  std::map<std::string, ReducedUnit> units_;
+  std::map<std::string, SizeAndPowers> units_;
   std::map<std::string, double> factors_;
 };
 
