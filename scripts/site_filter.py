@@ -53,7 +53,8 @@ def page(path, text):
 
 
 def header(text):
-    """A header whose examples are indented far enough to be code."""
+    """A header that has a page, and examples that are indented far enough to be code."""
+    text = text.replace("#pragma once", "/** @file */", 1)
     text = re.sub(r"^( *///) {3}(?=\S)", r"\1       ", SILENT.sub("", text), flags=re.M)
     return re.sub(r"^ *///.*|///<.*", lambda line: SPAN.sub(code, line[0]), text, flags=re.M)
 
