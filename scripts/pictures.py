@@ -17,7 +17,7 @@ ROOT = pathlib.Path(__file__).resolve().parents[1]
 FOLDER = ROOT / "docs" / "pictures"
 WIDTH = 720
 # By class: the color on light and on dark pages.
-FILLS = {"box": ("#f3f5f8", "#23272e"), "number": ("#cfe3ff", "#1d3f66"),
+FILLS = {"page": ("#ffffff", "#0d1117"), "box": ("#f3f5f8", "#23272e"), "number": ("#cfe3ff", "#1d3f66"),
          "operator": ("#ffe0c2", "#63401b"), "function": ("#e4d7ff", "#443066"),
          "unit": ("#d3f0d6", "#22502a"), "good": ("#d3f0d6", "#22502a"), "bad": ("#ffd9d6", "#66282a")}
 KINDS = {"number": "number", "operator": "operator", "function": "function", "unit-symbol": "unit",
@@ -42,7 +42,8 @@ class Drawing:
     def __init__(self, height, title):
         self.lines = [f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {WIDTH} {height}" '
                       f'width="{WIDTH}" height="{height}" role="img">',
-                      f"<title>{html.escape(title)}</title><style>{style()}</style>"]
+                      f"<title>{html.escape(title)}</title><style>{style()}</style>",
+                      f'<rect x=".5" y=".5" width="{WIDTH - 1}" height="{height - 1}" rx="8" class="page"/>']
 
     def text(self, x, y, text, kind="", size=7.0):
         length = "" if len(text) < 2 else f' textLength="{len(text) * size:g}"'

@@ -12,7 +12,6 @@ ROOT = pathlib.Path(__file__).resolve().parents[1]
 FENCED = re.compile(r"(^```.*?^```$)", re.M | re.S)
 SPAN = re.compile(r"(?<!`)`([^`\n]+)`(?!`)")
 LINK = re.compile(r"(?<!!)\[((?:`[^`]*`|[^]`])+)\]\(([^)#:]+)\)")
-ENTRY = re.compile(r"^(\s*- )\[([^]]+)\]\(@ref ([\w-]+)\)", re.M)
 # Members that every record has and that its class describes: copying and destroying.
 SILENT = re.compile(
     r"^ +(?:(\w+)\(const \1& other\)(?: noexcept)?|~\w+\(\)(?: override)?"
@@ -22,7 +21,7 @@ SILENT = re.compile(
 def label_of(path):
     """The name of a page in doxygen, from its path below the root."""
     if path.as_posix() == "docs/README.md":
-        return "index"
+        return "mainpage"
     return "catalog" if path.as_posix() == "schemas/README.md" else path.stem.lower()
 
 
@@ -36,20 +35,19 @@ def code(span):
 
 
 def page(path, text):
-    """A page with its label, its links as references and, of the first page, the order of all."""
+    """A page with its label, and its links as references with the titles of pages for their files."""
     label = label_of(path)
 
     def reference(link):
         target = (ROOT / path.parent / link[2]).resolve().relative_to(ROOT)
-        name = label_of(target) if target.suffix == ".md" else target.name
-        return f"[{link[1]}](@ref {name})"
+        if target.suffix != ".md":
+            return f"[{link[1]}](@ref {target.name})"
+        title = (ROOT / target).read_text(encoding="utf-8").partition("\n")[0].lstrip("# ")
+        return f"[{title if link[1].endswith('.md') else link[1]}](@ref {label_of(target)})"
 
     parts = FENCED.split(text)
     parts[::2] = [LINK.sub(reference, SPAN.sub(code, part)) for part in parts[::2]]
-    text = "".join(parts)
-    if label == "index":
-        return ENTRY.sub(r'\1\\subpage \3 "\2"', text)
-    return re.sub(r"^# (.*)", rf"# \1 {{#{label}}}", text, count=1)
+    return re.sub(r"^# (.*)", rf"# \1 {{#{label}}}", "".join(parts), count=1)
 
 
 def header(text):
