@@ -52,7 +52,8 @@ def page(path, text):
 
 def header(text):
     """A header that has a page, and examples that are indented far enough to be code."""
-    text = text.replace("#pragma once", "/** @file */", 1)
+    if "/// @file" not in text:
+        text = text.replace("#pragma once", "/** @file */", 1)
     text = re.sub(r"^( *///) {3}(?=\S)", r"\1       ", SILENT.sub("", text), flags=re.M)
     return re.sub(r"^ *///.*|///<.*", lambda line: SPAN.sub(code, line[0]), text, flags=re.M)
 

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 
+/// @file
 /// The library reports every failure by throwing. The five classes below say what kind of failure
 /// it is; all derive from std::logic_error, and what() is the message alone. docs/errors.md
 /// explains every message.

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+/// @file
 /// Loaders that report: what is wrong in schema files, where, and what would be right.
 ///
 /// `SchemaUtility` passes over files that are no definitions, without a word. The functions here
