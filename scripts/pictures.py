@@ -17,9 +17,10 @@ ROOT = pathlib.Path(__file__).resolve().parents[1]
 FOLDER = ROOT / "docs" / "pictures"
 WIDTH = 720
 # By class: the color on light and on dark pages.
-FILLS = {"page": ("#ffffff", "#0d1117"), "box": ("#f3f5f8", "#23272e"), "number": ("#cfe3ff", "#1d3f66"),
-         "operator": ("#ffe0c2", "#63401b"), "function": ("#e4d7ff", "#443066"),
-         "unit": ("#d3f0d6", "#22502a"), "good": ("#d3f0d6", "#22502a"), "bad": ("#ffd9d6", "#66282a")}
+FILLS = {"page": ("#ffffff", "#0d1117"), "box": ("#f3f5f8", "#23272e"),
+         "number": ("#cfe3ff", "#1d3f66"), "operator": ("#ffe0c2", "#63401b"),
+         "function": ("#e4d7ff", "#443066"), "unit": ("#d3f0d6", "#22502a"),
+         "good": ("#d3f0d6", "#22502a"), "bad": ("#ffd9d6", "#66282a")}
 KINDS = {"number": "number", "operator": "operator", "function": "function", "unit-symbol": "unit",
          "open-parenthesis": "box", "close-parenthesis": "box"}
 INKS = ("#1f2328", "#e6edf3")
@@ -32,7 +33,8 @@ def style():
         yield f".tip{{fill:{LINES[which]}}}.faint{{fill:{LINES[which]}}}"
         for name, colors in FILLS.items():
             yield f".{name}{{fill:{colors[which]};stroke:{LINES[which]}}}"
-    base = "text{font:13px sans-serif;text-anchor:middle}.code{font-family:monospace}.left{text-anchor:start}"
+    base = ("text{font:13px sans-serif;text-anchor:middle}.code{font-family:monospace}"
+            ".left{text-anchor:start}")
     return f"{base}{''.join(rules(0))}@media(prefers-color-scheme:dark){{{''.join(rules(1))}}}"
 
 
@@ -42,27 +44,31 @@ class Drawing:
     def __init__(self, height, title):
         self.lines = [f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {WIDTH} {height}" '
                       f'width="{WIDTH}" height="{height}" role="img">',
-                      f"<title>{html.escape(title)}</title><style>{style()}</style>",
-                      f'<rect x=".5" y=".5" width="{WIDTH - 1}" height="{height - 1}" rx="8" class="page"/>']
+                      f"<title>{html.escape(title)}</title><style>{style()}</style>"]
+        self.box(0.5, 0.5, WIDTH - 1, height - 1, "page")
 
     def text(self, x, y, text, kind="", size=7.0):
-        length = "" if len(text) < 2 else f' textLength="{len(text) * size:g}"'
-        adjust = ' lengthAdjust="spacingAndGlyphs"' if length else ""
-        self.lines.append(f'<text x="{x:g}" y="{y:g}"{length}{adjust}'
-                          f'{f" class={chr(34)}{kind}{chr(34)}" if kind else ""}>{html.escape(text)}</text>')
+        more = f' class="{kind}"' if kind else ""
+        if len(text) > 1:
+            more += f' textLength="{len(text) * size:g}" lengthAdjust="spacingAndGlyphs"'
+        self.lines.append(f'<text x="{x:g}" y="{y:g}"{more}>{html.escape(text)}</text>')
 
     def box(self, x, y, width, height, kind="box"):
-        self.lines.append(f'<rect x="{x:g}" y="{y:g}" width="{width:g}" height="{height:g}" rx="5" class="{kind}"/>')
+        self.lines.append(f'<rect class="{kind}" x="{x:g}" y="{y:g}" width="{width:g}" '
+                          f'height="{height:g}" rx="5"/>')
 
     def path(self, points, has_tip=True):
         """A line through points, with an arrowhead at the last."""
-        self.lines.append('<path class="line" d="M' + "L".join(f"{x:g} {y:g}" for x, y in points) + '"/>')
+        way = "L".join(f"{x:g} {y:g}" for x, y in points)
+        self.lines.append(f'<path class="line" d="M{way}"/>')
         if has_tip:
             (x0, y0), (x1, y1) = points[-2:]
             length = ((x1 - x0) ** 2 + (y1 - y0) ** 2) ** 0.5
             dx, dy = 8 * (x1 - x0) / length, 8 * (y1 - y0) / length
-            corners = [(x1, y1), (x1 - dx + dy / 2, y1 - dy - dx / 2), (x1 - dx - dy / 2, y1 - dy + dx / 2)]
-            self.lines.append('<path class="tip" d="M' + "L".join(f"{x:.1f} {y:.1f}" for x, y in corners) + 'Z"/>')
+            corners = [(x1, y1), (x1 - dx + dy / 2, y1 - dy - dx / 2),
+                       (x1 - dx - dy / 2, y1 - dy + dx / 2)]
+            way = "L".join(f"{x:.1f} {y:.1f}" for x, y in corners)
+            self.lines.append(f'<path class="tip" d="M{way}Z"/>')
 
     def svg(self):
         return "\n".join(self.lines + ["</svg>\n"])
@@ -87,21 +93,27 @@ def crossings(upper, lower, steps):
 
 
 def arranged(rows, steps):
-    """The order of each row, so that the fewest lines cross: the best way to each order of a row."""
+    """The order of each row, so that the fewest lines cross: the best way to each order of one."""
+    def longer(way, order):
+        cost, orders = way
+        more = crossings(orders[-1], order, steps)
+        return (cost[0] + more[0], cost[1] + more[1]), [*orders, list(order)]
+
     def cheapest(way):
         return way[0], str(way[1])
 
     ways = [((0, 0), [list(order)]) for order in itertools.permutations(rows[0])]
     for row in rows[1:]:
-        ways = [min(((tuple(map(sum, zip(cost, crossings(orders[-1], order, steps)))), [*orders, list(order)])
-                     for cost, orders in ways), key=cheapest) for order in itertools.permutations(row)]
+        ways = [min((longer(way, order) for way in ways), key=cheapest)
+                for order in itertools.permutations(row)]
     return min(ways, key=cheapest)[1]
 
 
 def draw_graph(drawing, nodes, edges, top, step):
     """Draws boxes in layers. `nodes`: name to lines of text; `edges`: (above, below) to a label."""
     layer = layers_of(edges, nodes)
-    rows = [[node for node in nodes if layer[node] == row] for row in range(max(layer.values()) + 1)]
+    rows = [[node for node in nodes if layer[node] == row]
+            for row in range(max(layer.values()) + 1)]
     routes = {}
     for above, below in edges:  # a line that passes a row takes a place in it
         passed = [(above, below, row) for row in range(layer[above] + 1, layer[below])]
@@ -128,20 +140,24 @@ def draw_graph(drawing, nodes, edges, top, step):
         width = max(len(line) for line in lines) * 7 + 20
         drawing.box(x - width / 2, y - 20, width, 40)
         for index, line in enumerate(lines):
-            drawing.text(x, y + 5 + 16 * (index - (len(lines) - 1) / 2), line, "faint" if index else "")
+            drawing.text(x, y + 5 + 16 * (index - (len(lines) - 1) / 2), line,
+                         "faint" if index else "")
 
 
 def rooms(_):
     """Who may include whom, without the arrows that follow from others."""
-    seen = dict(re.findall(r"^set\((\w+)_sees ([\w ]+)\)$", (ROOT / "cmake" / "Rooms.cmake").read_text(), re.M))
-    names = re.search(r"^set\(rooms ([\w ]+)\)$", (ROOT / "cmake" / "Rooms.cmake").read_text(), re.M)[1].split()
-    sees = {name: [other for other in seen.get(name, "").split() if other in names] for name in names}
+    source = (ROOT / "cmake" / "Rooms.cmake").read_text(encoding="utf-8")
+    seen = dict(re.findall(r"^set\((\w+)_sees ([\w ]+)\)$", source, re.M))
+    names = re.search(r"^set\(rooms ([\w ]+)\)$", source, re.M)[1].split()
+    sees = {name: [other for other in seen.get(name, "").split() if other in names]
+            for name in names}
     edges = {(name, other): "" for name in names for other in sees[name]
              if not any(other in sees[between] for between in sees[name])}
     drawing = Drawing(370, "The rooms of the library and who may include whom")
     draw_graph(drawing, {name: [name] for name in names}, edges, 35, 80)
     drawing.box(10, 320, WIDTH - 20, 36, "good")
-    drawing.text(WIDTH / 2, 343, "include/TrelvonUnits: the public headers, which every room may include")
+    drawing.text(WIDTH / 2, 343,
+                 "include/TrelvonUnits: the public headers, which every room may include")
     return drawing.svg()
 
 
@@ -169,7 +185,8 @@ def reduction(program):
         if one["kind"] == "dimension":
             continue
         factor = one.get("factor", 1)
-        nodes[one["typeId"]] = [local(one["typeId"]), f"{factor:.15g}" if factor != 1 else one["kind"]]
+        nodes[one["typeId"]] = [local(one["typeId"]),
+                                f"{factor:.15g}" if factor != 1 else one["kind"]]
         for parent, power in one["parents"].items():
             if ".dimension:" not in parent:
                 edges[one["typeId"], parent] = "" if power == 1 else f"power {power}"
@@ -184,7 +201,8 @@ def reduction(program):
 def formula(program):
     """Formulas as their tokens."""
     drawing = Drawing(340, "Formulas as the spans that are read")
-    for top, text in ((15, "10 m - 35 cm"), (125, "10 m - (35 cm)"), (235, "sqrt(9 m^2) - (1 + 2) ft")):
+    formulas = ("10 m - 35 cm", "10 m - (35 cm)", "sqrt(9 m^2) - (1 + 2) ft")
+    for top, text in zip((15, 125, 235), formulas):
         explained = ask(program, "explain", text, "--to", "m")
         x = 30
         for token in explained["tokens"]:
@@ -211,34 +229,38 @@ LIFE = """{"typeid": "my.unit:NAME-1.0.0", "inherits": ["vellamor.unit:unit.deri
 
 def life(program):
     """What becomes of four schema files, three of which are not loaded."""
-    files = {"fathom.json": ("fathom", "unitSystem", "foot"), "units/cubit.json": ("cubit", "system", "foot"),
-             "units/span.json": ("span", "unitSystem", "fot"), "units/pace.json": ("pace", "unitSystem", "foot")}
+    files = {"fathom.json": ("fathom", "unitSystem", "foot"),
+             "units/cubit.json": ("cubit", "system", "foot"),
+             "units/span.json": ("span", "unitSystem", "fot"),
+             "units/pace.json": ("pace", "unitSystem", "foot")}
     with tempfile.TemporaryDirectory() as folder:
         for name, (unit, system, parent) in files.items():
             path = pathlib.Path(folder, name)
             path.parent.mkdir(exist_ok=True)
-            path.write_text(LIFE.replace("NAME", unit).replace("SYSTEM", system).replace("PARENT", parent))
-        report = json.loads(subprocess.run([pathlib.Path(program).resolve(), "lint", ".", "--format", "json"],
-                                           stdout=subprocess.PIPE, cwd=folder, check=False).stdout)
+            path.write_text(LIFE.replace("NAME", unit).replace("SYSTEM", system)
+                            .replace("PARENT", parent), encoding="utf-8")
+        lint = [pathlib.Path(program).resolve(), "lint", ".", "--format", "json"]
+        report = json.loads(subprocess.run(lint, stdout=subprocess.PIPE, cwd=folder,
+                                           check=False).stdout)
     drawing = Drawing(310, "The life of a schema file")
     rows = {"passed over": "found in a folder", "refused": "read: addDefinition",
             "left out": "built: buildSchemas", "sound": "stored in the engine"}
     for index, (fate, step) in enumerate(rows.items()):
         y = 15 + 75 * index
+        file = next(file for file in report["files"] if file["fate"] == fate)
         drawing.box(10, y, 170, 50, "good" if fate == "sound" else "box")
         drawing.text(95, y + 30, step)
         if fate == "sound":
             drawing.text(225, y + 20, "convert, evaluate, format, look up", "left")
-            drawing.text(225, y + 38, [file["path"][2:] for file in report["files"] if file["fate"] == fate][0],
-                         "left faint", 6.5)
+            drawing.text(225, y + 38, file["path"][2:], "left faint", 6.5)
             continue
         drawing.path([(95, y + 50), (95, y + 75)])
         drawing.path([(180, y + 25), (215, y + 25)])
         drawing.box(215, y, WIDTH - 225, 50, "bad")
-        file = next(file for file in report["files"] if file["fate"] == fate)
         finding = next(one for one in report["findings"] if one["file"] == file["path"])
         drawing.text(225, y + 20, f"{fate}: {finding['id']}", "left")
-        drawing.text(225, y + 38, re.sub(r" in schema \S+| or does.*", "", finding["sentence"]), "left", 6)
+        says = re.sub(r" in schema \S+| or does.*", "", finding["sentence"])
+        drawing.text(225, y + 38, says, "left", 6)
     return drawing.svg()
 
 
@@ -261,7 +283,8 @@ def scale(program):
                          part if part.endswith("K") else f"{part} = {explained['value']:g} K")
             x += width
         total = ask(program, "eval", text, "--to", "degC")["readings"][0]["text"]
-        drawing.text(30, top - 8, f"{text} = {kelvins(text):g} K from absolute zero, and that is {total} °C", "left")
+        drawing.text(30, top - 8, f"{text} = {kelvins(text):g} K from absolute zero, and that is "
+                     f"{total} °C", "left")
     drawing.path([(30, 195), (WIDTH - 30, 195)])
     for mark in range(0, 601, 100):
         drawing.path([(30 + mark * per_kelvin, 190), (30 + mark * per_kelvin, 200)], False)
@@ -269,7 +292,8 @@ def scale(program):
     return drawing.svg()
 
 
-PICTURES = {"rooms": rooms, "reduction": reduction, "formula": formula, "schema-file": life, "scale": scale}
+PICTURES = {"rooms": rooms, "reduction": reduction, "formula": formula, "schema-file": life,
+            "scale": scale}
 
 
 def main(program, *options):

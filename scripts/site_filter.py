@@ -26,7 +26,7 @@ def label_of(path):
 
 
 def code(span):
-    """Code in HTML if it has quotes or backslashes: doxygen pairs quotes that stand in two codes."""
+    """Code in HTML if it has quotes or backslashes: doxygen pairs the quotes of two codes."""
     text = span[1]
     if not any(mark in text for mark in "'\"\\"):
         return span[0]
@@ -35,7 +35,7 @@ def code(span):
 
 
 def page(path, text):
-    """A page with its label, and its links as references with the titles of pages for their files."""
+    """A page with its label, and its links as references, with titles for names of files."""
     label = label_of(path)
 
     def reference(link):

@@ -1,8 +1,8 @@
 #!/usr/bin/env -S python3 -B
 """Adds the words of the pages to the search of the site: site_search.py FOLDER PAGE...
 
-Doxygen's search knows the names of the reference and the titles of pages. It compares beginnings, so
-each word of a page is an entry of its own, which leads to the sections that have it.
+Doxygen's search knows the names of the reference and the titles of pages. It compares beginnings,
+so each word of a page is an entry of its own, which leads to the sections that have it.
 """
 import collections
 import html
@@ -25,7 +25,7 @@ def plain(text):
 
 
 def sections(folder, page):
-    """Each section of a page: its address, its name, the words of its heading, and its own words."""
+    """Each section of a page: its address, its name, the words of its heading, and the others."""
     label = site_filter.label_of(pathlib.Path(page).resolve().relative_to(site_filter.ROOT))
     page = "index.html" if label == "mainpage" else f"{label}.html"
     text = (folder / page).read_text(encoding="utf-8")
@@ -67,7 +67,8 @@ def main(folder, *pages):
     letters += "".join(sorted(set(lines) - set(letters)))
     for place, letter in enumerate(letters):
         text = ",\n".join(line for _, line in sorted(lines[letter]))
-        (search / f"all_{place:x}.js").write_text(f"var searchData=\n[\n{text}\n];\n", encoding="utf-8")
+        (search / f"all_{place:x}.js").write_text(f"var searchData=\n[\n{text}\n];\n",
+                                                  encoding="utf-8")
         (search / f"all_{place:x}.html").write_text(frame.replace("all_0.js", f"all_{place:x}.js"),
                                                     encoding="utf-8")
     (search / "searchdata.js").write_text(LETTERS.sub(letters, index, count=1), encoding="utf-8")

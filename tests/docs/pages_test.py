@@ -1,5 +1,5 @@
-"""The pages lead to one another: no link is dead, the first page names all others, and the README has
-the lines of the page on builds."""
+"""The pages lead to one another: no link is dead, and the first page names all others. The README
+has the lines of the page on builds."""
 import pathlib
 import re
 import sys
@@ -30,9 +30,10 @@ class Pages(unittest.TestCase):
         self.assertEqual(set(PAGES) - set(links(first)), {first, ROOT / "README.md"})
 
     def test_the_readme_has_the_lines_of_the_build(self):
-        project = (ROOT / "docs" / "in-your-build.md").read_text(encoding="utf-8").replace("\n> ", "\n")
-        lines = re.findall(r"```cmake\n(.*?)```", (ROOT / "README.md").read_text(encoding="utf-8"), re.S)
-        self.assertEqual([block in project for block in lines], [True])
+        project = (ROOT / "docs" / "in-your-build.md").read_text(encoding="utf-8")
+        readme = (ROOT / "README.md").read_text(encoding="utf-8")
+        blocks = re.findall(r"```cmake\n(.*?)```", readme, re.S)
+        self.assertEqual([block in project.replace("\n> ", "\n") for block in blocks], [True])
 
 
 if __name__ == "__main__":
