@@ -95,7 +95,7 @@ fuzz_targets() {
   done
 }
 
-install_packages demo test soak
+install_packages demo test soak site
 step "Building the release preset" build release
 programs=build/release/tests/robustness
 
@@ -118,6 +118,7 @@ step "All programs, benchmarks too, without precompiled headers" build plain
 step "Hosts built with the other compiler" hosts
 step "The same bits with every compiler and on every machine" scripts/bits.sh
 
+step "The site of the pages and the reference" scripts/site.sh
 step "Coverage" coverage
 step "Mutation test" scripts/mutants.py --samples 300
 

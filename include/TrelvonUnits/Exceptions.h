@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 
+/// @file
 /// The library reports every failure by throwing. The five classes below say what kind of failure
 /// it is; all derive from std::logic_error, and what() is the message alone. docs/errors.md
 /// explains every message.
@@ -13,14 +14,13 @@
 /// std::filesystem, and exceptions from a host's own resolver or engine reach the caller unchanged.
 /// So one handler for std::logic_error catches all failures of the library, and one for
 /// std::exception all failures.
-///
-/// Each constructor takes the message that what() returns.
 namespace Units {
 
 /// Thrown when units do not convert into each other: "Cannot convert between units a and b.".
 /// Ask `UnitsEngine::canConvert` first to avoid it.
 class TRELVONUNITS_API IncompatibleUnitsException : public std::logic_error {
  public:
+  /// @param message  what() returns it.
   explicit IncompatibleUnitsException(std::string message);
   IncompatibleUnitsException(const IncompatibleUnitsException& other);
   ~IncompatibleUnitsException() override;
@@ -30,6 +30,7 @@ class TRELVONUNITS_API IncompatibleUnitsException : public std::logic_error {
 /// unbalanced parentheses or for a sum of a length and a mass.
 class TRELVONUNITS_API ParseException : public std::logic_error {
  public:
+  /// @param message  what() returns it.
   explicit ParseException(std::string message);
   ParseException(const ParseException& other);
   ~ParseException() override;
@@ -39,6 +40,7 @@ class TRELVONUNITS_API ParseException : public std::logic_error {
 /// or a fraction finer than 2 to the power -9.
 class TRELVONUNITS_API PrecisionException : public std::logic_error {
  public:
+  /// @param message  what() returns it.
   explicit PrecisionException(std::string message);
   PrecisionException(const PrecisionException& other);
   ~PrecisionException() override;
@@ -48,6 +50,7 @@ class TRELVONUNITS_API PrecisionException : public std::logic_error {
 /// unit with typeid a.".
 class TRELVONUNITS_API UnrecognizedIdentifierException : public std::logic_error {
  public:
+  /// @param message  what() returns it.
   explicit UnrecognizedIdentifierException(std::string message);
   UnrecognizedIdentifierException(const UnrecognizedIdentifierException& other);
   ~UnrecognizedIdentifierException() override;
@@ -57,6 +60,7 @@ class TRELVONUNITS_API UnrecognizedIdentifierException : public std::logic_error
 /// its type id is empty or already taken. The engine has not stored it.
 class TRELVONUNITS_API ValidationException : public std::logic_error {
  public:
+  /// @param message  what() returns it.
   explicit ValidationException(std::string message);
   ValidationException(const ValidationException& other);
   ~ValidationException() override;

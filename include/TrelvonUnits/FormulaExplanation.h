@@ -41,6 +41,7 @@ struct FormulaSpan {
 /// - Enumerations may grow at their end in later versions.
 class TRELVONUNITS_API FormulaExplanation {
  public:
+  /// What a token is.
   enum class TokenKind : std::int32_t {
     Operator = 1,
     Function = 2,
@@ -50,6 +51,7 @@ class TRELVONUNITS_API FormulaExplanation {
     CloseParenthesis = 6,
   };
 
+  /// What a node of the tree does.
   enum class NodeKind : std::int32_t {
     Number = 1,       ///< A literal, including a minus sign before it.
     Operator = 2,     ///< With two operands, or a minus sign with one.
@@ -58,6 +60,7 @@ class TRELVONUNITS_API FormulaExplanation {
     Parentheses = 5,  ///< Adjacent parentheses are one node.
   };
 
+  /// What may surprise in a formula.
   enum class WarningKind : std::int32_t {
     HyphenIsSeparator = 1,      ///< `10 m - 35 cm` is 10.35 m.
     NumbersJoined = 2,          ///< `7 ft2` is 7 feet and 2 inches.
@@ -110,8 +113,8 @@ class TRELVONUNITS_API FormulaExplanation {
     ~Token();
     Token& operator=(const Token&) = delete;
 
-    TokenKind kind() const;
-    FormulaSpan span() const;
+    TokenKind kind() const;    ///< Tells which of the members below have a value.
+    FormulaSpan span() const;  ///< Where it stands, without separators around it.
     std::string text() const;  ///< What the span covers.
     double value() const;      ///< Of a number: as read, in its unit, without a sign before it.
     std::string symbolTypeId() const;  ///< Of a number or symbol; empty if there is none.
@@ -132,7 +135,7 @@ class TRELVONUNITS_API FormulaExplanation {
     ~Node();
     Node& operator=(const Node&) = delete;
 
-    NodeKind kind() const;
+    NodeKind kind() const;                      ///< Tells how many operands it has.
     std::size_t token() const;                  ///< Index in `tokens`.
     std::vector<std::size_t> operands() const;  ///< Indexes in `nodes`, the left one first.
     bool wasReached() const;  ///< Whether it has a value. Evaluation ends at the first refusal.
@@ -156,8 +159,8 @@ class TRELVONUNITS_API FormulaExplanation {
     ~Warning();
     Warning& operator=(const Warning&) = delete;
 
-    WarningKind kind() const;
-    FormulaSpan span() const;
+    WarningKind kind() const;             ///< docs/explain.md has an example of each.
+    FormulaSpan span() const;             ///< What may surprise.
     const std::string& sentence() const;  ///< For people, in English.
     /// A formula that says the other thing. Empty if there is no simple one.
     const std::string& spelling() const;
@@ -202,7 +205,7 @@ class TRELVONUNITS_API FormulaExplanation {
 
   /// The formula or replacement, a line of marks beneath, and the sentence, for the refusal and for
   /// each warning; otherwise the value. Columns count code points. Valid UTF-8 without control
-  /// characters other than line feeds: other bytes are shown as \xNN.
+  /// characters other than line feeds: other bytes are shown as `\xNN`.
   std::string toText() const;
 
   /// The tree, an indented line for each node, operands below their operator, with values in

@@ -1,5 +1,6 @@
 #pragma once
 
+/// @file
 /// Bounds on the replacement of identifiers in formulas, so that every evaluation ends, even if
 /// variables refer to each other in a cycle. The length and depth of a formula have no other bound.
 ///

@@ -15,9 +15,8 @@ namespace Units {
 /// units never convert into each other, even if they share a dimension.
 class TRELVONUNITS_API PrimitiveUnitComponent {
  public:
-  /// @param dimension  any dimension, or none. When the unit is added, an engine rejects a
-  /// dimension
-  ///                   that is not stored.
+  /// @param dimension  any dimension, or none. When the unit is added, an engine rejects one that
+  ///                   is not stored.
   PrimitiveUnitComponent(const std::optional<Dimension>& dimension = std::nullopt);
 
   PrimitiveUnitComponent(const PrimitiveUnitComponent& other) noexcept;

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+/// @file
 /// Loaders that report: what is wrong in schema files, where, and what would be right.
 ///
 /// `SchemaUtility` passes over files that are no definitions, without a word. The functions here
@@ -19,6 +20,7 @@
 /// `toJson` and `toSarif` return is UTF-8 whatever came in: a byte that is none is shown as `\xNN`.
 namespace Schemas {
 
+/// How bad a finding is.
 enum class Severity {
   Error,    ///< The engine refuses a text, or cannot build a definition, or a file cannot be read.
   Warning,  ///< A lint: it loads, and is regretted later.
@@ -37,8 +39,8 @@ enum class FileFate {
 
 /// A place in a text. Lines end in a line feed; lines and columns count from 1.
 struct TextPosition {
-  std::size_t offset = 0;  ///< In bytes, from the start of the text.
-  std::size_t line = 1;
+  std::size_t offset = 0;       ///< In bytes, from the start of the text.
+  std::size_t line = 1;         ///< From 1.
   std::size_t column = 1;       ///< In bytes.
   std::size_t columnPoint = 1;  ///< In code points. A byte that is no UTF-8 counts as one.
 };
@@ -50,8 +52,8 @@ class TRELVONUNITS_API RelatedPlace {
   ~RelatedPlace();
   RelatedPlace& operator=(const RelatedPlace&) = delete;
 
-  std::string getFile() const;  ///< As `FileReport::getPath`.
-  TextPosition getBegin() const;
+  std::string getFile() const;      ///< As `FileReport::getPath`.
+  TextPosition getBegin() const;    ///< At the first byte.
   TextPosition getEnd() const;      ///< Behind the last byte.
   std::string getSentence() const;  ///< What is there: "is claimed here first".
 
@@ -70,7 +72,7 @@ class TRELVONUNITS_API Finding {
   ~Finding();
   Finding& operator=(const Finding&) = delete;
 
-  Severity getSeverity() const;
+  Severity getSeverity() const;  ///< Error or warning.
 
   /// Tells the kind of finding and stays the same in all versions: "missing-reference".
   std::string getId() const;
@@ -105,8 +107,8 @@ class TRELVONUNITS_API FileReport {
   ~FileReport();
   FileReport& operator=(const FileReport&) = delete;
 
-  std::string getPath() const;  ///< With the folder as it was given; or a text's shown name.
-  FileFate getFate() const;
+  std::string getPath() const;    ///< With the folder as it was given; or a text's shown name.
+  FileFate getFate() const;       ///< Whether its definition was loaded, and if not, why.
   std::string getTypeId() const;  ///< Of its definition; empty if it has none.
 
   /// Why it is left out: "needs example.unit:a-1.0.0, which is left out"; else empty.
@@ -133,9 +135,9 @@ class TRELVONUNITS_API SchemaReport {
   /// All schema files, and those that are passed over with a finding, in the same order.
   std::vector<FileReport> getFiles() const;
 
-  std::size_t getErrorCount() const;
-  std::size_t getWarningCount() const;
-  std::size_t getFileCount(FileFate fate) const;
+  std::size_t getErrorCount() const;              ///< Of the findings.
+  std::size_t getWarningCount() const;            ///< Of the findings.
+  std::size_t getFileCount(FileFate fate) const;  ///< Of the files with this fate.
 
   /// As compilers write, a line for each finding and place, the last line with the counts:
   ///
@@ -188,10 +190,12 @@ struct ReportOptions {
 /// Unlike `SchemaUtility`, a file or folder that cannot be read is an error of the report and ends
 /// nothing.
 ///
-/// @param engine  any engine. What was pending in it is built with the folders; if that fails, all
-///                of it is dropped, and an error of the report says so.
-/// @throws std::logic_error  "schema folder not found: FOLDER": one of `folders` does not exist or is
-///                           not a folder. The engine is unchanged.
+/// @param folders  paths, in the order in which they are loaded; may be empty.
+/// @param engine   any engine. What was pending in it is built with the folders; if that fails, all
+///                 of it is dropped, and an error of the report says so.
+/// @param options  what to look for, and what to do after an error.
+/// @throws std::logic_error  "schema folder not found: FOLDER": one of `folders` does not exist or
+///                           is not a folder. The engine is unchanged.
 /// @throws std::bad_alloc    the engine stores all that it was to load, or nothing of it. What was
 ///                           pending is built, dropped or still pending.
 TRELVONUNITS_API SchemaReport loadFolders(const std::vector<std::string>& folders,

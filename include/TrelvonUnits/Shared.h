@@ -16,7 +16,9 @@ class Shared {
   ~Shared();
   Shared& operator=(const Shared&) = delete;
 
+  /// The contents, valid as long as an owner lives.
   const Contents* get() const noexcept { return contents_; }
+  /// The same.
   const Contents* operator->() const noexcept { return contents_; }
 
  private:

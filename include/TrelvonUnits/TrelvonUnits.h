@@ -1,9 +1,16 @@
 #pragma once
 
+/// @file
 /// The whole public interface. Each header below also compiles on its own.
 ///
 /// Start with UnitsEngine.h; fill an engine with SchemaUtility.h, SchemaBundle.h, SchemaReport.h or
 /// its own add operations.
+
+/// @namespace Units
+/// Engines, their records, and what they say of formulas and names.
+
+/// @namespace Schemas
+/// What fills engines from files, and reports on them.
 
 #include <TrelvonUnits/AbsoluteUnitComponent.h>
 #include <TrelvonUnits/DerivedUnitComponent.h>

@@ -25,14 +25,18 @@ namespace Units {
 ///        DerivedUnitComponent({{"example.unit:meter-1.0.0", 1}}, FactorComponent(0.3048)))
 class TRELVONUNITS_API Unit {
  public:
+  /// An absolute unit: a scale with a shifted zero.
+  ///
   /// @param typeId      any text; an engine rejects an empty one when the unit is added.
   /// @param name        UTF-8, for display; an engine rejects an empty one when the unit is added.
   /// @param unitSystem  for hosts that offer metric or imperial units; conversion ignores it.
   /// @param component   the definition of the unit; its class decides the kind.
   Unit(const std::string& typeId, const std::string& name, System unitSystem,
        const AbsoluteUnitComponent& component);
+  /// A derived unit, from the same arguments: a factor times powers of other units.
   Unit(const std::string& typeId, const std::string& name, System unitSystem,
        const DerivedUnitComponent& component);
+  /// A primitive unit, from the same arguments: not defined in terms of other units.
   Unit(const std::string& typeId, const std::string& name, System unitSystem,
        const PrimitiveUnitComponent& component);
 
@@ -47,7 +51,9 @@ class TRELVONUNITS_API Unit {
 
   /// Exactly one of these three holds a value: the component that the unit was constructed with.
   std::optional<AbsoluteUnitComponent> getAbsoluteUnitComponent() const;
+  /// Holds a value if the unit is derived.
   std::optional<DerivedUnitComponent> getDerivedUnitComponent() const;
+  /// Holds a value if the unit is primitive.
   std::optional<PrimitiveUnitComponent> getPrimitiveUnitComponent() const;
 
   /// Whether both type ids have the same bytes. Two units with the same type id are equal even if

@@ -176,24 +176,33 @@ class TRELVONUNITS_API UnitsEngine {
   ///                         first identifier in the formula.
   virtual double evaluateUnitlessExpression(std::string formula) const = 0;
 
-  /// Returns a copy of the stored record with a type id, one operation for each kind.
+  /// Returns a copy of the stored dimension with a type id.
   ///
-  /// @param typeId  type id of a stored record of that kind.
+  /// @param typeId  type id of a stored dimension; for the operations below, of a record
+  ///                of their kind.
   /// @throws UnrecognizedIdentifierException  no stored record of that kind has this id. A schema
   ///                                          that is still pending is not found either.
   virtual Dimension getDimension(std::string typeId) const = 0;
+  /// The same for a factor.
   virtual Factor getFactor(std::string typeId) const = 0;
+  /// The same for a unit.
   virtual Unit getUnit(std::string typeId) const = 0;
+  /// The same for a symbol.
   virtual Symbol getSymbol(std::string typeId) const = 0;
+  /// The same for a quantity.
   virtual Quantity getQuantity(std::string typeId) const = 0;
 
-  /// Returns copies of all stored records of a kind, by type id.
+  /// Returns copies of all stored dimensions, by type id.
   ///
   /// The cost grows with the number of records. To read one record, use `getUnit` and its like.
   virtual std::map<std::string, Dimension> getDimensions() const = 0;
+  /// The same for factors.
   virtual std::map<std::string, Factor> getFactors() const = 0;
+  /// The same for units.
   virtual std::map<std::string, Unit> getUnits() const = 0;
+  /// The same for symbols.
   virtual std::map<std::string, Symbol> getSymbols() const = 0;
+  /// The same for quantities.
   virtual std::map<std::string, Quantity> getQuantities() const = 0;
 
   /// Returns the primitive units: those that are not defined in terms of others.

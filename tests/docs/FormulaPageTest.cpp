@@ -19,9 +19,9 @@ VariableResolver resolverOf(const std::string& variables) {
 }
 
 /// Without variables through the operations that take none.
-void expectFormulas(const std::vector<std::string>& columns) {
+void expectFormulas(const std::string& page, const std::vector<std::string>& columns) {
   const std::unique_ptr<Units::UnitsEngine> engine = makeCatalogueEngine();
-  for (const auto& row : rowsOf("formula-language.md", columns)) {
+  for (const auto& row : rowsOf(page, columns)) {
     const bool isPlain = columns[1] == "in";
     const std::string unit = row[columns.size() - 2];
     const auto evaluate = [&] {
@@ -37,8 +37,9 @@ void expectFormulas(const std::vector<std::string>& columns) {
 }
 
 TEST(FormulaPage, FormulasGiveWhatItSays) {
-  expectFormulas({"formula", "in", "gives"});
-  expectFormulas({"formula", "with", "in", "gives"});
+  for (const char* const page : {"formula-language.md", "traps.md", "../README.md"})
+    expectFormulas(page, {"formula", "in", "gives"});
+  expectFormulas("formula-language.md", {"formula", "with", "in", "gives"});
 }
 
 }  // namespace

@@ -1,0 +1,22 @@
+#!/usr/bin/env bash
+# Builds the site of the pages and the reference in build/site; start with index.html. Fails on each
+# warning, and if the site would load anything from elsewhere.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/setup.sh
+
+install_packages site
+rm -rf build/site
+mkdir -p build/site
+# The first page lists all others, in the order of the site.
+pages=$(sed -n 's|^- \[.*](\([^)]*\.md\)).*|docs/\1|p' docs/README.md | paste -sd ' ')
+export PYTHONUTF8=1
+SITE_PAGES=$pages SITE_VERSION=$(sed -n 's/^  VERSION \([0-9.]*\)$/\1/p' CMakeLists.txt) \
+  doxygen docs/Doxyfile
+scripts/site_search.py build/site docs/README.md $pages
+if grep -rniE '(src|data)="(https?:)?//|<link[^>]*href="(https?:)?//|(url\(|@import)[ "'\'']*(https?:)?//' \
+  --include='*.html' --include='*.css' --include='*.js' build/site; then
+  echo "The site loads what these lines name." >&2
+  exit 1
+fi
+echo "build/site/index.html"

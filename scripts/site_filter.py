@@ -1,0 +1,68 @@
+#!/usr/bin/env -S python3 -B
+"""What doxygen reads in place of a page or header: FILE as it stands, in doxygen's Markdown.
+
+Pages are written for code hosts, and headers for people who read them in an editor.
+"""
+import html
+import pathlib
+import re
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parents[1]
+FENCED = re.compile(r"(^```.*?^```$)", re.M | re.S)
+SPAN = re.compile(r"(?<!`)`([^`\n]+)`(?!`)")
+LINK = re.compile(r"(?<!!)\[((?:`[^`]*`|[^]`])+)\]\(([^)#:]+)\)")
+# Members that every record has and that its class describes: copying and destroying.
+SILENT = re.compile(
+    r"^ +(?:(\w+)\(const \1& other\)(?: noexcept)?|~\w+\(\)(?: override)?"
+    r"|(\w+)& operator=\(const \2&\) = delete|(\w+)\(\s*\3&& other\) noexcept);.*\n", re.M)
+
+
+def label_of(path):
+    """The name of a page in doxygen, from its path below the root."""
+    if path.as_posix() == "docs/README.md":
+        return "mainpage"
+    return "catalog" if path.as_posix() == "schemas/README.md" else path.stem.lower()
+
+
+def code(span):
+    """Code in HTML if it has quotes or backslashes: doxygen pairs the quotes of two codes."""
+    text = span[1]
+    if not any(mark in text for mark in "'\"\\"):
+        return span[0]
+    text = html.escape(re.sub(r"([\\@#%*_\[\]])", r"\\\1", text)).replace("&#x27;", "&apos;")
+    return f"<code>{text.replace('--', chr(92) + '--')}</code>"
+
+
+def page(path, text):
+    """A page with its label, and its links as references, with titles for names of files."""
+    label = label_of(path)
+
+    def reference(link):
+        target = (ROOT / path.parent / link[2]).resolve().relative_to(ROOT)
+        if target.suffix != ".md":
+            return f"[{link[1]}](@ref {target.name})"
+        title = (ROOT / target).read_text(encoding="utf-8").partition("\n")[0].lstrip("# ")
+        return f"[{title if link[1].endswith('.md') else link[1]}](@ref {label_of(target)})"
+
+    parts = FENCED.split(text)
+    parts[::2] = [LINK.sub(reference, SPAN.sub(code, part)) for part in parts[::2]]
+    return re.sub(r"^# (.*)", rf"# \1 {{#{label}}}", "".join(parts), count=1)
+
+
+def header(text):
+    """A header that has a page, and examples that are indented far enough to be code."""
+    if "/// @file" not in text:
+        text = text.replace("#pragma once", "/** @file */", 1)
+    text = re.sub(r"^( *///) {3}(?=\S)", r"\1       ", SILENT.sub("", text), flags=re.M)
+    return re.sub(r"^ *///.*|///<.*", lambda line: SPAN.sub(code, line[0]), text, flags=re.M)
+
+
+def main(name):
+    path = pathlib.Path(name).resolve().relative_to(ROOT)
+    text = (ROOT / path).read_text(encoding="utf-8")
+    sys.stdout.write(page(path, text) if path.suffix == ".md" else header(text))
+
+
+if __name__ == "__main__":
+    main(sys.argv[1])
