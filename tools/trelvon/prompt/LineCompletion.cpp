@@ -1,0 +1,158 @@
+#include "tools/trelvon/prompt/LineCompletion.h"
+
+#include "tools/trelvon/Commands.h"
+#include "tools/trelvon/Lookup.h"
+#include "tools/trelvon/ShownText.h"
+#include "tools/trelvon/prompt/ShellWords.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace tool {
+
+namespace {
+
+constexpr std::string_view blanks = " \t", operators = "+-*/^(),";
+
+bool beginsWith(std::string_view text, std::string_view beginning) {
+  return text.substr(0, beginning.size()) == beginning;
+}
+
+/// Those of the texts that begin with what is typed.
+void addMatching(Completions& found, std::string_view typed,
+                 const std::vector<std::string>& texts) {
+  for (const std::string& text : texts)
+    if (beginsWith(text, typed)) found.texts.push_back(text);
+}
+
+std::vector<std::string> partsOf(std::string_view text, char separator) {
+  std::vector<std::string> parts;
+  for (std::size_t begin = 0, end = 0; end != std::string_view::npos; begin = end + 1) {
+    end = text.find(separator, begin);
+    parts.emplace_back(text.substr(begin, end - begin));
+  }
+  return parts;
+}
+
+enum class Wanted { Symbols, NamesWithoutBlanks, Names };
+
+/// Texts that name units. Those in another letter case count only where no others are.
+void addUnits(Completions& found, std::string_view typed, Wanted wanted, Definitions& definitions) {
+  if (typed.empty()) return;
+  const auto names =
+      definitions.names().completions(typed, std::numeric_limits<std::size_t>::max());
+  for (const Units::UnitName& name : names) {
+    if (!name.isExact() && !found.texts.empty()) break;
+    const std::string text = name.getText();
+    const bool fits = wanted == Wanted::Symbols
+                          ? name.getKind() == Units::NameKind::SymbolText
+                          : wanted == Wanted::Names || text.find(' ') == std::string::npos;
+    if (fits && shown(text) == text) found.texts.push_back(text);
+  }
+}
+
+/// Where a name of a unit is typed, which formulas do not read: the texts that they do read.
+void addSymbolsOfUnits(Completions& found, Definitions& definitions) {
+  Completions names;
+  std::swap(names.texts, found.texts);
+  const Units::UnitsEngine& engine = definitions.engine();
+  for (const std::string& name : names.texts)
+    for (const Units::UnitName& named : definitions.names().find(name))
+      for (const auto& [typeId, symbol] : engine.getSymbolsOfUnit(named.getUnit().getTypeId()))
+        if (const std::string text = textOf(symbol); !text.empty() && shown(text) == text) {
+          found.texts.push_back(text);
+          break;
+        }
+}
+
+/// The last part of a formula, which may begin in several places: `m/` of `5 m/` begins texts of
+/// symbols, and `kilom` of `2*kilom` does after an operator. The longest one that can be completed
+/// counts.
+Completions completeFormula(std::string_view line, const std::vector<std::string>& variables,
+                            Definitions& definitions) {
+  std::size_t begin = line.find_last_of(" \t(") + 1;
+  begin = std::min(line.find_first_not_of("0123456789.", begin), line.size());
+  while (begin < line.size()) {
+    const std::string_view typed = line.substr(begin);
+    Completions found = {typed.size()};
+    addMatching(found, typed, variables);
+    addUnits(found, typed, Wanted::Symbols, definitions);
+    if (found.texts.empty()) {
+      addUnits(found, typed, Wanted::NamesWithoutBlanks, definitions);
+      addSymbolsOfUnits(found, definitions);
+    }
+    if (!found.texts.empty()) return found;
+    begin = line.find_first_of(operators, begin);
+    begin = begin == std::string_view::npos
+                ? line.size()
+                : std::min(line.find_first_not_of("0123456789.", begin + 1), line.size());
+  }
+  return {};
+}
+
+const Option* optionOf(const Command& command, const std::string& word) {
+  for (const auto* const options : {&command.options, &commonOptions()})
+    for (const Option& option : *options)
+      if ("--" + option.name == word) return &option;
+  return nullptr;
+}
+
+Completions completeOption(std::string_view typed, const Command& command) {
+  Completions found = {typed.size()};
+  for (const auto* const options : {&command.options, &commonOptions()})
+    for (const Option& option : *options) addMatching(found, typed, {"--" + option.name});
+  return found;
+}
+
+Completions completeCommand(std::string_view line, const Command& command,
+                            const std::vector<std::string>& variables, Definitions& definitions) {
+  const ShellWords read = shellWords(line);
+  const std::string_view typed = line.substr(read.begin);
+  if (beginsWith(typed, "--")) return completeOption(typed, command);
+  if (read.isOpen) return completeFormula(line.substr(read.begin + 1), variables, definitions);
+  Completions found = {typed.size()};
+  const std::size_t index =
+      read.words.size() - (typed.empty() ? 0 : 1);  // of the word that is typed
+  const Option* const option = optionOf(command, read.words[index - 1]);
+  if (option != nullptr && !option->value.empty())
+    addMatching(found, typed, option->choices);
+  else if (const std::string kinds = partsOf(command.operands, ' ')[0];
+           index == 1 && kinds.find('|') != std::string::npos)
+    addMatching(found, typed, partsOf(kinds, '|'));
+  if (found.texts.empty()) addMatching(found, typed.empty() ? "\n" : typed, variables);
+  if (found.texts.empty()) addUnits(found, typed, Wanted::NamesWithoutBlanks, definitions);
+  return found;
+}
+
+}  // namespace
+
+Completions completeLine(std::string_view given, const std::vector<std::string>& variables,
+                         Definitions& definitions) {
+  const std::string_view line =
+      given.substr(std::min(given.find_first_not_of(blanks), given.size()));
+  const std::size_t end = line.find_first_of(blanks);
+  if (end != std::string_view::npos) {
+    const Command* const command = findCommand(std::string(line.substr(0, end)));
+    if (command != nullptr && !command->isHidden)
+      return completeCommand(line, *command, variables, definitions);
+  }
+  Completions found;
+  if (beginsWith(line, "=")) {
+    const std::size_t begin = std::min(line.find_first_not_of(blanks, 1), line.size());
+    found.typed = line.size() - begin;
+    addUnits(found, line.substr(begin), Wanted::Names, definitions);
+  } else {
+    found = completeFormula(line, variables, definitions);
+    if (end == std::string_view::npos && (found.texts.empty() || found.typed == line.size())) {
+      found.typed = line.size();
+      for (const Command& command : commands())
+        if (!command.isHidden) addMatching(found, line, {command.name});
+      addMatching(found, line, {"help", "quit"});
+    }
+  }
+  std::sort(found.texts.begin(), found.texts.end());
+  found.texts.erase(std::unique(found.texts.begin(), found.texts.end()), found.texts.end());
+  return found;
+}
+
+}  // namespace tool
