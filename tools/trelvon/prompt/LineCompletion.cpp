@@ -124,6 +124,28 @@ Completions completeCommand(std::string_view line, const Command& command,
   return found;
 }
 
+/// A line of one word may be a command, too.
+Completions completeFirst(std::string_view line, const std::vector<std::string>& variables,
+                          Definitions& definitions) {
+  Completions found = completeFormula(line, variables, definitions);
+  if (line.find_first_of(blanks) != std::string_view::npos ||
+      (!found.texts.empty() && found.typed < line.size()))
+    return found;
+  found.typed = line.size();
+  for (const Command& command : commands())
+    if (!command.isHidden) addMatching(found, line, {command.name});
+  addMatching(found, line, {"help", "quit"});
+  return found;
+}
+
+Completions completeUnit(std::string_view line, Definitions& definitions) {
+  const std::string_view typed =
+      line.substr(std::min(line.find_first_not_of(blanks, 1), line.size()));
+  Completions found = {typed.size()};
+  addUnits(found, typed, Wanted::Names, definitions);
+  return found;
+}
+
 }  // namespace
 
 Completions completeLine(std::string_view given, const std::vector<std::string>& variables,
@@ -131,25 +153,12 @@ Completions completeLine(std::string_view given, const std::vector<std::string>&
   const std::string_view line =
       given.substr(std::min(given.find_first_not_of(blanks), given.size()));
   const std::size_t end = line.find_first_of(blanks);
-  if (end != std::string_view::npos) {
-    const Command* const command = findCommand(std::string(line.substr(0, end)));
-    if (command != nullptr && !command->isHidden)
-      return completeCommand(line, *command, variables, definitions);
-  }
-  Completions found;
-  if (beginsWith(line, "=")) {
-    const std::size_t begin = std::min(line.find_first_not_of(blanks, 1), line.size());
-    found.typed = line.size() - begin;
-    addUnits(found, line.substr(begin), Wanted::Names, definitions);
-  } else {
-    found = completeFormula(line, variables, definitions);
-    if (end == std::string_view::npos && (found.texts.empty() || found.typed == line.size())) {
-      found.typed = line.size();
-      for (const Command& command : commands())
-        if (!command.isHidden) addMatching(found, line, {command.name});
-      addMatching(found, line, {"help", "quit"});
-    }
-  }
+  const Command* const command =
+      end == std::string_view::npos ? nullptr : findCommand(std::string(line.substr(0, end)));
+  Completions found = command != nullptr && !command->isHidden
+                          ? completeCommand(line, *command, variables, definitions)
+                      : beginsWith(line, "=") ? completeUnit(line, definitions)
+                                              : completeFirst(line, variables, definitions);
   std::sort(found.texts.begin(), found.texts.end());
   found.texts.erase(std::unique(found.texts.begin(), found.texts.end()), found.texts.end());
   return found;

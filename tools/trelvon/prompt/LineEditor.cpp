@@ -168,6 +168,7 @@ class LineEditor : public LineReader {
     signals_ = &signals;
     isInterrupted = 0;
     int count = 0;
+    el_set(editor_, EL_PREP_TERM, 1);  // before the prompt, so that the terminal echoes no key
     const char* const line = el_gets(editor_, &count);
     if (line == nullptr || count <= 0) {
       el_reset(editor_);
@@ -213,7 +214,8 @@ class LineEditor : public LineReader {
     std::mbstate_t state = {};
     while (true) {
       if (isInterrupted != 0 || endingSignal != 0) return -1;
-      if (isContinued != 0) el_set(editor, EL_PREP_TERM, 1);
+      if (isContinued != 0)  // what has stopped it may have changed the terminal
+        for (const int mode : {0, 1}) el_set(editor, EL_PREP_TERM, mode);
       if (isContinued != 0 || isResized != 0) self.redraw();
       isContinued = isResized = 0;
       if (!self.signals_->waitForKey()) continue;
@@ -249,7 +251,8 @@ class LineEditor : public LineReader {
       return el_insertstr(editor_, text.c_str()) == 0 ? CC_REFRESH : CC_ERROR;
     }
     writeAll(STDOUT_FILENO, '\n' + listing(found.texts));
-    return CC_REDISPLAY;
+    el_set(editor_, EL_REFRESH);
+    return CC_NORM;
   }
 
   const char* const prompt_;
