@@ -38,12 +38,15 @@ def screen(text):
 class Terminal:
     def __init__(self, home, *arguments, **variables):
         self.text = ""
+        files = pty.openpty()
+        self.before = termios.tcgetattr(files[1])
+        for file in files:
+            os.close(file)
         self.pid, self.file = pty.fork()
         if self.pid == 0:
             os.chdir(home)
             os.execve(PROGRAM, [PROGRAM, *arguments], {
                 "HOME": home, "TERM": "dumb", "NO_COLOR": "1", "LC_ALL": "C", **variables})
-        self.before = termios.tcgetattr(self.file)
         self.resize(100)
         self.wait(r"> \Z")
 
@@ -67,9 +70,10 @@ class Terminal:
         return self.wait(pattern)
 
     def end(self, keys="\x04"):
-        """The status."""
+        """The status, with the terminal as it was before."""
         if keys:
             self.type(keys, None)
+        assert termios.tcgetattr(self.file) == self.before
         status = os.waitstatus_to_exitcode(os.waitpid(self.pid, 0)[1])
         os.close(self.file)
         return status
@@ -155,8 +159,8 @@ class Prompt(unittest.TestCase):
             self.assertEqual(terminal.type("3 °C\r")[1], "276.15 kelvin (temperature)  (temperature)")
             if isinstance(keys, int):
                 os.kill(terminal.pid, keys)
+                terminal.wait(None)
                 keys = ""
-            terminal.wait("")
             self.assertEqual(terminal.end(keys), status)
 
     def test_a_resized_window_shows_the_line_again(self):
