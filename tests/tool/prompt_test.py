@@ -44,10 +44,11 @@ class Terminal:
             os.close(file)
         self.pid, self.file = pty.fork()
         if self.pid == 0:
+            self.file = 0
             os.chdir(home)
+            self.resize(100)
             os.execve(PROGRAM, [PROGRAM, *arguments], {
                 "HOME": home, "TERM": "dumb", "NO_COLOR": "1", "LC_ALL": "C", **variables})
-        self.resize(100)
         self.wait(r"> \Z")
 
     def resize(self, columns):

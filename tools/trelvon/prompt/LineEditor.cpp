@@ -6,6 +6,7 @@
 #include "tools/trelvon/prompt/LineReader.h"
 
 #include <sys/ioctl.h>
+#include <sys/select.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -17,7 +18,6 @@
 #include <cwchar>
 #include <histedit.h>
 #include <langinfo.h>
-#include <poll.h>
 
 namespace tool {
 
@@ -64,8 +64,10 @@ class SignalsOfALine {
 
   /// Waits until there is a key to read. Returns false if a signal came.
   bool waitForKey() const {
-    pollfd input = {STDIN_FILENO, POLLIN, 0};
-    return ppoll(&input, 1, nullptr, &open_) > 0;
+    fd_set input;
+    FD_ZERO(&input);
+    FD_SET(STDIN_FILENO, &input);
+    return pselect(STDIN_FILENO + 1, &input, nullptr, nullptr, nullptr, &open_) > 0;
   }
 
  private:
@@ -210,15 +212,22 @@ class LineEditor : public LineReader {
 
   /// Reads a character. Returns 1, or -1 to give the line up.
   static int readKey(EditLine* editor, wchar_t* key) {
-    LineEditor& self = of(editor);
+    try {
+      return of(editor).readKeyHere(key);
+    } catch (...) {  // libedit's functions know no exceptions
+      return -1;
+    }
+  }
+
+  int readKeyHere(wchar_t* key) {
     std::mbstate_t state = {};
     while (true) {
       if (isInterrupted != 0 || endingSignal != 0) return -1;
       if (isContinued != 0)  // what has stopped it may have changed the terminal
-        for (const int mode : {0, 1}) el_set(editor, EL_PREP_TERM, mode);
-      if (isContinued != 0 || isResized != 0) self.redraw();
+        for (const int mode : {0, 1}) el_set(editor_, EL_PREP_TERM, mode);
+      if (isContinued != 0 || isResized != 0) redraw();
       isContinued = isResized = 0;
-      if (!self.signals_->waitForKey()) continue;
+      if (!signals_->waitForKey()) continue;
       char byte = 0;
       const ssize_t count = read(STDIN_FILENO, &byte, 1);
       if (count < 0 && (errno == EINTR || errno == EAGAIN)) continue;
@@ -233,7 +242,7 @@ class LineEditor : public LineReader {
   static unsigned char completeTyped(EditLine* editor, int) {
     try {
       return of(editor).completeHere();
-    } catch (...) {  // libedit's functions know no exceptions
+    } catch (...) {  // as above
       return CC_ERROR;
     }
   }

@@ -122,15 +122,15 @@ Status Session::showLastIn(const std::string& text) {
   if (explanation.reason() != Units::FormulaReason::Done)
     throw Failure(Status::Findings, "there is no value to show");
   const auto readings = readingsOf(engine, explanation, variables);
-  const auto units = readings.empty()
-                         ? std::vector<Units::Unit>()
-                         : engine.getQuantity(readings[0].quantityTypeId).getUnits();
+  const auto units = readings.empty() ? std::vector<Units::Unit>()
+                                      : engine.getQuantity(readings[0].quantityTypeId).getUnits();
   if (text.empty() && units.empty())
     throw Failure(Status::Findings, "no quantity fits the value; `= UNIT` shows it in a unit");
   const Units::Unit unit =
       text.empty() ? units[(last_.place + 1) % units.size()] : context.unit(text);
   const auto shownIn = explainFormula(engine, unit.getTypeId(), last_.text, variables);
-  if (shownIn.reason() != Units::FormulaReason::Done) context.accepted(shownIn);  // which refuses it
+  if (shownIn.reason() != Units::FormulaReason::Done)
+    context.accepted(shownIn);  // which refuses it
   const auto found = std::find(units.begin(), units.end(), unit);
   const bool isListed = found != units.end();
   if (isListed) last_.place = static_cast<std::size_t>(found - units.begin());
