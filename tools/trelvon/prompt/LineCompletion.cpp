@@ -34,7 +34,12 @@ std::vector<std::string> partsOf(std::string_view text, char separator) {
   return parts;
 }
 
-enum class Wanted { Symbols, NamesWithoutBlanks, Names };
+enum class Wanted { Symbols, SingleWords, Names };
+
+/// Whether commands read the text as one word.
+bool isSingleWord(const std::string& text) {
+  return text.find_first_of(" \t'\"\\") == std::string::npos;
+}
 
 /// Texts that name units. Those in another letter case count only where no others are.
 void addUnits(Completions& found, std::string_view typed, Wanted wanted, Definitions& definitions) {
@@ -44,9 +49,8 @@ void addUnits(Completions& found, std::string_view typed, Wanted wanted, Definit
   for (const Units::UnitName& name : names) {
     if (!name.isExact() && !found.texts.empty()) break;
     const std::string text = name.getText();
-    const bool fits = wanted == Wanted::Symbols
-                          ? name.getKind() == Units::NameKind::SymbolText
-                          : wanted == Wanted::Names || text.find(' ') == std::string::npos;
+    const bool fits = wanted == Wanted::Symbols ? name.getKind() == Units::NameKind::SymbolText
+                                                : wanted == Wanted::Names || isSingleWord(text);
     if (fits && shown(text) == text) found.texts.push_back(text);
   }
 }
@@ -78,7 +82,7 @@ Completions completeFormula(std::string_view line, const std::vector<std::string
     addMatching(found, typed, variables);
     addUnits(found, typed, Wanted::Symbols, definitions);
     if (found.texts.empty()) {
-      addUnits(found, typed, Wanted::NamesWithoutBlanks, definitions);
+      addUnits(found, typed, Wanted::SingleWords, definitions);
       addSymbolsOfUnits(found, definitions);
     }
     if (!found.texts.empty()) return found;
@@ -104,23 +108,43 @@ Completions completeOption(std::string_view typed, const Command& command) {
   return found;
 }
 
+/// What the last word of a command line stands for: an option's value, or an operand.
+std::string meaningOf(const std::vector<std::string>& words, std::size_t last,
+                      const Command& command, const Option*& option) {
+  const auto operands = partsOf(command.operands, ' ');
+  std::size_t place = 0;
+  option = nullptr;
+  for (std::size_t index = 1; index < last; ++index) {
+    const bool isValue = option != nullptr;
+    option = isValue ? nullptr : optionOf(command, words[index]);
+    if (option != nullptr && option->value.empty()) option = nullptr;
+    if (!isValue && !beginsWith(words[index], "--")) ++place;
+  }
+  return option != nullptr ? option->value : operands[std::min(place, operands.size() - 1)];
+}
+
 Completions completeCommand(std::string_view line, const Command& command,
                             const std::vector<std::string>& variables, Definitions& definitions) {
   const ShellWords read = shellWords(line);
   const std::string_view typed = line.substr(read.begin);
   if (beginsWith(typed, "--")) return completeOption(typed, command);
   if (read.isOpen) return completeFormula(line.substr(read.begin + 1), variables, definitions);
+  const Option* option = nullptr;
+  const std::string meaning =
+      meaningOf(read.words, read.words.size() - (typed.empty() ? 0 : 1), command, option);
   Completions found = {typed.size()};
-  const std::size_t index =
-      read.words.size() - (typed.empty() ? 0 : 1);  // of the word that is typed
-  const Option* const option = optionOf(command, read.words[index - 1]);
-  if (option != nullptr && !option->value.empty())
+  if (meaning == "FORMULA" || meaning == "NUMBER") {
+    found = completeFormula(typed, variables, definitions);
+    const auto isNoWord = [](const std::string& text) { return !isSingleWord(text); };
+    found.texts.erase(std::remove_if(found.texts.begin(), found.texts.end(), isNoWord),
+                      found.texts.end());
+  } else if (option != nullptr && !option->choices.empty()) {
     addMatching(found, typed, option->choices);
-  else if (const std::string kinds = partsOf(command.operands, ' ')[0];
-           index == 1 && kinds.find('|') != std::string::npos)
-    addMatching(found, typed, partsOf(kinds, '|'));
-  if (found.texts.empty()) addMatching(found, typed.empty() ? "\n" : typed, variables);
-  if (found.texts.empty()) addUnits(found, typed, Wanted::NamesWithoutBlanks, definitions);
+  } else if (meaning.find('|') != std::string::npos) {
+    addMatching(found, typed, partsOf(meaning, '|'));
+  } else {
+    addUnits(found, typed, Wanted::SingleWords, definitions);
+  }
   return found;
 }
 
