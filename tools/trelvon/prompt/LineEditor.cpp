@@ -140,7 +140,8 @@ class LineEditor : public LineReader {
     el_set(editor_, EL_SIGNAL, 0);
     el_set(editor_, EL_GETCFN, readKey);
     el_set(editor_, EL_HIST, history, history_);
-    el_set(editor_, EL_ADDFN, "trelvon-complete", "Complete what is typed", completeTyped);
+    // The other function leaks copies of these texts.
+    el_wset(editor_, EL_ADDFN, L"trelvon-complete", L"Complete what is typed", completeTyped);
     el_source(editor_, nullptr);  // the user's .editrc
     el_set(editor_, EL_BIND, "^I", "trelvon-complete", nullptr);
   }
