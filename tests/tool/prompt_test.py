@@ -117,7 +117,9 @@ class Prompt(unittest.TestCase):
                 ("convert 5 ft in --pl", "convert 5 ft in --places "),
                 ("convert 1 KILOMETERPERHO", "convert 1 kilometerPerHour "),
                 ("lint --format s", "lint --format sarif "), ("list q", "list quantities "),
-                ('eval "3*roo', 'eval "3*room height '), ("explain --to m roo", "explain --to m roo"), ("explain 2*kilomolePerH", "explain 2*kmol/h "),
+                ('eval "3*roo', 'eval "3*room height '),
+                ("explain --to m roo", "explain --to m roo"),
+                ("explain 2*kilomolePerH", "explain 2*kmol/h "),
                 ("new unit x --fro", "new unit x --from "), ("frob '\"x", "frob '\"x")):
             with self.subTest(typed):
                 shown = terminal.type(typed + "\t|", r"\|\Z")
