@@ -118,6 +118,9 @@ class Prompt(unittest.TestCase):
                 ("convert 1 KILOMETERPERHO", "convert 1 kilometerPerHour "),
                 ("lint --format s", "lint --format sarif "), ("list q", "list quantities "),
                 ('eval "3*roo', 'eval "3*room height '),
+                ("format 5 --as feetAndI", "format 5 --as feetAndInches "),
+                ("lint .lo", "lint .local/"),
+                ("diff .local/state/trelvon/h", "diff .local/state/trelvon/history "),
                 ("explain --to m roo", "explain --to m roo"),
                 ("explain 2*kilomolePerH", "explain 2*kmol/h "),
                 ("new unit x --fro", "new unit x --from "), ("frob '\"x", "frob '\"x")):

@@ -6,7 +6,9 @@
 #include "tools/trelvon/prompt/ShellWords.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <limits>
+#include <system_error>
 
 namespace tool {
 
@@ -123,6 +125,30 @@ std::string meaningOf(const std::vector<std::string>& words, std::size_t last,
   return option != nullptr ? option->value : operands[std::min(place, operands.size() - 1)];
 }
 
+/// Files and folders, those with a point in front only where one is typed.
+void addPaths(Completions& found, std::string_view typed, bool onlyFolders) {
+  namespace fs = std::filesystem;
+  const std::string folder(typed.substr(0, typed.rfind('/') + 1));
+  const bool wantsHidden = beginsWith(typed.substr(folder.size()), ".");
+  std::error_code error;
+  fs::directory_iterator entry(folder.empty() ? "." : folder, error);
+  for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+    std::error_code unknown;
+    const bool isFolder = entry->is_directory(unknown);
+    const std::string path = folder + entry->path().filename().string() + (isFolder ? "/" : "");
+    const bool isHidden = path[folder.size()] == '.';
+    if ((isFolder || !onlyFolders) && isHidden == wantsHidden && isSingleWord(path) &&
+        shown(path) == path)
+      addMatching(found, typed, {path});
+  }
+}
+
+void addSymbols(Completions& found, std::string_view typed, Definitions& definitions) {
+  for (const auto& [typeId, symbol] : definitions.engine().getSymbols())
+    for (const std::string& text : {localIdOf(typeId), textOf(symbol)})
+      if (isSingleWord(text) && shown(text) == text) addMatching(found, typed, {text});
+}
+
 Completions completeCommand(std::string_view line, const Command& command,
                             const std::vector<std::string>& variables, Definitions& definitions) {
   const ShellWords read = shellWords(line);
@@ -142,6 +168,12 @@ Completions completeCommand(std::string_view line, const Command& command,
     addMatching(found, typed, option->choices);
   } else if (meaning.find('|') != std::string::npos) {
     addMatching(found, typed, partsOf(meaning, '|'));
+  } else if (beginsWith(meaning, "FOLDER")) {
+    addPaths(found, typed, true);
+  } else if (meaning == "FILE" || meaning == "OLD" || meaning == "NEW") {
+    addPaths(found, typed, false);
+  } else if (meaning == "SYMBOL" && !typed.empty()) {
+    addSymbols(found, typed, definitions);
   } else {
     addUnits(found, typed, Wanted::SingleWords, definitions);
   }

@@ -255,7 +255,8 @@ class LineEditor : public LineReader {
     if (found.texts.empty()) return CC_REFRESH_BEEP;
     const std::string typed = before.substr(before.size() - found.typed);
     const bool isOnly = found.texts.size() == 1;
-    const std::string text = commonBeginning(found.texts) + (isOnly ? " " : "");
+    std::string text = commonBeginning(found.texts);
+    if (isOnly && text.back() != '/') text += ' ';  // a folder may go on
     if (isOnly ? text != typed : text.size() > typed.size()) {
       el_deletestr(editor_, static_cast<int>(widthOf(typed)));
       return el_insertstr(editor_, text.c_str()) == 0 ? CC_REFRESH : CC_ERROR;
