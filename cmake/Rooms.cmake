@@ -40,6 +40,11 @@ foreach(folder IN LISTS room_folders folders)
          AND (bracket STREQUAL "\"" OR seen IN_LIST rooms OR seen STREQUAL rapidjson OR seen STREQUAL CLI))
         message(SEND_ERROR "${file}: forbidden: ${include}")
       endif()
+      # Of libraries of the program, one file each includes the header.
+      if((seen STREQUAL CLI AND NOT file STREQUAL tools/trelvon/Arguments.cpp) OR
+         (seen STREQUAL histedit.h AND NOT file STREQUAL tools/trelvon/prompt/LineEditor.cpp))
+        message(SEND_ERROR "${file}: not the file for this: ${include}")
+      endif()
     endforeach()
   endforeach()
 endforeach()

@@ -18,8 +18,8 @@ STEP = re.compile(r"^\$ .*\n(?:> .*\n)*", re.M)
 def run(command, program, folder):
     """What a shell prints, with the status as the pages have it."""
     path = f"{pathlib.Path(program).resolve().parent}:{os.environ['PATH']}"
-    done = subprocess.run(["bash", "-c", command], cwd=folder, stdout=subprocess.PIPE,
-                          stderr=subprocess.STDOUT, check=False, timeout=300,
+    done = subprocess.run(["bash", "-c", command], cwd=folder, stdin=subprocess.DEVNULL,
+                          stdout=subprocess.PIPE, stderr=subprocess.STDOUT, check=False, timeout=300,
                           env={**os.environ, "PATH": path, "LC_ALL": "C"})
     printed = done.stdout.decode("utf-8", "backslashreplace")
     if printed and not printed.endswith("\n"):

@@ -6,10 +6,13 @@ import pathlib
 import pty
 import random
 import re
+import resource
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 
 import pages
@@ -27,12 +30,15 @@ def command_names():
     return re.findall(r"^  (\w+)", rows, re.M)
 
 
-# Arguments with which each command prints something; FOLDER holds a definition.
+# Arguments with which each command prints something; FOLDER holds a definition. "--strict" alone
+# reads lines.
 CALLS = {
     "bundle": ["FOLDER", "--out", "out.bundle"], "convert": ["5", "ft", "in"],
     "diff": ["FOLDER", "EMPTY"], "eval": ["2 ft"], "explain": ["2 ft"], "format": ["2"],
     "lint": ["FOLDER"], "list": ["units"], "names": ["width"],
-    "new": ["factor", "two", "--value", "2", "--in", "NEW"], "show": ["mile"]}
+    "new": ["factor", "two", "--value", "2", "--in", "NEW"], "show": ["mile"],
+    "--strict": [], "completion": ["zsh"], "manual": ["eval"]}
+WITHOUT_DEFINITIONS = {"bundle", "completion", "diff", "manual"}
 READ_FOLDERS = {"bundle": ["NOWHERE", "--out", "x"], "diff": ["NOWHERE", "FOLDER"],
                 "lint": ["NOWHERE"]}
 
@@ -46,12 +52,14 @@ class Tool(unittest.TestCase):
         pathlib.Path(self.folder, "FOLDER/units/a.json").write_text(
             '{"typeid":"a.dimension:a-1.0.0","inherits":["v:dimension-1.0.0"]}')
 
-    def calls(self, **others):
+    def calls(self, *extra, program=PROGRAM, **others):
         """Runs every command."""
-        for name in command_names():
+        self.assertLess(set(command_names()), set(CALLS))
+        for name, call in CALLS.items():
             with self.subTest(name):
-                yield name, subprocess.run([PROGRAM, name, *CALLS[name]], cwd=self.folder,
-                                           stderr=subprocess.PIPE, check=False, **others)
+                yield name, subprocess.run([program, name, *call, *extra], cwd=self.folder,
+                                           input=b"2 ft\n", stderr=subprocess.PIPE, check=False,
+                                           **others)
             shutil.rmtree(os.path.join(self.folder, "NEW"), ignore_errors=True)
 
     def test_every_command_has_two_examples_that_print_what_they_say(self):
@@ -100,22 +108,63 @@ class Tool(unittest.TestCase):
 
     def test_a_program_without_its_catalog_says_where_it_looked(self):
         alone = shutil.copy(PROGRAM, self.folder)
-        done = subprocess.run([alone, "convert", "5", "ft", "in"], capture_output=True, check=False)
-        self.assertEqual(done.returncode, 3)
-        self.assertIn(b"catalog.bundle", done.stderr)
-        done = subprocess.run([alone, "list", "units", "--only"], capture_output=True, check=False)
-        self.assertEqual((done.returncode, done.stdout), (0, b""))
+        for name, done in self.calls(program=alone, stdout=subprocess.PIPE):
+            needs = name not in WITHOUT_DEFINITIONS
+            self.assertEqual((done.returncode, b"catalog.bundle" in done.stderr),
+                             (3, True) if needs else (int(name == "diff"), False))
+        for name, done in self.calls("--only", program=alone, stdout=subprocess.PIPE):
+            refuses = name in ("convert", "eval", "explain", "show", "--strict", "diff")
+            self.assertEqual((name, done.returncode), (name, int(refuses)))
+            self.assertTrue(done.stderr or done.stdout or name == "list")
 
     def test_a_folder_that_is_none_is_named(self):
         for name, call in {**CALLS, **READ_FOLDERS}.items():
-            if name not in command_names():
+            if name in WITHOUT_DEFINITIONS - set(READ_FOLDERS):
                 continue
-            for extra in [] if name in READ_FOLDERS else [["--load", "NOWHERE"]]:
-                call = call + extra
+            call = call + ([] if name in READ_FOLDERS else ["--load", "NOWHERE"])
             with self.subTest(name):
                 done = run(name, *call, cwd=self.folder)
                 self.assertEqual((done.returncode, done.stdout), (3, b""))
                 self.assertIn(b'"NOWHERE"', done.stderr)
+
+    def test_files_appear_whole_or_not_at_all(self):
+        texts = [f'{{"typeid":"a.unit:u{number}-1.0.0"}}' * 99 for number in range(300)]
+        for number, text in enumerate(texts):
+            pathlib.Path(self.folder, f"FOLDER/units/{number:03}.json").write_text(text)
+        run("bundle", "FOLDER", "--out", "whole", cwd=self.folder)
+        whole = pathlib.Path(self.folder, "whole").read_bytes()
+        for stop in range(40):
+            with subprocess.Popen([PROGRAM, "bundle", "FOLDER", "--out", "new/out"],
+                                  cwd=self.folder, stdout=subprocess.DEVNULL) as writing:
+                time.sleep(stop / 2000)
+                writing.send_signal(signal.SIGINT)
+            for path in pathlib.Path(self.folder, "new").glob("*"):
+                self.assertEqual((path.name, path.read_bytes() == whole), ("out", True))
+                path.unlink()
+        limit = lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (99, 99))  # as if it were full
+        done = run("bundle", "FOLDER", "--out", "new/out", cwd=self.folder, preexec_fn=limit)
+        self.assertEqual((done.returncode, os.listdir(self.folder + "/new")), (3, []))
+        self.assertIn(b'cannot write "new/out"', done.stderr)
+
+    def test_shells_and_man_read_what_is_written_for_them(self):
+        done = run("manual", "--out", self.folder)
+        files = [path for path in pathlib.Path(self.folder).rglob("*trelvon*")]
+        self.assertEqual((done.returncode, len(files)), (0, len(command_names()) + 4))
+        for command in (["bash", "-n"], ["zsh", "-n"], ["fish", "-n"], ["groff", "-man", "-ww", "-z"]):
+            for path in files if shutil.which(command[0]) else []:
+                if command[0] in path.parts[-3] + path.parts[-2].replace("man1", "groff"):
+                    read = subprocess.run([*command, path], capture_output=True, check=False)
+                    self.assertEqual((path, read.returncode, read.stderr), (path, 0, b""))
+        script = run("completion", "bash").stdout.decode() + \
+            '_words() { COMP_WORDS=("$@") COMP_CWORD=$(($# - 1)); _trelvon; echo "${COMPREPLY[*]}"; }\n'
+        path = f"{os.path.dirname(PROGRAM)}:{os.environ['PATH']}"
+        for line, words in (("co", "convert"), ("convert --on-error ''", "stop keep empty"),
+                            ("list qu", "quantities"), ("list units --of kilometerPerH", "kilometerPerHour"),
+                            ("lint F", "FOLDER"), ("--color al", "always"), ("diff F", "FOLDER"),
+                            ("eval --fr", "--fraction"), ("eval 1 --load F", "FOLDER"), ("explain ''", "")):
+            done = subprocess.run(["bash", "-c", script + "_words trelvon " + line], check=False,
+                                  capture_output=True, cwd=self.folder, env={**os.environ, "PATH": path})
+            self.assertEqual((line, done.stdout.decode().strip()), (line, words))
 
     def test_any_bytes_reach_a_terminal_as_text(self):
         picks = random.Random(5)
@@ -123,7 +172,8 @@ class Tool(unittest.TestCase):
             texts = [bytes(picks.choice((27, 10, 127, 155, 194, 45, 34, 92, picks.randrange(1, 256)))
                            for _ in range(picks.randrange(1, 12))) for _ in range(3)]
             name = picks.choice([name for name in command_names() if name not in ("new", "bundle")])
-            done = run(name, *texts, cwd=self.folder)
+            done = run(name, *texts, cwd=self.folder) if picks.randrange(4) else run(
+                data=b"\n".join(texts).replace(b"new", b""), cwd=self.folder)
             with self.subTest(name, texts=texts):
                 self.assertIn(done.returncode, (0, 1, 2, 3))
                 for text in (done.stdout, done.stderr):

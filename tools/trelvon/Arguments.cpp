@@ -31,12 +31,6 @@ const Option* findOption(const std::vector<Option>& options, std::string_view na
   return found == options.end() ? nullptr : &*found;
 }
 
-const Command* findCommand(const std::string& name) {
-  const auto found = std::find_if(commands().begin(), commands().end(),
-                                  [&](const Command& command) { return command.name == name; });
-  return found == commands().end() ? nullptr : &*found;
-}
-
 const Option* knownOption(const Command* command, std::string_view name) {
   const Option* const common = findOption(commonOptions(), name);
   return common != nullptr || command == nullptr ? common : findOption(command->options, name);
@@ -157,11 +151,7 @@ Arguments readArguments(const std::vector<std::string>& words) {
   arguments.command = findCommand(told.command);
   arguments.operands = told.operands;
   readOptions(told.options, arguments.command, arguments);
-  if (arguments.command != nullptr) {
-    checkOperands(arguments);
-  } else if (!arguments.has("help") && !arguments.has("version")) {
-    throw Failure(Status::Usage, "a command is missing; see trelvon --help");
-  }
+  if (arguments.command != nullptr) checkOperands(arguments);
   return arguments;
 }
 

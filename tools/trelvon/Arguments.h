@@ -12,7 +12,7 @@ struct Command;
 
 /// The command line, as read by the descriptions of the commands.
 struct Arguments {
-  const Command* command = nullptr;  ///< Null if help or the version of the program is asked for.
+  const Command* command = nullptr;  ///< Null: the prompt, or help or version of the program.
   std::map<std::string, std::vector<std::string>> options;  ///< Values by name; a flag has one.
   std::vector<std::string> operands;
 

@@ -2,6 +2,8 @@
 
 #include "tools/trelvon/Run.h"
 
+#include <algorithm>
+
 namespace tool {
 
 namespace {
@@ -256,14 +258,38 @@ Command diffCommand() {
   return command;
 }
 
+Command completionCommand() {
+  Command command = {"completion", "bash|zsh|fish", 1, 1};
+  command.summary = "Writes a script with which a shell completes command lines of trelvon";
+  command.run = runCompletion;
+  command.isHidden = true;
+  return command;
+}
+
+Command manualCommand() {
+  Command command = {"manual", "[COMMAND]", 0, 1};
+  command.summary = "Writes the manual page of trelvon or of a command, as man reads it";
+  command.options = {
+      {"out", "FOLDER", "write all pages and completion scripts into a folder instead"}};
+  command.run = runManual;
+  command.isHidden = true;
+  return command;
+}
+
 }  // namespace
 
 const std::vector<Command>& commands() {
-  static const std::vector<Command> all = {convertCommand(), evalCommand(), explainCommand(),
-                                           formatCommand(),  listCommand(), showCommand(),
-                                           newCommand(),     lintCommand(), namesCommand(),
-                                           bundleCommand(),  diffCommand()};
+  static const std::vector<Command> all = {
+      convertCommand(), evalCommand(),       explainCommand(), formatCommand(), listCommand(),
+      showCommand(),    newCommand(),        lintCommand(),    namesCommand(),  bundleCommand(),
+      diffCommand(),    completionCommand(), manualCommand()};
   return all;
+}
+
+const Command* findCommand(const std::string& name) {
+  const auto found = std::find_if(commands().begin(), commands().end(),
+                                  [&](const Command& command) { return command.name == name; });
+  return found == commands().end() ? nullptr : &*found;
 }
 
 const std::vector<Option>& commonOptions() {

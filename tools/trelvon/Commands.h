@@ -37,8 +37,8 @@ struct Example {
   std::string printed;
 };
 
-/// Everything that is said about a command: the one source for reading its arguments and for
-/// --help, and later for completion and manual pages.
+/// Everything that is said about a command: the one source for reading its arguments, for --help,
+/// for completion and for manual pages.
 struct Command {
   std::string name;
   std::string operands;  ///< As the usage line shows them.
@@ -48,10 +48,14 @@ struct Command {
   std::vector<Option> options = {};
   std::vector<Example> examples = {};
   Status (*run)(Context& context) = nullptr;
+  bool isHidden = false;  ///< Whether --help and the prompt leave it out.
 };
 
 /// All commands, in the order of the help.
 const std::vector<Command>& commands();
+
+/// Null if there is no such command.
+const Command* findCommand(const std::string& name);
 
 /// The options that every command has.
 const std::vector<Option>& commonOptions();

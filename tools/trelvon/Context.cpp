@@ -10,11 +10,12 @@
 
 namespace tool {
 
-Context::Context(const Arguments& given, Output& output, Output& errorOutput)
+Context::Context(const Arguments& given, Output& output, Output& errorOutput, Definitions* shared)
     : arguments(given),
       out(output),
       errors(errorOutput),
-      definitions(given, [this](const std::string& sentence) { warn(sentence); }) {}
+      definitions(shared == nullptr ? own_ : *shared),
+      own_(given, [this](const std::string& sentence) { warn(sentence); }) {}
 
 void Context::warn(const std::string& sentence) const {
   errors.write(errors.tinted("warning: ", Tint::Warning) + sentence + '\n');

@@ -16,12 +16,13 @@ namespace tool {
 /// What a command has to work with, and what commands share.
 class Context {
  public:
-  Context(const Arguments& arguments, Output& out, Output& errors);
+  /// @param shared  the definitions to work with. Null: its own, by the arguments.
+  Context(const Arguments& arguments, Output& out, Output& errors, Definitions* shared = nullptr);
 
   const Arguments& arguments;
   Output& out;
   Output& errors;
-  Definitions definitions;
+  Definitions& definitions;
 
   bool wantsJson() const { return arguments.has("json"); }
 
@@ -47,6 +48,9 @@ class Context {
   /// @param unit  in which the number is. Empty: that of the symbol, which it is set to.
   /// @throws Failure  the symbol shows another unit.
   NumberFormat numberFormat(std::optional<std::string>& unitTypeId);
+
+ private:
+  Definitions own_;  // loads nothing unless it is asked
 };
 
 }  // namespace tool

@@ -8,6 +8,7 @@
 #include <TrelvonUnits/SchemaBundle.h>
 #include <TrelvonUnits/SchemaReport.h>
 
+#include <algorithm>
 #include <exception>
 #include <filesystem>
 #include <system_error>
@@ -39,6 +40,19 @@ Definitions::Definitions(const Arguments& arguments, std::function<void(const st
       isStrict_(arguments.has("strict")),
       folders_(arguments.texts("load")),
       report_(std::move(report)) {}
+
+void Definitions::load(const std::string& folder) {
+  const auto isSame = [&](const std::string& other) {
+    std::error_code unknown;
+    return fs::equivalent(folder, other, unknown);
+  };
+  if (std::none_of(folders_.begin(), folders_.end(), isSame)) folders_.push_back(folder);
+}
+
+void Definitions::unload() {
+  names_.reset();
+  engine_.reset();
+}
 
 std::string Definitions::besideCatalog(const std::string& name) {
   return (dataFolder() / name).string();

@@ -24,8 +24,12 @@ class Definitions {
   Definitions(const Definitions&) = delete;
   Definitions& operator=(const Definitions&) = delete;
 
-  /// Loads a folder after the others, as `--load` does. It must be called before `engine`.
-  void load(const std::string& folder) { folders_.push_back(folder); }
+  /// Loads a folder after the others, as `--load` does, if it is none of them. It must be called
+  /// before `engine` or `unload`.
+  void load(const std::string& folder);
+
+  /// Forgets what was loaded, to load it again when it is asked for.
+  void unload();
 
   /// @throws Failure  the catalog or a folder is not there; with `--strict`, a folder is faulty.
   Units::UnitsEngine& engine();

@@ -1,5 +1,6 @@
 #include "tools/trelvon/Context.h"
 #include "tools/trelvon/Json.h"
+#include "tools/trelvon/Readings.h"
 #include "tools/trelvon/Run.h"
 #include "tools/trelvon/ShownText.h"
 
@@ -12,15 +13,6 @@
 namespace tool {
 
 namespace {
-
-/// A value in the default unit of a quantity, which is the first that it lists.
-struct Reading {
-  double value;
-  Units::Unit unit;
-  std::string quantity;        ///< Its name. Empty if the unit was asked for.
-  bool isStranger = false;     ///< Whether the quantity lists no unit of the formula.
-  std::size_t derivation = 0;  ///< How many definitions the unit depends on.
-};
 
 /// The powers, if all are whole.
 std::optional<Units::PrimitivePowers> wholePowers(const std::map<std::string, double>& powers) {
@@ -38,9 +30,8 @@ bool listsAnyOf(const std::vector<Units::Unit>& units, const std::set<std::strin
                      [&](const Units::Unit& unit) { return typeIds.count(unit.getTypeId()) != 0; });
 }
 
-/// The value in the default unit of every quantity that measures what the formula does. Quantities
-/// that list a unit of the formula come first, then those whose default unit is closest to the
-/// primitive units.
+}  // namespace
+
 std::vector<Reading> readingsOf(const Units::UnitsEngine& engine,
                                 const Units::FormulaExplanation& explanation,
                                 const VariableResolver& variables) {
@@ -56,7 +47,7 @@ std::vector<Reading> readingsOf(const Units::UnitsEngine& engine,
     const std::string unit = units.front().getTypeId();
     readings.push_back({engine.evaluateExpressionInUnit(unit, explanation.formula(), variables),
                         units.front(), quantity.getName(), !listsAnyOf(units, used),
-                        engine.getDependencies(unit).size()});
+                        engine.getDependencies(unit).size(), typeId});
   }
   std::vector<const Reading*> order;
   for (const Reading& reading : readings) order.push_back(&reading);
@@ -68,6 +59,8 @@ std::vector<Reading> readingsOf(const Units::UnitsEngine& engine,
   for (const Reading* const reading : order) sorted.push_back(*reading);
   return sorted;
 }
+
+namespace {
 
 std::string powersText(const std::map<std::string, double>& powers,
                        const Units::UnitsEngine& engine) {
@@ -100,6 +93,8 @@ void writeText(Output& out, const Units::UnitsEngine& engine, const std::vector<
   out.write("\n");
 }
 
+}  // namespace
+
 void writeReadings(Context& context, const std::vector<Reading>& readings,
                    const NumberFormat& format) {
   const Units::UnitsEngine& engine = context.definitions.engine();
@@ -118,6 +113,8 @@ void writeReadings(Context& context, const std::vector<Reading>& readings,
   json.endObject();
   context.out.write(json.text() + '\n');
 }
+
+namespace {
 
 /// A value that no quantity lists: in primitive units, or a plain number.
 void writePrimitive(Context& context, double value, const std::map<std::string, double>& powers,

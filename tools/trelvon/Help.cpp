@@ -41,28 +41,33 @@ std::string row(const std::string& name, const std::string& text) {
 
 std::string optionRows(const std::vector<Option>& options) {
   std::string text;
-  for (const Option& option : options) {
-    std::string says = option.text;
-    if (option.range.highest >= option.range.lowest)
-      says += " (" + std::to_string(option.range.lowest) + " to " +
-              std::to_string(option.range.highest) + ")";
-    if (option.isRepeatable) says += "; repeatable";
-    text += row("--" + option.name + (option.value.empty() ? "" : ' ' + option.value), says);
-  }
+  for (const Option& option : options) text += row(optionUsage(option), optionText(option));
   return text;
 }
 
 }  // namespace
 
+std::string optionUsage(const Option& option) {
+  return "--" + option.name + (option.value.empty() ? "" : ' ' + option.value);
+}
+
+std::string optionText(const Option& option) {
+  std::string text = option.text;
+  if (option.range.highest >= option.range.lowest)
+    text += " (" + std::to_string(option.range.lowest) + " to " +
+            std::to_string(option.range.highest) + ")";
+  return option.isRepeatable ? text + "; repeatable" : text;
+}
+
 std::string programHelp() {
   std::string text =
-      "trelvon: units of measure on the command line\n\nUsage: trelvon COMMAND [OPTION...] "
-      "[ARGUMENT...]\n\nCommands:\n";
-  for (const Command& command : commands()) text += row(command.name, command.summary);
+      "trelvon: units of measure on the command line\n\n"
+      "Usage: trelvon COMMAND [OPTION...] [ARGUMENT...]\n"
+      "       trelvon [OPTION...]  for a prompt, where `help` says more\n\nCommands:\n";
+  for (const Command& command : commands())
+    if (!command.isHidden) text += row(command.name, command.summary);
   text += "\nOptions of every command:\n" + optionRows(commonOptions());
-  return text +
-         "\nExit status: 0 done, 1 findings or a refused value, 2 a command line that is not "
-         "understood,\n3 files that cannot be read or written.\n";
+  return text + '\n' + filled("Exit status: " + std::string(exitStatusText), 0);
 }
 
 std::string commandHelp(const Command& command) {

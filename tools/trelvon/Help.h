@@ -5,6 +5,14 @@
 namespace tool {
 
 struct Command;
+struct Option;
+
+inline constexpr const char* exitStatusText =
+    "0 done, 1 findings or a refused value, 2 a command line that is not understood, "
+    "3 files that cannot be read or written.";
+
+std::string optionUsage(const Option& option);  ///< "--to UNIT"
+std::string optionText(const Option& option);   ///< What it does, and which values it takes.
 
 /// The text of `trelvon --help`.
 std::string programHelp();

@@ -1,5 +1,6 @@
 #include "tools/trelvon/Context.h"
 #include "tools/trelvon/Json.h"
+#include "tools/trelvon/NameReading.h"
 #include "tools/trelvon/Run.h"
 #include "tools/trelvon/ShownText.h"
 
@@ -7,23 +8,12 @@
 
 namespace tool {
 
-namespace {
-
 using Explanation = Units::FormulaExplanation;
 
-/// What formulas read where a variable of this name stands.
-struct Reading {
-  std::string name;
-  bool isFree = false;               ///< Whether it is read as the variable.
-  std::vector<std::string> symbols;  ///< Type ids of the symbols that are read instead.
-  std::string what;                  ///< Says for people what is read instead. Empty if it is free.
-};
-
-/// Reads a formula that is nothing but the name, with a resolver that knows any variable.
-Reading readName(const Units::UnitsEngine& engine, const std::string& name) {
+NameReading readName(const Units::UnitsEngine& engine, const std::string& name) {
   const Explanation explanation =
       explainFormula(engine, name, [](const std::string&) { return std::string("1"); });
-  Reading reading;
+  NameReading reading;
   reading.name = name;
   const auto texts = explanation.texts();
   if (texts.size() == 2) {
@@ -47,11 +37,9 @@ Reading readName(const Units::UnitsEngine& engine, const std::string& name) {
   return reading;
 }
 
-}  // namespace
-
 Status runNames(Context& context) {
   const Units::UnitsEngine& engine = context.definitions.engine();
-  std::vector<Reading> readings;
+  std::vector<NameReading> readings;
   bool allFree = true;
   for (const std::string& name : context.arguments.operands) {
     readings.push_back(readName(engine, name));
@@ -62,7 +50,7 @@ Status runNames(Context& context) {
     json.beginObject();
     json.key("names");
     json.beginArray();
-    for (const Reading& reading : readings) {
+    for (const NameReading& reading : readings) {
       json.beginObject();
       json.member("name", reading.name);
       json.member("free", reading.isFree);
@@ -73,7 +61,7 @@ Status runNames(Context& context) {
     json.endObject();
     context.out.write(json.text() + '\n');
   } else {
-    for (const Reading& reading : readings)
+    for (const NameReading& reading : readings)
       context.out.write(shown(reading.name) +
                         (reading.isFree ? ": free\n" : ": read as " + reading.what + '\n'));
   }

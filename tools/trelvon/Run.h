@@ -18,6 +18,8 @@ Status runNew(Context& context);
 Status runNames(Context& context);
 Status runBundle(Context& context);
 Status runDiff(Context& context);
+Status runCompletion(Context& context);
+Status runManual(Context& context);
 
 /// `convert` with `--column`.
 Status convertColumns(Context& context);
