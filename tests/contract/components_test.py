@@ -3,7 +3,6 @@ Hosts are told which components they have, and refused with a sentence if one is
 
     components_test.py CMAKE BUILD LIBDIR LIBRARY FOLDER
 """
-import fnmatch
 import pathlib
 import re
 import shutil
@@ -51,13 +50,12 @@ def install(prefix, *options):
 
 def packaged(package, files):
     """The files that a list of debian/ names: usr/lib/* is the folder of a machine's libraries."""
-    patterns = []
-    for line in (DEBIAN / package).read_text(encoding="utf-8").split():
-        head, choices, tail = re.fullmatch(r"(.*?)(?:\{(.*)\}(.*))?", line).groups(default="")
-        patterns += [head + choice + tail for choice in choices.split(",")]
-    names = {file: "usr/" + re.sub(f"^{LIBDIR}/", "lib/machine/", file) for file in files}
-    return {file for file, name in names.items() for pattern in patterns
-            if fnmatch.fnmatch(name, pattern) or fnmatch.fnmatch(name, pattern + "/*")}
+    lines = (DEBIAN / package).read_text(encoding="utf-8").splitlines()
+    patterns = [line.split()[0] for line in lines]  # of a second word, the folder in the package
+    names = {file: pathlib.Path("usr", re.sub(f"^{LIBDIR}/", "lib/machine/", file))
+             for file in files}
+    return {file for file, name in names.items()
+            if any(path.match(pattern) for path in (name, *name.parents) for pattern in patterns)}
 
 
 def test_packages(prefix):
