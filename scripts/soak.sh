@@ -49,6 +49,11 @@ hosts() {
   grep 'tests passed' "$work/hosts"
 }
 
+packages() {
+  scripts/packages.sh >"$work/packages" 2>&1 || { tail -50 "$work/packages"; return 1; }
+  tail -12 "$work/packages"
+}
+
 memcheck() {
   # Deep inputs and failing allocations would take hours here; other steps cover them.
   valgrind --quiet --error-exitcode=1 --leak-check=full --errors-for-leak-kinds=definite,indirect \
@@ -117,6 +122,8 @@ step "All programs, benchmarks too, without precompiled headers" build plain
 
 step "Hosts built with the other compiler" hosts
 step "The same bits with every compiler and on every machine" scripts/bits.sh
+
+step "Packages, built and installed in clean trees" packages
 
 step "Coverage" coverage
 step "Mutation test" scripts/mutants.py --samples 300

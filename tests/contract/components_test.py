@@ -10,7 +10,11 @@ import subprocess
 import sys
 
 CMAKE, BUILD, LIBDIR, LIBRARY, FOLDER = sys.argv[1:]
-DEBIAN = pathlib.Path(__file__).resolve().parents[2] / "debian"
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+VERSION = LIBRARY.rpartition(".so.")[2]
+VERSIONED = (("debian/changelog", f"trelvonunits ({VERSION}) "),
+             ("packaging/conan/conanfile.py", f'version = "{VERSION}"'),
+             ("packaging/vcpkg/vcpkg.json", f'"version": "{VERSION}"'))
 PACKAGES = {"Runtime": "libtrelvonunits1", "Development": "libtrelvonunits-dev",
             "Definitions": "trelvonunits-definitions", "Tool": "trelvon"}
 # What is missing, what a host asks for, and what it is told.
@@ -50,7 +54,7 @@ def install(prefix, *options):
 
 def packaged(package, files):
     """The files that a list of debian/ names: usr/lib/* is the folder of a machine's libraries."""
-    lines = (DEBIAN / package).read_text(encoding="utf-8").splitlines()
+    lines = (ROOT / "debian" / package).read_text(encoding="utf-8").splitlines()
     patterns = [line.split()[0] for line in lines]  # of a second word, the folder in the package
     names = {file: pathlib.Path("usr", re.sub(f"^{LIBDIR}/", "lib/machine/", file))
              for file in files}
@@ -89,7 +93,9 @@ def main():
     host = pathlib.Path(FOLDER)
     shutil.rmtree(host, ignore_errors=True)
     host.mkdir()
-    faults = [*test_packages(host / "prefix"), *test_hosts(host / "prefix", host)]
+    faults = [f"{file} has not {text}" for file, text in VERSIONED
+              if text not in (ROOT / file).read_text(encoding="utf-8")]
+    faults += [*test_packages(host / "prefix"), *test_hosts(host / "prefix", host)]
     print("\n".join(faults))
     return 1 if faults else 0
 
