@@ -39,7 +39,7 @@ within builder / apt-get install --yes --no-install-recommends build-essential
 heading "Build"
 build_packages /first DEB_BUILD_OPTIONS="parallel=$(nproc)"
 heading "Build again, elsewhere"
-build_packages /second/time DEB_BUILD_OPTIONS=nocheck TZ=Pacific/Apia LC_ALL=POSIX
+build_packages /second/time DEB_BUILD_OPTIONS="nocheck parallel=$(nproc)" TZ=Pacific/Apia LC_ALL=POSIX
 for package in "$work"/first/*.deb; do
   cmp "$package" "$work/second/time/${package##*/}"
 done
