@@ -123,10 +123,9 @@ step "All programs, benchmarks too, without precompiled headers" build plain
 step "Hosts built with the other compiler" hosts
 step "The same bits with every compiler and on every machine" scripts/bits.sh
 
-step "Packages, built and installed in clean trees" packages
-
 step "Coverage" coverage
 step "Mutation test" scripts/mutants.py --samples 300
+step "Packages, built and installed in clean trees" packages
 
 step "Fuzz targets: build" build fuzz
 mapfile -t targets < <(ls tests/fuzz/corpus)
