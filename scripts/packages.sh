@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Builds the Debian packages of the last commit and tries them: scripts/packages.sh
-# They are built twice, at different places, in a tree that has only what they say they need, and must
-# come out the same. Lintian finds nothing to warn of. Then they are installed into another clean tree,
-# where debian/tests runs. Needs root. Leaves the packages in build/packages.
+# They are built twice, at different places, in a tree that has only what they say they need, and
+# must come out the same. Lintian must not warn of anything. Then they are installed into another
+# clean tree, where debian/tests runs. Needs root. Leaves the packages in build/packages.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/setup.sh
@@ -39,7 +39,7 @@ within builder / apt-get install --yes --no-install-recommends build-essential
 heading "Build"
 build_packages /first DEB_BUILD_OPTIONS="parallel=$(nproc)"
 heading "Build again, elsewhere"
-build_packages /second/time DEB_BUILD_OPTIONS="nocheck parallel=$(nproc)" TZ=Pacific/Apia LC_ALL=POSIX
+build_packages /second/time DEB_BUILD_OPTIONS="nocheck parallel=$(nproc)" TZ=Pacific/Apia
 for package in "$work"/first/*.deb; do
   cmp "$package" "$work/second/time/${package##*/}"
 done

@@ -81,7 +81,8 @@ def test_hosts(prefix, host):
         if missing:
             (prefix / missing).rename(prefix / "missing")
         done = subprocess.run([CMAKE, "--fresh", "-S", host, "-B", host / "build",
-                               f"-DCMAKE_PREFIX_PATH={prefix}"], capture_output=True, text=True)
+                               f"-DTrelvonUnits_DIR={prefix}/{LIBDIR}/cmake/TrelvonUnits"],
+                              capture_output=True, text=True)
         if missing:
             (prefix / "missing").rename(prefix / missing)
         text = " ".join((done.stdout + done.stderr).split())
