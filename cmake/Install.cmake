@@ -3,21 +3,34 @@ include(CMakePackageConfigHelpers)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/TrelvonUnits)
 set(schemas_dir ${CMAKE_INSTALL_DATADIR}/TrelvonUnits/schemas)
 
-install(TARGETS TrelvonUnits EXPORT TrelvonUnitsTargets FILE_SET HEADERS
+# Four components, so that packages can hold them apart: Runtime (what programs load), Development
+# (what hosts are built with), Definitions (the catalog) and Tool (the program trelvon).
+install(TARGETS TrelvonUnits EXPORT TrelvonUnitsTargets
+  RUNTIME COMPONENT Runtime
+  LIBRARY COMPONENT Runtime NAMELINK_COMPONENT Development
+  ARCHIVE COMPONENT Development
+  FILE_SET HEADERS COMPONENT Development
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(EXPORT TrelvonUnitsTargets NAMESPACE TrelvonUnits:: DESTINATION ${package_dir})
-install(DIRECTORY schemas/ DESTINATION ${schemas_dir} FILES_MATCHING
+install(EXPORT TrelvonUnitsTargets NAMESPACE TrelvonUnits:: DESTINATION ${package_dir}
+  COMPONENT Development)
+install(DIRECTORY schemas/ DESTINATION ${schemas_dir} COMPONENT Definitions FILES_MATCHING
   PATTERN *.json PATTERN README.md)
-install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Runtime)
 
-configure_package_config_file(cmake/TrelvonUnitsConfig.cmake.in TrelvonUnitsConfig.cmake
+# A file of each component, from which the package tells whether it is installed.
+set(library_file $<IF:$<PLATFORM_ID:Windows>,${CMAKE_INSTALL_BINDIR},${CMAKE_INSTALL_LIBDIR}>)
+string(APPEND library_file /$<TARGET_FILE_NAME:TrelvonUnits>)
+set(header_file ${CMAKE_INSTALL_INCLUDEDIR}/TrelvonUnits/TrelvonUnits.h)
+set(tool_file ${CMAKE_INSTALL_BINDIR}/trelvon${CMAKE_EXECUTABLE_SUFFIX})
+configure_package_config_file(cmake/TrelvonUnitsConfig.cmake.in ${PROJECT_BINARY_DIR}/Config.cmake
   INSTALL_DESTINATION ${package_dir}
-  PATH_VARS schemas_dir)
+  PATH_VARS library_file header_file schemas_dir tool_file)
+file(GENERATE OUTPUT TrelvonUnitsConfig.cmake INPUT ${PROJECT_BINARY_DIR}/Config.cmake)
 write_basic_package_version_file(TrelvonUnitsConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES
   ${PROJECT_BINARY_DIR}/TrelvonUnitsConfig.cmake
   ${PROJECT_BINARY_DIR}/TrelvonUnitsConfigVersion.cmake
-  DESTINATION ${package_dir})
+  DESTINATION ${package_dir} COMPONENT Development)
 
 # The pkg-config file finds its neighbours from where it lies, so that an installed tree can move.
 # An absolute folder given to CMake replaces the prefix, as it does in the installation itself.
@@ -32,4 +45,5 @@ cmake_path(APPEND pc_includedir ${CMAKE_INSTALL_INCLUDEDIR})
 set(pc_schemasdir "\${prefix}")
 cmake_path(APPEND pc_schemasdir ${schemas_dir})
 configure_file(cmake/TrelvonUnits.pc.in TrelvonUnits.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/TrelvonUnits.pc DESTINATION ${pkgconfig_dir})
+install(FILES ${PROJECT_BINARY_DIR}/TrelvonUnits.pc DESTINATION ${pkgconfig_dir}
+  COMPONENT Development)

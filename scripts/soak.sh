@@ -49,6 +49,11 @@ hosts() {
   grep 'tests passed' "$work/hosts"
 }
 
+packages() {
+  scripts/packages.sh >"$work/packages" 2>&1 || { tail -50 "$work/packages"; return 1; }
+  tail -12 "$work/packages"
+}
+
 memcheck() {
   # Deep inputs and failing allocations would take hours here; other steps cover them.
   valgrind --quiet --error-exitcode=1 --leak-check=full --errors-for-leak-kinds=definite,indirect \
@@ -121,6 +126,7 @@ step "The same bits with every compiler and on every machine" scripts/bits.sh
 step "The site of the pages and the reference" scripts/site.sh
 step "Coverage" coverage
 step "Mutation test" scripts/mutants.py --samples 300
+step "Packages, built and installed in clean trees" packages
 
 step "Fuzz targets: build" build fuzz
 mapfile -t targets < <(ls tests/fuzz/corpus)

@@ -2,7 +2,8 @@
 
     interface.py LIBRARY SHIPPED    fails on a difference from the list or between the libraries'
                                     names, and on whatever would break a host of 1.0.0
-    interface.py LIBRARY --update   writes the list
+    interface.py LIBRARY --update   writes the list, and adds new names to the symbols of the
+                                    Debian package
     interface.py LIBRARY --baseline writes what 1.0.0/ keeps of the library and its headers, until
                                     that version is released
 
@@ -24,6 +25,8 @@ HERE = pathlib.Path(__file__).resolve().parent
 LIST = HERE / "interface.txt"
 BASELINE = HERE / "1.0.0" / "library.abi"
 PUBLIC = HERE.parents[1] / "include" / "TrelvonUnits"
+PROJECT = HERE.parents[1] / "CMakeLists.txt"
+SYMBOLS = HERE.parents[1] / "debian" / "libtrelvonunits1.symbols"
 ABIDW = """abidw --exported-interfaces-only --drop-private-types --drop-undefined-syms
     --no-show-locs --no-corpus-path --no-comp-dir-path --no-elf-needed --no-parameter-names
     --no-write-default-sizes --headers-dir""".split() + [str(PUBLIC.parent)]
@@ -93,6 +96,15 @@ def interface(library):
     return "\n".join(lines) + "\n"
 
 
+def symbols(library):
+    """The symbols of the package: each name with the version that had it first."""
+    head, *lines = SYMBOLS.read_text().partition("\n ")
+    known = dict(re.findall(r"(\S+)@Base (\S+)", "".join(lines)))
+    version = re.search(r"\n  VERSION (\S+)", PROJECT.read_text())[1]
+    return head + "".join(f"\n {name}@Base {known.get(name, version)}"
+                          for name in sorted(exported(library))) + "\n"
+
+
 ADDS = [re.compile(pattern) for pattern in (
     r"Functions changes summary: 0 Removed, .*", r"Variables changes summary: 0 Removed, .*",
     r"\d+ Added (functions?|variables?):", r"\[A\] .*", r"note that this adds a new entry to .*",
@@ -146,6 +158,7 @@ def main(library, other):
     now = interface(library)
     if other == "--update":
         LIST.write_text(now)
+        SYMBOLS.write_text(symbols(library))
         return 0
     differences = [*difflib.unified_diff(LIST.read_text().splitlines(), now.splitlines(),
                                          LIST.name, library, lineterm="")]
@@ -153,6 +166,8 @@ def main(library, other):
         differences.append("Where that is meant, docs/compatibility.md says what it asks for.")
     differences += ["Not in both libraries: " + name
                     for name in demangled(exported(library) ^ exported(other))]
+    if symbols(library) != SYMBOLS.read_text():
+        differences.append(f"{SYMBOLS.name} lists other names.")
     differences += ["Breaks hosts of 1.0.0: " + line for line in breaks(BASELINE, library)]
     print("\n".join(differences) or "The binary interface is as listed.")
     return 1 if differences else 0
