@@ -145,7 +145,7 @@ void addPaths(Completions& found, std::string_view typed, bool onlyFolders) {
 
 void addSymbols(Completions& found, std::string_view typed, Definitions& definitions) {
   for (const auto& [typeId, symbol] : definitions.engine().getSymbols())
-    for (const std::string& text : {localIdOf(typeId), textOf(symbol)})
+    for (const std::string& text : {Units::UnitNames::localId(typeId), textOf(symbol)})
       if (isSingleWord(text) && shown(text) == text) addMatching(found, typed, {text});
 }
 
