@@ -23,11 +23,16 @@ FOLDERS = {
     ("aliases", "symbolAlias"): "aliases/*/spellings",
     ("legacy", "unit"): "legacy/units",
     ("legacy", "symbol"): "legacy/symbols",
+    ("legacy", "symbolAlias"): "legacy/aliases",
     ("legacy", "quantity"): "legacy/quantities",
     ("gauge", "unit"): "gauge/units",
     ("gauge", "symbol"): "gauge/symbols",
     ("gauge", "symbolAlias"): "gauge/aliases",
     ("gauge", "quantity"): "gauge/quantities",
+    ("cgs", "unit"): "cgs/units",
+    ("cgs", "symbol"): "cgs/symbols",
+    ("cgs", "symbolAlias"): "cgs/aliases",
+    ("cgs", "quantity"): "cgs/quantities",
 }
 
 # Members of the provenance, in order; units and quantities may go without the note.
@@ -114,8 +119,7 @@ def documents(catalogue):
         if one.kind != "symbol"  # whose documents are those of its unit
         for key in one.source["document"]
     }
-    # SP 1038 was compared throughout, but never cited: its factors are those of SP 811.
-    unused = set(known) - {key for key, _ in named} - {"1038"}
+    unused = set(known) - {key for key, _ in named}
     complaints = [f"sources.json: nothing names {key}" for key in sorted(unused)]
     return complaints + [
         f"{path}: unknown document {key}" for key, path in sorted(named) if key not in known
@@ -149,12 +153,21 @@ def exactness(catalogue):
 
 
 def quantities(catalogue):
-    """No quantity lists a unit twice."""
-    return [
-        f"{quantity.path}: lists a unit twice"
-        for quantity in catalogue.of("quantity")
-        if len(set(quantity.units())) != len(quantity.units())
-    ]
+    """Behind the default, a quantity lists its metric units, then the others: each by size, then by
+    name. It lists no unit twice."""
+
+    def place(unit):
+        value, pi, _ = catalogue.reduce(unit)
+        return catalogue.by_id[unit].value("unitSystem") != "Metric", value * PI**pi, unit
+
+    complaints = []
+    for quantity in catalogue.of("quantity"):
+        units = quantity.units()
+        if len(set(units)) != len(units):
+            complaints.append(f"{quantity.path}: lists a unit twice")
+        if units[1:] != sorted(units[1:], key=place):
+            complaints.append(f"{quantity.path}: its units are out of order")
+    return complaints
 
 
 ALL = [manifest, layout, names, documents, exactness, quantities]
