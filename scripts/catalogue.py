@@ -30,6 +30,11 @@ KINDS = {
     "quantity": "quantity",
 }
 
+# pi to 80 decimals: far more than it takes to find the nearest double.
+PI = Fraction(
+    314159265358979323846264338327950288419716939937510582097494459230781640628620899, 10**80
+)
+
 
 class Number(str):
     """A number as spelled in a file."""

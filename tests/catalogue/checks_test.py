@@ -1,5 +1,6 @@
 """The checks find nothing in the shipped definitions, and each is able to fail."""
 
+import json
 import pathlib
 import sys
 import unittest
@@ -9,6 +10,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
 import catalogue as lib
 import code_checks as codes
 import definition_checks as definitions
+import make_aliases
 import text_checks as symbols
 
 FOOT = "core/units/length/foot.json"
@@ -70,6 +72,12 @@ class Checks(unittest.TestCase):
         text = (lib.ROOT / CODES).read_text(encoding="utf-8")
         found = codes.mappings(lib.Catalogue(changes={"cores/codes.json": text}))
         self.assertIn("cores/codes.json:1: unknown pack or file", found)
+
+    def test_miss_the_alias_of_a_family(self):
+        path = "aliases/velocity/spellings/inchPerHour.inPerHr.json"
+        rules = json.loads(make_aliases.RULES.read_text(encoding="utf-8"))
+        found = make_aliases.missing(lib.Catalogue(changes={path: None}), rules)
+        self.assertEqual(found, {path: (lib.ROOT / path).read_text(encoding="utf-8")})
 
 
 if __name__ == "__main__":

@@ -9,6 +9,7 @@ from collections import Counter
 from fractions import Fraction
 
 import catalogue as lib
+from catalogue import PI
 
 # Units without an exact definition.
 INEXACT = {"dalton": "measured", "horsepowerBoiler": "rounded"}
@@ -47,11 +48,6 @@ SOURCES = {
 
 PLURALS = {kind: kind + "s" for kind in "dimension factor unit symbol".split()}
 PLURALS["quantity"] = "quantities"
-
-# pi to 80 decimals: far more than it takes to find the nearest double.
-PI = Fraction(
-    314159265358979323846264338327950288419716939937510582097494459230781640628620899, 10**80
-)
 
 
 def manifest(catalogue):

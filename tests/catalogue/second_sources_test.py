@@ -17,7 +17,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
 
 import catalogue as lib
 from code_checks import SI, rows
-from definition_checks import PI
+from catalogue import PI
 
 TABLE = pathlib.Path(__file__).with_name("second-sources.tsv")
 SKIPPED = 77
