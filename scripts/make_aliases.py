@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """Writes the aliases that follow from the display texts by the rules of alias_rules.json.
 
-A family of spellings is whole or absent: every unit whose text a rule applies to gets the spelling,
-unless it breaks a rule of texts or another unit has it. Aliases that are there stay, for ids are for
-ever. With --check it writes nothing and fails if a spelling is missing.
+A family of spellings is whole or absent: every unit whose text a rule applies to gets the
+spelling, unless it breaks a rule of texts or another unit has it. Aliases that are there stay,
+because ids are permanent. With --check it writes nothing and fails if a spelling is missing.
 """
 
 import argparse
@@ -19,7 +19,8 @@ SUPERSCRIPTS = "⁰¹²³⁴⁵⁶⁷⁸⁹"
 OPERATORS = "+-*/^()"
 FUNCTIONS = "sin cos tan asin acos atan exp log sqrt abs pi round roundup rounddown ln".split()
 RESERVED = FUNCTIONS + "e E x inf nan ''".split()
-NAMES = {"*": "Times", "-": "Hyphen", "^-": "PowMinus", "^": "Pow", "/": "Per", " ": "_", "%": "Percent"}
+NAMES = {"*": "Times", "-": "Hyphen", "^-": "PowMinus", "^": "Pow", "/": "Per", " ": "_"}
+NAMES["%"] = "Percent"
 
 
 def is_fit(text):
@@ -110,8 +111,9 @@ def wanted(catalogue, rules):
     owners = {}
     for symbol in texts:
         owners.setdefault(symbol.value("text"), symbol.units()[0])
-    for symbol in sorted(texts, key=lambda one: one.local):
-        if symbol.namespace != "symbol" or catalogue.by_id[symbol.units()[0]].base == "unit.absolute":
+    shown = (one for one in texts if one.namespace == "symbol")
+    for symbol in sorted(shown, key=lambda one: one.local):
+        if catalogue.by_id[symbol.units()[0]].base == "unit.absolute":
             continue
         named = rules["texts"].get(symbol.local, []) + rules["words"].get(symbol.local, [])
         found = [one for text in [symbol.value("text")] + named for one in speller.spellings(text)]
@@ -144,7 +146,7 @@ def document(unit, local, text):
 
 def missing(catalogue, rules):
     """path -> text of the files that the rules ask for and that are not there."""
-    texts = {(one.units()[0], one.value("text")) for one in catalogue.of("symbol") if one.constants.get("text")}
+    texts = {(one.units()[0], one.value("text")) for one in catalogue.of("symbol")}
     taken = {one.local.lower() for one in catalogue.files.values()}
     files = {}
     for symbol, text in wanted(catalogue, rules):
@@ -166,7 +168,8 @@ def main():
     checking = parser.parse_args().check
     files = missing(lib.Catalogue(), json.loads(RULES.read_text(encoding="utf-8")))
     for path, text in files.items():
-        print(f"schemas/{path} {'is missing: run scripts/make_aliases.py' if checking else 'written'}")
+        fate = "is missing: run scripts/make_aliases.py" if checking else "written"
+        print(f"schemas/{path} {fate}")
         if not checking:
             (lib.ROOT / path).parent.mkdir(parents=True, exist_ok=True)
             (lib.ROOT / path).write_text(text, encoding="utf-8")

@@ -60,8 +60,8 @@ QUDT (CC BY 4.0) and of UDUNITS-2. A code marked with * stands for another size 
 
 Units with equal powers convert into each other, whichever quantities they belong to, and so do
 reciprocal units: a quantity distinguishes torque from energy, but the engine does not. Logarithmic
-units (dB, Np, pH), half powers, calendar months and currencies cannot be represented. A host can add
-other units in a pack of its own.
+units (dB, Np, pH), half powers, calendar months and currencies cannot be represented. A host can
+add other units in a pack of its own.
 
 | quantity | units | page |
 |---|---|---|
@@ -70,9 +70,9 @@ other units in a pack of its own.
 SOURCES = """# Sources of the catalog
 
 This page lists the documents that the `source` member of a definition names. It is made from
-`schemas/sources.json` by `scripts/make_reference.py`. If a document rounds a value, the value in the
-catalog comes from the definition that its entry names. Nobody has seen the documents at the end for
-the catalog: they are cited from memory.
+`schemas/sources.json` by `scripts/make_reference.py`. If a document rounds a value, the value in
+the catalog comes from the definition that its entry names. Nobody has seen the documents at the end
+for the catalog: they are cited from memory.
 
 """
 
@@ -195,8 +195,8 @@ class Reference:
 
     def powers(self, unit):
         primitives = self.catalogue.reduce(unit.id)[2]
-        shown = ((self.display[one][0], power) for one, power in sorted(primitives.items()) if power)
-        return "·".join(raised(text, power) for text, power in shown)
+        kept = sorted((one, power) for one, power in primitives.items() if power)
+        return "·".join(raised(self.display[one][0], power) for one, power in kept)
 
     def size(self, unit):
         value, pi, _ = self.catalogue.reduce(unit.id)
@@ -239,10 +239,11 @@ class Reference:
 
     def section(self, quantity):
         units = [self.catalogue.by_id[unit] for unit in quantity.units()]
-        text = f"## {quantity.value('name')}\n\n{code(quantity.local)}, pack {code(quantity.pack)}, "
-        text += ", ".join(quantity.source["document"])
+        text = f"## {quantity.value('name')}\n\n{code(quantity.local)}, pack "
+        text += f"{code(quantity.pack)}, {', '.join(quantity.source['document'])}"
         note = quantity.source.get("note")
-        text += (f": {note}" if note else "") + f". The default is the {units[0].value('name')}.\n\n"
+        text += f": {note}" if note else ""
+        text += f". The default is the {units[0].value('name')}.\n\n"
         rows = [self.row(unit) for unit in sorted(units, key=self.size)]
         head = "unit | id | text | also read | exact value | decimal | source | codes"
         return text + table(head, rows) + "\n"
@@ -317,8 +318,8 @@ class Reference:
         return "# Units by text\n\n" + table("text | unit", rows)
 
     def by_code(self):
-        text = "# Units by code\n\nCodes of other systems, from the files `codes.json` in `schemas/`.\n"
-        text += "Where a system states another size, the last column says why.\n"
+        text = "# Units by code\n\nCodes of other systems, from the files `codes.json` in `schemas/`."
+        text += "\nWhere a system states another size, the last column says why.\n"
         for system, name in SYSTEMS.items():
             rows = [
                 [
