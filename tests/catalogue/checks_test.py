@@ -4,6 +4,7 @@ import json
 import pathlib
 import sys
 import unittest
+from fractions import Fraction
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
 
@@ -11,6 +12,7 @@ import catalogue as lib
 import code_checks as codes
 import definition_checks as definitions
 import make_aliases
+import make_reference
 import text_checks as symbols
 
 FOOT = "core/units/length/foot.json"
@@ -78,6 +80,15 @@ class Checks(unittest.TestCase):
         rules = json.loads(make_aliases.RULES.read_text(encoding="utf-8"))
         found = make_aliases.missing(lib.Catalogue(changes={path: None}), rules)
         self.assertEqual(found, {path: (lib.ROOT / path).read_text(encoding="utf-8")})
+
+    def test_pages_round_to_ten_digits(self):
+        decimals = {
+            "8896443230521/1290320000": "6894.757293", "99999999999/10000000000": "10",
+            "1/3": "0.3333333333", "-2/3": "-0.6666666667", "1/1000000": "1e-6",
+            "1e12": "1e12", "99999999999": "100000000000", "0": "0",
+        }  # fmt: skip
+        for value, text in decimals.items():
+            self.assertEqual(make_reference.decimal(Fraction(value)), text)
 
 
 if __name__ == "__main__":
