@@ -28,7 +28,8 @@ inline Texts readCatalogue() {
   Texts texts;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
     const std::filesystem::path& path = entry.path();
-    if (entry.is_regular_file() && path.extension() == ".json" && path.parent_path() != root)
+    if (entry.is_regular_file() && path.extension() == ".json" && path.parent_path() != root &&
+        path.filename() != "codes.json")
       texts.push_back(readFile(path));
   }
   return texts;

@@ -5,6 +5,7 @@ spellings that every JSON parser reads correctly. Values are exact: a unit is a 
 integer power of pi, with integer powers of primitive units.
 """
 
+import functools
 import json
 import pathlib
 from fractions import Fraction
@@ -28,6 +29,11 @@ KINDS = {
     "symbol.prefixOrSuffix": "symbol",
     "quantity": "quantity",
 }
+
+# pi to 80 decimals: far more than it takes to find the nearest double.
+PI = Fraction(
+    314159265358979323846264338327950288419716939937510582097494459230781640628620899, 10**80
+)
 
 
 class Number(str):
@@ -129,21 +135,29 @@ class Definition:
         return Fraction(self.source["exact"]), int(self.source["piPower"])
 
 
+# A file is parsed once, however many catalogues hold it.
+definition = functools.lru_cache(maxsize=None)(Definition)
+
+
+@functools.lru_cache(maxsize=None)
+def texts_in(root):
+    return {
+        path.relative_to(root).as_posix(): path.read_bytes().decode("utf-8")
+        for path in sorted(root.glob("*/**/*.json"))
+    }
+
+
 class Catalogue:
     """All definitions in a schema folder. `changes` replaces the text of files, or omits them if it
     is None, so that tests can make a check fail."""
 
     def __init__(self, root=ROOT, changes=None):
-        texts = {
-            path.relative_to(root).as_posix(): path.read_bytes().decode("utf-8")
-            for path in sorted(root.glob("*/**/*.json"))
-        }
-        texts.update(changes or {})
+        texts = {**texts_in(root), **(changes or {})}
         self.root = root
         # the codes of other systems, which lie directly in the folder of a pack
         self.codes = {path: text for path, text in texts.items() if path.count("/") == 1 and text}
         self.files = {
-            path: Definition(path, text)
+            path: definition(path, text)
             for path, text in texts.items()
             if path not in self.codes and text
         }

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Generates docs/units.md and docs/unit-sources.md from the shipped definitions.
+"""Generates the pages about the shipped units from their definitions: docs/units.md, the pages in
+docs/units and docs/unit-sources.md.
 
 With --check it writes nothing and fails if a page is out of date.
 """
@@ -14,32 +15,105 @@ import catalogue as lib
 DOCS = lib.ROOT.parent / "docs"
 RAISED = str.maketrans("-0123456789", "⁻⁰¹²³⁴⁵⁶⁷⁸⁹")
 
-INTRODUCTION = """# Units and quantities
+# Pages, and the groups of units whose quantities are on them; other packs have one each.
+AREAS = {
+    "space": ("Length, area, volume and angle", "length area volume angle inertia legacy"),
+    "motion": ("Time and motion", "time frequency velocity acceleration angularMotion"),
+    "mass": ("Mass and density", "mass density linearAndAreaDensity"),
+    "mechanics": (
+        "Force, pressure and viscosity",
+        "force forcePerLength torque pressure viscosity permeability gauge",
+    ),
+    "flow": ("Flow", "massFlow volumeFlow gas"),
+    "energy": ("Energy, power and fuel", "energy power fuel"),
+    "heat": ("Temperature and heat", "temperature thermal"),
+    "electricity": ("Electricity and magnetism", "electrical magnetic cgs"),
+    "chemistry": ("Amount of substance", "amountOfSubstance"),
+    "light": ("Light and radiation", "photometric radiation"),
+    "numbers": ("Ratios and information", "ratio information"),
+}
 
-This page lists {units} units in {quantities} quantities. It is made from the files in `schemas/` by
-`scripts/make_reference.py`. A type id is `trelvon.unit:` or `trelvon.quantity:`, followed by the
-name given here and by `-1.0.0`. The type id of a symbol is `trelvon.symbol:`, followed by the name
-of its unit and by `-1.0.0`. The first unit of a quantity is its default.
+SYSTEMS = {"ucum": "UCUM", "rec20": "Rec. 20", "qudt": "QUDT", "udunits": "UDUNITS"}
 
-Values are exact and given in {primitives}. For an absolute unit, such
-as a temperature scale, x is the reading on the scale. Values marked "measured" or "rounded" have no
-exact definition. [unit-sources.md](unit-sources.md) explains the sources.
+UNITS = """# Units and quantities
+
+The catalog has {units} units in {quantities} quantities. These pages are made from the files in
+`schemas/` by `scripts/make_reference.py`.
+
+{areas}
+- [Units that look alike](units/look-alikes.md): tons, gallons, calories and horsepower compared
+- [Units by name](units/by-name.md), [by text](units/by-text.md) and [by code](units/by-code.md)
+- [Sources of the catalog](unit-sources.md)
+
+A type id is `trelvon.unit:` or `trelvon.quantity:`, followed by the id given on the pages and by
+`-1.0.0`. The type id of a symbol is `trelvon.symbol:`, followed by the id of its unit and by
+`-1.0.0`. In tables, units stand by size; a quantity offers its default first, then its metric units
+by size, then the others.
+
+Values are exact and given in {primitives}, then as a decimal number of
+ten digits. For an absolute unit, such as a temperature scale, x is the reading on the scale. Values
+marked "measured" or "rounded" have no exact definition.
+
+Codes are those of the Unified Code for Units of Measure (UCUM), of UN/CEFACT Recommendation 20, of
+QUDT (CC BY 4.0) and of UDUNITS-2. A code marked with * stands for another size there:
+[by-code.md](units/by-code.md) says why.
 
 Units with equal powers convert into each other, whichever quantities they belong to, and so do
 reciprocal units: a quantity distinguishes torque from energy, but the engine does not. Logarithmic
-units (dB, Np, pH) and half powers cannot be represented. A host can add other units in a pack of
-its own.
+units (dB, Np, pH), half powers, calendar months and currencies cannot be represented. A host can
+add other units in a pack of its own.
 
+| quantity | units | page |
+|---|---|---|
 """
 
 SOURCES = """# Sources of the catalog
 
 This page lists the documents that the `source` member of a definition names. It is made from
-`schemas/sources.json` by `scripts/make_reference.py`. If a document rounds a value, the value in the
-catalog comes from the definition that its entry names.
+`schemas/sources.json` by `scripts/make_reference.py`. If a document rounds a value, the value in
+the catalog comes from the definition that its entry names. Nobody has seen the documents at the end
+for the catalog: they are cited from memory.
 
-| key | document | where | address |
-|---|---|---|---|
+"""
+
+# Families of units whose names or texts people mix up. Each is compared with the first.
+FAMILIES = {
+    "Tons": "tonne tonShort tonLong",
+    "Tons of other things": "tonOfRefrigeration tonOfTnt registerTon assayTonShort tonForceShort",
+    "Pounds": "pound poundTroy",
+    "Ounces": "ounce ounceTroy",
+    "Fluid ounces": "fluidOunceUs fluidOunceImperial",
+    "Hundredweights": "hundredweightShort hundredweightLong",
+    "Feet": "foot surveyFoot clarkeFoot searsFoot indianFoot1975",
+    "Miles": "mile surveyMile nauticalMile",
+    "Chains": "chain surveyChain",
+    "Acres": "acre acreUsSurvey",
+    "Points": "point printersPoint",
+    "Gallons": "gallonUs gallonImperial dryGallonUs",
+    "Quarts": "quartUs quartImperial dryQuartUs",
+    "Pints": "pintUs pintImperial dryPintUs",
+    "Gills": "gillUs gillImperial",
+    "Bushels": "bushelUs bushelImperial",
+    "Barrels": "barrelOil liquidBarrelUs beerBarrel dryBarrelUs",
+    "Cups and spoons": "cupUs cupMetric tablespoonUs tablespoonMetric teaspoonUs teaspoonMetric",
+    "Calories": "calorieThermochemical calorieIT",
+    "British thermal units": "britishThermalUnitIT britishThermalUnitThermochemical",
+    "Therms": "therm thermUs",
+    "Horsepowers": "horsepower horsepowerMetric horsepowerElectric horsepowerBoiler",
+    "Atmospheres": "atmosphere technicalAtmosphere bar",
+    "Millimeters of mercury": "millimeterOfMercury torr",
+    "Years": "year365 yearJulian",
+    "Angles": "gradian degree milliradian angularMil",
+    "Bytes": "kilobyte kibibyte megabyte mebibyte gigabyte gibibyte",
+    "Cubic meters of gas": "normalCubicMeter standardCubicMeter",
+}
+
+LOOK_ALIKES = """# Units that look alike
+
+Names and texts that stand for more than one unit, with the sizes compared. Gauge pressures count
+from one standard atmosphere, 101325 Pa: 0 psig is {psiGauge} psia, and 0 barg is {barGauge}
+bara. They convert among the gauge and absolute pressures of their pack, never into `psi` or `bar`.
+
 """
 
 
@@ -47,23 +121,37 @@ def raised(base, power):
     return base if power == 1 else base + str(power).translate(RAISED)
 
 
-def decimal(value):
-    """The number in its most readable form: an integer or decimal if short, else a fraction."""
-    for places in range(45):
-        scaled = value * 10**places
-        if scaled.denominator == 1:
-            digits = str(scaled.numerator)
-            if len(digits) > 18:
-                break
-            if places == 0:
-                return digits
-            if places - len(digits) > 4:
-                return digits[0] + ("." + digits[1:] if digits[1:] else "") + (
-                    f"e-{places - len(digits) + 1}"
-                )
-            digits = digits.rjust(places + 1, "0")
-            return digits[:-places] + "." + digits[-places:]
-    return f"{value.numerator}/{value.denominator}"
+def digits_of(value, count):
+    """(digits, exponent) of a positive number rounded to a count of digits: d.ddd times a power of
+    ten."""
+    exponent = len(str(value.numerator)) - len(str(value.denominator))
+    while value >= Fraction(10) ** (exponent + 1):
+        exponent += 1
+    while value < Fraction(10) ** exponent:
+        exponent -= 1
+    digits = str(round(value / Fraction(10) ** (exponent - count + 1)))
+    return (digits[:count], exponent) if len(digits) == count else (digits[:count], exponent + 1)
+
+
+def decimal(value, count=10):
+    """A number rounded to a count of digits, in plain notation unless that is long."""
+    if not value:
+        return "0"
+    digits, exponent = digits_of(abs(value), count)
+    digits = digits.rstrip("0")
+    sign = "-" if value < 0 else ""
+    if not -5 <= exponent < 12:
+        return f"{sign}{digits[0]}{'.' if digits[1:] else ''}{digits[1:]}e{exponent}"
+    if exponent < 0:
+        return f"{sign}0.{'0' * (-exponent - 1)}{digits}"
+    whole, rest = digits[: exponent + 1].ljust(exponent + 1, "0"), digits[exponent + 1 :]
+    return sign + whole + ("." + rest if rest else "")
+
+
+def exact(value):
+    """The number as a decimal if that ends early, else as a fraction."""
+    text = decimal(value, 18)
+    return text if Fraction(text) == value else f"{value.numerator}/{value.denominator}"
 
 
 def product(*parts):
@@ -71,85 +159,237 @@ def product(*parts):
     return " · ".join(kept) or "1"
 
 
-class Page:
+def table(head, rows):
+    """A table of Markdown; `head` is its first row, with bars between the cells."""
+    columns = head.count("|") + 1
+    lines = [f"| {head} |", "|---" * columns + "|"]
+    return "\n".join(lines + ["| " + " | ".join(row) + " |" for row in rows]) + "\n"
+
+
+def code(text):
+    return f"`{text}`" if text else ""
+
+
+def anchor(heading):
+    """The fragment that code hosts give a heading."""
+    kept = (c for c in heading.lower() if c.isalnum() or c in " -_")
+    return "".join(kept).replace(" ", "-")
+
+
+class Reference:
+    """What the pages show of units, from a catalogue."""
+
     def __init__(self, catalogue):
         self.catalogue = catalogue
+        self.units = sorted(catalogue.of("unit"), key=lambda unit: unit.value("name").lower())
+        self.quantities = sorted(catalogue.of("quantity"), key=lambda one: one.value("name"))
         self.display = {}
         self.aliases = {}
         for symbol in catalogue.of("symbol"):
             if symbol.base == "symbol.prefixOrSuffix":
-                shown = symbol.namespace == "symbol"
-                texts = self.display if shown else self.aliases
+                texts = self.display if symbol.namespace == "symbol" else self.aliases
                 texts.setdefault(symbol.units()[0], []).append(symbol.value("text"))
+        self.codes = {}
+        for text in catalogue.codes.values():
+            self.codes.update(json.loads(text)["codes"])
 
-    def value(self, unit):
-        value, pi, powers = self.catalogue.reduce(unit.id)
-        primitives = [
-            raised(self.display[primitive][0], power)
-            for primitive, power in sorted(powers.items())
-            if power
-        ]
-        text = product(decimal(value), raised("π", pi) if pi else "", "·".join(primitives))
+    def powers(self, unit):
+        primitives = self.catalogue.reduce(unit.id)[2]
+        kept = sorted((one, power) for one, power in primitives.items() if power)
+        return "·".join(raised(self.display[one][0], power) for one, power in kept)
+
+    def size(self, unit):
+        value, pi, _ = self.catalogue.reduce(unit.id)
+        return value * lib.PI**pi
+
+    def exact(self, unit):
+        value, pi, _ = self.catalogue.reduce(unit.id)
+        text = product(exact(value), raised("π", pi) if pi else "", self.powers(unit))
         if unit.base == "unit.absolute":
             offset = Fraction(unit.source["exact"])
-            return product(f"(x + {decimal(offset)})" if offset else "x", text)
+            return product(f"(x + {exact(offset)})" if offset else "x", text)
         mark = unit.source["exactness"]
         return text if mark == "exact" else f"{text} ({mark})"
 
+    def codes_of(self, unit):
+        row = self.codes.get(unit.id, {})
+        shown = []
+        for system, name in SYSTEMS.items():
+            marked = [
+                code(one) + ("*" if f"{system}:{one}" in row.get("differs", {}) else "")
+                for one in row.get(system, [])
+            ]
+            if marked:
+                shown.append(f"{name} {' '.join(marked)}")
+        return ", ".join(shown)
+
     def row(self, unit):
-        code = "` `".join(sorted(self.aliases.get(unit.id, []))).join("``")
-        text = self.display[unit.id][0]
-        cells = [
+        note = unit.source.get("note", "")
+        source = ", ".join(unit.source["document"])
+        return [
             unit.value("name"),
-            f"`{unit.local}`",
-            f"`{text}`" if text else "",
-            code if code != "``" else "",
-            self.value(unit),
-            ", ".join(unit.source["document"]),
-            unit.source.get("note", ""),
+            code(unit.local),
+            code(self.display[unit.id][0]),
+            " ".join(code(text) for text in sorted(self.aliases.get(unit.id, []))),
+            self.exact(unit),
+            decimal(self.size(unit)),
+            f"{source}: {note}" if note else source,
+            self.codes_of(unit),
         ]
-        return "| " + " | ".join(cells) + " |\n"
 
     def section(self, quantity):
-        heading = f"## {quantity.value('name')}\n\n`{quantity.local}`, pack `{quantity.pack}`, "
-        heading += ", ".join(quantity.source["document"])
+        units = [self.catalogue.by_id[unit] for unit in quantity.units()]
+        text = f"## {quantity.value('name')}\n\n{code(quantity.local)}, pack "
+        text += f"{code(quantity.pack)}, {', '.join(quantity.source['document'])}"
         note = quantity.source.get("note")
-        table = "| unit | id | text | also read | value | source | note |\n" + "|---" * 7 + "|\n"
-        rows = "".join(self.row(self.catalogue.by_id[unit]) for unit in quantity.units())
-        return f"{heading}{': ' + note if note else ''}.\n\n{table}{rows}\n"
+        text += f": {note}" if note else ""
+        text += f". The default is the {units[0].value('name')}.\n\n"
+        rows = [self.row(unit) for unit in sorted(units, key=self.size)]
+        head = "unit | id | text | also read | exact value | decimal | source | codes"
+        return text + table(head, rows) + "\n"
 
-    def text(self):
-        quantities = self.catalogue.of("quantity")
-        primitives = [one for one in self.catalogue.of("unit") if one.base.startswith("unit.prim")]
-        names = sorted(self.display[one.id][0] for one in primitives)
-        introduction = INTRODUCTION.format(
-            units=len(self.catalogue.of("unit")),
-            quantities=len(quantities),
-            primitives=", ".join(names[:-1]) + " and " + names[-1],
-        )
-        sections = "".join(self.section(one) for one in quantities)
-        return introduction + sections + self.composites()
+    def area(self, quantity):
+        """The page of a quantity: that of its first unit's group, or of its pack."""
+        path = self.catalogue.by_id[quantity.units()[0]].path.split("/")
+        group = path[2] if path[0] == "core" else path[0]
+        return next(page for page, (_, groups) in AREAS.items() if group in groups.split())
+
+    def area_page(self, area):
+        sections = [self.section(one) for one in self.quantities if self.area(one) == area]
+        introduction = "[units.md](../units.md) explains the tables."
+        composites = self.composites() if area == "space" else ""
+        return f"# {AREAS[area][0]}\n\n{introduction}\n\n" + "".join(sections) + composites
 
     def composites(self):
-        rows = "".join(
-            f"| `{one.local}` | `{self.catalogue.by_id[one.units()[0]].local}` |\n"
+        rows = [
+            [code(one.local), code(self.catalogue.by_id[one.units()[0]].local)]
             for one in self.catalogue.of("symbol")
             if one.base == "symbol"
+        ]
+        return "## Composite texts\n\n" + table("symbol | unit", rows)
+
+    def link(self, quantity, folder):
+        fragment = anchor(quantity.value("name"))
+        return f"[{quantity.value('name')}]({folder}{self.area(quantity)}.md#{fragment})"
+
+    def first_page(self):
+        primitives = [one for one in self.units if one.base.startswith("unit.primitive")]
+        names = sorted(self.display[one.id][0] for one in primitives)
+        areas = [f"- [{title}](units/{page}.md)" for page, (title, _) in AREAS.items()]
+        rows = [
+            [self.link(one, "units/"), str(len(one.units())), AREAS[self.area(one)][0]]
+            for one in self.quantities
+        ]
+        text = UNITS.format(
+            units=len(self.units),
+            quantities=len(self.quantities),
+            areas="\n".join(areas),
+            primitives=", ".join(names[:-1]) + " and " + names[-1],
         )
-        return f"## Composite texts\n\n| symbol | unit |\n|---|---|\n{rows}"
+        return text + "".join("| " + " | ".join(row) + " |\n" for row in rows)
+
+    def quantities_of(self):
+        """Links to the quantities that list each unit."""
+        found = {}
+        for quantity in self.quantities:
+            for unit in quantity.units():
+                found.setdefault(unit, []).append(self.link(quantity, ""))
+        return found
+
+    def by_name(self):
+        quantities = self.quantities_of()
+        rows = [
+            [one.value("name"), code(self.display[one.id][0]), ", ".join(quantities[one.id])]
+            for one in self.units
+        ]
+        return "# Units by name\n\n" + table("unit | text | quantities", rows)
+
+    def texts(self):
+        """(text, unit) of all texts, the shown one of a unit first."""
+        for texts in (self.display, self.aliases):
+            for unit, found in texts.items():
+                yield from ((text, unit) for text in found if text)
+
+    def by_text(self):
+        found = {}
+        for text, unit in self.texts():
+            found.setdefault(text, []).append(self.catalogue.by_id[unit].value("name"))
+        rows = [[code(text), ", ".join(found[text])] for text in sorted(found, key=str.lower)]
+        return "# Units by text\n\n" + table("text | unit", rows)
+
+    def by_code(self):
+        text = "# Units by code\n\nCodes of other systems, from the files `codes.json` in `schemas/`."
+        text += "\nWhere a system states another size, the last column says why.\n"
+        for system, name in SYSTEMS.items():
+            rows = [
+                [
+                    code(one),
+                    self.catalogue.by_id[unit].value("name"),
+                    row.get("differs", {}).get(f"{system}:{one}", ""),
+                ]
+                for unit, row in self.codes.items()
+                for one in row.get(system, [])
+            ]
+            text += f"\n## {name}\n\n" + table("code | unit | another size", sorted(rows))
+        return text
+
+    def family(self, heading, locals_):
+        units = [self.catalogue.by_id[f"trelvon.unit:{local}-1.0.0"] for local in locals_.split()]
+        rows = []
+        for unit in units:
+            row = [unit.value("name"), code(self.display[unit.id][0]), decimal(self.size(unit))]
+            row.append(self.powers(unit))
+            if self.powers(unit) == self.powers(units[0]):
+                ratio = self.size(unit) / self.size(units[0])
+                row += [decimal(ratio), decimal(100 * (ratio - 1), 4) + " %"]
+            rows.append(row + [""] * (6 - len(row)))
+        head = "unit | text | value | in | times the first | difference"
+        return f"## {heading}\n\n" + table(head, rows) + "\n"
+
+    def look_alikes(self):
+        families = "".join(self.family(*family) for family in FAMILIES.items())
+        found = {}
+        for text, unit in self.texts():
+            found.setdefault(text.lower(), {}).setdefault(text, self.catalogue.by_id[unit])
+        rows = [
+            [f"{code(text)} {unit.value('name')}" for text, unit in sorted(texts.items())]
+            for _, texts in sorted(found.items())
+            if len({unit.id for unit in texts.values()}) > 1
+        ]
+        width = max(len(row) for row in rows)
+        head = " | ".join(["text"] + ["other"] * (width - 1))
+        rows = [row + [""] * (width - len(row)) for row in rows]
+        scales = ("psiGauge", "barGauge")
+        unit = self.catalogue.by_id
+        offsets = {one: unit[f"trelvon.unit:{one}-1.0.0"].value("offset") for one in scales}
+        text = LOOK_ALIKES.format(**offsets) + families
+        return text + "## Texts that differ in case only\n\n" + table(head, rows)
 
 
 def sources(catalogue):
     known = json.loads((catalogue.root / "sources.json").read_text(encoding="utf-8"))
-    rows = (
-        f"| {key} | {one['document']} | {one['locator']} | {one.get('address', '')} |\n"
-        for key, one in known.items()
-    )
-    return SOURCES + "".join(rows)
+    head = "key | document | where | address"
+
+    def rows(seen):
+        return [
+            [key, one["document"], one["locator"], one.get("address", "")]
+            for key, one in known.items()
+            if one.get("seen", True) == seen
+        ]
+
+    return SOURCES + table(head, rows(True)) + "\n## Not seen\n\n" + table(head, rows(False))
 
 
 def pages(catalogue):
-    return {"units.md": Page(catalogue).text(), "unit-sources.md": sources(catalogue)}
+    reference = Reference(catalogue)
+    made = {f"units/{area}.md": reference.area_page(area) for area in AREAS}
+    made["units.md"] = reference.first_page()
+    made["units/by-name.md"] = reference.by_name()
+    made["units/by-text.md"] = reference.by_text()
+    made["units/by-code.md"] = reference.by_code()
+    made["units/look-alikes.md"] = reference.look_alikes()
+    made["unit-sources.md"] = sources(catalogue)
+    return made
 
 
 def main():

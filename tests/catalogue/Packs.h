@@ -11,7 +11,8 @@
 namespace Units {
 
 /// In the order in which they are loaded.
-inline const std::vector<std::string> kPacks = {"core", "symbols", "aliases", "legacy", "gauge"};
+inline const std::vector<std::string> kPacks = {"core",   "symbols", "aliases",
+                                                "legacy", "gauge",   "cgs"};
 
 inline const std::string kSchemas = TRELVON_SCHEMAS_DIR;
 

@@ -11,7 +11,7 @@ import re
 from collections import Counter
 from fractions import Fraction
 
-from definition_checks import PI
+from catalogue import PI
 
 TABLE = pathlib.Path(__file__).with_name("foreign-codes.tsv")
 SYSTEMS = ["ucum", "rec20", "qudt", "udunits"]

@@ -9,6 +9,7 @@ from collections import Counter
 from fractions import Fraction
 
 import catalogue as lib
+from catalogue import PI
 
 # Units without an exact definition.
 INEXACT = {"dalton": "measured", "horsepowerBoiler": "rounded"}
@@ -23,11 +24,16 @@ FOLDERS = {
     ("aliases", "symbolAlias"): "aliases/*/spellings",
     ("legacy", "unit"): "legacy/units",
     ("legacy", "symbol"): "legacy/symbols",
+    ("legacy", "symbolAlias"): "legacy/aliases",
     ("legacy", "quantity"): "legacy/quantities",
     ("gauge", "unit"): "gauge/units",
     ("gauge", "symbol"): "gauge/symbols",
     ("gauge", "symbolAlias"): "gauge/aliases",
     ("gauge", "quantity"): "gauge/quantities",
+    ("cgs", "unit"): "cgs/units",
+    ("cgs", "symbol"): "cgs/symbols",
+    ("cgs", "symbolAlias"): "cgs/aliases",
+    ("cgs", "quantity"): "cgs/quantities",
 }
 
 # Members of the provenance, in order; units and quantities may go without the note.
@@ -42,11 +48,6 @@ SOURCES = {
 
 PLURALS = {kind: kind + "s" for kind in "dimension factor unit symbol".split()}
 PLURALS["quantity"] = "quantities"
-
-# pi to 80 decimals: far more than it takes to find the nearest double.
-PI = Fraction(
-    314159265358979323846264338327950288419716939937510582097494459230781640628620899, 10**80
-)
 
 
 def manifest(catalogue):
@@ -114,8 +115,7 @@ def documents(catalogue):
         if one.kind != "symbol"  # whose documents are those of its unit
         for key in one.source["document"]
     }
-    # SP 1038 was compared throughout, but never cited: its factors are those of SP 811.
-    unused = set(known) - {key for key, _ in named} - {"1038"}
+    unused = set(known) - {key for key, _ in named}
     complaints = [f"sources.json: nothing names {key}" for key in sorted(unused)]
     return complaints + [
         f"{path}: unknown document {key}" for key, path in sorted(named) if key not in known
@@ -149,12 +149,21 @@ def exactness(catalogue):
 
 
 def quantities(catalogue):
-    """No quantity lists a unit twice."""
-    return [
-        f"{quantity.path}: lists a unit twice"
-        for quantity in catalogue.of("quantity")
-        if len(set(quantity.units())) != len(quantity.units())
-    ]
+    """Behind the default, a quantity lists its metric units, then the others: each by size, then by
+    name. It lists no unit twice."""
+
+    def place(unit):
+        value, pi, _ = catalogue.reduce(unit)
+        return catalogue.by_id[unit].value("unitSystem") != "Metric", value * PI**pi, unit
+
+    complaints = []
+    for quantity in catalogue.of("quantity"):
+        units = quantity.units()
+        if len(set(units)) != len(units):
+            complaints.append(f"{quantity.path}: lists a unit twice")
+        if units[1:] != sorted(units[1:], key=place):
+            complaints.append(f"{quantity.path}: its units are out of order")
+    return complaints
 
 
 ALL = [manifest, layout, names, documents, exactness, quantities]

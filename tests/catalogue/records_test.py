@@ -15,7 +15,7 @@ import unittest
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
 
 import catalogue as lib
-from definition_checks import PI
+from catalogue import PI
 
 MOST_ULPS = 2
 DUMP = sys.argv.pop(1)

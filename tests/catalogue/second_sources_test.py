@@ -1,9 +1,9 @@
 """Second sources: GNU units and UDUNITS-2 know the same values, from their own definitions.
 
 A row of second-sources.tsv asks GNU units for a unit by the unit's name, in SI units, and UDUNITS-2
-for what it expands an expression to. Rows that are not comparable rest on older constants there. The
-names of UDUNITS-2 in the files codes.json are asked for, too: each either agrees, or its row says
-why it differs. Skipped where a program is missing.
+for what it expands an expression to. Rows that are not comparable rest on older constants there.
+The names of UDUNITS-2 in the files codes.json are asked for, too: each either agrees, or its row
+says why it differs. Skipped where a program is missing.
 """
 
 import pathlib
@@ -17,7 +17,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
 
 import catalogue as lib
 from code_checks import SI, rows
-from definition_checks import PI
+from catalogue import PI
 
 TABLE = pathlib.Path(__file__).with_name("second-sources.tsv")
 SKIPPED = 77

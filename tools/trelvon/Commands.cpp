@@ -88,7 +88,8 @@ Command evalCommand() {
       {R"(trelvon eval "5' 6 1/2\" + 3 cm" --to ft --as feetAndInches --fraction 4)",
        R"(5' 7 11/16")"},
       {R"(trelvon eval "2 * width" --set width="2 N*m")",
-       "4 newton meter  (torque (moment of force))\nalso: energy"}};
+       "4 newton meter  (torque (moment of force))\n"
+       "also: energy, apparent energy, reactive energy"}};
   command.run = runEval;
   return command;
 }
@@ -137,7 +138,8 @@ Command listCommand() {
                       "factors and dimensions that it is made of"}};
   command.examples = {
       {"trelvon list units --of lux",
-       "footcandle  footcandle  fc\nlux         lux         lx\nphot        phot        ph"},
+       "footcandle  footcandle  fc\nlux         lux         lx, lm/m2, lm/m^2, lm/m\xC2\xB2\n"
+       "phot        phot        ph"},
       {"trelvon list symbols --of mile",
        "mile        mi     mile\nmile.mile   mile   mile\nmile.miles  miles  mile"}};
   command.run = runList;
