@@ -163,7 +163,7 @@ void writeJson(Context& context, const std::string& typeId, const Described& des
   json.beginObject();
   for (const auto& [name, texts] : fields) {
     if (name == "factor" || name == "offset" || name == "parents") continue;
-    if (name == "symbols" || name == "quantities")
+    if (name == "symbols" || name == "quantities" || name == "codes")
       json.member(name, texts);
     else
       json.member(name == "type id" ? "typeId" : name, texts.front());
