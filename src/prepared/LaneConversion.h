@@ -1,0 +1,190 @@
+#pragma once
+
+#include "prepared/ExactQuotient.h"
+#include "prepared/LinearSteps.h"
+
+#include <cstddef>
+
+// The source for each kind of processor defines TRELVON_TARGET, the attribute of all functions that
+// use its instructions, and then `Lanes`, which names these instructions (see Avx2Loops.cpp). Every function here is a template of `Lanes`, so no
+// two of these sources share one.
+namespace Units {
+
+/// The steps of a conversion in every lane of a vector. Primitive values, the divisor and its
+/// reciprocal are scaled by a power of two, which cancels out. Thereby a primitive value is known to
+/// be from 2^-255 up to 2^257 by two bits: the first of its exponent is 0, and the second is 1.
+template <class Lanes>
+struct LaneSteps {
+  using Doubles = typename Lanes::Doubles;
+
+  static constexpr double scale = 0x1p-256;
+
+  TRELVON_TARGET LaneSteps(const LinearSteps& steps, const Divisor& by)
+      : fromOffset(Lanes::all(steps.fromOffset)),
+        fromFactor(Lanes::all(steps.fromFactor)),
+        scaledFactor(Lanes::all(steps.fromFactor * scale)),
+        toFactor(Lanes::all(by.divisor)),
+        scaledDivisor(Lanes::all(by.divisor * scale)),
+        high(Lanes::all(by.high)),
+        scaledHigh(Lanes::all(by.high / scale)),
+        scaledLow(Lanes::all(by.low / scale)),
+        toOffset(Lanes::all(steps.toOffset)) {}
+
+  Doubles fromOffset, fromFactor, scaledFactor;
+  Doubles toFactor, scaledDivisor, high, scaledHigh, scaledLow;
+  Doubles toOffset;
+};
+
+/// Four vectors, whose range is checked at once.
+template <class Lanes>
+struct Block {
+  static constexpr std::size_t size = 4 * Lanes::width;
+
+  typename Lanes::Doubles vectors[4];
+};
+
+template <class Lanes>
+TRELVON_TARGET inline Block<Lanes> load(const double* values) {
+  Block<Lanes> block;
+  for (std::size_t i = 0; i < 4; ++i) block.vectors[i] = Lanes::load(values + i * Lanes::width);
+  return block;
+}
+
+/// (fromOffset + value) * factor. Without offsets, the sum only turns -0 into 0.
+template <class Lanes, bool isShifted>
+TRELVON_TARGET inline Block<Lanes> primitivesOf(Block<Lanes> values, typename Lanes::Doubles factor,
+                                                const LaneSteps<Lanes>& steps) {
+  for (auto& vector : values.vectors)
+    if constexpr (isShifted)
+      vector = (steps.fromOffset + vector) * factor;
+    else
+      vector = vector * factor;  // zeros are out of range, and converted otherwise
+  return values;
+}
+
+template <class Lanes, Division division>
+TRELVON_TARGET inline void divide(Block<Lanes>& primitives, const LaneSteps<Lanes>& steps) {
+  for (auto& vector : primitives.vectors) {
+    if constexpr (division == Division::Product) {
+      vector = vector * steps.high;
+      continue;
+    }
+    const auto quotient = Lanes::fma(vector, steps.scaledHigh, vector * steps.scaledLow);
+    const auto remainder = Lanes::fnma(steps.scaledDivisor, quotient, vector);
+    vector = division == Division::TwoProducts ? quotient
+                                               : Lanes::fma(remainder, steps.scaledHigh, quotient);
+  }
+}
+
+template <class Lanes, bool isShifted, bool isStreamed>
+TRELVON_TARGET inline void store(double* converted, const Block<Lanes>& quotients,
+                                 const LaneSteps<Lanes>& steps) {
+  for (std::size_t i = 0; i < 4; ++i) {
+    auto vector = quotients.vectors[i];
+    if constexpr (isShifted) vector = vector - steps.toOffset;
+    if constexpr (isStreamed)
+      Lanes::stream(converted + i * Lanes::width, vector);
+    else
+      Lanes::store(converted + i * Lanes::width, vector);
+  }
+}
+
+/// Whether all primitive values are 0 or in range.
+template <class Lanes>
+TRELVON_TARGET inline bool areInRangeOrZero(const Block<Lanes>& values, Block<Lanes> primitives,
+                                            const LaneSteps<Lanes>& steps) {
+  for (std::size_t i = 0; i < 4; ++i)
+    primitives.vectors[i] =
+        Lanes::replaceZeros(steps.fromOffset + values.vectors[i], primitives.vectors[i]);
+  return Lanes::areInRange(primitives.vectors);
+}
+
+/// Converts blocks that may have primitive values out of range. Zeros are common, and their quotients
+/// are right, but to look for them in every block would take longer than the rest.
+template <class Lanes, Division division>
+TRELVON_TARGET TRELVON_NOT_INLINED void convertUnusual(const double* values, double* converted,
+                                                       std::size_t count,
+                                                       const LaneSteps<Lanes>& allSteps) {
+  const LaneSteps<Lanes> steps = allSteps;
+  for (std::size_t done = 0; done < count; done += Block<Lanes>::size) {
+    const auto original = load<Lanes>(values + done);
+    auto block = primitivesOf<Lanes, true>(original, steps.scaledFactor, steps);
+    if (areInRangeOrZero<Lanes>(original, block, steps)) {
+      divide<Lanes, division>(block, steps);
+    } else {
+      block = primitivesOf<Lanes, true>(original, steps.fromFactor, steps);
+      for (auto& vector : block.vectors) vector = vector / steps.toFactor;
+    }
+    store<Lanes, true, false>(converted + done, block, steps);
+  }
+}
+
+/// Converts all whole blocks. Each is read before it is written.
+/// @return  the number of values in these blocks.
+template <class Lanes, Division division, bool isShifted, bool isStreamed>
+TRELVON_TARGET std::size_t convertBlocks(const double* values, double* converted, std::size_t count,
+                                         const LaneSteps<Lanes>& allSteps) {
+  constexpr std::size_t size = Block<Lanes>::size, unusualRun = 16 * size;
+  const LaneSteps<Lanes> steps = allSteps;  // in registers, which the results cannot overwrite
+  constexpr bool isScaled = division != Division::Product;
+  count -= count % size;
+  if (count == 0) return 0;
+  std::size_t done = 0;
+  while (count - done > size) {
+    auto next = load<Lanes>(values + done);
+    std::size_t run = 0;
+    for (; count - done > size; done += size) {
+      auto block = primitivesOf < Lanes,
+           isShifted || !isScaled > (next, isScaled ? steps.scaledFactor : steps.fromFactor, steps);
+      if (isScaled && !Lanes::areInRange(block.vectors)) {
+        run = count - done < unusualRun ? count - done : unusualRun;
+        break;
+      }
+      next = load<Lanes>(values + done + size);
+      divide<Lanes, division>(block, steps);
+      store<Lanes, isShifted, isStreamed>(converted + done, block, steps);
+    }
+    if (run) convertUnusual<Lanes, division>(values + done, converted + done, run, allSteps);
+    done += run;
+  }
+  if (done < count)
+    convertUnusual<Lanes, division>(values + done, converted + done, count - done, allSteps);
+  if constexpr (isStreamed) Lanes::endStream();  // before other threads are told of the results
+  return count;
+}
+
+template <class Lanes, Division division>
+TRELVON_TARGET std::size_t convertBy(const double* values, double* converted, std::size_t count,
+                                     const LinearSteps& linear, const Divisor& by,
+                                     bool isStreamed) {
+  const LaneSteps<Lanes> steps(linear, by);
+  const bool isShifted = !linear.hasNoOffsets();
+  const auto convert = isStreamed  ? isShifted ? convertBlocks<Lanes, division, true, true>
+                                               : convertBlocks<Lanes, division, false, true>
+                        : isShifted ? convertBlocks<Lanes, division, true, false>
+                                   : convertBlocks<Lanes, division, false, false>;
+  return convert(values, converted, count, steps);
+}
+
+/// Converts whole blocks in one of the proven ways.
+/// @param isStreamed  whether to write past the cache. `converted` is aligned to a vector then.
+/// @return  the number of values in these blocks.
+template <class Lanes>
+TRELVON_TARGET std::size_t convertInLanes(const double* values, double* converted,
+                                          std::size_t count, const LinearSteps& steps,
+                                          const Divisor& by, bool isStreamed) {
+  switch (by.division) {
+    case Division::Product:
+      return convertBy<Lanes, Division::Product>(values, converted, count, steps, by, isStreamed);
+    case Division::TwoProducts:
+      return convertBy<Lanes, Division::TwoProducts>(values, converted, count, steps, by,
+                                                     isStreamed);
+    case Division::Corrected:
+      return convertBy<Lanes, Division::Corrected>(values, converted, count, steps, by, isStreamed);
+    case Division::Plain:
+      break;
+  }
+  return 0;
+}
+
+}  // namespace Units
