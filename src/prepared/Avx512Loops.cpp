@@ -36,15 +36,11 @@ struct Lanes {
   TRELVON_TARGET static bool areInRange(const Doubles (&vectors)[4]) {
     const __m512i a = _mm512_castpd_si512(vectors[0]), b = _mm512_castpd_si512(vectors[1]);
     const __m512i c = _mm512_castpd_si512(vectors[2]), d = _mm512_castpd_si512(vectors[3]);
-    const __m512i any = _mm512_ternarylogic_epi64(a, b, c, 0xFE);
-    const __m512i every = _mm512_ternarylogic_epi64(a, b, c, 0x80);
-    const __m512i first = _mm512_set1_epi64(std::int64_t{1} << 62);
-    const __m512i second = _mm512_set1_epi64(std::int64_t{1} << 61);
-    // The wrong bits: the first bit of any number, and the second if it is not that of every one.
-    const __m512i firstIs1 = _mm512_ternarylogic_epi64(any, d, first, 0xA8);
-    const __m512i wrong =
-        _mm512_ternarylogic_epi64(firstIs1, _mm512_and_epi64(every, d), second, 0xF2);
-    return _mm512_test_epi64_mask(wrong, wrong) == 0;
+    const __m512i right = _mm512_set1_epi64(std::int64_t{1} << 61);
+    __m512i wrong = _mm512_ternarylogic_epi64(a, b, right, 0x7E);  // (a ^ right) | (b ^ right)
+    wrong = _mm512_ternarylogic_epi64(wrong, c, right, 0xF6);      // wrong | (c ^ right)
+    wrong = _mm512_ternarylogic_epi64(wrong, d, right, 0xF6);
+    return _mm512_test_epi64_mask(wrong, _mm512_set1_epi64(std::int64_t{3} << 61)) == 0;
   }
 
   TRELVON_TARGET static Doubles replaceZeros(Doubles zeros, Doubles a) {
