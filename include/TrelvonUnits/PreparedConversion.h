@@ -41,7 +41,9 @@ class TRELVONUNITS_API PreparedConversion {
   /// @return  counted in the second unit.
   double operator()(double value) const {
     const double primitive = (fromOffset_ + value) * fromFactor_;
-    return (inverted_ ? reciprocalOf(primitive) : primitive) / toFactor_ - toOffset_;
+    const double scaled = inverted_ ? reciprocalOf(primitive) : primitive;
+    if (toFactor_ == 1.0) return scaled - toOffset_;  // without a division, and the same
+    return scaled / toFactor_ - toOffset_;
   }
 
   /// Converts an array. The results are the same as for the numbers one by one.

@@ -10,30 +10,31 @@
 // two of these sources share one.
 namespace Units {
 
-/// The steps of a conversion in every lane of a vector. Primitive values, the divisor and its
-/// reciprocal are scaled by a power of two, which cancels out. Thereby a primitive value is known to
-/// be from 2^-255 up to 2^257 by two bits: the first of its exponent is 0, and the second is 1.
+/// The steps of a conversion in every lane of a vector.
 template <class Lanes>
 struct LaneSteps {
   using Doubles = typename Lanes::Doubles;
 
-  static constexpr double scale = 0x1p-256;
-
-  TRELVON_TARGET LaneSteps(const LinearSteps& steps, const Divisor& by)
+  TRELVON_TARGET LaneSteps(const LinearSteps& steps, const Divisor& by, double scale)
       : fromOffset(Lanes::all(steps.fromOffset)),
         fromFactor(Lanes::all(steps.fromFactor)),
-        scaledFactor(Lanes::all(steps.fromFactor * scale)),
         toFactor(Lanes::all(by.divisor)),
+        toOffset(Lanes::all(steps.toOffset)),
+        scaledFactor(Lanes::all(steps.fromFactor * scale)),
         scaledDivisor(Lanes::all(by.divisor * scale)),
-        high(Lanes::all(by.high)),
-        scaledHigh(Lanes::all(by.high / scale)),
-        scaledLow(Lanes::all(by.low / scale)),
-        toOffset(Lanes::all(steps.toOffset)) {}
+        high(Lanes::all(by.high / scale)),
+        low(Lanes::all(by.low / scale)) {}
 
-  Doubles fromOffset, fromFactor, scaledFactor;
-  Doubles toFactor, scaledDivisor, high, scaledHigh, scaledLow;
-  Doubles toOffset;
+  Doubles fromOffset, fromFactor, toFactor, toOffset;
+  Doubles scaledFactor, scaledDivisor, high, low;
 };
+
+/// Where ranges are checked, primitive values, the divisor and its reciprocal are scaled by a power
+/// of two, which cancels out. Thereby a primitive value is known to be from 2^-255 up to 2^257 by two
+/// bits: the first of its exponent is 0, and the second is 1.
+constexpr double scaleOf(Division division) {
+  return division == Division::Product ? 1.0 : 0x1p-256;
+}
 
 /// Four vectors, whose range is checked at once.
 template <class Lanes>
@@ -62,6 +63,7 @@ TRELVON_TARGET inline Block<Lanes> primitivesOf(Block<Lanes> values, typename La
   return values;
 }
 
+/// Divides scaled primitive values.
 template <class Lanes, Division division>
 TRELVON_TARGET inline void divide(Block<Lanes>& primitives, const LaneSteps<Lanes>& steps) {
   for (auto& vector : primitives.vectors) {
@@ -69,10 +71,10 @@ TRELVON_TARGET inline void divide(Block<Lanes>& primitives, const LaneSteps<Lane
       vector = vector * steps.high;
       continue;
     }
-    const auto quotient = Lanes::fma(vector, steps.scaledHigh, vector * steps.scaledLow);
+    const auto quotient = Lanes::fma(vector, steps.high, vector * steps.low);
     const auto remainder = Lanes::fnma(steps.scaledDivisor, quotient, vector);
-    vector = division == Division::TwoProducts ? quotient
-                                               : Lanes::fma(remainder, steps.scaledHigh, quotient);
+    vector =
+        division == Division::TwoProducts ? quotient : Lanes::fma(remainder, steps.high, quotient);
   }
 }
 
@@ -99,17 +101,17 @@ TRELVON_TARGET inline bool areInRangeOrZero(const Block<Lanes>& values, Block<La
   return Lanes::areInRange(primitives.vectors);
 }
 
-/// Converts blocks that may have primitive values out of range. Zeros are common, and their quotients
-/// are right, but to look for them in every block would take longer than the rest.
+/// Converts any blocks. Zeros are common, and their quotients are right, but to look for them in
+/// every block would take longer than the rest.
 template <class Lanes, Division division>
-TRELVON_TARGET TRELVON_NOT_INLINED void convertUnusual(const double* values, double* converted,
-                                                       std::size_t count,
-                                                       const LaneSteps<Lanes>& allSteps) {
-  const LaneSteps<Lanes> steps = allSteps;
+TRELVON_TARGET TRELVON_NOT_INLINED void convertAny(const double* values, double* converted,
+                                                   std::size_t count,
+                                                   const LaneSteps<Lanes>& allSteps) {
+  const LaneSteps<Lanes> steps = allSteps;  // in registers: results do not overwrite them
   for (std::size_t done = 0; done < count; done += Block<Lanes>::size) {
     const auto original = load<Lanes>(values + done);
     auto block = primitivesOf<Lanes, true>(original, steps.scaledFactor, steps);
-    if (areInRangeOrZero<Lanes>(original, block, steps)) {
+    if (division == Division::Product || areInRangeOrZero<Lanes>(original, block, steps)) {
       divide<Lanes, division>(block, steps);
     } else {
       block = primitivesOf<Lanes, true>(original, steps.fromFactor, steps);
@@ -119,36 +121,42 @@ TRELVON_TARGET TRELVON_NOT_INLINED void convertUnusual(const double* values, dou
   }
 }
 
-/// Converts all whole blocks. Each is read before it is written.
+/// Converts blocks up to one with values out of range, or up to the last. Each block is loaded
+/// before the results of the one before it are stored: at addresses with the same last bits, loads
+/// wait for stores.
+/// @return  the number of values in the converted blocks.
+template <class Lanes, Division division, bool isShifted, bool isStreamed>
+TRELVON_TARGET std::size_t convertInRange(const double* values, double* converted,
+                                          std::size_t count, const LaneSteps<Lanes>& allSteps) {
+  constexpr std::size_t size = Block<Lanes>::size;
+  constexpr bool isChecked = division != Division::Product;
+  const LaneSteps<Lanes> steps = allSteps;
+  auto next = load<Lanes>(values);
+  std::size_t done = 0;
+  for (; count - done > size; done += size) {
+    auto block = primitivesOf<Lanes, (isShifted || !isChecked)>(next, steps.scaledFactor, steps);
+    if (isChecked && !Lanes::areInRange(block.vectors)) break;
+    next = load<Lanes>(values + done + size);
+    divide<Lanes, division>(block, steps);
+    store<Lanes, isShifted, isStreamed>(converted + done, block, steps);
+  }
+  return done;
+}
+
+/// Converts all whole blocks.
 /// @return  the number of values in these blocks.
 template <class Lanes, Division division, bool isShifted, bool isStreamed>
 TRELVON_TARGET std::size_t convertBlocks(const double* values, double* converted, std::size_t count,
-                                         const LaneSteps<Lanes>& allSteps) {
-  constexpr std::size_t size = Block<Lanes>::size, unusualRun = 16 * size;
-  const LaneSteps<Lanes> steps = allSteps;  // in registers, which the results cannot overwrite
-  constexpr bool isScaled = division != Division::Product;
+                                         const LaneSteps<Lanes>& steps) {
+  constexpr std::size_t size = Block<Lanes>::size, mostUnusual = 16 * size;
   count -= count % size;
-  if (count == 0) return 0;
-  std::size_t done = 0;
-  while (count - done > size) {
-    auto next = load<Lanes>(values + done);
-    std::size_t run = 0;
-    for (; count - done > size; done += size) {
-      auto block = primitivesOf < Lanes,
-           isShifted || !isScaled > (next, isScaled ? steps.scaledFactor : steps.fromFactor, steps);
-      if (isScaled && !Lanes::areInRange(block.vectors)) {
-        run = count - done < unusualRun ? count - done : unusualRun;
-        break;
-      }
-      next = load<Lanes>(values + done + size);
-      divide<Lanes, division>(block, steps);
-      store<Lanes, isShifted, isStreamed>(converted + done, block, steps);
-    }
-    if (run) convertUnusual<Lanes, division>(values + done, converted + done, run, allSteps);
-    done += run;
+  for (std::size_t done = 0; done < count;) {
+    done += convertInRange<Lanes, division, isShifted, isStreamed>(values + done, converted + done,
+                                                                   count - done, steps);
+    const std::size_t unusual = count - done < mostUnusual ? count - done : mostUnusual;
+    convertAny<Lanes, division>(values + done, converted + done, unusual, steps);
+    done += unusual;
   }
-  if (done < count)
-    convertUnusual<Lanes, division>(values + done, converted + done, count - done, allSteps);
   if constexpr (isStreamed) Lanes::endStream();  // before other threads are told of the results
   return count;
 }
@@ -157,7 +165,7 @@ template <class Lanes, Division division>
 TRELVON_TARGET std::size_t convertBy(const double* values, double* converted, std::size_t count,
                                      const LinearSteps& linear, const Divisor& by,
                                      bool isStreamed) {
-  const LaneSteps<Lanes> steps(linear, by);
+  const LaneSteps<Lanes> steps(linear, by, scaleOf(division));
   const bool isShifted = !linear.hasNoOffsets();
   const auto convert = isStreamed  ? isShifted ? convertBlocks<Lanes, division, true, true>
                                                : convertBlocks<Lanes, division, false, true>
