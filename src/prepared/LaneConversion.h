@@ -51,15 +51,15 @@ TRELVON_TARGET inline Block<Lanes> load(const double* values) {
   return block;
 }
 
-/// (fromOffset + value) * factor. Without offsets, the sum only turns -0 into 0.
-template <class Lanes, bool isShifted>
+/// (fromOffset + value) * factor. Offsets of 0 and -0 matter only if the value is 0 or -0.
+template <class Lanes, bool hasOffsets>
 TRELVON_TARGET inline Block<Lanes> primitivesOf(Block<Lanes> values, typename Lanes::Doubles factor,
                                                 const LaneSteps<Lanes>& steps) {
   for (auto& vector : values.vectors)
-    if constexpr (isShifted)
+    if constexpr (hasOffsets)
       vector = (steps.fromOffset + vector) * factor;
     else
-      vector = vector * factor;  // zeros are out of range, and converted otherwise
+      vector = vector * factor;
   return values;
 }
 
@@ -78,12 +78,12 @@ TRELVON_TARGET inline void divide(Block<Lanes>& primitives, const LaneSteps<Lane
   }
 }
 
-template <class Lanes, bool isShifted, bool isStreamed>
+template <class Lanes, bool hasOffsets, bool isStreamed>
 TRELVON_TARGET inline void store(double* converted, const Block<Lanes>& quotients,
                                  const LaneSteps<Lanes>& steps) {
   for (std::size_t i = 0; i < 4; ++i) {
     auto vector = quotients.vectors[i];
-    if constexpr (isShifted) vector = vector - steps.toOffset;
+    if constexpr (hasOffsets) vector = vector - steps.toOffset;
     if constexpr (isStreamed)
       Lanes::stream(converted + i * Lanes::width, vector);
     else
@@ -125,34 +125,35 @@ TRELVON_TARGET TRELVON_NOT_INLINED void convertAny(const double* values, double*
 /// before the results of the one before it are stored: at addresses with the same last bits, loads
 /// wait for stores.
 /// @return  the number of values in the converted blocks.
-template <class Lanes, Division division, bool isShifted, bool isStreamed>
+template <class Lanes, Division division, bool hasOffsets, bool isStreamed>
 TRELVON_TARGET std::size_t convertInRange(const double* values, double* converted,
                                           std::size_t count, const LaneSteps<Lanes>& allSteps) {
   constexpr std::size_t size = Block<Lanes>::size;
   constexpr bool isChecked = division != Division::Product;
+  constexpr bool appliesOffsets = hasOffsets || !isChecked;  // an offset of 0 may meet a 0
   const LaneSteps<Lanes> steps = allSteps;
   auto next = load<Lanes>(values);
   std::size_t done = 0;
   for (; count - done > size; done += size) {
-    auto block = primitivesOf<Lanes, (isShifted || !isChecked)>(next, steps.scaledFactor, steps);
+    auto block = primitivesOf<Lanes, appliesOffsets>(next, steps.scaledFactor, steps);
     if (isChecked && !Lanes::areInRange(block.vectors)) break;
     next = load<Lanes>(values + done + size);
     divide<Lanes, division>(block, steps);
-    store<Lanes, isShifted, isStreamed>(converted + done, block, steps);
+    store<Lanes, appliesOffsets, isStreamed>(converted + done, block, steps);
   }
   return done;
 }
 
 /// Converts all whole blocks.
 /// @return  the number of values in these blocks.
-template <class Lanes, Division division, bool isShifted, bool isStreamed>
+template <class Lanes, Division division, bool hasOffsets, bool isStreamed>
 TRELVON_TARGET std::size_t convertBlocks(const double* values, double* converted, std::size_t count,
                                          const LaneSteps<Lanes>& steps) {
   constexpr std::size_t size = Block<Lanes>::size, mostUnusual = 16 * size;
   count -= count % size;
   for (std::size_t done = 0; done < count;) {
-    done += convertInRange<Lanes, division, isShifted, isStreamed>(values + done, converted + done,
-                                                                   count - done, steps);
+    done += convertInRange<Lanes, division, hasOffsets, isStreamed>(values + done, converted + done,
+                                                                    count - done, steps);
     const std::size_t unusual = count - done < mostUnusual ? count - done : mostUnusual;
     convertAny<Lanes, division>(values + done, converted + done, unusual, steps);
     done += unusual;
@@ -166,11 +167,11 @@ TRELVON_TARGET std::size_t convertBy(const double* values, double* converted, st
                                      const LinearSteps& linear, const Divisor& by,
                                      bool isStreamed) {
   const LaneSteps<Lanes> steps(linear, by, scaleOf(division));
-  const bool isShifted = !linear.hasNoOffsets();
-  const auto convert = isStreamed  ? isShifted ? convertBlocks<Lanes, division, true, true>
-                                               : convertBlocks<Lanes, division, false, true>
-                        : isShifted ? convertBlocks<Lanes, division, true, false>
-                                   : convertBlocks<Lanes, division, false, false>;
+  const auto convert = linear.hasOffsets()
+                           ? (isStreamed ? convertBlocks<Lanes, division, true, true>
+                                         : convertBlocks<Lanes, division, true, false>)
+                           : (isStreamed ? convertBlocks<Lanes, division, false, true>
+                                         : convertBlocks<Lanes, division, false, false>);
   return convert(values, converted, count, steps);
 }
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cmath>
-
 namespace Units {
 
 /// The steps of a conversion between units that are not reciprocal, each of which is rounded.
@@ -15,11 +13,7 @@ struct LinearSteps {
     return (fromOffset + value) * fromFactor / toFactor - toOffset;
   }
 
-  /// Whether both offsets are 0 and not -0, which are added and subtracted with other results.
-  bool hasNoOffsets() const {
-    return fromOffset == 0.0 && toOffset == 0.0 && !std::signbit(fromOffset) &&
-           !std::signbit(toOffset);
-  }
+  bool hasOffsets() const { return fromOffset != 0.0 || toOffset != 0.0; }
 };
 
 }  // namespace Units

@@ -143,10 +143,12 @@ std::size_t compareMany(const LaneLoops* loops, const Values& catalog, double mo
   return count;
 }
 
-/// Each factor of the catalog divides the numerators that are hard for it.
-void compareCatalog(const LaneLoops* loops, const Values& catalog) {
-  for (const double divisor : catalog) {
-    Values values(200, 1.0);
+/// Factors divide the numerators that are hard for them: all of the catalog, and others.
+void compareHard(const LaneLoops* loops, Values divisors, double others) {
+  Random random(4);
+  for (; others > 0; --others) divisors.push_back(significand(random));
+  for (const double divisor : divisors) {
+    Values values(128, 1.0);  // at least
     addHardNumerators(divisor, values);
     compare(values, {0.0, 1.0, divisor, 0.0}, false, loops, 0, true);
   }
@@ -170,7 +172,7 @@ int main(int count, char** arguments) {
   for (const LaneLoops* const* loops = Units::allLaneLoops; *loops; ++loops)
     if ((*loops)->isUsable()) all.push_back(*loops);
   for (const LaneLoops* const loops : all) {
-    compareCatalog(loops, catalog);
+    compareHard(loops, catalog, most / 50);
     compareLarge(loops);
     const std::size_t linear = compareMany(loops, catalog, most, false);
     const std::size_t inverted = compareMany(loops, catalog, most, true);
