@@ -182,18 +182,13 @@ template <class Lanes>
 TRELVON_TARGET std::size_t convertInLanes(const double* values, double* converted,
                                           std::size_t count, const LinearSteps& steps,
                                           const Divisor& by, bool isStreamed) {
-  switch (by.division) {
-    case Division::Product:
-      return convertBy<Lanes, Division::Product>(values, converted, count, steps, by, isStreamed);
-    case Division::TwoProducts:
-      return convertBy<Lanes, Division::TwoProducts>(values, converted, count, steps, by,
-                                                     isStreamed);
-    case Division::Corrected:
-      return convertBy<Lanes, Division::Corrected>(values, converted, count, steps, by, isStreamed);
-    case Division::Plain:
-      break;
-  }
-  return 0;
+  constexpr auto byProduct = convertBy<Lanes, Division::Product>;
+  constexpr auto byTwoProducts = convertBy<Lanes, Division::TwoProducts>;
+  constexpr auto byCorrection = convertBy<Lanes, Division::Corrected>;
+  const auto convert = by.division == Division::Product       ? byProduct
+                       : by.division == Division::TwoProducts ? byTwoProducts
+                                                              : byCorrection;
+  return convert(values, converted, count, steps, by, isStreamed);
 }
 
 }  // namespace Units
