@@ -42,8 +42,8 @@ void divideAll(const double* values, double* converted, std::size_t count,
   divideEach(values, converted, count, steps);
 }
 
-/// Whether to write past the cache. Reading each line before writing it takes a third of the time if
-/// the arrays are much larger than the cache.
+/// Whether to write past the cache, without reading each line first. If the arrays are much larger
+/// than the cache, that takes a fifth less time.
 bool isWorthStreaming(const double* values, const double* converted, std::size_t count) {
 #if defined(TRELVON_HAS_X86_LANES)
   constexpr std::size_t manyValues = std::size_t{1} << 22;

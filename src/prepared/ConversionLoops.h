@@ -16,8 +16,8 @@ void convertAll(const double* values, double* converted, std::size_t count,
 void convertAllInverted(const double* values, double* converted, std::size_t count,
                         const LinearSteps& steps, const LaneLoops* lanes = usableLaneLoops());
 
-/// The way to divide by `toFactor` that `convertProven` takes. It is worth the time of the proof for
-/// a hundred values or more.
+/// The way to divide by `toFactor` that `convertProven` takes. The proof is worth its time for a
+/// hundred values or more.
 Divisor divisorFor(const LinearSteps& steps, const LaneLoops* lanes);
 
 /// @param by  from `divisorFor` with the same divisor and `lanes`.

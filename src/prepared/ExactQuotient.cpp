@@ -8,12 +8,12 @@
 #include <cstdint>
 #include <cstring>
 
-// The method is that of N. Brisebarre, J.-M. Muller and S. K. Raina, "Accelerating correctly rounded
-// floating-point division when the divisor is known in advance", IEEE Transactions on Computers
-// 53(8), 2004. The proof, for doubles of 53 bits rounded to nearest:
+// The method is that of N. Brisebarre, J.-M. Muller and S. K. Raina, "Accelerating correctly
+// rounded floating-point division when the divisor is known in advance", IEEE Transactions on
+// Computers 53(8), 2004. The proof, for doubles of 53 bits rounded to nearest:
 //
-// Scaling by powers of two changes nothing, so let x = X / 2^52 and y = Y / 2^52 be in [1, 2), where
-// X and Y are integers. If y = 1, then high = 1 / y, and x * high rounds the same number as x / y.
+// Scaling by powers of two changes nothing, so let x = X / 2^52 and y = Y / 2^52 be in [1, 2) with
+// integers X and Y. If y = 1, then high = 1 / y, and x * high rounds the same number as x / y.
 // Otherwise high is in [1/2, 1), so that |1/y - high| < 2^-54, |1/y - high - low| <= 2^-108, and
 // x * low is rounded by at most 2^-107. Hence
 //
@@ -25,9 +25,9 @@
 // - If x >= y, then x / y is in [1, 2), and |x / y - m| = |2^53 X - M Y| / Y * 2^-53 with an odd M.
 //   The numerator is an integer and not 0, and Y < 2^53, so this is more than 2^-106.
 // - If x < y, then x / y is in (1/2, 1), and |x / y - m| = |2^54 X - M Y| / Y * 2^-54. It is more
-//   than 2^-106 unless the numerator is 1, which is possible only if Y is odd. That leaves one X for
-//   each sign: 2^-54 modulo Y, and the negative of it. Their sum is Y, so only the greater of them
-//   can be 2^52 or more. This one numerator is tried.
+//   than 2^-106 unless the numerator is 1, which is possible only if Y is odd. That leaves one X
+//   for each sign: 2^-54 modulo Y, and the negative of it. Their sum is Y, so only the greater of
+//   them can be 2^52 or more. This one numerator is tried.
 //
 // So the way with two products is right for every x, or the trial fails. Then the way with a
 // correction is right: two products give one of the two doubles around x / y, and high is the

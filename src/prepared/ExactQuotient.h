@@ -10,8 +10,8 @@ enum class Division {
   Corrected,    // q = fma(x, high, x * low), then fma(fma(-divisor, q, x), high, q)
 };
 
-/// A divisor with its reciprocal in two doubles: `high` is the nearest to 1 / divisor, and `low` the
-/// nearest to the rest.
+/// A divisor with its reciprocal in two doubles: `high` is the nearest to 1 / divisor, and `low` is
+/// the nearest to the rest.
 struct Divisor {
   double divisor;
   double high;
@@ -23,9 +23,9 @@ struct Divisor {
 /// overflows nor underflows.
 inline bool isOrdinary(double factor) { return factor >= 0x1p-256 && factor <= 0x1p256; }
 
-/// Proves which of the ways to divide gives the bits of the division for every x, if x and the
-/// divisor are ordinary and results are rounded to nearest. Takes the time of a few divisions. Only for
-/// processors that have an instruction for fma.
+/// Proves which of the ways to divide gives the bits of the division for every x from 2^-256 to
+/// 2^257 (by a product, for every x), as long as results are rounded to nearest. Takes as long as a
+/// few divisions. Only for processors that have an instruction for fma.
 Divisor provenDivisor(double divisor);
 
 }  // namespace Units

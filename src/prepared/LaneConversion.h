@@ -6,8 +6,8 @@
 #include <cstddef>
 
 // The source for each kind of processor defines TRELVON_TARGET, the attribute of all functions that
-// use its instructions, and then `Lanes`, which names these instructions (see Avx2Loops.cpp). Every function here is a template of `Lanes`, so no
-// two of these sources share one.
+// use its instructions, and then `Lanes`, which names these instructions (see Avx2Loops.cpp). Every
+// function here is a template of `Lanes`, so no two of these sources share one.
 namespace Units {
 
 /// The steps of a conversion in every lane of a vector.
@@ -30,8 +30,8 @@ struct LaneSteps {
 };
 
 /// Where ranges are checked, primitive values, the divisor and its reciprocal are scaled by a power
-/// of two, which cancels out. Thereby a primitive value is known to be from 2^-255 up to 2^257 by two
-/// bits: the first of its exponent is 0, and the second is 1.
+/// of two, which cancels out. Thereby two bits tell that a primitive value is from 2^-255 to 2^257:
+/// the first of its exponent is 0, and the second is 1. No step under- or overflows then.
 constexpr double scaleOf(Division division) {
   return division == Division::Product ? 1.0 : 0x1p-256;
 }
