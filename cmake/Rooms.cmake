@@ -9,7 +9,7 @@ set(json_sees rapidjson)
 set(text_sees model)
 set(formula_sees text model)
 set(schema_sees json registry model)
-set(engine_sees schema formula registry text model)
+set(engine_sees schema formula prepared registry text model)
 set(reporting_sees loading schema json text model)
 set(naming_sees json text model)
 # The folders around the library. Only those that check our use of RapidJSON may include it.

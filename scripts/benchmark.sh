@@ -32,8 +32,9 @@ conversion, formula, text, definition or character. Every result is verified bef
   formula divided by the unit of the result.
 - The two bare lookups find scales in a `std::map` of all units. The ids are copied, as the
   interface requires.
-- The plain loop does the same arithmetic in the same order, with the wider instructions of the
-  processor.
+- The arrays are converted from feet to yards. UDUNITS-2 multiplies once, which rounds otherwise. The
+  plain loop does the same arithmetic as ours in the same order, division included, with the wider
+  instructions of the processor.
 - Only reading the files walks the same folders in the same way. The files are in the system's
   cache.
 

@@ -110,6 +110,7 @@ step "Proportions: one dimension of definitions blown up, and pairs" \
   "$programs"/robustness_Proportions 350
 step "Depth on a small stack, full size" "$programs"/robustness_Depths
 step "Callbacks" "$programs"/robustness_Callbacks
+step "Arrays, a billion numbers by each loop" "$programs"/robustness_Arrays 1000
 step "Threads: build with ThreadSanitizer" build tsan
 step "Threads" build/tsan/tests/robustness/robustness_Threads 100
 step "Memcheck of the suite" memcheck

@@ -9,6 +9,7 @@
 
 #include <cmath>
 #include <cstddef>
+#include <cstring>
 
 namespace peers {
 
@@ -60,41 +61,131 @@ Sides singleValues() {
            pieces}};
 }
 
-Sides bulk() {
-  constexpr std::size_t kCount = 10000000;
-  const std::string from = unit("degreeFahrenheit"), to = unit("degreeCelsius");
-  const Units::PreparedConversion conversion(catalogue(), from, to);
-  const auto values = std::make_shared<const std::vector<double>>(manyValues(kCount));
-  const auto ours = std::make_shared<std::vector<double>>(kCount);
-  const auto theirs = std::make_shared<std::vector<double>>(kCount);
+/// The same array, converted from feet to yards by us and by a baseline.
+struct FeetToYards {
+  explicit FeetToYards(std::size_t count) : values(manyValues(count)), ours(count), theirs(count) {}
 
-  const double fahrenheit = catalogue().getUnit(from).getAbsoluteUnitComponent()->getOffset();
-  const double celsius = catalogue().getUnit(to).getAbsoluteUnitComponent()->getOffset();
-  const double rankine = catalogue().convert(1, unit("fahrenheitDifference"), unit("kelvin"));
-  const auto loop = [=] {
-    plainLoop(values->data(), theirs->data(), kCount, fahrenheit, rankine, 1, celsius);
-    keep(theirs->data());
+  const std::string from = unit("foot"), to = unit("yard");
+  const Units::PreparedConversion conversion{catalogue(), from, to};
+  const std::vector<double> values;
+  std::vector<double> ours, theirs;
+
+  void convert() {
+    conversion.convert(values.data(), ours.data(), values.size());
+    keep(ours.data());
+  }
+};
+
+/// Alternates `FeetToYards::convert` with a baseline, which writes `theirs`.
+template <class Baseline>
+Sides arrays(const std::shared_ptr<FeetToYards>& arrays, Baseline baseline, double tolerance) {
+  const auto convert = [arrays] { return arrays->convert(), Leftover(); };
+  const auto convertTheirs = [arrays, baseline] {
+    baseline(*arrays);
+    keep(arrays->theirs.data());
     return Leftover();
   };
+  convert();
+  convertTheirs();
+  for (std::size_t at = 0; at < arrays->values.size(); ++at)
+    check(std::abs(arrays->ours[at] - arrays->theirs[at]) <= tolerance * std::abs(arrays->ours[at]),
+          "converting an array");
+  const auto pieces = static_cast<double>(arrays->values.size());
+  return {{convert, pieces}, {convertTheirs, pieces}};
+}
+
+template <std::size_t count>
+Sides againstConverter() {
+  const auto udunits = std::make_shared<Udunits>();
+  const Udunits::Converter converter(*udunits, "foot", "yard");
+  return arrays(
+      std::make_shared<FeetToYards>(count),
+      [udunits, converter](FeetToYards& feet) {
+        converter.convertAll(feet.values, feet.theirs.data());
+      },
+      1e-15);
+}
+
+template <std::size_t count>
+Sides againstPlainLoop() {
+  const double foot = catalogue().convert(1, unit("foot"), unit("meter"));
+  const double yard = catalogue().convert(1, unit("yard"), unit("meter"));
+  return arrays(
+      std::make_shared<FeetToYards>(count),
+      [=](FeetToYards& feet) {
+        plainLoop(feet.values.data(), feet.theirs.data(), count, 0, foot, yard, 0);
+      },
+      0);
+}
+
+/// The copy is of the results, so that both sides write the same.
+template <std::size_t count>
+Sides againstCopy() {
+  return arrays(
+      std::make_shared<FeetToYards>(count),
+      [](FeetToYards& feet) {
+        std::memcpy(feet.theirs.data(), feet.ours.data(), count * sizeof(double));
+      },
+      0);
+}
+
+Sides reciprocals() {
+  constexpr std::size_t kCount = 2048;
+  const Units::PreparedConversion conversion(catalogue(), unit("literPer100Kilometers"),
+                                             unit("milePerGallonUs"));
+  const std::vector<double> values = manyValues(kCount);
+  const auto ours = std::make_shared<std::vector<double>>(kCount);
+  const auto theirs = std::make_shared<std::vector<double>>(kCount);
   const auto convert = [=] {
-    conversion.convert(values->data(), ours->data(), kCount);
+    conversion.convert(values.data(), ours->data(), kCount);
     keep(ours->data());
     return Leftover();
   };
-  loop();
+  const auto convertEach = [=] {
+    for (std::size_t at = 0; at < kCount; ++at) (*theirs)[at] = conversion(values[at]);
+    keep(theirs->data());
+    return Leftover();
+  };
   convert();
-  check(*ours == *theirs, "converting ten million values");
-  return {{convert, kCount}, {loop, kCount}};
+  convertEach();
+  check(*ours == *theirs, "converting reciprocals");
+  return {{convert, kCount}, {convertEach, kCount}};
+}
+
+Sides making() {
+  const auto pieces = static_cast<double>(mixedPairs().size());
+  return {{[] {
+             for (const UnitPair& pair : mixedPairs()) {
+               const Units::PreparedConversion conversion(catalogue(), pair.from, pair.to);
+               keep(&conversion);
+             }
+             return Leftover();
+           },
+           pieces},
+          {[] {
+             for (const UnitPair& pair : mixedPairs())
+               keep(catalogue().convert(2.5, pair.from, pair.to));
+             return Leftover();
+           },
+           pieces}};
 }
 
 }  // namespace
 
 std::vector<Row> preparedRows() {
+  const std::string inCache = "prepared conversion, 2,048 doubles";
+  const std::string pastCache = "prepared conversion, 10,000,000 doubles";
+  const std::string loop = "the plain loop, -O3 for x86-64-v3", udunits = "UDUNITS-2's converter";
   return {
-      {"prepared conversion, single values", "UDUNITS-2's converter", Bound::Faster, 2, 3,
-       singleValues},
-      {"prepared conversion, 10,000,000 doubles", "the plain loop, -O3 for x86-64-v3",
-       Bound::AtMost, 1.3, 1.05, bulk},
+      {"prepared conversion, single values", udunits, Bound::Faster, 2.5, 3, singleValues},
+      {inCache, udunits, Bound::Faster, 1.5, 2.5, againstConverter<2048>},
+      {inCache, loop, Bound::Faster, 2.5, 4, againstPlainLoop<2048>},
+      {pastCache, udunits, Bound::Faster, 1.3, 1.6, againstConverter<10000000>},
+      {pastCache, loop, Bound::AtMost, 1.3, 1.05, againstPlainLoop<10000000>},
+      {pastCache, "copying them (`memcpy`)", Bound::AtMost, 1.25, 1.1, againstCopy<10000000>},
+      {"prepared conversion, 2,048 doubles, reciprocal units", "value by value, by `pow`",
+       Bound::Faster, 3, 8, reciprocals},
+      {"making a prepared conversion", "`convert`", Bound::AtMost, 4, 2, making},
   };
 }
 

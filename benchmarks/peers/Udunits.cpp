@@ -48,6 +48,11 @@ void Udunits::Converter::convertEach(const std::vector<double>& values, double* 
   for (const double value : values) *converted++ = cv_convert_double(converter, value);
 }
 
+void Udunits::Converter::convertAll(const std::vector<double>& values, double* converted) const {
+  const auto* const converter = static_cast<const cv_converter*>(converter_.get());
+  cv_convert_doubles(converter, values.data(), values.size(), converted);
+}
+
 void Udunits::read(const char* literal) const { ut_free(parse(system_.get(), literal)); }
 
 }  // namespace peers

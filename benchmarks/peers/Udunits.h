@@ -15,11 +15,12 @@ class Udunits {
   /// Converts between two units given as text, caching nothing, as `convert` does with two ids.
   double convert(double value, const char* from, const char* to) const;
 
-  /// A converter that is created once and called with one value at a time.
+  /// A converter that is created once, and then called for each value or for an array.
   class Converter {
    public:
     Converter(const Udunits& udunits, const char* from, const char* to);
     void convertEach(const std::vector<double>& values, double* converted) const;
+    void convertAll(const std::vector<double>& values, double* converted) const;
 
    private:
     std::shared_ptr<void> converter_;

@@ -14,7 +14,9 @@ namespace Units {
 ///   every double. (NaN stays NaN, but its bits may differ.)
 /// - It never changes and holds no reference to the engine, which may be destroyed first.
 /// - Applying it allocates nothing, never throws, and may happen on many threads at once.
-/// - Construction costs more than a single `convert`, so it pays only for repeated use.
+/// - Construction costs about as much as a single `convert`. With a host-implemented engine it costs
+///   hundreds of times as much.
+/// - Arrays of a hundred numbers or more are converted faster than one by one.
 ///
 ///   const Units::PreparedConversion toMeters(*engine, foot, meter);
 ///   toMeters(6.0);                           // 1.8288
@@ -23,7 +25,8 @@ class TRELVONUNITS_API PreparedConversion {
  public:
   /// Works the conversion out.
   ///
-  /// @param engine          any engine; only its public const operations are called, and only here.
+  /// @param engine          any engine; it is asked only here. Of a host-implemented one, only public
+  ///                        const operations are called.
   /// @param fromUnitTypeId  type id of a stored unit; looked up first.
   /// @param toUnitTypeId    type id of a stored unit.
   /// @throws UnrecognizedIdentifierException  as for `convert`: an id names no unit.
@@ -41,7 +44,9 @@ class TRELVONUNITS_API PreparedConversion {
   /// @return  counted in the second unit.
   double operator()(double value) const {
     const double primitive = (fromOffset_ + value) * fromFactor_;
-    return (inverted_ ? reciprocalOf(primitive) : primitive) / toFactor_ - toOffset_;
+    const double scaled = inverted_ ? reciprocalOf(primitive) : primitive;
+    if (toFactor_ == 1.0) return scaled - toOffset_;  // without a division, and the same
+    return scaled / toFactor_ - toOffset_;
   }
 
   /// Converts an array. The results are the same as for the numbers one by one.

@@ -21,6 +21,10 @@ struct ConversionRule {
     const double primitive = (from.offset + value) * from.factor;
     return (inverted ? std::pow(primitive, -1.0) : primitive) / to.factor - to.offset;
   }
+
+  ConversionSteps steps() const {
+    return {{from.offset, from.factor, to.factor, to.offset}, inverted};
+  }
 };
 
 /// Calls `use` with the conversion rule of two units if they are convertible.
@@ -38,6 +42,15 @@ bool withRule(const std::string& fromUnitTypeId, const std::string& toUnitTypeId
   return true;
 }
 
+/// Calls `use` with the conversion rule of two units.
+template <class Use>
+void withRuleOrThrow(const std::string& fromUnitTypeId, const std::string& toUnitTypeId,
+                     const Registries& registries, Use use) {
+  if (!withRule(fromUnitTypeId, toUnitTypeId, Reducer::Purpose::Conversion, registries, use))
+    throw IncompatibleUnitsException("Cannot convert between units " + fromUnitTypeId + " and " +
+                                     toUnitTypeId + ".");
+}
+
 }  // namespace
 
 bool areBothAbsoluteOrRelative(const RecordNode<Unit>& a, const RecordNode<Unit>& b) {
@@ -46,11 +59,17 @@ bool areBothAbsoluteOrRelative(const RecordNode<Unit>& a, const RecordNode<Unit>
 
 double convertValue(double value, const std::string& fromUnitTypeId,
                     const std::string& toUnitTypeId, const Registries& registries) {
-  const auto convert = [&](const ConversionRule& rule) { value = rule.apply(value); };
-  if (!withRule(fromUnitTypeId, toUnitTypeId, Reducer::Purpose::Conversion, registries, convert))
-    throw IncompatibleUnitsException("Cannot convert between units " + fromUnitTypeId + " and " +
-                                     toUnitTypeId + ".");
+  withRuleOrThrow(fromUnitTypeId, toUnitTypeId, registries,
+                  [&](const ConversionRule& rule) { value = rule.apply(value); });
   return value;
+}
+
+ConversionSteps conversionSteps(const std::string& fromUnitTypeId, const std::string& toUnitTypeId,
+                                const Registries& registries) {
+  ConversionSteps steps = {};
+  withRuleOrThrow(fromUnitTypeId, toUnitTypeId, registries,
+                  [&](const ConversionRule& rule) { steps = rule.steps(); });
+  return steps;
 }
 
 bool canConvertUnits(const std::string& fromUnitTypeId, const std::string& toUnitTypeId,

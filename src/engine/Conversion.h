@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/Reduction.h"
+#include "prepared/ConversionSource.h"
 #include "registry/Registries.h"
 
 #include <string>
@@ -16,5 +17,9 @@ double convertValue(double value, const std::string& fromUnitTypeId,
                     const std::string& toUnitTypeId, const Registries& registries);
 bool canConvertUnits(const std::string& fromUnitTypeId, const std::string& toUnitTypeId,
                      const Registries& registries);
+
+/// The steps that `convertValue` takes for these units.
+ConversionSteps conversionSteps(const std::string& fromUnitTypeId, const std::string& toUnitTypeId,
+                                const Registries& registries);
 
 }  // namespace Units

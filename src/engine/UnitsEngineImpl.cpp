@@ -186,6 +186,11 @@ void UnitsEngineImpl::reduceValue(const Unit& unit, double& value, UnitPowerMap&
   powers = UnitPowerMap(reduced.begin(), reduced.end());
 }
 
+ConversionSteps UnitsEngineImpl::stepsOf(const std::string& fromUnitTypeId,
+                                         const std::string& toUnitTypeId) const {
+  return conversionSteps(fromUnitTypeId, toUnitTypeId, registries_);
+}
+
 const FunctionMap& UnitsEngineImpl::getFunctionMap() const { return functionMap_; }
 
 const BinaryOperatorMap& UnitsEngineImpl::getBinaryOperatorMap() const {

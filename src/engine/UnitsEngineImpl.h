@@ -2,6 +2,7 @@
 
 #include "engine/FormulaUnits.h"
 #include "formula/UnitMath.h"
+#include "prepared/ConversionSource.h"
 #include "registry/Registries.h"
 
 #include <TrelvonUnits/UnitsEngine.h>
@@ -10,7 +11,7 @@ namespace Units {
 
 /// The only engine: the registries and the spelling tables for formulas. Each operation forwards to
 /// a free function over these.
-class UnitsEngineImpl final : public UnitsEngine, public UnitMath {
+class UnitsEngineImpl final : public UnitsEngine, public UnitMath, public ConversionSource {
  public:
   /// An empty engine. Fills the spelling tables, since the first formulas on two threads must not
   /// race to fill them.
@@ -62,6 +63,8 @@ class UnitsEngineImpl final : public UnitsEngine, public UnitMath {
                   PrimitivePowers& powers) const override;
   bool arePowersCompatible(PrimitivePowers a, PrimitivePowers b, bool& inverted) const override;
   void reduceValue(const Unit& unit, double& value, UnitPowerMap& powers) const override;
+  ConversionSteps stepsOf(const std::string& fromUnitTypeId,
+                          const std::string& toUnitTypeId) const override;
   const FunctionMap& getFunctionMap() const override;
   const BinaryOperatorMap& getBinaryOperatorMap() const override;
   const UnaryOperatorMap& getUnaryOperatorMap() const override;

@@ -1,12 +1,27 @@
 #pragma once
 
+#include "prepared/LaneLoops.h"
+#include "prepared/LinearSteps.h"
+
 #include <cstddef>
 
 namespace Units {
 
-/// converted[i] = (fromOffset + values[i]) * fromFactor / toFactor - toOffset, rounded after each
-/// step in that order, with the widest instructions that the processor has.
-void convertAll(const double* values, double* converted, std::size_t count, double fromOffset,
-                double fromFactor, double toFactor, double toOffset);
+/// converted[i] = steps.apply(values[i]), to the bit.
+/// @param lanes  null: without vectors of our own.
+void convertAll(const double* values, double* converted, std::size_t count,
+                const LinearSteps& steps, const LaneLoops* lanes = usableLaneLoops());
+
+/// The same, with pow(x, -1.0) between the product and the quotient.
+void convertAllInverted(const double* values, double* converted, std::size_t count,
+                        const LinearSteps& steps, const LaneLoops* lanes = usableLaneLoops());
+
+/// The way to divide by `toFactor` that `convertProven` takes. The proof is worth its time for a
+/// hundred values or more.
+Divisor divisorFor(const LinearSteps& steps, const LaneLoops* lanes);
+
+/// @param by  from `divisorFor` with the same divisor and `lanes`.
+void convertProven(const double* values, double* converted, std::size_t count,
+                   const LinearSteps& steps, const Divisor& by, const LaneLoops* lanes);
 
 }  // namespace Units

@@ -3,6 +3,7 @@
 /// localedef put its locales.
 #include "tests/support/Build.h"
 #include "tests/support/Check.h"
+#include "tests/support/HostEngine.h"
 #include "tests/support/Sample.h"
 #include "text/CharConversion.h"
 
@@ -18,6 +19,7 @@
 #include <limits>
 #include <locale>
 #include <stdlib.h>
+#include <vector>
 
 namespace {
 
@@ -77,26 +79,31 @@ void addConversionsByCLibrary(std::string& all) {
 }
 
 /// By `convert` and prepared, between every two of these units.
-void addConversions(const Units::UnitsEngine& engine, std::string& all) {
+/// @param host  the same engine, as a host's own.
+void addConversions(const Units::UnitsEngine& engine, const Units::UnitsEngine& host,
+                    std::string& all) {
   const char* const units[] = {"foot",    "perInch",           "gross feet", "inch",
                                "nothing", "less than nothing", "subnormal",  "minus subnormal"};
+  std::vector<double> many(std::begin(values), std::end(values));
+  while (many.size() < 200) many.push_back(1.0 + static_cast<double>(many.size()) / 7.0);
+  std::vector<double> converted(many.size());
   for (const char* from : units)
-    for (const char* to : units) {
-      const Units::PreparedConversion prepared(engine, from, to);
-      double converted[std::size(values)];
-      prepared.convert(values, converted, std::size(values));
-      for (std::size_t i = 0; i < std::size(values); ++i) {
-        const std::string right = written(engine.convert(values[i], from, to));
-        all += right + '\n';
-        check(written(prepared(values[i])) == right && written(converted[i]) == right,
-              "a prepared conversion of ", values[i], " from ", from, " to ", to);
+    for (const char* to : units)
+      for (const Units::UnitsEngine* preparing : {&engine, &host}) {
+        const Units::PreparedConversion prepared(*preparing, from, to);
+        prepared.convert(many.data(), converted.data(), many.size());
+        for (std::size_t i = 0; i < many.size(); ++i) {
+          const std::string right = written(engine.convert(many[i], from, to));
+          if (i < std::size(values)) all += right + '\n';
+          check(written(prepared(many[i])) == right && written(converted[i]) == right,
+                "a prepared conversion of ", many[i], " from ", from, " to ", to);
+        }
       }
-    }
 }
 
 /// Everything that reads or writes numbers or looks at letters.
 std::string everything() {
-  const Engine engine = makeEngine();
+  const Units::HostEngine::Inner engine = makeEngine();
   Schemas::SchemaBundle::addDefinitionsFromBuffer(bundleOf(sampleSchemas()), *engine);
   engine->addFactor(Units::Factor("I", Units::FactorComponent(1234567.891)));
   engine->addFactor(Units::Factor("\xC4\xB0", Units::FactorComponent(1e-7)));
@@ -115,7 +122,7 @@ std::string everything() {
                                      {"subnormal", 1.2345e-310},
                                      {"minus subnormal", -0x1p-1074}})
     engine->addUnit(derivedUnit(unit, {{"inch", 1}}, factor));
-  addConversions(*engine, all);
+  addConversions(*engine, Units::HostEngine(engine), all);
   addNumbers(*engine, all);
   addConversionsByCLibrary(all);
   return all;

@@ -1,4 +1,5 @@
 #include "tests/support/Bits.h"
+#include "tests/support/HostEngine.h"
 #include "tests/support/Random.h"
 #include "tests/support/SampleUnits.h"
 
@@ -23,10 +24,8 @@ void expectSameBits(double a, double b, const std::string& what) {
   EXPECT_EQ(bitsOf(a), bitsOf(b)) << what << ": " << a << " and " << b;
 }
 
-TEST(PreparedConversion, GivesWhatConvertGives) {
-  const auto engine = filledEngine();
-  engine->addUnit(
-      {"Nought", "n", System::Metric, DerivedUnitComponent({{"P", 1}}, FactorComponent(-0.0))});
+/// Prepares conversions by one engine and compares them with those of another.
+void expectWhatConvertGives(const UnitsEngine& preparing, const UnitsEngine& engine) {
   const std::vector<double> all = values();
   const std::pair<const char*, const char*> conversions[] = {
       {"P", "Q"},     {"Q", "P"},       {"P", "P"},        {"PerL", "PerL"},
@@ -34,7 +33,7 @@ TEST(PreparedConversion, GivesWhatConvertGives) {
       {"B", "A"},     {"None", "None"}, {"Nought", "P"},   {"P", "Nought"}};
   for (const auto& [from, to] : conversions) {
     const std::string what = std::string(from) + " to " + to;
-    const PreparedConversion prepared(*engine, from, to);
+    const PreparedConversion prepared(preparing, from, to);
     constexpr double behind = 7.5;  // stands behind what is converted, and stays
     std::vector<double> converted(all.size() + 1, behind);
     std::vector<double> inPlace = all;
@@ -44,12 +43,20 @@ TEST(PreparedConversion, GivesWhatConvertGives) {
     EXPECT_EQ(converted.back(), behind);
     EXPECT_EQ(inPlace.back(), behind);
     for (std::size_t i = 0; i < all.size(); ++i) {
-      const double expected = engine->convert(all[i], from, to);
+      const double expected = engine.convert(all[i], from, to);
       expectSameBits(prepared(all[i]), expected, what);
       expectSameBits(converted[i], expected, what + " in an array");
       expectSameBits(inPlace[i], expected, what + " in place");
     }
   }
+}
+
+TEST(PreparedConversion, GivesWhatConvertGives) {
+  const std::shared_ptr<UnitsEngine> engine = filledEngine();
+  engine->addUnit(
+      {"Nought", "n", System::Metric, DerivedUnitComponent({{"P", 1}}, FactorComponent(-0.0))});
+  expectWhatConvertGives(*engine, *engine);
+  expectWhatConvertGives(HostEngine(engine), *engine);
 }
 
 }  // namespace
