@@ -67,6 +67,7 @@ class Reducer {
 
   static constexpr std::size_t maxUncombined = 64;  // tuning
 
+  double reduceShallow(const RecordNode<Unit>& unit, Powers& powers);
   double reduceRelative(const RecordNode<Unit>& unit, Powers& powers);
   void enter(const RecordNode<Unit>& unit, const Powers& powers);
   void takeNextParent(Powers& powers);

@@ -67,9 +67,12 @@ void BinaryOperatorExpression::setOperands(std::unique_ptr<Expression> left,
 }
 
 FormulaReason BinaryOperatorExpression::apply(EvaluatedValues& values) const {
-  EvaluatedValue right = std::move(values.back());
+  const FormulaReason reason = combine(*(values.end() - 2), values.back());
   values.pop_back();
-  EvaluatedValue& left = values.back();
+  return reason;
+}
+
+FormulaReason BinaryOperatorExpression::combine(EvaluatedValue& left, EvaluatedValue& right) const {
   switch (op_) {
     case FormulaBinaryOperator::Add:
       return add(left, right);

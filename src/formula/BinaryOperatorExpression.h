@@ -20,6 +20,9 @@ class BinaryOperatorExpression final : public Expression {
   FormulaReason apply(EvaluatedValues& values) const override;
   void removeOperands(Removal& removal) noexcept override;
 
+  /// Replaces the left operand by the result.
+  FormulaReason combine(EvaluatedValue& left, EvaluatedValue& right) const;
+
   const FormulaBinaryOperator op_;
   std::unique_ptr<Expression> left_;
   std::unique_ptr<Expression> right_;

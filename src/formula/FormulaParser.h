@@ -32,11 +32,7 @@ class FormulaParser {
  public:
   FormulaParser(NodeArena& arena, const Units::SymbolTexts& symbols,
                 const Units::UnitMath& unitMath, UnitTermsSource& units)
-      : arena_(arena), symbols_(symbols), unitMath_(unitMath), units_(units) {
-    constexpr std::size_t usualDepth = 8;  // tuning: enough for most formulas
-    operands_.reserve(usualDepth);
-    operators_.reserve(usualDepth);
-  }
+      : arena_(arena), symbols_(symbols), unitMath_(unitMath), units_(units) {}
 
   /// Returns why no formula continues with this token. After a refusal, the parser is of no use.
   FormulaReason take(const FormulaToken& token);

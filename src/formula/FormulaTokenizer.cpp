@@ -24,7 +24,6 @@ FormulaTokenizer::FormulaTokenizer(std::string_view formula, const Units::Symbol
                                    const Units::UnitMath& unitMath, VariableResolver resolver,
                                    int maxSubstitutions)
     : text_(formula),
-      operators_(unitMath),
       symbols_(symbols),
       unitMath_(unitMath),
       resolver_(std::move(resolver)),
@@ -36,11 +35,11 @@ bool FormulaTokenizer::nextToken(FormulaToken& token) {
     if (text_.rest().empty()) return false;
     lastStart_ = text_.rest().size();
 
-    if (operators_.isAtStart(text_.rest())) {
+    if (OperatorSearch::isOperator(text_.rest().front())) {
       takeOperator(token);
       return true;
     }
-    const Units::LiteralEnds ends = operators_.findEnds(text_.rest());
+    const Units::LiteralEnds& ends = operators_.findEnds(text_.rest());
     if (scanValueOrSymbol(token, ends)) return true;
 
     const std::string_view name = takeTrimmed(ends.ends.front());
@@ -55,9 +54,9 @@ bool FormulaTokenizer::nextToken(FormulaToken& token) {
 void FormulaTokenizer::takeOperator(FormulaToken& token) {
   const std::string_view text = text_.rest().substr(0, 1);
   text_.skip(1);
-  token = {text == "("   ? FormulaTokenType::OpenParen
-           : text == ")" ? FormulaTokenType::CloseParen
-                         : FormulaTokenType::Operator,
+  token = {text[0] == '('   ? FormulaTokenType::OpenParen
+           : text[0] == ')' ? FormulaTokenType::CloseParen
+                            : FormulaTokenType::Operator,
            text};
 }
 
@@ -67,7 +66,7 @@ bool FormulaTokenizer::scanValueOrSymbol(FormulaToken& token, const Units::Liter
   // A symbol takes precedence over a literal that is shorter than `longest`. One search suffices: a
   // symbol that a shorter text begins with also begins `longest`, since the operator that follows
   // the shorter text is not a letter.
-  if (!literal || literal->length < longest.size()) {
+  if ((!literal || literal->length < longest.size()) && mayBeSymbol(longest)) {
     std::string_view after = longest;
     if (Units::matchLeadingSymbol(after, std::nullopt, nullptr, symbols_)) {
       token = {FormulaTokenType::UnitSymbol, takeTrimmed(longest.size() - after.size())};
@@ -78,6 +77,11 @@ bool FormulaTokenizer::scanValueOrSymbol(FormulaToken& token, const Units::Liter
   token = {FormulaTokenType::Number, takeTrimmed(literal->length), literal->value, literal->symbol,
            literal->form};
   return true;
+}
+
+bool FormulaTokenizer::mayBeSymbol(std::string_view text) const {
+  return symbols_.anyBeginsAs(text, Units::Placement::Prefix) ||
+         symbols_.anyBeginsAs(text, Units::Placement::Suffix);
 }
 
 std::string_view FormulaTokenizer::takeTrimmed(std::size_t length) {

@@ -67,6 +67,7 @@ class FormulaTokenizer {
  private:
   void takeOperator(FormulaToken& token);
   bool scanValueOrSymbol(FormulaToken& token, const Units::LiteralEnds& ends);
+  bool mayBeSymbol(std::string_view text) const;
   std::string_view takeTrimmed(std::size_t length);
   void substitute(std::string_view identifier);
   void checkSubstitution();

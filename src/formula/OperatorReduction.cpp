@@ -23,9 +23,7 @@ void throwUnexpectedParseError() {
 
 std::unique_ptr<Expression> pop(ExpressionStack& stack) {
   if (stack.empty()) throw Units::ParseException("Expected an expression.");
-  std::unique_ptr<Expression> top = std::move(stack.back());
-  stack.pop_back();
-  return top;
+  return stack.pop();
 }
 
 std::unique_ptr<Expression> popOperand(ExpressionStack& operands) {
@@ -56,8 +54,8 @@ int getPriority(const Expression& expression) {
 }
 
 void reduceOperators(ExpressionStack& operands, ExpressionStack& operators, int priority) {
-  while (!operators.empty() && !opensParenthesis(*operators.back())) {
-    const int priorityOfTop = getPriority(*operators.back());
+  while (!operators.empty() && !opensParenthesis(operators.top())) {
+    const int priorityOfTop = getPriority(operators.top());
     if (priority != 0 && priority > priorityOfTop) return;
     std::unique_ptr<Expression> top = pop(operators);
     if (auto* const unary = nodeAs<UnaryOperatorExpression>(top.get())) {
@@ -66,6 +64,6 @@ void reduceOperators(ExpressionStack& operands, ExpressionStack& operators, int 
       std::unique_ptr<Expression> right = popOperand(operands);
       binary->setOperands(popOperand(operands), std::move(right));
     }
-    operands.push_back(std::move(top));
+    operands.push(std::move(top));
   }
 }

@@ -1,13 +1,39 @@
 #pragma once
 
 #include "formula/Expression.h"
+#include "model/ShortList.h"
 
 #include <memory>
-#include <vector>
 
 /// Expressions whose place in the tree is not known yet: either operands, or operators and open
-/// parentheses that wait for operands.
-using ExpressionStack = std::vector<std::unique_ptr<Expression>>;
+/// parentheses that wait for operands. The few of most formulas need no memory of their own.
+class ExpressionStack {
+ public:
+  ExpressionStack() = default;
+  ExpressionStack(const ExpressionStack&) = delete;
+  ExpressionStack& operator=(const ExpressionStack&) = delete;
+  ~ExpressionStack() {
+    while (!empty()) pop();
+  }
+
+  bool empty() const { return nodes_.empty(); }
+  std::size_t size() const { return nodes_.size(); }
+  Expression& top() const { return *nodes_.begin()[nodes_.size() - 1]; }
+
+  void push(std::unique_ptr<Expression> node) {
+    nodes_.push_back(node.get());
+    node.release();
+  }
+
+  std::unique_ptr<Expression> pop() {
+    std::unique_ptr<Expression> node(nodes_.back());
+    nodes_.pop_back();
+    return node;
+  }
+
+ private:
+  Units::ShortList<Expression*, 8> nodes_;  // tuning; owned
+};
 
 /// @throws std::logic_error  always.
 [[noreturn]] void throwUnexpectedParseError();

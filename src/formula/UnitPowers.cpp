@@ -78,7 +78,7 @@ void UnitPowers::mergeAdded() {
   const UnitPower* known = powers_.begin();
   UnitPower* const added = powers_.begin() + settled_;
   sortByUnit(added, powers_.end());
-  Units::ShortList<UnitPower, 2> merged;
+  List merged;
   merged.reserve(powers_.size());
   for (const UnitPower* next = added; next != powers_.end();) {
     for (; known != added && isBefore(*known, *next); ++known) merged.push_back(*known);

@@ -30,6 +30,9 @@ class TextTree {
     return *this;
   }
 
+  /// Whether any key has the first byte of a text.
+  bool anyBeginsAs(std::string_view text) const { return rootOf(text) != nullptr; }
+
   /// Null if there is no such key.
   const Value* find(std::string_view text) const {
     const Node* const root = rootOf(text);
