@@ -162,14 +162,25 @@ FormulaReason FormulaParser::takeOpenParen() {
   if (state_ == State::AfterOperand) return FormulaReason::NotAfterOperand;
   auto* const justOpened =
       operators_.empty() ? nullptr : nodeAs<ParenExpression>(&operators_.top());
-  if (justOpened)
-    justOpened->openAnother();
-  else
-    operators_.push(make<ParenExpression>());
+  if (!justOpened) return pushParen();
+  justOpened->openAnother();
   return FormulaReason::Done;
 }
 
+FormulaReason FormulaParser::pushParen() {
+  operators_.push(make<ParenExpression>());
+  return FormulaReason::Done;
+}
+
+/// Closes one of several adjacent parentheses at once: there is nothing to give operands to.
 FormulaReason FormulaParser::takeCloseParen() {
+  auto* const last = state_ != State::AfterOperand || operators_.empty()
+                         ? nullptr
+                         : nodeAs<ParenExpression>(&operators_.top());
+  return last && last->closeOneOfMany() ? FormulaReason::Done : closeLast();
+}
+
+FormulaReason FormulaParser::closeLast() {
   if (state_ == State::AfterOperand) reduceOperators(operands_, operators_, 0);
   if (operators_.empty())
     return operands_.empty() ? FormulaReason::MissingOperand : FormulaReason::NeverOpened;
@@ -184,8 +195,7 @@ FormulaReason FormulaParser::close(Expression& opener) {
   const bool isEmpty = state_ == State::BeforeOperand;
   if (auto* const paren = nodeAs<ParenExpression>(&opener)) {
     if (isEmpty) return FormulaReason::EmptyParentheses;
-    if (!paren->closeOne())
-      return FormulaReason::Done;  // other parentheses of this node are still open
+    if (paren->closeOneOfMany()) return FormulaReason::Done;
     paren->setInner(popOperand(operands_));
   } else if (auto* const symbol = nodeAs<SymbolExpression>(&opener)) {
     if (isEmpty) return FormulaReason::EmptyParentheses;

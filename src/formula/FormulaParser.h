@@ -58,7 +58,9 @@ class FormulaParser {
   FormulaReason takeNumber(const FormulaToken& token);
   FormulaReason takeUnitSymbol(std::string_view text);
   FormulaReason takeOpenParen();
+  FormulaReason pushParen();
   FormulaReason takeCloseParen();
+  FormulaReason closeLast();
   FormulaReason close(Expression& opener);
   bool dropUnaryMinus();
 

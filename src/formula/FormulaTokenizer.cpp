@@ -1,7 +1,6 @@
 #include "formula/FormulaTokenizer.h"
 
 #include "formula/Refusal.h"
-#include "model/Characters.h"
 #include "text/ValueText.h"
 
 #include <optional>
@@ -29,35 +28,17 @@ FormulaTokenizer::FormulaTokenizer(std::string_view formula, const Units::Symbol
       resolver_(std::move(resolver)),
       substitutionsLeft_(maxSubstitutions) {}
 
-bool FormulaTokenizer::nextToken(FormulaToken& token) {
-  while (true) {
-    text_.skip(Units::countLeading<Units::isSeparator>(text_.rest()));
-    if (text_.rest().empty()) return false;
-    lastStart_ = text_.rest().size();
-
-    if (OperatorSearch::isOperator(text_.rest().front())) {
-      takeOperator(token);
-      return true;
-    }
-    const Units::LiteralEnds& ends = operators_.findEnds(text_.rest());
-    if (scanValueOrSymbol(token, ends)) return true;
-
-    const std::string_view name = takeTrimmed(ends.ends.front());
-    if (unitMath_.getFunctionMap().find(name) != FormulaFunction::None) {
-      token = {FormulaTokenType::Function, name};
-      return true;
-    }
-    substitute(name);
+bool FormulaTokenizer::takeOperand(FormulaToken& token) {
+  lastStart_ = text_.rest().size();
+  const Units::LiteralEnds& ends = operators_.findEnds(text_.rest());
+  if (scanValueOrSymbol(token, ends)) return true;
+  const std::string_view name = takeTrimmed(ends.ends.front());
+  if (unitMath_.getFunctionMap().find(name) != FormulaFunction::None) {
+    token = {FormulaTokenType::Function, name};
+    return true;
   }
-}
-
-void FormulaTokenizer::takeOperator(FormulaToken& token) {
-  const std::string_view text = text_.rest().substr(0, 1);
-  text_.skip(1);
-  token = {text[0] == '('   ? FormulaTokenType::OpenParen
-           : text[0] == ')' ? FormulaTokenType::CloseParen
-                            : FormulaTokenType::Operator,
-           text};
+  substitute(name);
+  return false;
 }
 
 bool FormulaTokenizer::scanValueOrSymbol(FormulaToken& token, const Units::LiteralEnds& ends) {

@@ -8,15 +8,6 @@
 #include <stdexcept>
 #include <utility>
 
-namespace {
-
-bool opensParenthesis(const Expression& expression) {
-  return expression.kind() == ExpressionKind::Function ||
-         expression.kind() == ExpressionKind::Paren || expression.kind() == ExpressionKind::Symbol;
-}
-
-}  // namespace
-
 void throwUnexpectedParseError() {
   throw std::logic_error("legacy code dbgWarn: Unexpected parse error. Dresmond 9-May-2004");
 }
@@ -53,17 +44,13 @@ int getPriority(const Expression& expression) {
       "legacy code dbgWarn: Unknown binary operator in getPriority. Dresmond 10-Apr-2003");
 }
 
-void reduceOperators(ExpressionStack& operands, ExpressionStack& operators, int priority) {
-  while (!operators.empty() && !opensParenthesis(operators.top())) {
-    const int priorityOfTop = getPriority(operators.top());
-    if (priority != 0 && priority > priorityOfTop) return;
-    std::unique_ptr<Expression> top = pop(operators);
-    if (auto* const unary = nodeAs<UnaryOperatorExpression>(top.get())) {
-      unary->setOperand(popOperand(operands));
-    } else if (auto* const binary = nodeAs<BinaryOperatorExpression>(top.get())) {
-      std::unique_ptr<Expression> right = popOperand(operands);
-      binary->setOperands(popOperand(operands), std::move(right));
-    }
-    operands.push(std::move(top));
+void reduceOperator(ExpressionStack& operands, ExpressionStack& operators) {
+  std::unique_ptr<Expression> top = operators.pop();
+  if (auto* const unary = nodeAs<UnaryOperatorExpression>(top.get())) {
+    unary->setOperand(popOperand(operands));
+  } else if (auto* const binary = nodeAs<BinaryOperatorExpression>(top.get())) {
+    std::unique_ptr<Expression> right = popOperand(operands);
+    binary->setOperands(popOperand(operands), std::move(right));
   }
+  operands.push(std::move(top));
 }

@@ -49,7 +49,25 @@ std::unique_ptr<Expression> popOperand(ExpressionStack& operands);
 /// @throws std::logic_error  the expression is not an operator, or is an unknown one.
 int getPriority(const Expression& expression);
 
+inline bool opensParenthesis(const Expression& expression) {
+  return expression.kind() == ExpressionKind::Function ||
+         expression.kind() == ExpressionKind::Paren || expression.kind() == ExpressionKind::Symbol;
+}
+
+/// Whether the last operator gets its operands before an operator of `priority` (0: the end of a
+/// formula or of parentheses). An open parenthesis waits for its end.
+inline bool isReducible(const ExpressionStack& operators, int priority) {
+  return !operators.empty() && !opensParenthesis(operators.top()) &&
+         (priority == 0 || priority <= getPriority(operators.top()));
+}
+
+/// Pops the last operator and gives it its operands.
+/// @throws std::logic_error  there are too few operands.
+void reduceOperator(ExpressionStack& operands, ExpressionStack& operators);
+
 /// Pops operators and gives them their operands, down to an operator that binds less tightly than
 /// `priority` (0: all operators) or to an open parenthesis.
 /// @throws std::logic_error  there are too few operands.
-void reduceOperators(ExpressionStack& operands, ExpressionStack& operators, int priority);
+inline void reduceOperators(ExpressionStack& operands, ExpressionStack& operators, int priority) {
+  while (isReducible(operators, priority)) reduceOperator(operands, operators);
+}

@@ -15,8 +15,12 @@ class ParenExpression final : public Expression {
   ~ParenExpression() override { deleteOperands(); }
 
   void openAnother() { ++open_; }
-  /// Returns whether this closed the last open one.
-  bool closeOne() { return --open_ == 0; }
+  /// Closes one unless it is the last open one, which `setInner` closes. Returns whether it did.
+  bool closeOneOfMany() {
+    if (open_ == 1) return false;
+    --open_;
+    return true;
+  }
 
   void setInner(std::unique_ptr<Expression> inner);
 

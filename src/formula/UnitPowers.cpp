@@ -39,10 +39,12 @@ std::int32_t truncate(double exponent) {
 
 UnitPowers::UnitPowers(const Units::Powers& powers) : settled_(powers.size()) {
   powers_.reserve(powers.size());
+  UnitPower* end = powers_.end();
   for (const auto& [unit, exponent] : powers) {
-    powers_.push_back({unit, static_cast<double>(exponent)});
+    *end++ = {unit, static_cast<double>(exponent)};
     hasZeros_ = hasZeros_ || exponent == 0;
   }
+  powers_.setEnd(end);
 }
 
 /// Appends the shorter list to the longer one. Swapping the sides changes no result, because a + b

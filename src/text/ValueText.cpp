@@ -66,6 +66,7 @@ constexpr std::array<CompositeReader, 4> compositeReaders = {{
 }};
 
 constexpr unsigned anyReader = (1u << compositeReaders.size()) - 1;
+constexpr unsigned beforeMarks = anyReader + 1;  // a byte that may precede the first mark
 
 /// By the byte behind the first number, which readers a composite literal may be for: a bit each.
 /// The byte may also be part of the number.
@@ -80,13 +81,13 @@ constexpr std::array<std::uint8_t, 256> readersByMark = [] {
   for (std::size_t i = 0; i < compositeReaders.size(); ++i)
     mark(compositeReaders[i].markBytes, 1u << i);
   mark("eExX", anyReader);
+  mark("0123456789.+-/ \t\n\v\f\r", beforeMarks);
   return readers;
 }();
 
-/// Whether a composite literal may have a byte before its first mark.
-bool isBeforeMarks(char c) {
-  return isDigit(c) || c == '.' || c == '+' || c == '-' || c == '/' || isWhiteSpace(c);
-}
+unsigned readersFor(char mark) { return readersByMark[static_cast<unsigned char>(mark)]; }
+
+bool isBeforeMarks(char c) { return readersFor(c) == beforeMarks; }
 
 /// `5' 6"`, `10D 30'`, `2m 35cm`
 Reading readComposite(std::string_view text, const SymbolTexts& symbols) {
