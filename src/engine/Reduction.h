@@ -31,11 +31,6 @@ class Reducer {
 
   explicit Reducer(Purpose purpose = Purpose::Conversion) : purpose_(purpose) {}
 
-  /// For a listing of `count` units.
-  explicit Reducer(std::size_t count) : purpose_(Purpose::Listing), units_(count) {
-    knownPowers_.reserve(2 * count);
-  }
-
   Reducer(const Reducer&) = delete;
 
   /// @throws IncompatibleUnitsException  a parent unit is absolute. The reducer must not be used

@@ -47,7 +47,7 @@ RecordMap<Unit> convertibleUnits(const std::string& unitTypeId, const Registries
   const RecordStore<Unit>& units = registries.units.objects;
   if (units.size() == 0) return {};  // with no unit to compare with, the id is not looked up
   const RecordNode<Unit>& from = lookUpNode(units, unitTypeId);
-  Reducer reducer(units.size());
+  Reducer reducer(Reducer::Purpose::Listing);
   const ReducedUnit reduced = reducer.reduce(from);
   return selectUnits(units, [&](const RecordNode<Unit>& unit) {
     bool inverted = false;
@@ -63,7 +63,7 @@ RecordMap<Unit> unitsWithPrimitivePowers(const PrimitivePowers& powers,
   for (const auto& [typeId, exponent] : powers)
     wanted.push_back({&lookUpNode(units, typeId), exponent});
   combinePowers(wanted, 0);
-  Reducer reducer(units.size());
+  Reducer reducer(Reducer::Purpose::Listing);
   return selectUnits(units, [&](const RecordNode<Unit>& unit) {
     bool inverted = false;
     return arePowersCompatible(wanted, reducer.reduce(unit).powers, inverted) && !inverted;

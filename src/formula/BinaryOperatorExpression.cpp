@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cmath>
 #include <stdexcept>
-#include <utility>
 
 namespace {
 
@@ -59,13 +58,6 @@ FormulaReason raise(EvaluatedValue& left, EvaluatedValue& right) {
 
 }  // namespace
 
-void BinaryOperatorExpression::setOperands(std::unique_ptr<Expression> left,
-                                           std::unique_ptr<Expression> right) {
-  left_ = std::move(left);
-  right_ = std::move(right);
-  linkOperands(*left_, *right_);
-}
-
 FormulaReason BinaryOperatorExpression::apply(EvaluatedValues& values) const {
   const FormulaReason reason = combine(*(values.end() - 2), values.back());
   values.pop_back();
@@ -90,9 +82,4 @@ FormulaReason BinaryOperatorExpression::combine(EvaluatedValue& left, EvaluatedV
   throw std::logic_error(
       "legacy code dbgWarn: Bad FormulaBinaryOperator in BinaryOperatorExpression::evaluate. "
       "Dresmond 10-Apr-2003");
-}
-
-void BinaryOperatorExpression::removeOperands(Removal& removal) noexcept {
-  removal.take(left_);
-  removal.take(right_);
 }

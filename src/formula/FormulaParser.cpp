@@ -39,27 +39,7 @@ FormulaReason parseFormula(std::string_view text, NodeArena& arena,
   return parseTokens(tokenizer, parser, expressionOut, NoWatch());
 }
 
-FormulaReason FormulaParser::take(const FormulaToken& token) {
-  ++tokenCount_;
-  if (state_ == State::BeforeOpenParen) {
-    if (token.type != FormulaTokenType::OpenParen) return FormulaReason::MissingParentheses;
-    state_ = State::BeforeOperand;
-    return FormulaReason::Done;
-  }
-  switch (token.type) {
-    case FormulaTokenType::Operator:
-      return takeOperator(token.text);
-    case FormulaTokenType::Function:
-      return takeFunction(token.text);
-    case FormulaTokenType::Number:
-      return takeNumber(token);
-    case FormulaTokenType::UnitSymbol:
-      return takeUnitSymbol(token.text);
-    case FormulaTokenType::OpenParen:
-      return takeOpenParen();
-    case FormulaTokenType::CloseParen:
-      return takeCloseParen();
-  }
+void FormulaParser::throwUnknownToken() {
   throw std::logic_error("legacy code dbgWarn: Unknown token type. Dresmond 8-May-2004");
 }
 
@@ -206,6 +186,6 @@ FormulaReason FormulaParser::close(Expression& opener) {
     if (!isEmpty) throwUnexpectedParseError();
     return FormulaReason::MissingOperand;
   }
-  operands_.push(pop(operators_));
+  operands_.push(operators_.pop());
   return FormulaReason::Done;
 }

@@ -51,6 +51,8 @@ class FormulaParser {
     BeforeOpenParen,  // after a function or a prefix symbol, which counts as the parenthesis
   };
 
+  [[noreturn]] static void throwUnknownToken();
+
   FormulaReason takeOperator(std::string_view spelling);
   FormulaReason takeBinaryOperator(std::string_view spelling);
   FormulaReason takeUnaryOperator(std::string_view spelling);
@@ -77,6 +79,30 @@ class FormulaParser {
   ExpressionStack operators_;
   std::uint32_t tokenCount_ = 0;  // including the one that is being taken
 };
+
+inline FormulaReason FormulaParser::take(const FormulaToken& token) {
+  ++tokenCount_;
+  if (state_ == State::BeforeOpenParen) {
+    if (token.type != FormulaTokenType::OpenParen) return FormulaReason::MissingParentheses;
+    state_ = State::BeforeOperand;
+    return FormulaReason::Done;
+  }
+  switch (token.type) {
+    case FormulaTokenType::Operator:
+      return takeOperator(token.text);
+    case FormulaTokenType::Function:
+      return takeFunction(token.text);
+    case FormulaTokenType::Number:
+      return takeNumber(token);
+    case FormulaTokenType::UnitSymbol:
+      return takeUnitSymbol(token.text);
+    case FormulaTokenType::OpenParen:
+      return takeOpenParen();
+    case FormulaTokenType::CloseParen:
+      return takeCloseParen();
+  }
+  throwUnknownToken();
+}
 
 /// Builds a tree from all tokens of a tokenizer.
 ///

@@ -17,11 +17,6 @@ std::unique_ptr<Expression> pop(ExpressionStack& stack) {
   return stack.pop();
 }
 
-std::unique_ptr<Expression> popOperand(ExpressionStack& operands) {
-  if (operands.empty()) throwUnexpectedParseError();
-  return pop(operands);
-}
-
 int getPriority(const Expression& expression) {
   if (expression.kind() == ExpressionKind::UnaryOperator) return 4;
   const auto* const binary = nodeAs<BinaryOperatorExpression>(&expression);

@@ -12,18 +12,12 @@ class ExpressionStack {
   ExpressionStack() = default;
   ExpressionStack(const ExpressionStack&) = delete;
   ExpressionStack& operator=(const ExpressionStack&) = delete;
-  ~ExpressionStack() {
-    while (!empty()) pop();
-  }
 
   bool empty() const { return nodes_.empty(); }
   std::size_t size() const { return nodes_.size(); }
   Expression& top() const { return *nodes_.begin()[nodes_.size() - 1]; }
 
-  void push(std::unique_ptr<Expression> node) {
-    nodes_.push_back(node.get());
-    node.release();
-  }
+  void push(std::unique_ptr<Expression> node) { nodes_.push_back(node.release()); }
 
   std::unique_ptr<Expression> pop() {
     std::unique_ptr<Expression> node(nodes_.back());
@@ -32,7 +26,7 @@ class ExpressionStack {
   }
 
  private:
-  Units::ShortList<Expression*, 8> nodes_;  // tuning; owned
+  Units::ShortList<Expression*, 8> nodes_;  // tuning; freed with their arena
 };
 
 /// @throws std::logic_error  always.
@@ -43,7 +37,10 @@ std::unique_ptr<Expression> pop(ExpressionStack& stack);
 
 /// Pops an operand.
 /// @throws std::logic_error  the stack is empty.
-std::unique_ptr<Expression> popOperand(ExpressionStack& operands);
+inline std::unique_ptr<Expression> popOperand(ExpressionStack& operands) {
+  if (operands.empty()) throwUnexpectedParseError();
+  return operands.pop();
+}
 
 /// How tightly an operator binds. All binary operators are left-associative, "^" too.
 /// @throws std::logic_error  the expression is not an operator, or is an unknown one.

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <utility>
 
 /// An expression in parentheses. Until it is set, a marker for open parentheses. Adjacent open
 /// parentheses share a node, so a thousand of them take no more memory than one.
@@ -12,7 +13,6 @@ class ParenExpression final : public Expression {
   static constexpr ExpressionKind nodeKind = ExpressionKind::Paren;
 
   ParenExpression() : Expression(nodeKind) {}
-  ~ParenExpression() override { deleteOperands(); }
 
   void openAnother() { ++open_; }
   /// Closes one unless it is the last open one, which `setInner` closes. Returns whether it did.
@@ -22,12 +22,10 @@ class ParenExpression final : public Expression {
     return true;
   }
 
-  void setInner(std::unique_ptr<Expression> inner);
+  void setInner(std::unique_ptr<Expression> inner) { linkOperand(std::move(inner)); }
 
  private:
   FormulaReason apply(EvaluatedValues& values) const override;
-  void removeOperands(Removal& removal) noexcept override { removal.take(inner_); }
 
   std::size_t open_ = 1;
-  std::unique_ptr<Expression> inner_;
 };

@@ -49,9 +49,7 @@ class SymbolTexts {
  private:
   using Texts = TextTree<const Symbol*>;  // keys are views of the records' texts
 
-  static std::size_t indexOf(Placement placement) {
-    return placement == Placement::Prefix ? 0 : 1;
-  }
+  static std::size_t indexOf(Placement placement) { return placement == Placement::Prefix ? 0 : 1; }
 
   void add(const Symbol& symbol);
 
