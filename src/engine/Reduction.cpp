@@ -36,8 +36,9 @@ void append(Powers& powers, const RecordNode<Unit>& simple, int exponent) {
 /// Whether a unit is relative and has few parents, all of them simple. Reducing it is as fast as
 /// storing it, and needs no path.
 bool isShallow(const RecordNode<Unit>& unit) {
-  constexpr std::size_t maxParents = 8;  // tuning
-  return !unit.isAbsolute && unit.parents.size() + unit.parentFactors.size() <= maxParents &&
+  constexpr std::size_t maxParents = 8;                                              // tuning
+  const bool isLong = unit.parents.size() + unit.parentFactors.size() > maxParents;  // tuning
+  return !unit.isAbsolute && !isLong &&
          std::all_of(unit.parents.begin(), unit.parents.end(),
                      [](const auto& power) { return power.parent->isSimple; });
 }

@@ -5,6 +5,7 @@
 #include "model/RecordAccess.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace Units {
 
@@ -28,6 +29,28 @@ RecordMap<Unit> selectUnits(const RecordStore<Unit>& units, Predicate accepts) {
   return selected;
 }
 
+/// Finds units by their powers.
+class PowersSearch {
+ public:
+  explicit PowersSearch(const Powers& wanted)
+      : wanted_(wanted), count_(std::count_if(wanted.begin(), wanted.end(), [](const Power& power) {
+          return power.exponent != 0;
+        })) {}
+
+  /// Whether the powers of a unit are those wanted, or all reciprocal, in which case `inverted` is
+  /// set. Those of a simple unit are its parents, so that their number decides for most units.
+  bool accepts(const RecordNode<Unit>& unit, bool& inverted) {
+    const auto parents = static_cast<std::ptrdiff_t>(unit.parents.size());
+    if (unit.isSimple && parents != count_) return false;  // tuning
+    return arePowersCompatible(wanted_, reducer_.reduce(unit).powers, inverted);
+  }
+
+ private:
+  const Powers& wanted_;
+  const std::ptrdiff_t count_;
+  Reducer reducer_{Reducer::Purpose::Listing};
+};
+
 }  // namespace
 
 RecordMap<Unit> primitiveUnits(const Registries& registries) {
@@ -47,12 +70,11 @@ RecordMap<Unit> convertibleUnits(const std::string& unitTypeId, const Registries
   const RecordStore<Unit>& units = registries.units.objects;
   if (units.size() == 0) return {};  // with no unit to compare with, the id is not looked up
   const RecordNode<Unit>& from = lookUpNode(units, unitTypeId);
-  Reducer reducer(Reducer::Purpose::Listing);
-  const ReducedUnit reduced = reducer.reduce(from);
+  const ReducedUnit reduced = Reducer(Reducer::Purpose::Comparison).reduce(from);
+  PowersSearch search(reduced.powers);
   return selectUnits(units, [&](const RecordNode<Unit>& unit) {
     bool inverted = false;
-    return areBothAbsoluteOrRelative(from, unit) &&
-           arePowersCompatible(reduced.powers, reducer.reduce(unit).powers, inverted);
+    return areBothAbsoluteOrRelative(from, unit) && search.accepts(unit, inverted);
   });
 }
 
@@ -63,10 +85,10 @@ RecordMap<Unit> unitsWithPrimitivePowers(const PrimitivePowers& powers,
   for (const auto& [typeId, exponent] : powers)
     wanted.push_back({&lookUpNode(units, typeId), exponent});
   combinePowers(wanted, 0);
-  Reducer reducer(Reducer::Purpose::Listing);
+  PowersSearch search(wanted);
   return selectUnits(units, [&](const RecordNode<Unit>& unit) {
     bool inverted = false;
-    return arePowersCompatible(wanted, reducer.reduce(unit).powers, inverted) && !inverted;
+    return search.accepts(unit, inverted) && !inverted;
   });
 }
 

@@ -81,7 +81,7 @@ constexpr std::array<std::uint8_t, 256> readersByMark = [] {
   for (std::size_t i = 0; i < compositeReaders.size(); ++i)
     mark(compositeReaders[i].markBytes, 1u << i);
   mark("eExX", anyReader);
-  mark("0123456789.+-/ \t\n\v\f\r", beforeMarks);
+  mark("0123456789.+-/\x20\t\n\v\f\r", beforeMarks);
   return readers;
 }();
 
@@ -96,8 +96,7 @@ Reading readComposite(std::string_view text, const SymbolTexts& symbols) {
   const std::string_view glance = text.substr(0, glanceBytes);
   const std::size_t markAt = countLeading<isBeforeMarks>(glance);
   if (markAt == 0 || markAt == text.size()) return reading;  // no number, or nothing but numbers
-  unsigned readers =
-      markAt == glance.size() ? anyReader : readersByMark[static_cast<unsigned char>(text[markAt])];
+  unsigned readers = markAt == glance.size() ? anyReader : readersFor(text[markAt]);
   for (const CompositeReader* reader = compositeReaders.data(); readers != 0;
        ++reader, readers /= 2) {
     if (readers % 2 == 0) continue;
