@@ -33,16 +33,6 @@ void append(Powers& powers, const RecordNode<Unit>& simple, int exponent) {
   powers.setEnd(target);
 }
 
-/// Whether a unit is relative and has few parents, all of them simple. Reducing it is as fast as
-/// storing it, and needs no path.
-bool isShallow(const RecordNode<Unit>& unit) {
-  constexpr std::size_t maxParents = 8;                                              // tuning
-  const bool isLong = unit.parents.size() + unit.parentFactors.size() > maxParents;  // tuning
-  return !unit.isAbsolute && !isLong &&
-         std::all_of(unit.parents.begin(), unit.parents.end(),
-                     [](const auto& power) { return power.parent->isSimple; });
-}
-
 /// Writes powers, multiplied by `exponent`, to `target`. Omits those with exponent 0.
 /// @return  the end of the output.
 Power* multiply(const Power* first, const Power* last, int exponent, Power* target) {
@@ -63,6 +53,14 @@ void saturateFrom(Powers& powers, std::size_t first) {
 }
 
 }  // namespace
+
+bool isShallow(const RecordNode<Unit>& unit) {
+  constexpr std::size_t maxParents = 8;                                              // tuning
+  const bool isLong = unit.parents.size() + unit.parentFactors.size() > maxParents;  // tuning
+  return !unit.isAbsolute && !isLong &&
+         std::all_of(unit.parents.begin(), unit.parents.end(),
+                     [](const auto& power) { return power.parent->isSimple; });
+}
 
 ReducedUnit Reducer::reduce(const RecordNode<Unit>& unit) {
   ReducedUnit reduced{1.0, 0.0, {}};

@@ -5,7 +5,7 @@
 #include "model/RecordAccess.h"
 
 #include <algorithm>
-#include <cstddef>
+#include <cstdint>
 
 namespace Units {
 
@@ -29,25 +29,47 @@ RecordMap<Unit> selectUnits(const RecordStore<Unit>& units, Predicate accepts) {
   return selected;
 }
 
+std::uint64_t addressOf(const RecordNode<Unit>* unit) {
+  return reinterpret_cast<std::uintptr_t>(unit);
+}
+
+/// The sum, modulo 2^64, of a unit's exponents multiplied by the addresses of their primitive units,
+/// if it takes no search. Units with equal powers have equal sums.
+std::optional<std::uint64_t> quickSum(const RecordNode<Unit>& unit) {
+  constexpr int largest = 1000;  // so that no exponent, or sum of them, is clamped
+  const auto isLarge = [](const auto& power) {
+    return power.exponent > largest || power.exponent < -largest;
+  };
+  if (!isShallow(unit)) return std::nullopt;
+  std::uint64_t sum = 0;
+  for (const auto& power : unit.parents) {
+    for (const auto& own : power.parent->parents) {
+      if (isLarge(power) || isLarge(own)) return std::nullopt;
+      sum += addressOf(own.parent) * static_cast<std::uint64_t>(power.exponent * own.exponent);
+    }
+  }
+  return sum;
+}
+
 /// Finds units by their powers.
 class PowersSearch {
  public:
-  explicit PowersSearch(const Powers& wanted)
-      : wanted_(wanted), count_(std::count_if(wanted.begin(), wanted.end(), [](const Power& power) {
-          return power.exponent != 0;
-        })) {}
+  explicit PowersSearch(const Powers& wanted) : wanted_(wanted) {
+    for (const auto& [unit, exponent] : wanted)
+      sum_ += addressOf(unit) * static_cast<std::uint64_t>(exponent);
+  }
 
   /// Whether the powers of a unit are those wanted, or all reciprocal, in which case `inverted` is
-  /// set. Those of a simple unit are its parents, so that their number decides for most units.
+  /// set. Their sum rejects most units, which are then not reduced.
   bool accepts(const RecordNode<Unit>& unit, bool& inverted) {
-    const auto parents = static_cast<std::ptrdiff_t>(unit.parents.size());
-    if (unit.isSimple && parents != count_) return false;  // tuning
+    const auto sum = quickSum(unit);
+    if (sum && *sum != sum_ && *sum != 0 - sum_) return false;  // tuning
     return arePowersCompatible(wanted_, reducer_.reduce(unit).powers, inverted);
   }
 
  private:
   const Powers& wanted_;
-  const std::ptrdiff_t count_;
+  std::uint64_t sum_ = 0;
   Reducer reducer_{Reducer::Purpose::Listing};
 };
 
