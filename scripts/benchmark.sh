@@ -31,7 +31,7 @@ conversion, formula, text, definition or character. Every result is verified bef
 - libqalculate is configured for speed: plain numbers, no intervals, twelve digits. It evaluates the
   formula divided by the unit of the result.
 - The two bare lookups find scales in a `std::map` of all units. The ids are copied, as the
-  interface requires.
+  interface requires, and in another row they are not.
 - The plain loop does the same arithmetic in the same order, with the wider instructions of the
   processor.
 - Only reading the files walks the same folders in the same way. The files are in the system's
