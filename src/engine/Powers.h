@@ -19,7 +19,6 @@ void combinePowers(Powers& powers, std::size_t first);
 /// units really have.)
 inline std::int64_t saturate(std::int64_t exponent) {
   using Limits = std::numeric_limits<std::int32_t>;
-  if (exponent == static_cast<std::int32_t>(exponent)) return exponent;
   return std::clamp<std::int64_t>(exponent, Limits::min(), Limits::max());
 }
 
