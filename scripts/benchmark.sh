@@ -31,7 +31,7 @@ conversion, formula, text, definition or character. Every result is verified bef
 - libqalculate is configured for speed: plain numbers, no intervals, twelve digits. It evaluates the
   formula divided by the unit of the result.
 - The two bare lookups find scales in a `std::map` of all units. The ids are copied, as the
-  interface requires.
+  interface requires, and in another row they are not.
 - The arrays are converted from feet to yards. UDUNITS-2 multiplies once, which rounds otherwise. The
   plain loop does the same arithmetic as ours in the same order, division included, with the wider
   instructions of the processor.

@@ -34,6 +34,10 @@ const Scales& scalesOfPairs() {
 }
 
 double bareConvert(double value, std::string from, std::string to) {
+  return bareConvertByReference(value, from, to);
+}
+
+double bareConvertByReference(double value, const std::string& from, const std::string& to) {
   static const Scales& scales = scalesOfPairs();
   const Scale& fromScale = scales.find(from)->second;
   const Scale& toScale = scales.find(to)->second;

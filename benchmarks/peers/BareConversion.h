@@ -18,4 +18,7 @@ const Scales& scalesOfPairs();
 /// the interface requires.
 double bareConvert(double value, std::string from, std::string to);
 
+/// The same, without copies.
+double bareConvertByReference(double value, const std::string& from, const std::string& to);
+
 }  // namespace peers

@@ -3,7 +3,9 @@
 #include "benchmarks/peers/FormulaTable.h"
 #include "benchmarks/peers/Qalculate.h"
 #include "benchmarks/peers/Turns.h"
+#include "benchmarks/peers/Udunits.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
@@ -38,31 +40,33 @@ double ourValue(const Ready& formula) {
                               : catalogue().evaluateExpressionInUnit(formula.unit, formula.text);
 }
 
-Side ours() {
-  return {[] {
-            for (const Ready& formula : readyFormulas()) keep(ourValue(formula));
+Side evaluating(std::vector<Ready> formulas) {
+  const auto count = static_cast<double>(formulas.size());
+  return {[formulas = std::move(formulas)] {
+            for (const Ready& formula : formulas) keep(ourValue(formula));
             return Leftover();
           },
-          static_cast<double>(formulas.size())};
+          count};
 }
 
-Sides againstQalculate() {
+Side ours() { return evaluating(readyFormulas()); }
+
+Sides againstQalculate(const std::vector<Ready>& formulas) {
   const Qalculate qalculate;
-  for (const Ready& formula : readyFormulas())
+  for (const Ready& formula : formulas)
     checkNear(ourValue(formula), qalculate.evaluate(formula.theirText), 1e-9, formula.text);
-  return {ours(),
-          {[qalculate] {
-             for (const Ready& formula : readyFormulas())
-               keep(qalculate.evaluate(formula.theirText));
+  return {evaluating(formulas),
+          {[formulas, qalculate] {
+             for (const Ready& formula : formulas) keep(qalculate.evaluate(formula.theirText));
              return Leftover();
            },
            static_cast<double>(formulas.size())}};
 }
 
 /// The start of each number in the formulas. Exponents, as in m^2, are numbers too.
-std::vector<const char*> numbers() {
+std::vector<const char*> numbersOf(const std::vector<Ready>& formulas) {
   std::vector<const char*> found;
-  for (const Ready& formula : readyFormulas()) {
+  for (const Ready& formula : formulas) {
     const char* at = formula.text.c_str();
     while (*(at += std::strcspn(at, ".0123456789")) != '\0') {
       found.push_back(at);
@@ -74,13 +78,62 @@ std::vector<const char*> numbers() {
   return found;
 }
 
-Sides againstNumbers() {
-  return {ours(),
-          {[found = numbers()] {
+/// @param formulas  must outlive the rounds.
+Sides againstNumbers(const std::vector<Ready>& formulas) {
+  return {evaluating(formulas),
+          {[found = numbersOf(formulas)] {
              for (const char* number : found) keep(std::strtod(number, nullptr));
              return Leftover();
            },
            static_cast<double>(formulas.size())}};
+}
+
+/// The formulas of about 50 characters.
+const std::vector<Ready>& mediumFormulas() {
+  static const std::vector<Ready> chosen = [] {
+    std::vector<Ready> medium;
+    for (const Ready& formula : readyFormulas())
+      if (formula.text.size() >= 40 && formula.text.size() <= 60) medium.push_back(formula);
+    return medium;
+  }();
+  return chosen;
+}
+
+struct Literal {
+  const char* text;
+  const char* unit;       // our name
+  const char* theirUnit;  // in the spelling of UDUNITS-2
+};
+
+constexpr std::array<Literal, 12> literals = {{{"12.5 kg", "kilogram", "kg"},
+                                               {"3 m", "meter", "m"},
+                                               {"250 mm", "millimeter", "mm"},
+                                               {"1e3 Pa", "pascal", "Pa"},
+                                               {"0.75 kN", "kilonewton", "kN"},
+                                               {"101.325 kPa", "kilopascal", "kPa"},
+                                               {"7.25 W", "watt", "W"},
+                                               {"16 A", "ampere", "A"},
+                                               {"2.75 m/s", "meterPerSecond", "m/s"},
+                                               {"12.5 ft", "foot", "ft"},
+                                               {"4.2e-3 V", "volt", "V"},
+                                               {"1500 J", "joule", "J"}}};
+
+/// Reads literals, each in the unit that it is written in.
+Sides literalsAgainstUdunits() {
+  const auto udunits = std::make_shared<Udunits>();
+  std::vector<Ready> ready;
+  for (const Literal& literal : literals) {
+    ready.push_back({literal.text, unit(literal.unit), ""});
+    checkNear(ourValue(ready.back()), udunits->valueOf(literal.text, literal.theirUnit), 1e-12,
+              literal.text);
+  }
+  return {evaluating(std::move(ready)),
+          {[udunits] {
+             for (const Literal& literal : literals)
+               keep(udunits->valueOf(literal.text, literal.theirUnit));
+             return Leftover();
+           },
+           literals.size()}};
 }
 
 Side explained() {
@@ -111,9 +164,12 @@ Side sum(std::size_t characters) {
   return bare(std::move(formula), (length + 1) / 2, length);
 }
 
+std::string inParentheses(std::size_t depth) {
+  return std::string(depth, '(') + "1.5" + std::string(depth, ')');
+}
+
 Side nested(std::size_t depth) {
-  return bare(std::string(depth, '(') + "1.5" + std::string(depth, ')'), 1.5,
-              static_cast<double>(depth));
+  return bare(inParentheses(depth), 1.5, static_cast<double>(depth));
 }
 
 }  // namespace
@@ -121,9 +177,17 @@ Side nested(std::size_t depth) {
 std::vector<Row> formulaRows() {
   return {
       {"32 formulas of 7 to 200 characters", "libqalculate", Bound::Faster, 20, 35,
-       againstQalculate},
+       [] { return againstQalculate(readyFormulas()); }},
       {"32 formulas of 7 to 200 characters", "parsing only their numbers (`strtod`)", Bound::AtMost,
-       35, 20, againstNumbers},
+       35, 20, [] { return againstNumbers(readyFormulas()); }},
+      {"formulas of 40 to 60 characters", "parsing only their numbers (`strtod`)", Bound::AtMost, 9,
+       6, [] { return againstNumbers(mediumFormulas()); }},
+      {"a literal as a formula in its unit", "UDUNITS-2, text to number", Bound::Faster, 5, 7,
+       literalsAgainstUdunits},
+      {"1,000 nested parentheses", "libqalculate", Bound::Faster, 15, 30,
+       [] {
+         return againstQalculate({{inParentheses(1000), "", inParentheses(1000)}});
+       }},
       {"32 formulas of 7 to 200 characters, explained", "evaluating them", Bound::AtMost, 4, 2.5,
        [] {
          return Sides{explained(), ours()};

@@ -5,11 +5,19 @@
 namespace Units {
 
 const UnitTerms& FormulaUnits::termsOf(const Unit& unit) {
-  const auto known = terms_.find(RecordAccess::identity(unit));
-  if (known != terms_.end()) return known->second;
+  const void* const identity = RecordAccess::identity(unit);
+  for (std::optional<KnownUnit>& known : first_) {
+    if (!known) known.emplace(KnownUnit{identity, reduce(unit)});
+    if (known->identity == identity) return known->terms;
+  }
+  const auto known = others_.find(identity);
+  if (known != others_.end()) return known->second;
+  return others_.emplace(identity, reduce(unit)).first->second;
+}
+
+UnitTerms FormulaUnits::reduce(const Unit& unit) {
   const ReducedUnit reduced = reducer_.reduce(lookUpNode(units_, RecordAccess::typeId(unit)));
-  const UnitTerms terms{reduced.factor, reduced.offset, UnitPowers(reduced.powers)};
-  return terms_.emplace(RecordAccess::identity(unit), terms).first->second;
+  return {reduced.factor, reduced.offset, UnitPowers(reduced.powers)};
 }
 
 }  // namespace Units

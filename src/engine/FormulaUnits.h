@@ -4,6 +4,8 @@
 #include "formula/UnitTerms.h"
 #include "model/RecordStore.h"
 
+#include <array>
+#include <optional>
 #include <unordered_map>
 
 namespace Units {
@@ -17,9 +19,17 @@ class FormulaUnits final : public UnitTermsSource {
   const UnitTerms& termsOf(const Unit& unit) override;
 
  private:
+  struct KnownUnit {
+    const void* identity;
+    UnitTerms terms;
+  };
+
+  UnitTerms reduce(const Unit& unit);
+
   const RecordStore<Unit>& units_;
   Reducer reducer_;
-  std::unordered_map<const void*, UnitTerms> terms_;  // by identity of the unit
+  std::array<std::optional<KnownUnit>, 4> first_;      // tuning: all that most formulas name
+  std::unordered_map<const void*, UnitTerms> others_;  // by identity of the unit
 };
 
 }  // namespace Units

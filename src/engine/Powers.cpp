@@ -17,14 +17,23 @@ bool isInOrder(const Power* begin, const Power* end) {
   return true;
 }
 
-/// Fastest for the short lists of nearly all units.
-void insertionSort(Power* begin, Power* end) {
+/// Sorts powers by insertion, adding those of a unit up. Fastest for the short lists of nearly all
+/// units.
+/// @return  the end of the combined powers.
+Power* combineFew(Power* begin, Power* end) {
+  Power* combined = begin;
   for (Power* next = begin; next != end; ++next) {
     const Power power = *next;
-    Power* place = next;
-    for (; place != begin && isBefore(power, place[-1]); --place) *place = place[-1];
+    Power* place = combined;
+    while (place != begin && isBefore(power, place[-1])) --place;
+    if (place != begin && place[-1].unit == power.unit) {
+      place[-1].exponent += power.exponent;
+      continue;
+    }
+    for (Power* moved = combined++; moved != place; --moved) *moved = moved[-1];
     *place = power;
   }
+  return combined;
 }
 
 /// Sorts powers that are the ordered lists of some units, one after the other: of two, as most often,
@@ -42,10 +51,8 @@ void combinePowers(Powers& powers, std::size_t first) {
   Power* const begin = powers.begin() + first;
   if (isInOrder(begin, powers.end())) return;
   if (powers.size() - first <= maxInsertionSorted)  // tuning
-    insertionSort(begin, powers.end());
-  else
-    sortRuns(begin, powers.end());
-
+    return powers.setEnd(combineFew(begin, powers.end()));
+  sortRuns(begin, powers.end());
   Power* end = begin;
   for (Power* next = begin; next != powers.end();) {
     const auto* const unit = next->unit;

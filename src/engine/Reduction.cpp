@@ -4,7 +4,9 @@
 
 #include <TrelvonUnits/Exceptions.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <type_traits>
 #include <utility>
@@ -39,7 +41,26 @@ Power* multiply(const Power* first, const Power* last, int exponent, Power* targ
   return target;
 }
 
+/// Multiplies the powers from index `first` on by `exponent`, in place; as above.
+void raiseFrom(Powers& powers, std::size_t first, int exponent) {
+  Power* const begin = powers.begin() + first;
+  powers.setEnd(multiply(begin, powers.end(), exponent, begin));
+}
+
+void saturateFrom(Powers& powers, std::size_t first) {
+  for (Power* power = powers.begin() + first; power != powers.end(); ++power)
+    power->exponent = saturate(power->exponent);
+}
+
 }  // namespace
+
+bool isShallow(const RecordNode<Unit>& unit) {
+  constexpr std::size_t maxParents = 8;                                              // tuning
+  const bool isLong = unit.parents.size() + unit.parentFactors.size() > maxParents;  // tuning
+  return !unit.isAbsolute && !isLong &&
+         std::all_of(unit.parents.begin(), unit.parents.end(),
+                     [](const auto& power) { return power.parent->isSimple; });
+}
 
 ReducedUnit Reducer::reduce(const RecordNode<Unit>& unit) {
   ReducedUnit reduced{1.0, 0.0, {}};
@@ -52,6 +73,8 @@ ReducedUnit Reducer::reduce(const RecordNode<Unit>& unit) {
     reduced.factor = ownFactor(*relative);
     append(reduced.powers, *relative, 1);
     combinePowers(reduced.powers, 0);
+  } else if (isShallow(*relative)) {
+    reduced.factor = reduceShallow(*relative, reduced.powers);
   } else if (const KnownUnit* const known = units_.find(relative)) {
     reduced.factor = known->factor;
     const Power* const first = knownPowers_.begin() + known->firstPower;
@@ -60,6 +83,21 @@ ReducedUnit Reducer::reduce(const RecordNode<Unit>& unit) {
     reduced.factor = reduceRelative(*relative, reduced.powers);
   }
   return reduced;
+}
+
+/// Appends the powers of a shallow unit.
+/// @return  the unit's factor.
+double Reducer::reduceShallow(const RecordNode<Unit>& unit, Powers& powers) {
+  const std::size_t before = powers.size();
+  double factor = ownFactor(unit);
+  for (const auto& [parent, exponent] : unit.parents) {
+    factor = power(ownFactor(*parent), exponent) * factor;
+    append(powers, *parent, exponent);
+  }
+  work_ += powers.size() - before;  // tuning
+  combinePowers(powers, before);
+  saturateFrom(powers, before);
+  return factor;
 }
 
 /// @param powers  empty; receives the unit's powers.
@@ -96,6 +134,9 @@ void Reducer::takeNextParent(Powers& powers) {
   if (parent->isSimple) {  // reducing it is as fast as a lookup
     factor = ownFactor(*parent);
     append(powers, *parent, exponent);
+  } else if (isShallow(*parent)) {
+    factor = reduceShallow(*parent, powers);
+    raiseFrom(powers, before, exponent);
   } else if (const KnownUnit* const known = units_.find(parent)) {
     factor = recall(*known, exponent, powers);
   } else {
@@ -120,8 +161,7 @@ void Reducer::combineIfMany(UnitStep& step, Powers& powers) {
 double Reducer::finish(Powers& powers) {
   const UnitStep done = path_.back();
   combinePowers(powers, done.firstPower);
-  for (Power* power = powers.begin() + done.firstPower; power != powers.end(); ++power)
-    power->exponent = saturate(power->exponent);
+  saturateFrom(powers, done.firstPower);
   remember(done, powers);
   path_.pop_back();
   if (path_.empty()) return done.factor;
@@ -129,8 +169,7 @@ double Reducer::finish(Powers& powers) {
   UnitStep& step = path_.back();
   const int exponent = step.unit->parents[step.next++].exponent;
   step.factor = power(done.factor, exponent) * step.factor;
-  Power* const first = powers.begin() + done.firstPower;
-  powers.setEnd(multiply(first, powers.end(), exponent, first));
+  raiseFrom(powers, done.firstPower, exponent);
   return done.factor;
 }
 

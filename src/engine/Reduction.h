@@ -16,6 +16,10 @@ struct ReducedUnit {
   Powers powers;
 };
 
+/// Whether a unit is relative and has few parents, all of them simple. Reducing it is as fast as
+/// storing it, and needs no path.
+bool isShallow(const RecordNode<Unit>& unit);
+
 /// Reduces stored units to primitive terms.
 ///
 /// It stores what it has reduced. It lives for one call to the engine. If definitions share
@@ -30,11 +34,6 @@ class Reducer {
   };
 
   explicit Reducer(Purpose purpose = Purpose::Conversion) : purpose_(purpose) {}
-
-  /// For a listing of `count` units.
-  explicit Reducer(std::size_t count) : purpose_(Purpose::Listing), units_(count) {
-    knownPowers_.reserve(2 * count);
-  }
 
   Reducer(const Reducer&) = delete;
 
@@ -67,6 +66,7 @@ class Reducer {
 
   static constexpr std::size_t maxUncombined = 64;  // tuning
 
+  double reduceShallow(const RecordNode<Unit>& unit, Powers& powers);
   double reduceRelative(const RecordNode<Unit>& unit, Powers& powers);
   void enter(const RecordNode<Unit>& unit, const Powers& powers);
   void takeNextParent(Powers& powers);

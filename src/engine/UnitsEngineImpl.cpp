@@ -44,26 +44,36 @@ std::string UnitsEngineImpl::formatFractional(double value, unsigned char precis
 
 double UnitsEngineImpl::evaluateExpressionInUnit(std::string unitTypeId, std::string formula,
                                                  VariableResolver resolver) const {
+  return evaluateInUnit(unitTypeId, formula, std::move(resolver));
+}
+
+double UnitsEngineImpl::evaluateExpressionInUnit(std::string unitTypeId,
+                                                 std::string formula) const {
+  return evaluateInUnit(unitTypeId, formula, rejectIdentifier);
+}
+
+double UnitsEngineImpl::evaluateUnitlessExpression(std::string formula,
+                                                   VariableResolver resolver) const {
+  return evaluateUnitless(formula, std::move(resolver));
+}
+
+double UnitsEngineImpl::evaluateUnitlessExpression(std::string formula) const {
+  return evaluateUnitless(formula, rejectIdentifier);
+}
+
+double UnitsEngineImpl::evaluateInUnit(const std::string& unitTypeId, std::string_view formula,
+                                       VariableResolver resolver) const {
   const Unit& unit = lookUp(registries_.units.objects, unitTypeId);
   FormulaUnits units = formulaUnits();
   return ::evaluateExpressionInUnit(unit, formula, std::move(resolver), registries_.symbolTexts,
                                     *this, units);
 }
 
-double UnitsEngineImpl::evaluateExpressionInUnit(std::string unitTypeId,
-                                                 std::string formula) const {
-  return evaluateExpressionInUnit(std::move(unitTypeId), std::move(formula), rejectIdentifier);
-}
-
-double UnitsEngineImpl::evaluateUnitlessExpression(std::string formula,
-                                                   VariableResolver resolver) const {
+double UnitsEngineImpl::evaluateUnitless(std::string_view formula,
+                                         VariableResolver resolver) const {
   FormulaUnits units = formulaUnits();
   return ::evaluateUnitlessExpression(formula, std::move(resolver), registries_.symbolTexts, *this,
                                       units);
-}
-
-double UnitsEngineImpl::evaluateUnitlessExpression(std::string formula) const {
-  return evaluateUnitlessExpression(std::move(formula), rejectIdentifier);
 }
 
 Dimension UnitsEngineImpl::getDimension(std::string typeId) const {

@@ -7,6 +7,9 @@
 
 #include <TrelvonUnits/UnitsEngine.h>
 
+#include <string>
+#include <string_view>
+
 namespace Units {
 
 /// The only engine: the registries and the spelling tables for formulas. Each operation forwards to
@@ -75,6 +78,10 @@ class UnitsEngineImpl final : public UnitsEngine, public UnitMath, public Conver
   FormulaUnits formulaUnits() const { return FormulaUnits(registries_.units.objects); }
 
  private:
+  double evaluateInUnit(const std::string& unitTypeId, std::string_view formula,
+                        VariableResolver resolver) const;
+  double evaluateUnitless(std::string_view formula, VariableResolver resolver) const;
+
   Registries registries_;
   FunctionMap functionMap_;
   BinaryOperatorMap binaryOperatorMap_;

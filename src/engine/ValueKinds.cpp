@@ -73,7 +73,7 @@ std::string ValueKinds::ofPowers(const Contents::PowerList& all) const {
   const Contents::PowerList powers = withoutZeros(all);
   if (powers.empty()) return "a ratio";
   if (powers.size() < all.size()) return ofPowers(powers) + " times a ratio";
-  Reducer reducer(registries_.units.objects.size());
+  Reducer reducer(Reducer::Purpose::Listing);
   const std::string name = largestQuantity(registries_, [&](const Quantity& quantity) {
     const std::vector<Unit>& units = RecordAccess::units(quantity);
     if (units.empty()) return false;

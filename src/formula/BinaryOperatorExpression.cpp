@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cmath>
 #include <stdexcept>
-#include <utility>
 
 namespace {
 
@@ -59,17 +58,13 @@ FormulaReason raise(EvaluatedValue& left, EvaluatedValue& right) {
 
 }  // namespace
 
-void BinaryOperatorExpression::setOperands(std::unique_ptr<Expression> left,
-                                           std::unique_ptr<Expression> right) {
-  left_ = std::move(left);
-  right_ = std::move(right);
-  linkOperands(*left_, *right_);
+FormulaReason BinaryOperatorExpression::apply(EvaluatedValues& values) const {
+  const FormulaReason reason = combine(*(values.end() - 2), values.back());
+  values.pop_back();
+  return reason;
 }
 
-FormulaReason BinaryOperatorExpression::apply(EvaluatedValues& values) const {
-  EvaluatedValue right = std::move(values.back());
-  values.pop_back();
-  EvaluatedValue& left = values.back();
+FormulaReason BinaryOperatorExpression::combine(EvaluatedValue& left, EvaluatedValue& right) const {
   switch (op_) {
     case FormulaBinaryOperator::Add:
       return add(left, right);
@@ -87,9 +82,4 @@ FormulaReason BinaryOperatorExpression::apply(EvaluatedValues& values) const {
   throw std::logic_error(
       "legacy code dbgWarn: Bad FormulaBinaryOperator in BinaryOperatorExpression::evaluate. "
       "Dresmond 10-Apr-2003");
-}
-
-void BinaryOperatorExpression::removeOperands(Removal& removal) noexcept {
-  removal.take(left_);
-  removal.take(right_);
 }

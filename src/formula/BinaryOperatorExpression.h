@@ -4,6 +4,7 @@
 #include "formula/SpellingTables.h"
 
 #include <memory>
+#include <utility>
 
 /// A binary operator and its operands.
 class BinaryOperatorExpression final : public Expression {
@@ -11,16 +12,17 @@ class BinaryOperatorExpression final : public Expression {
   static constexpr ExpressionKind nodeKind = ExpressionKind::BinaryOperator;
 
   explicit BinaryOperatorExpression(FormulaBinaryOperator op) : Expression(nodeKind), op_(op) {}
-  ~BinaryOperatorExpression() override { deleteOperands(); }
 
   FormulaBinaryOperator getOperator() const { return op_; }
-  void setOperands(std::unique_ptr<Expression> left, std::unique_ptr<Expression> right);
+  void setOperands(std::unique_ptr<Expression> left, std::unique_ptr<Expression> right) {
+    linkOperands(std::move(left), std::move(right));
+  }
 
  private:
   FormulaReason apply(EvaluatedValues& values) const override;
-  void removeOperands(Removal& removal) noexcept override;
+
+  /// Replaces the left operand by the result.
+  FormulaReason combine(EvaluatedValue& left, EvaluatedValue& right) const;
 
   const FormulaBinaryOperator op_;
-  std::unique_ptr<Expression> left_;
-  std::unique_ptr<Expression> right_;
 };

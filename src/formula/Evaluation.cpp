@@ -30,8 +30,9 @@ FormulaReason countInUnit(EvaluatedValue& result, const Units::Unit& unit, UnitT
                           bool& inverted) {
   if (result.isUnitless()) return FormulaReason::Done;
   const UnitTerms& terms = units.termsOf(unit);
-  if (!Units::arePowersCompatible(truncatePowers(result.units()), truncatePowers(terms.powers),
-                                  inverted))
+  const bool hasUnitsOf = result.borrowedUnits() == &terms.powers;
+  if (!hasUnitsOf && !Units::arePowersCompatible(truncatePowers(result.units()),
+                                                 truncatePowers(terms.powers), inverted))
     return FormulaReason::UnitsDoNotFit;
   result.value =
       (inverted ? std::pow(result.value, -1.0) : result.value) / terms.factor - terms.offset;

@@ -34,30 +34,3 @@ EvaluatedValue Expression::compute() const {
   if (reason != FormulaReason::Done) throwRefusal(reason);
   return std::move(values.back());
 }
-
-void Expression::linkOperand(Expression& operand) {
-  first_ = operand.first_;
-  operand.next_ = this;
-}
-
-void Expression::linkOperands(Expression& left, Expression& right) {
-  first_ = left.first_;
-  left.next_ = right.first_;
-  right.next_ = this;
-}
-
-void Expression::Removal::take(std::unique_ptr<Expression>& node) noexcept {
-  if (!node) return;
-  node->next_ = top_;
-  top_ = node.release();
-}
-
-void Expression::deleteOperands() noexcept {
-  Removal removal;
-  removeOperands(removal);
-  while (Expression* const node = removal.top_) {
-    removal.top_ = node->next_;
-    node->removeOperands(removal);
-    delete node;
-  }
-}

@@ -55,7 +55,8 @@ class Expression {
   template <class Visit>
   void forEach(Visit&& visit) const;
 
-  // Nodes are allocated in the arena of their formula. Only the arena frees memory.
+  // Nodes are allocated in the arena of their formula, own nothing else, and are freed with it. So
+  // deleting a tree need not visit its nodes.
   static void* operator new(std::size_t size, NodeArena& arena) { return arena.allocate(size); }
   static void operator delete(void*, NodeArena&) {}
   static void operator delete(void*) {}
@@ -77,31 +78,22 @@ class Expression {
  protected:
   explicit Expression(ExpressionKind kind) : first_(this), kind_(kind) {}
 
-  /// Link this node after its operands in evaluation order. They must not be linked elsewhere.
-  void linkOperand(Expression& operand);
-  void linkOperands(Expression& left, Expression& right);
+  /// Link this node after its operands in evaluation order. They must not be linked elsewhere, and
+  /// are left to the arena.
+  void linkOperand(std::unique_ptr<Expression> operand) {
+    first_ = operand->first_;
+    operand.release()->next_ = this;
+  }
+  void linkOperands(std::unique_ptr<Expression> left, std::unique_ptr<Expression> right) {
+    first_ = left->first_;
+    left.release()->next_ = right->first_;
+    right.release()->next_ = this;
+  }
   void unlinkOperands() { first_ = this; }
 
   /// Replaces the values of the node's operands by its own. If it is refused, their values are of
   /// no use.
   virtual FormulaReason apply(EvaluatedValues& values) const = 0;
-
-  /// Nodes to delete, linked by `next_`.
-  class Removal {
-   public:
-    void take(std::unique_ptr<Expression>& node) noexcept;
-
-   private:
-    friend class Expression;
-    Expression* top_ = nullptr;
-  };
-
-  /// Moves the operands to `removal`, without allocating.
-  virtual void removeOperands(Removal& removal) noexcept = 0;
-
-  /// Deletes all nodes below this one. The destructor of every class with operands calls it, so
-  /// that destructors do not recurse.
-  void deleteOperands() noexcept;
 
  private:
   Expression* first_;           // the first node of this subtree in evaluation order

@@ -39,27 +39,7 @@ FormulaReason parseFormula(std::string_view text, NodeArena& arena,
   return parseTokens(tokenizer, parser, expressionOut, NoWatch());
 }
 
-FormulaReason FormulaParser::take(const FormulaToken& token) {
-  ++tokenCount_;
-  if (state_ == State::BeforeOpenParen) {
-    if (token.type != FormulaTokenType::OpenParen) return FormulaReason::MissingParentheses;
-    state_ = State::BeforeOperand;
-    return FormulaReason::Done;
-  }
-  switch (token.type) {
-    case FormulaTokenType::Operator:
-      return takeOperator(token.text);
-    case FormulaTokenType::Function:
-      return takeFunction(token.text);
-    case FormulaTokenType::Number:
-      return takeNumber(token);
-    case FormulaTokenType::UnitSymbol:
-      return takeUnitSymbol(token.text);
-    case FormulaTokenType::OpenParen:
-      return takeOpenParen();
-    case FormulaTokenType::CloseParen:
-      return takeCloseParen();
-  }
+void FormulaParser::throwUnknownToken() {
   throw std::logic_error("legacy code dbgWarn: Unknown token type. Dresmond 8-May-2004");
 }
 
@@ -75,7 +55,7 @@ FormulaReason FormulaParser::finish(std::unique_ptr<Expression>& expressionOut) 
 
 std::optional<std::uint32_t> FormulaParser::openToken() const {
   if (operators_.empty()) return std::nullopt;
-  return operators_.back()->tokenNumber();
+  return operators_.top().tokenNumber();
 }
 
 template <class Node, class... Arguments>
@@ -95,7 +75,7 @@ FormulaReason FormulaParser::takeBinaryOperator(std::string_view spelling) {
   if (op == FormulaBinaryOperator::None) throwUnexpectedParseError();  // all can be binary
   auto node = make<BinaryOperatorExpression>(op);
   reduceOperators(operands_, operators_, getPriority(*node));
-  operators_.push_back(std::move(node));
+  operators_.push(std::move(node));
   state_ = State::BeforeOperand;
   return FormulaReason::Done;
 }
@@ -107,7 +87,7 @@ FormulaReason FormulaParser::takeUnaryOperator(std::string_view spelling) {
       throwUnexpectedParseError();
     return FormulaReason::MissingOperand;
   }
-  operators_.push_back(make<UnaryOperatorExpression>(op));
+  operators_.push(make<UnaryOperatorExpression>(op));
   return FormulaReason::Done;
 }
 
@@ -115,7 +95,7 @@ FormulaReason FormulaParser::takeFunction(std::string_view name) {
   if (state_ == State::AfterOperand) return FormulaReason::NotAfterOperand;
   const FormulaFunction function = unitMath_.getFunctionMap().find(name);
   if (function == FormulaFunction::None) throwUnexpectedParseError();
-  operators_.push_back(make<FunctionExpression>(function));
+  operators_.push(make<FunctionExpression>(function));
   state_ = State::BeforeOpenParen;
   return FormulaReason::Done;
 }
@@ -128,18 +108,18 @@ FormulaReason FormulaParser::takeNumber(const FormulaToken& token) {
     throwUnexpectedParseError();
   // The sign belongs to the whole literal: -5' 6" is minus five feet six inches.
   if (dropUnaryMinus()) value = -value;
-  operands_.push_back(symbol ? make<NumberConstantExpression>(
-                                   value, units_.termsOf(Units::RecordAccess::unit(*symbol)))
-                             : make<NumberConstantExpression>(value));
+  operands_.push(symbol ? make<NumberConstantExpression>(
+                              value, units_.termsOf(Units::RecordAccess::unit(*symbol)))
+                        : make<NumberConstantExpression>(value));
   state_ = State::AfterOperand;
   return FormulaReason::Done;
 }
 
 bool FormulaParser::dropUnaryMinus() {
   if (operators_.empty()) return false;
-  const auto* const top = nodeAs<UnaryOperatorExpression>(operators_.back().get());
+  const auto* const top = nodeAs<UnaryOperatorExpression>(&operators_.top());
   if (!top || top->getOperator() != FormulaUnaryOperator::Negate) return false;
-  operators_.pop_back();
+  operators_.pop();
   return true;
 }
 
@@ -149,10 +129,10 @@ FormulaReason FormulaParser::takeUnitSymbol(std::string_view text) {
   if (Units::RecordAccess::prefixOrSuffix(*symbol)->getPlacement() == Units::Placement::Suffix) {
     if (state_ == State::BeforeOperand || operands_.empty())
       return FormulaReason::SuffixWithoutOperand;
-    operands_.push_back(make<SymbolExpression>(*symbol, units_, pop(operands_)));
+    operands_.push(make<SymbolExpression>(*symbol, units_, pop(operands_)));
   } else {
     if (state_ == State::AfterOperand) return FormulaReason::NotAfterOperand;
-    operators_.push_back(make<SymbolExpression>(*symbol, units_));
+    operators_.push(make<SymbolExpression>(*symbol, units_));
     state_ = State::BeforeOpenParen;
   }
   return FormulaReason::Done;
@@ -161,19 +141,30 @@ FormulaReason FormulaParser::takeUnitSymbol(std::string_view text) {
 FormulaReason FormulaParser::takeOpenParen() {
   if (state_ == State::AfterOperand) return FormulaReason::NotAfterOperand;
   auto* const justOpened =
-      operators_.empty() ? nullptr : nodeAs<ParenExpression>(operators_.back().get());
-  if (justOpened)
-    justOpened->openAnother();
-  else
-    operators_.push_back(make<ParenExpression>());
+      operators_.empty() ? nullptr : nodeAs<ParenExpression>(&operators_.top());
+  if (!justOpened) return pushParen();
+  justOpened->openAnother();
   return FormulaReason::Done;
 }
 
+FormulaReason FormulaParser::pushParen() {
+  operators_.push(make<ParenExpression>());
+  return FormulaReason::Done;
+}
+
+/// Closes one of several adjacent parentheses at once: there is nothing to give operands to.
 FormulaReason FormulaParser::takeCloseParen() {
+  auto* const last = state_ != State::AfterOperand || operators_.empty()
+                         ? nullptr
+                         : nodeAs<ParenExpression>(&operators_.top());
+  return last && last->closeOneOfMany() ? FormulaReason::Done : closeLast();
+}
+
+FormulaReason FormulaParser::closeLast() {
   if (state_ == State::AfterOperand) reduceOperators(operands_, operators_, 0);
   if (operators_.empty())
     return operands_.empty() ? FormulaReason::MissingOperand : FormulaReason::NeverOpened;
-  const FormulaReason reason = close(*operators_.back());
+  const FormulaReason reason = close(operators_.top());
   if (reason == FormulaReason::Done) state_ = State::AfterOperand;
   return reason;
 }
@@ -184,8 +175,7 @@ FormulaReason FormulaParser::close(Expression& opener) {
   const bool isEmpty = state_ == State::BeforeOperand;
   if (auto* const paren = nodeAs<ParenExpression>(&opener)) {
     if (isEmpty) return FormulaReason::EmptyParentheses;
-    if (!paren->closeOne())
-      return FormulaReason::Done;  // other parentheses of this node are still open
+    if (paren->closeOneOfMany()) return FormulaReason::Done;
     paren->setInner(popOperand(operands_));
   } else if (auto* const symbol = nodeAs<SymbolExpression>(&opener)) {
     if (isEmpty) return FormulaReason::EmptyParentheses;
@@ -196,6 +186,6 @@ FormulaReason FormulaParser::close(Expression& opener) {
     if (!isEmpty) throwUnexpectedParseError();
     return FormulaReason::MissingOperand;
   }
-  operands_.push_back(pop(operators_));
+  operands_.push(operators_.pop());
   return FormulaReason::Done;
 }

@@ -32,11 +32,7 @@ class FormulaParser {
  public:
   FormulaParser(NodeArena& arena, const Units::SymbolTexts& symbols,
                 const Units::UnitMath& unitMath, UnitTermsSource& units)
-      : arena_(arena), symbols_(symbols), unitMath_(unitMath), units_(units) {
-    constexpr std::size_t usualDepth = 8;  // tuning: enough for most formulas
-    operands_.reserve(usualDepth);
-    operators_.reserve(usualDepth);
-  }
+      : arena_(arena), symbols_(symbols), unitMath_(unitMath), units_(units) {}
 
   /// Returns why no formula continues with this token. After a refusal, the parser is of no use.
   FormulaReason take(const FormulaToken& token);
@@ -55,6 +51,8 @@ class FormulaParser {
     BeforeOpenParen,  // after a function or a prefix symbol, which counts as the parenthesis
   };
 
+  [[noreturn]] static void throwUnknownToken();
+
   FormulaReason takeOperator(std::string_view spelling);
   FormulaReason takeBinaryOperator(std::string_view spelling);
   FormulaReason takeUnaryOperator(std::string_view spelling);
@@ -62,7 +60,9 @@ class FormulaParser {
   FormulaReason takeNumber(const FormulaToken& token);
   FormulaReason takeUnitSymbol(std::string_view text);
   FormulaReason takeOpenParen();
+  FormulaReason pushParen();
   FormulaReason takeCloseParen();
+  FormulaReason closeLast();
   FormulaReason close(Expression& opener);
   bool dropUnaryMinus();
 
@@ -79,6 +79,30 @@ class FormulaParser {
   ExpressionStack operators_;
   std::uint32_t tokenCount_ = 0;  // including the one that is being taken
 };
+
+inline FormulaReason FormulaParser::take(const FormulaToken& token) {
+  ++tokenCount_;
+  if (state_ == State::BeforeOpenParen) {
+    if (token.type != FormulaTokenType::OpenParen) return FormulaReason::MissingParentheses;
+    state_ = State::BeforeOperand;
+    return FormulaReason::Done;
+  }
+  switch (token.type) {
+    case FormulaTokenType::Operator:
+      return takeOperator(token.text);
+    case FormulaTokenType::Function:
+      return takeFunction(token.text);
+    case FormulaTokenType::Number:
+      return takeNumber(token);
+    case FormulaTokenType::UnitSymbol:
+      return takeUnitSymbol(token.text);
+    case FormulaTokenType::OpenParen:
+      return takeOpenParen();
+    case FormulaTokenType::CloseParen:
+      return takeCloseParen();
+  }
+  throwUnknownToken();
+}
 
 /// Builds a tree from all tokens of a tokenizer.
 ///

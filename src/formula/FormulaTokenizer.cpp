@@ -1,7 +1,6 @@
 #include "formula/FormulaTokenizer.h"
 
 #include "formula/Refusal.h"
-#include "model/Characters.h"
 #include "text/ValueText.h"
 
 #include <optional>
@@ -24,41 +23,22 @@ FormulaTokenizer::FormulaTokenizer(std::string_view formula, const Units::Symbol
                                    const Units::UnitMath& unitMath, VariableResolver resolver,
                                    int maxSubstitutions)
     : text_(formula),
-      operators_(unitMath),
       symbols_(symbols),
       unitMath_(unitMath),
       resolver_(std::move(resolver)),
       substitutionsLeft_(maxSubstitutions) {}
 
-bool FormulaTokenizer::nextToken(FormulaToken& token) {
-  while (true) {
-    text_.skip(Units::countLeading<Units::isSeparator>(text_.rest()));
-    if (text_.rest().empty()) return false;
-    lastStart_ = text_.rest().size();
-
-    if (operators_.isAtStart(text_.rest())) {
-      takeOperator(token);
-      return true;
-    }
-    const Units::LiteralEnds ends = operators_.findEnds(text_.rest());
-    if (scanValueOrSymbol(token, ends)) return true;
-
-    const std::string_view name = takeTrimmed(ends.ends.front());
-    if (unitMath_.getFunctionMap().find(name) != FormulaFunction::None) {
-      token = {FormulaTokenType::Function, name};
-      return true;
-    }
-    substitute(name);
+bool FormulaTokenizer::takeOperand(FormulaToken& token) {
+  lastStart_ = text_.rest().size();
+  const Units::LiteralEnds& ends = operators_.findEnds(text_.rest());
+  if (scanValueOrSymbol(token, ends)) return true;
+  const std::string_view name = takeTrimmed(ends.ends.front());
+  if (unitMath_.getFunctionMap().find(name) != FormulaFunction::None) {
+    token = {FormulaTokenType::Function, name};
+    return true;
   }
-}
-
-void FormulaTokenizer::takeOperator(FormulaToken& token) {
-  const std::string_view text = text_.rest().substr(0, 1);
-  text_.skip(1);
-  token = {text == "("   ? FormulaTokenType::OpenParen
-           : text == ")" ? FormulaTokenType::CloseParen
-                         : FormulaTokenType::Operator,
-           text};
+  substitute(name);
+  return false;
 }
 
 bool FormulaTokenizer::scanValueOrSymbol(FormulaToken& token, const Units::LiteralEnds& ends) {
@@ -67,7 +47,7 @@ bool FormulaTokenizer::scanValueOrSymbol(FormulaToken& token, const Units::Liter
   // A symbol takes precedence over a literal that is shorter than `longest`. One search suffices: a
   // symbol that a shorter text begins with also begins `longest`, since the operator that follows
   // the shorter text is not a letter.
-  if (!literal || literal->length < longest.size()) {
+  if ((!literal || literal->length < longest.size()) && mayBeSymbol(longest)) {
     std::string_view after = longest;
     if (Units::matchLeadingSymbol(after, std::nullopt, nullptr, symbols_)) {
       token = {FormulaTokenType::UnitSymbol, takeTrimmed(longest.size() - after.size())};
@@ -78,6 +58,11 @@ bool FormulaTokenizer::scanValueOrSymbol(FormulaToken& token, const Units::Liter
   token = {FormulaTokenType::Number, takeTrimmed(literal->length), literal->value, literal->symbol,
            literal->form};
   return true;
+}
+
+bool FormulaTokenizer::mayBeSymbol(std::string_view text) const {
+  return symbols_.anyBeginsAs(text, Units::Placement::Prefix) ||
+         symbols_.anyBeginsAs(text, Units::Placement::Suffix);
 }
 
 std::string_view FormulaTokenizer::takeTrimmed(std::size_t length) {

@@ -3,6 +3,7 @@
 #include "formula/FormulaText.h"
 #include "formula/OperatorSearch.h"
 #include "formula/UnitMath.h"
+#include "model/Characters.h"
 #include "model/SymbolTexts.h"
 
 #include <TrelvonUnits/FormulaReason.h>
@@ -52,7 +53,17 @@ class FormulaTokenizer {
   /// @throws Units::ParseException  an identifier resolves to itself, or a limit of
   ///                                <TrelvonUnits/Limits.h> is reached. Exceptions of
   ///                                the resolver propagate.
-  bool nextToken(FormulaToken& token);
+  bool nextToken(FormulaToken& token) {
+    while (!text_.rest().empty()) {
+      const char next = text_.rest().front();
+      if (OperatorSearch::isOperator(next)) return takeOperator(token), true;
+      if (Units::isSeparator(next))
+        text_.skip(1);
+      else if (takeOperand(token))
+        return true;
+    }
+    return false;
+  }
 
   /// Where the last token or identifier began, as a distance from the end of the text. Replacements
   /// are part of the text once they are put in.
@@ -65,8 +76,20 @@ class FormulaTokenizer {
   Units::FormulaReason refusal() const { return refusal_; }
 
  private:
-  void takeOperator(FormulaToken& token);
+  void takeOperator(FormulaToken& token) {
+    const std::string_view text = text_.rest().substr(0, 1);
+    lastStart_ = text_.rest().size();
+    text_.skip(1);
+    token = {text[0] == '('   ? FormulaTokenType::OpenParen
+             : text[0] == ')' ? FormulaTokenType::CloseParen
+                              : FormulaTokenType::Operator,
+             text};
+  }
+
+  /// Takes a number, symbol or function. Returns false if it replaced an identifier instead.
+  bool takeOperand(FormulaToken& token);
   bool scanValueOrSymbol(FormulaToken& token, const Units::LiteralEnds& ends);
+  bool mayBeSymbol(std::string_view text) const;
   std::string_view takeTrimmed(std::size_t length);
   void substitute(std::string_view identifier);
   void checkSubstitution();

@@ -6,17 +6,16 @@
 #include <utility>
 
 void FunctionExpression::addInput(std::unique_ptr<Expression> input) {
-  inputs_.push_back(std::move(input));
   // If the number of inputs is wrong, `apply` rejects them before they are evaluated.
-  if (inputs_.size() == 1 && findInputFunction(function_))
-    linkOperand(*inputs_.front());
+  if (++inputCount_ == 1 && findInputFunction(function_))
+    linkOperand(std::move(input));
   else
     unlinkOperands();
 }
 
 FormulaReason FunctionExpression::apply(EvaluatedValues& values) const {
   if (function_ == FormulaFunction::Pi) {
-    if (!inputs_.empty()) return FormulaReason::InputNotExpected;
+    if (inputCount_ != 0) return FormulaReason::InputNotExpected;
     values.emplace_back(3.14159265358979);  // 15 digits: seven ulps below the double nearest to pi
     return FormulaReason::Done;
   }
@@ -25,7 +24,7 @@ FormulaReason FunctionExpression::apply(EvaluatedValues& values) const {
     throw std::logic_error(
         "legacy code dbgWarn: Bad FormulaFunction in FunctionExpression::evaluate. "
         "Dresmond 10-Apr-2003");
-  if (inputs_.size() != 1) return FormulaReason::InputMissing;
+  if (inputCount_ != 1) return FormulaReason::InputMissing;
 
   EvaluatedValue& input = values.back();
   const bool hasUnits = function->unitRule != UnitRule::Keep && !input.isUnitless();
@@ -34,8 +33,4 @@ FormulaReason FunctionExpression::apply(EvaluatedValues& values) const {
   if (reason != FormulaReason::Done) return reason;
   const bool takesRoot = function->unitRule == UnitRule::Root && hasUnits;
   return takesRoot ? input.changeableUnits().raiseTo(0.5) : FormulaReason::Done;
-}
-
-void FunctionExpression::removeOperands(Removal& removal) noexcept {
-  for (std::unique_ptr<Expression>& input : inputs_) removal.take(input);
 }

@@ -3,8 +3,8 @@
 #include "formula/Expression.h"
 #include "formula/SpellingTables.h"
 
+#include <cstddef>
 #include <memory>
-#include <vector>
 
 /// A function and its inputs: one, or none for "pi()". Other counts are rejected on evaluation.
 class FunctionExpression final : public Expression {
@@ -13,14 +13,12 @@ class FunctionExpression final : public Expression {
 
   explicit FunctionExpression(FormulaFunction function)
       : Expression(nodeKind), function_(function) {}
-  ~FunctionExpression() override { deleteOperands(); }
 
   void addInput(std::unique_ptr<Expression> input);
 
  private:
   FormulaReason apply(EvaluatedValues& values) const override;
-  void removeOperands(Removal& removal) noexcept override;
 
   const FormulaFunction function_;
-  std::vector<std::unique_ptr<Expression>> inputs_;
+  std::size_t inputCount_ = 0;
 };

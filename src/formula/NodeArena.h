@@ -8,8 +8,7 @@
 #include <vector>
 
 /// Allocates the nodes of one formula's tree in blocks. The first block is part of the arena
-/// itself. Deleting a node runs its destructor; all memory is freed with the arena, which must
-/// outlive the tree.
+/// itself. All memory is freed with the arena, which must outlive the tree.
 class NodeArena {
  public:
   NodeArena() = default;

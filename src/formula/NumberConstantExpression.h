@@ -17,7 +17,6 @@ class NumberConstantExpression final : public Expression {
 
  private:
   FormulaReason apply(EvaluatedValues& values) const override;
-  void removeOperands(Removal&) noexcept override {}
 
   const double value_;
   const UnitPowers* const units_ = nullptr;

@@ -8,29 +8,13 @@
 #include <stdexcept>
 #include <utility>
 
-namespace {
-
-bool opensParenthesis(const Expression& expression) {
-  return expression.kind() == ExpressionKind::Function ||
-         expression.kind() == ExpressionKind::Paren || expression.kind() == ExpressionKind::Symbol;
-}
-
-}  // namespace
-
 void throwUnexpectedParseError() {
   throw std::logic_error("legacy code dbgWarn: Unexpected parse error. Dresmond 9-May-2004");
 }
 
 std::unique_ptr<Expression> pop(ExpressionStack& stack) {
   if (stack.empty()) throw Units::ParseException("Expected an expression.");
-  std::unique_ptr<Expression> top = std::move(stack.back());
-  stack.pop_back();
-  return top;
-}
-
-std::unique_ptr<Expression> popOperand(ExpressionStack& operands) {
-  if (operands.empty()) throwUnexpectedParseError();
-  return pop(operands);
+  return stack.pop();
 }
 
 int getPriority(const Expression& expression) {
@@ -55,17 +39,13 @@ int getPriority(const Expression& expression) {
       "legacy code dbgWarn: Unknown binary operator in getPriority. Dresmond 10-Apr-2003");
 }
 
-void reduceOperators(ExpressionStack& operands, ExpressionStack& operators, int priority) {
-  while (!operators.empty() && !opensParenthesis(*operators.back())) {
-    const int priorityOfTop = getPriority(*operators.back());
-    if (priority != 0 && priority > priorityOfTop) return;
-    std::unique_ptr<Expression> top = pop(operators);
-    if (auto* const unary = nodeAs<UnaryOperatorExpression>(top.get())) {
-      unary->setOperand(popOperand(operands));
-    } else if (auto* const binary = nodeAs<BinaryOperatorExpression>(top.get())) {
-      std::unique_ptr<Expression> right = popOperand(operands);
-      binary->setOperands(popOperand(operands), std::move(right));
-    }
-    operands.push_back(std::move(top));
+void reduceOperator(ExpressionStack& operands, ExpressionStack& operators) {
+  std::unique_ptr<Expression> top = operators.pop();
+  if (auto* const unary = nodeAs<UnaryOperatorExpression>(top.get())) {
+    unary->setOperand(popOperand(operands));
+  } else if (auto* const binary = nodeAs<BinaryOperatorExpression>(top.get())) {
+    std::unique_ptr<Expression> right = popOperand(operands);
+    binary->setOperands(popOperand(operands), std::move(right));
   }
+  operands.push(std::move(top));
 }

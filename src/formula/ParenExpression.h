@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <utility>
 
 /// An expression in parentheses. Until it is set, a marker for open parentheses. Adjacent open
 /// parentheses share a node, so a thousand of them take no more memory than one.
@@ -12,18 +13,19 @@ class ParenExpression final : public Expression {
   static constexpr ExpressionKind nodeKind = ExpressionKind::Paren;
 
   ParenExpression() : Expression(nodeKind) {}
-  ~ParenExpression() override { deleteOperands(); }
 
   void openAnother() { ++open_; }
-  /// Returns whether this closed the last open one.
-  bool closeOne() { return --open_ == 0; }
+  /// Closes one unless it is the last open one, which `setInner` closes. Returns whether it did.
+  bool closeOneOfMany() {
+    if (open_ == 1) return false;
+    --open_;
+    return true;
+  }
 
-  void setInner(std::unique_ptr<Expression> inner);
+  void setInner(std::unique_ptr<Expression> inner) { linkOperand(std::move(inner)); }
 
  private:
   FormulaReason apply(EvaluatedValues& values) const override;
-  void removeOperands(Removal& removal) noexcept override { removal.take(inner_); }
 
   std::size_t open_ = 1;
-  std::unique_ptr<Expression> inner_;
 };

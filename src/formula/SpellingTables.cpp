@@ -1,14 +1,8 @@
 #include "formula/SpellingTables.h"
 
-void BinaryOperatorMap::populate() const {
-  add("+", FormulaBinaryOperator::Add);
-  add("-", FormulaBinaryOperator::Subtract);
-  add("*", FormulaBinaryOperator::Multiply);
-  add("/", FormulaBinaryOperator::Divide);
-  add("^", FormulaBinaryOperator::Power);
-}
+void BinaryOperatorMap::populate() const { addBytes(binaryOperators); }
 
-void UnaryOperatorMap::populate() const { add("-", FormulaUnaryOperator::Negate); }
+void UnaryOperatorMap::populate() const { addBytes(unaryOperators); }
 
 void FunctionMap::populate() const {
   add("sin", FormulaFunction::Sin);

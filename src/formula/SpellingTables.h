@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -7,6 +8,10 @@
 #include <string_view>
 
 /// The spellings of the operators and functions of the formula language. No table contains None.
+
+/// Each operator is one byte: in the order of their enumerations, from 1.
+inline constexpr std::string_view binaryOperators = "+-*/^";
+inline constexpr std::string_view unaryOperators = "-";
 
 enum class FormulaBinaryOperator : std::int32_t {
   None = 0,
@@ -52,6 +57,7 @@ class ValStringMap {
   /// `E::None` if no entry has this spelling.
   E find(std::string_view spelling) const {
     const Spellings& all = spellings();
+    if (spelling.size() == 1) return ofByte_[static_cast<unsigned char>(spelling[0])];
     const auto found = all.find(spelling);
     return found == all.end() ? E::None : found->second;
   }
@@ -74,9 +80,16 @@ class ValStringMap {
   virtual void populate() const = 0;
 
   /// An entry replaces earlier entries with the same spelling or value.
-  void add(const char* spelling, E value) const {
-    stringToValue_[spelling] = value;
+  void add(std::string_view spelling, E value) const {
+    stringToValue_[std::string(spelling)] = value;
     valueToString_[value] = spelling;
+    if (spelling.size() == 1) ofByte_[static_cast<unsigned char>(spelling[0])] = value;
+  }
+
+  /// Adds spellings of one byte each, with the values from 1 on.
+  void addBytes(std::string_view spellings) const {
+    for (std::size_t i = 0; i < spellings.size(); ++i)
+      add(spellings.substr(i, 1), static_cast<E>(i + 1));
   }
 
  private:
@@ -89,6 +102,7 @@ class ValStringMap {
   mutable bool initialized_ = false;
   mutable Spellings stringToValue_;
   mutable std::map<E, std::string> valueToString_;
+  mutable std::array<E, 256> ofByte_ = {};  // the spellings of one byte
 };
 
 class BinaryOperatorMap : public ValStringMap<FormulaBinaryOperator> {

@@ -13,11 +13,6 @@ SymbolExpression::SymbolExpression(const Units::Symbol& symbol, UnitTermsSource&
   setOperand(std::move(operand));
 }
 
-void SymbolExpression::setOperand(std::unique_ptr<Expression> operand) {
-  operand_ = std::move(operand);
-  linkOperand(*operand_);
-}
-
 FormulaReason SymbolExpression::apply(EvaluatedValues& values) const {
   EvaluatedValue& operand = values.back();
   if (!operand.isUnitless()) return FormulaReason::SymbolAfterUnits;

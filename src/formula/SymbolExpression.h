@@ -6,6 +6,7 @@
 #include <TrelvonUnits/Symbol.h>
 
 #include <memory>
+#include <utility>
 
 /// An expression in parentheses with a unit symbol before or after it.
 class SymbolExpression final : public Expression {
@@ -17,15 +18,12 @@ class SymbolExpression final : public Expression {
   /// For a suffix symbol.
   SymbolExpression(const Units::Symbol& symbol, UnitTermsSource& units,
                    std::unique_ptr<Expression> operand);
-  ~SymbolExpression() override { deleteOperands(); }
 
-  void setOperand(std::unique_ptr<Expression> operand);
+  void setOperand(std::unique_ptr<Expression> operand) { linkOperand(std::move(operand)); }
 
  private:
   FormulaReason apply(EvaluatedValues& values) const override;
-  void removeOperands(Removal& removal) noexcept override { removal.take(operand_); }
 
   const Units::Symbol& symbol_;  // in the registry
   UnitTermsSource& units_;
-  std::unique_ptr<Expression> operand_;
 };

@@ -4,9 +4,8 @@
 #include <utility>
 
 void UnaryOperatorExpression::setOperand(std::unique_ptr<Expression> operand) {
-  operand_ = std::move(operand);
   // `apply` rejects other operators before their operand is evaluated.
-  if (op_ == FormulaUnaryOperator::Negate) linkOperand(*operand_);
+  if (op_ == FormulaUnaryOperator::Negate) linkOperand(std::move(operand));
 }
 
 FormulaReason UnaryOperatorExpression::apply(EvaluatedValues& values) const {

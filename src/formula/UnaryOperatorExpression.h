@@ -11,15 +11,12 @@ class UnaryOperatorExpression final : public Expression {
   static constexpr ExpressionKind nodeKind = ExpressionKind::UnaryOperator;
 
   explicit UnaryOperatorExpression(FormulaUnaryOperator op) : Expression(nodeKind), op_(op) {}
-  ~UnaryOperatorExpression() override { deleteOperands(); }
 
   FormulaUnaryOperator getOperator() const { return op_; }
   void setOperand(std::unique_ptr<Expression> operand);
 
  private:
   FormulaReason apply(EvaluatedValues& values) const override;
-  void removeOperands(Removal& removal) noexcept override { removal.take(operand_); }
 
   const FormulaUnaryOperator op_;
-  std::unique_ptr<Expression> operand_;
 };

@@ -39,10 +39,12 @@ std::int32_t truncate(double exponent) {
 
 UnitPowers::UnitPowers(const Units::Powers& powers) : settled_(powers.size()) {
   powers_.reserve(powers.size());
+  UnitPower* end = powers_.end();
   for (const auto& [unit, exponent] : powers) {
-    powers_.push_back({unit, static_cast<double>(exponent)});
+    *end++ = {unit, static_cast<double>(exponent)};
     hasZeros_ = hasZeros_ || exponent == 0;
   }
+  powers_.setEnd(end);
 }
 
 /// Appends the shorter list to the longer one. Swapping the sides changes no result, because a + b
@@ -78,7 +80,7 @@ void UnitPowers::mergeAdded() {
   const UnitPower* known = powers_.begin();
   UnitPower* const added = powers_.begin() + settled_;
   sortByUnit(added, powers_.end());
-  Units::ShortList<UnitPower, 2> merged;
+  List merged;
   merged.reserve(powers_.size());
   for (const UnitPower* next = added; next != powers_.end();) {
     for (; known != added && isBefore(*known, *next); ++known) merged.push_back(*known);

@@ -55,11 +55,13 @@ class UnitPowers {
   const UnitPower* end() const { return powers_.end(); }
 
  private:
+  using List = Units::ShortList<UnitPower, 4>;  // tuning: the units of most values
+
   void combine(UnitPowers&& other, double sign);
   void append(const UnitPowers& other, double sign);
   void mergeAdded();
 
-  Units::ShortList<UnitPower, 2> powers_;
+  List powers_;
   std::size_t settled_ = 0;  // this many powers are sorted and merged
   double sign_ = 1.0;        // to multiply all exponents by
   bool hasZeros_ = false;    // true for a unit whose parents cancel

@@ -1,7 +1,8 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
+#include <cstdint>
+#include <cstring>
 #include <map>
 #include <string_view>
 #include <utility>
@@ -11,7 +12,7 @@ namespace Units {
 
 /// An ordered map with string keys and a hash table in front, which answers nearly all lookups.
 ///
-/// Keys may come from an attacker, and std::hash is the same in every process, so any number of
+/// Keys may come from an attacker, and the hash is the same in every process, so any number of
 /// keys may share a hash. Therefore the table is only a shortcut. A key's hash selects a few slots;
 /// if all of them are taken, the key is found only in the map. No choice of keys makes a lookup
 /// slower than a search of the map plus a few comparisons, and no result depends on the hashes.
@@ -89,7 +90,21 @@ class IndexedMap {
   // At most half of the slots are taken, so nearly all keys fit unless they were chosen to collide.
   static constexpr std::size_t slotsPerKey = 8;  // tuning
 
-  static std::size_t hashOf(std::string_view key) { return std::hash<std::string_view>()(key); }
+  /// Reads eight bytes at a time, the last ones twice if need be. Much faster than std::hash.
+  static std::size_t hashOf(std::string_view key) {
+    constexpr std::size_t step = sizeof(std::uint64_t);
+    std::uint64_t hash = key.size();
+    const auto take = [&](const char* bytes, std::size_t count) {
+      std::uint64_t word = 0;
+      std::memcpy(&word, bytes, count);
+      hash = (hash ^ word) * 0x9E3779B97F4A7C15;  // tuning: 2^64 / golden ratio; odd
+      hash ^= hash >> 32;
+    };
+    if (key.size() < step) return take(key.data(), key.size()), hash;
+    const char* const last = key.data() + key.size() - step;
+    for (const char* at = key.data(); at < last; at += step) take(at, step);
+    return take(last, step), hash;
+  }
 
   const Slot* firstSlot(std::size_t hash) const { return &slots_[hash & (capacity_ - 1)]; }
 

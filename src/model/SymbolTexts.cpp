@@ -10,8 +10,6 @@ namespace Units {
 
 namespace {
 
-std::size_t indexOf(Placement placement) { return placement == Placement::Prefix ? 0 : 1; }
-
 std::string_view textOf(const Symbol& symbol) {
   return RecordAccess::text(*RecordAccess::prefixOrSuffix(symbol));
 }

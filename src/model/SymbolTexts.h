@@ -29,6 +29,12 @@ class SymbolTexts {
   /// Moves the symbols of another index to this one. Does not allocate or throw.
   void merge(SymbolTexts&& other) noexcept;
 
+  /// Whether the text of any symbol of a placement has the first byte of `text`. Decides most
+  /// searches quickly.
+  bool anyBeginsAs(std::string_view text, Placement placement) const {
+    return texts_[indexOf(placement)].anyBeginsAs(text);
+  }
+
   /// The symbol with the longest non-empty text that `text` begins with, or null. Considers only
   /// the given placement, if any. The symbol's text must not be followed by a letter (of the C
   /// locale) in `text`.
@@ -42,6 +48,8 @@ class SymbolTexts {
 
  private:
   using Texts = TextTree<const Symbol*>;  // keys are views of the records' texts
+
+  static std::size_t indexOf(Placement placement) { return placement == Placement::Prefix ? 0 : 1; }
 
   void add(const Symbol& symbol);
 

@@ -30,6 +30,9 @@ class TextTree {
     return *this;
   }
 
+  /// Whether any key has the first byte of a text.
+  bool anyBeginsAs(std::string_view text) const { return rootOf(text) != nullptr; }
+
   /// Null if there is no such key.
   const Value* find(std::string_view text) const {
     const Node* const root = rootOf(text);
@@ -44,19 +47,24 @@ class TextTree {
   const Value* findLongestPrefix(std::string_view text, Accepts accepts) const {
     const Node* const root = rootOf(text);
     if (!root) return nullptr;
-    const Node& end = descend(*root, text);
-    const std::size_t common = commonLength(end.text, text);
-    if (common == end.text.size() && accepts(common)) return &end.value;
-
-    // Shorter prefixes branch off the same path, each at the presence bit after its last byte.
     const Value* longest = nullptr;
+    std::size_t compared = 0;  // bytes that the text shares with all keys from here on
+    const auto beginsWith = [&](std::string_view key) {
+      const std::size_t shorter = std::min(key.size(), text.size());
+      while (compared < shorter && text[compared] == key[compared]) ++compared;
+      return compared == key.size();
+    };
     const Node* node = root->next[1];
-    for (Bit last = 0; node->bit > last && placeOf(node->bit) <= common;) {
+    for (Bit last = 0; node->bit > last;) {
       last = node->bit;
-      if (isPresence(last) && accepts(placeOf(last))) longest = &node->next[0]->value;
-      node = node->next[valueOf(last, text)];
+      const unsigned side = valueOf(last, text);
+      if (isPresence(last) && side == 1) {  // a key ends here, others go on
+        if (!beginsWith(node->next[0]->text)) return longest;
+        if (accepts(compared)) longest = &node->next[0]->value;
+      }
+      node = node->next[side];
     }
-    return longest;
+    return beginsWith(node->text) && accepts(compared) ? &node->value : longest;
   }
 
   /// Adds a key if it is not in the tree yet. If it throws, nothing has changed.

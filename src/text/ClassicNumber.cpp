@@ -38,7 +38,8 @@ LeadingNumber readClassicDouble(std::string_view text) {
   const bool negative = signedText && text[start] == '-';
   if (signedText) ++start;
   text.remove_prefix(start);
-  LeadingNumber number = readHexadecimal(text);
+  LeadingNumber number;
+  if (text.size() > 1 && (text[1] == 'x' || text[1] == 'X')) number = readHexadecimal(text);
   if (number.length == 0) number = readDecimal(text);
   if (number.length == 0) return {};
   return {negative ? -number.value : number.value, start + number.length};

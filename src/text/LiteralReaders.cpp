@@ -1,7 +1,5 @@
 #include "text/LiteralReaders.h"
 
-#include "model/Characters.h"
-
 #include <cmath>
 #include <cstddef>
 
@@ -15,12 +13,6 @@ bool beginsWithWord(std::string_view text, std::string_view word) {
 }
 
 }  // namespace
-
-bool stripSpaces(std::string_view& text) {
-  const std::size_t spaces = countLeading<isSpace>(text);
-  text.remove_prefix(spaces);
-  return spaces > 0;
-}
 
 bool isAtEnd(std::string_view text) {
   stripSpaces(text);

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "model/Characters.h"
 #include "text/ClassicNumber.h"
 
 #include <array>
+#include <cstddef>
 #include <string_view>
 
 namespace Units {
@@ -25,7 +27,11 @@ inline constexpr Words slash = {"/"};
 inline constexpr Words plus = {"+"};
 
 /// Removes leading spaces. Returns whether there were any.
-bool stripSpaces(std::string_view& text);
+inline bool stripSpaces(std::string_view& text) {
+  const std::size_t spaces = countLeading<isSpace>(text);
+  text.remove_prefix(spaces);
+  return spaces > 0;
+}
 
 /// Whether nothing but spaces is left.
 bool isAtEnd(std::string_view text);

@@ -6,6 +6,7 @@
 #include "text/LiteralReaders.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace Units {
 
@@ -57,34 +58,52 @@ struct CompositeReader {
   std::string_view markBytes;  // the first bytes of the marks that may come first in a literal
 };
 
-constexpr CompositeReader compositeReaders[] = {
+constexpr std::array<CompositeReader, 4> compositeReaders = {{
     {readInchesOnly, CompositeForm::FeetAndInches, "\"'i"},
     {readFeetAndInches, CompositeForm::FeetAndInches, "\"'fi"},
     {readDegreesMinutesSeconds, CompositeForm::DegreesMinutesSeconds, "\"'\xC2"},
     {readMetersAndCentimeters, CompositeForm::MetersAndCentimeters, "cm"},
-};
+}};
 
-/// Whether a composite literal may have a byte before its first mark.
-bool isBeforeMarks(char c) {
-  return isDigit(c) || c == '.' || c == '+' || c == '-' || c == '/' || isWhiteSpace(c);
-}
+constexpr unsigned anyReader = (1u << compositeReaders.size()) - 1;
+constexpr unsigned beforeMarks = anyReader + 1;  // a byte that may precede the first mark
+
+/// By the byte behind the first number, which readers a composite literal may be for: a bit each.
+/// The byte may also be part of the number.
+constexpr std::array<std::uint8_t, 256> readersByMark = [] {
+  std::array<std::uint8_t, 256> readers = {};
+  const auto mark = [&](std::string_view bytes, unsigned bits) {
+    for (const char c : bytes) {
+      std::uint8_t& ofByte = readers[static_cast<unsigned char>(c)];
+      ofByte = static_cast<std::uint8_t>(ofByte | bits);
+    }
+  };
+  for (std::size_t i = 0; i < compositeReaders.size(); ++i)
+    mark(compositeReaders[i].markBytes, 1u << i);
+  mark("eExX", anyReader);
+  mark("0123456789.+-/\x20\t\n\v\f\r", beforeMarks);
+  return readers;
+}();
+
+unsigned readersFor(char mark) { return readersByMark[static_cast<unsigned char>(mark)]; }
+
+bool isBeforeMarks(char c) { return readersFor(c) == beforeMarks; }
 
 /// `5' 6"`, `10D 30'`, `2m 35cm`
 Reading readComposite(std::string_view text, const SymbolTexts& symbols) {
   constexpr std::size_t glanceBytes = 64;  // more than people write before a mark
-  constexpr std::string_view partsOfNumbers = "eExX";
   Reading reading;
   const std::string_view glance = text.substr(0, glanceBytes);
   const std::size_t markAt = countLeading<isBeforeMarks>(glance);
   if (markAt == 0 || markAt == text.size()) return reading;  // no number, or nothing but numbers
-  const bool mayBeAnyForm =
-      markAt == glance.size() || partsOfNumbers.find(text[markAt]) != std::string_view::npos;
-  for (const CompositeReader& reader : compositeReaders) {
-    if (!mayBeAnyForm && reader.markBytes.find(text[markAt]) == std::string_view::npos) continue;
+  unsigned readers = markAt == glance.size() ? anyReader : readersFor(text[markAt]);
+  for (const CompositeReader* reader = compositeReaders.data(); readers != 0;
+       ++reader, readers /= 2) {
+    if (readers % 2 == 0) continue;
     reading.taken = text.size();  // a reader of a whole text may depend on all of it
-    if (!reader.read(text, reading.value)) continue;
-    reading.symbol = symbols.composite(reader.form);
-    reading.form = reader.form;
+    if (!reader->read(text, reading.value)) continue;
+    reading.symbol = symbols.composite(reader->form);
+    reading.form = reader->form;
     reading.literalEnd = text.size();
     break;
   }
@@ -94,26 +113,35 @@ Reading readComposite(std::string_view text, const SymbolTexts& symbols) {
 /// The longest of `ends` that a composite literal may have: no such literal holds one of the
 /// operators below.
 std::size_t lastCompositeEnd(std::string_view text, const LiteralEnds& ends) {
-  constexpr std::string_view operatorsInNoComposite = "()*^";
-  for (std::size_t i = 0; i + 1 < ends.count; ++i)
-    if (operatorsInNoComposite.find(text[ends.ends[i]]) != std::string_view::npos)
-      return ends.ends[i];
+  for (std::size_t i = 0; i + 1 < ends.count; ++i) {
+    const char c = text[ends.ends[i]];
+    if (c == '(' || c == ')' || c == '*' || c == '^') return ends.ends[i];
+  }
   return text.size();
 }
 
-/// Reads ever shorter beginnings of a text by one form, anew only where it must.
-struct FormReader {
-  Form* form;
-  std::size_t longest;  // longer texts are not of the form
-  Reading reading = {notRead};
+/// A text in which literals are looked for.
+struct Search {
+  std::string_view text;  // behind the sign
+  std::size_t start;      // bytes of the sign
+  const LiteralEnds& ends;
+  const SymbolTexts& symbols;
 
-  static constexpr std::size_t notRead = std::string_view::npos;  // any text is shorter
-
-  /// Whether the first `length` bytes of a text are a literal of the form; `reading` then is its.
-  bool reads(std::string_view text, std::size_t length, const SymbolTexts& symbols) {
-    if (length > longest) return false;
-    if (length < reading.taken) reading = form(text.substr(0, length), symbols);
-    return length <= reading.literalEnd;
+  /// Replaces `literal` by the longest one of a form if that is longer.
+  ///
+  /// @param longest  longer texts are not of the form.
+  template <Form form>
+  void findLonger(std::size_t longest, ValueLiteral& literal) const {
+    std::size_t count = ends.count;
+    while (count > 0 && ends.ends[count - 1] > longest) --count;
+    Reading reading = {std::string_view::npos};  // of no text: all are shorter
+    for (; count > 0 && ends.ends[count - 1] > literal.length; --count) {
+      const std::size_t length = ends.ends[count - 1] - start;
+      if (length < reading.taken) reading = form(text.substr(0, length), symbols);
+      if (length > reading.literalEnd) continue;
+      literal = {start + length, reading.value, reading.symbol, reading.form};
+      return;
+    }
   }
 };
 
@@ -131,23 +159,20 @@ bool parseValueText(std::string_view text, double* value, const Symbol** symbol,
 std::optional<ValueLiteral> parseLongestValueText(std::string_view text, const LiteralEnds& ends,
                                                   const SymbolTexts& symbols) {
   std::string_view unsignedText = text;
-  const bool negative = stripLeadingWord(unsignedText, minus);
+  stripSpaces(unsignedText);
+  const bool negative = !unsignedText.empty() && unsignedText.front() == '-';
+  if (negative) unsignedText.remove_prefix(1);
+  stripSpaces(unsignedText);
   const std::size_t start = text.size() - unsignedText.size();
-  const std::size_t compositeEnd = std::max(lastCompositeEnd(text, ends), start);
-  FormReader readers[] = {{readNumberFirst, unsignedText.size()},
-                          {readPrefixFirst, unsignedText.size()},
-                          {readComposite, compositeEnd - start}};
-
-  for (std::size_t count = ends.count; count > 0 && ends.ends[count - 1] > start; --count) {
-    const std::size_t length = ends.ends[count - 1] - start;
-    for (FormReader& reader : readers) {
-      const Reading& found = reader.reading;
-      if (reader.reads(unsignedText, length, symbols))
-        return ValueLiteral{start + length, negative ? -found.value : found.value, found.symbol,
-                            found.form};
-    }
-  }
-  return std::nullopt;
+  const Search search = {unsignedText, start, ends, symbols};
+  ValueLiteral literal = {start, 0.0, nullptr, std::nullopt};
+  search.findLonger<readNumberFirst>(text.size(), literal);
+  if (symbols.anyBeginsAs(unsignedText, Placement::Prefix))
+    search.findLonger<readPrefixFirst>(text.size(), literal);
+  search.findLonger<readComposite>(lastCompositeEnd(text, ends), literal);
+  if (literal.length == start) return std::nullopt;
+  if (negative) literal.value = -literal.value;
+  return literal;
 }
 
 bool matchLeadingSymbol(std::string_view& text, std::optional<Placement> placement,

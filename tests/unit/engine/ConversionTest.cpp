@@ -97,6 +97,18 @@ TEST(UnitQueries, GiveTheUnitsThatFit) {
   EXPECT_EQ(written(engine->getUnitsWithPrimitivePowers({})), "None;");
 }
 
+TEST(UnitQueries, CompareExponentsThatAreClamped) {
+  const auto engine = filledEngine();
+  const auto add = [&](const char* name, const char* parent, int exponent) {
+    engine->addUnit({name, name, System::Metric,
+                     DerivedUnitComponent({{parent, exponent}}, FactorComponent(1.0))});
+  };
+  add("Big", "M", 2147483647);
+  add("Bigger", "Big", 2);
+  add("PerBig", "Big", -1);
+  EXPECT_EQ(written(engine->getConvertibleUnits("Big")), "Big;Bigger;PerBig;");
+}
+
 TEST(UnitQueries, AskForSymbolsAndQuantitiesByUnit) {
   const auto engine = filledEngine();
   const auto unit = [&](const char* typeId) { return engine->getUnit(typeId); };

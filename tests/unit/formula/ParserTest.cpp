@@ -117,8 +117,8 @@ TEST(Reduction, NeedsItsOperands) {
       ExpressionStack operands;
       ExpressionStack operators;
       for (std::size_t made = 0; made < count; ++made)
-        operands.push_back(arena.make<ParenExpression>());
-      operators.push_back(isUnary ? unary() : binary(1));
+        operands.push(arena.make<ParenExpression>());
+      operators.push(isUnary ? unary() : binary(1));
       EXPECT_EQ(messageOf<std::logic_error>([&] { reduceOperators(operands, operators, 0); }),
                 unexpected);
     }
