@@ -92,6 +92,7 @@ class IndexedMap {
 
   /// Reads eight bytes at a time, the last ones twice if need be. Much faster than std::hash.
   static std::size_t hashOf(std::string_view key) {
+    if (key.empty()) return 0;
     constexpr std::size_t step = sizeof(std::uint64_t);
     std::uint64_t hash = key.size();
     const auto take = [&](const char* bytes, std::size_t count) {
