@@ -5,7 +5,9 @@
 
 #include <rapidjson/error/en.h>
 
+#include <algorithm>
 #include <array>
+#include <functional>
 #include <stdexcept>
 #include <utility>
 
@@ -24,22 +26,14 @@ struct JSON::Document {
   std::string text;                                    // the strings of the document point into it
   alignas(std::max_align_t) std::array<char, firstPoolBytes> firstOfPool;
   RapidPool pool{firstOfPool.data(), firstOfPool.size()};
-  RapidDocument root{&pool, firstStackBytes};
+  ThrowingAllocator heap;  // of the parse's stacks
+  RapidDocument root{&pool, firstStackBytes, &heap};
 };
 
 namespace {
 
 std::string_view textOf(const RapidValue& string) {
   return {string.GetString(), string.GetStringLength()};
-}
-
-/// The first member that `key` names, or null; null too if the value is not an object, such as the
-/// root of a text that is an array.
-RapidValue* findMember(RapidValue& value, std::string_view key) {
-  if (!value.IsObject()) return nullptr;
-  for (auto& member : value.GetObject())
-    if (textOf(member.name) == key) return &member.value;
-  return nullptr;
 }
 
 /// A string in the owner's memory.
@@ -56,15 +50,12 @@ void raiseError(ExceptionFactory& factory, const std::string& message) {
 }
 
 JSON::JSON(std::unique_ptr<Document> document) noexcept
-    : document_(std::move(document)),
-      value_(&document_->root),
-      errors_(document_->exceptionFactory.get()) {}
+    : JsonView(&document->root, document->exceptionFactory.get()), document_(std::move(document)) {}
 
 JSON::JSON(std::unique_ptr<RapidValue> value) noexcept
-    : own_(std::move(value)), value_(own_.get()) {}
+    : JsonView(value.get()), own_(std::move(value)) {}
 
-JSON::JSON(RapidValue& viewed, ExceptionFactory* errors) noexcept
-    : value_(&viewed), errors_(errors) {}
+JSON::JSON(JsonView view) noexcept : JsonView(view) {}
 
 JSON::JSON(bool value) : JSON(std::make_unique<RapidValue>(value)) {}
 JSON::JSON(double value) : JSON(std::make_unique<RapidValue>(value)) {}
@@ -110,42 +101,54 @@ JSON JSON::makeArray(JSON& owner, std::vector<JSON>&& items) {
   return JSON(std::move(array));
 }
 
-bool JSON::hasMember(std::string_view key) const { return findMember(*value_, key) != nullptr; }
+bool JsonView::isObject() const { return value_ && value_->IsObject(); }
+bool JsonView::isArray() const { return value_ && value_->IsArray(); }
+bool JsonView::isString() const { return value_ && value_->IsString(); }
+bool JsonView::isNumber() const { return value_ && value_->IsNumber(); }
+bool JsonView::isBool() const { return value_ && value_->IsBool(); }
 
-JSON JSON::getMember(std::string_view key) const {
-  static RapidValue none;  // nothing is written through a view
-  RapidValue* const member = findMember(*value_, key);
-  return JSON(member ? *member : none, errors_);
+std::string_view JsonView::getStringView() const { return value_->GetString(); }
+
+double JsonView::getNumber() const { return value_->GetDouble(); }
+
+bool JsonView::getBool() const { return value_ && value_->IsTrue(); }
+
+JsonView JsonView::findMember(std::string_view key) const {
+  if (isObject())
+    for (auto& member : value_->GetObject())
+      if (textOf(member.name) == key) return JsonView(&member.value, errors_);
+  return JsonView();
 }
 
-bool JSON::isObject() const { return value_->IsObject(); }
-bool JSON::isArray() const { return value_->IsArray(); }
-bool JSON::isString() const { return value_->IsString(); }
-bool JSON::isNumber() const { return value_->IsNumber(); }
-bool JSON::isBool() const { return value_->IsBool(); }
+std::size_t JsonView::elementCount() const { return value_->Size(); }
 
-std::string JSON::getString() const { return std::string(getStringView()); }
-
-std::string_view JSON::getStringView() const { return value_->GetString(); }
-
-double JSON::getNumber() const { return value_->GetDouble(); }
-
-bool JSON::getBool() const { return value_->IsTrue(); }
-
-std::vector<JSON> JSON::getArray() const {
-  const auto elements = value_->GetArray();
-  std::vector<JSON> views;
-  views.reserve(elements.Size());
-  for (RapidValue& element : elements) views.push_back(JSON(element, errors_));
-  return views;
+JsonView JsonView::element(std::size_t number) const {
+  return JsonView(value_->Begin() + number, errors_);
 }
 
-std::map<std::string, int> JSON::getStringIntMap(std::size_t* reading) const {
-  std::map<std::string, int> map;
-  if (!isObject()) return map;
-  std::size_t number = 0;
+namespace {
+
+/// Sorts members by name and keeps the last of each name.
+template <class Value>
+void keepLast(std::vector<std::pair<std::string_view, Value>>& members) {
+  // Names lie in the text, in its order.
+  std::sort(members.begin(), members.end(), [](const auto& a, const auto& b) {
+    const int order = a.first.compare(b.first);
+    return order != 0 ? order < 0 : std::less<>()(a.first.data(), b.first.data());
+  });
+  const auto isFollowed = [](const auto& a, const auto& b) { return a.first == b.first; };
+  const auto kept = std::unique(members.rbegin(), members.rend(), isFollowed);
+  members.erase(members.begin(), kept.base());
+}
+
+}  // namespace
+
+JsonView::Integers JsonView::readIntegers(std::size_t* reading) const {
+  Integers integers;
+  if (!isObject()) return integers;
+  integers.reserve(value_->MemberCount());
   for (const auto& member : value_->GetObject()) {
-    if (reading) *reading = number++;
+    if (reading) *reading = integers.size();
     if (!member.name.IsString())
       raiseError(*errors_,
                  "Expected a map with string keys and integer values, but key was not a string.");
@@ -153,24 +156,65 @@ std::map<std::string, int> JSON::getStringIntMap(std::size_t* reading) const {
       raiseError(*errors_,
                  "Expected a map with string keys and integer values, but value was not an "
                  "integer.");
-    map.insert_or_assign(std::string(textOf(member.name)), member.value.GetInt());
+    integers.emplace_back(textOf(member.name), member.value.GetInt());
   }
-  return map;
+  return integers;
 }
 
-std::map<std::string, std::string> JSON::getStringStringMap(std::size_t* reading) const {
-  std::map<std::string, std::string> map;
-  if (!isObject()) return map;
-  std::size_t number = 0;
+JsonView::Strings JsonView::readStrings(std::size_t* reading) const {
+  Strings strings;
+  if (!isObject()) return strings;
+  strings.reserve(value_->MemberCount());
   for (const auto& member : value_->GetObject()) {
-    if (reading) *reading = number++;
+    if (reading) *reading = strings.size();
     if (!member.name.IsString())
       raiseError(*errors_, "Expected a map with string keys and values, but key was not a string.");
     if (!member.value.IsString())
       raiseError(*errors_,
                  "Expected a map with string keys and values, but value was not a string.");
-    map.insert_or_assign(std::string(textOf(member.name)), member.value.GetString());
+    strings.emplace_back(textOf(member.name), member.value.GetString());
   }
+  return strings;
+}
+
+JsonView::Integers JsonView::getIntegers(std::size_t* reading) const {
+  Integers integers = readIntegers(reading);
+  keepLast(integers);
+  return integers;
+}
+
+JsonView::Strings JsonView::getStrings(std::size_t* reading) const {
+  Strings strings = readStrings(reading);
+  keepLast(strings);
+  return strings;
+}
+
+JSON JSON::getMember(std::string_view key) const {
+  static RapidValue none;  // nothing is written through a view
+  JSON member(findMember(key));
+  if (!member.value_) member.value_ = &none;
+  return member;
+}
+
+std::vector<JSON> JSON::getArray() const {
+  std::vector<JSON> views;
+  views.reserve(elementCount());
+  for (std::size_t number = 0; number < elementCount(); ++number)
+    views.push_back(JSON(element(number)));
+  return views;
+}
+
+std::map<std::string, int> JSON::getStringIntMap() const {
+  std::map<std::string, int> map;
+  for (const auto& [name, integer] : readIntegers(nullptr))
+    map.insert_or_assign(std::string(name), integer);
+  return map;
+}
+
+std::map<std::string, std::string> JSON::getStringStringMap() const {
+  std::map<std::string, std::string> map;
+  for (const auto& [name, string] : readStrings(nullptr))
+    map.insert_or_assign(std::string(name), string);
   return map;
 }
 

@@ -9,6 +9,15 @@
 
 namespace Units {
 
+/// A key with its hash, for a search of several maps.
+struct HashedText {
+  HashedText(std::string_view searched)
+      : text(searched), hash(std::hash<std::string_view>()(searched)) {}
+
+  std::string_view text;
+  std::size_t hash;
+};
+
 /// An ordered map with string keys and a hash table in front, which answers nearly all lookups.
 ///
 /// Keys may come from an attacker, and std::hash is the same in every process, so any number of
@@ -37,14 +46,17 @@ class IndexedMap {
 
   /// Null if there is no such key.
   const Value* find(std::string_view key) const {
+    return slots_.empty() ? nullptr : find(HashedText(key));
+  }
+
+  const Value* find(const HashedText& key) const {
     if (slots_.empty()) return nullptr;
-    const std::size_t hash = hashOf(key);
-    const Slot* slot = firstSlot(hash);
+    const Slot* slot = firstSlot(key.hash);
     for (const Slot* const end = slot + slotsPerKey; slot != end; ++slot) {
       if (!slot->entry) return nullptr;
-      if (slot->hash == hash && slot->entry->first == key) return &slot->entry->second;
+      if (slot->hash == key.hash && slot->entry->first == key.text) return &slot->entry->second;
     }
-    const auto found = entries_.find(key);
+    const auto found = entries_.find(key.text);
     return found == entries_.end() ? nullptr : &found->second;
   }
 
@@ -68,8 +80,19 @@ class IndexedMap {
     index(*entries_.emplace_hint(entries_.end(), key, std::move(value)));
   }
 
+  /// Makes room for the entries of another map.
+  void reserveFor(const IndexedMap& other) {
+    if (!entries_.empty()) reserve(other.entries_.size());  // else the maps will be swapped
+  }
+
+  /// Gives up all entries, for a walk that removes them.
+  Entries release() noexcept {
+    IndexedMap released(std::move(*this));
+    return std::move(released.entries_);
+  }
+
   /// Moves all entries of another map to this one. They keep their addresses. No key may be in both
-  /// maps, and `reserve` must have made room.
+  /// maps, and `reserveFor` must have made room.
   void merge(IndexedMap& other) noexcept {
     if (entries_.empty()) return swap(other);
     for (const auto& entry : other.entries_) index(entry);
@@ -89,12 +112,10 @@ class IndexedMap {
   // At most half of the slots are taken, so nearly all keys fit unless they were chosen to collide.
   static constexpr std::size_t slotsPerKey = 8;  // tuning
 
-  static std::size_t hashOf(std::string_view key) { return std::hash<std::string_view>()(key); }
-
   const Slot* firstSlot(std::size_t hash) const { return &slots_[hash & (capacity_ - 1)]; }
 
   void index(const Entry& entry) noexcept {
-    const std::size_t hash = hashOf(entry.first);
+    const std::size_t hash = HashedText(entry.first).hash;
     Slot* slot = &slots_[hash & (capacity_ - 1)];
     for (Slot* const end = slot + slotsPerKey; slot != end; ++slot) {
       if (slot->entry) continue;
