@@ -15,7 +15,7 @@ namespace {
 
 // So that a usual schema takes one allocation, of a size that allocators have at hand, for the
 // document and its pool.
-constexpr std::size_t firstPoolBytes = 768;    // tuning
+constexpr std::size_t firstPoolBytes = 832;    // tuning
 constexpr std::size_t firstStackBytes = 1024;  // tuning
 
 }  // namespace
