@@ -128,65 +128,67 @@ JsonView JsonView::element(std::size_t number) const {
 
 namespace {
 
-/// Sorts members by name and keeps the last of each name.
-template <class Value>
-void keepLast(std::vector<std::pair<std::string_view, Value>>& members) {
-  // Names lie in the text, in its order.
-  std::sort(members.begin(), members.end(), [](const auto& a, const auto& b) {
-    const int order = a.first.compare(b.first);
-    return order != 0 ? order < 0 : std::less<>()(a.first.data(), b.first.data());
-  });
-  const auto isFollowed = [](const auto& a, const auto& b) { return a.first == b.first; };
-  const auto kept = std::unique(members.rbegin(), members.rend(), isFollowed);
-  members.erase(members.begin(), kept.base());
+/// Calls `take` with the name and value of each member of an object.
+/// @throws  what `errors` makes of the message for a value that is not an integer.
+template <class Take>
+void forEachInteger(const RapidValue& object, ExceptionFactory* errors, std::size_t* reading,
+                    const Take& take) {
+  std::size_t number = 0;
+  for (const auto& member : object.GetObject()) {
+    if (reading) *reading = number++;
+    if (!member.name.IsString())
+      raiseError(*errors,
+                 "Expected a map with string keys and integer values, but key was not a string.");
+    if (!member.value.IsInt())
+      raiseError(*errors,
+                 "Expected a map with string keys and integer values, but value was not an "
+                 "integer.");
+    take(textOf(member.name), member.value.GetInt());
+  }
+}
+
+/// The same for strings.
+template <class Take>
+void forEachString(const RapidValue& object, ExceptionFactory* errors, std::size_t* reading,
+                   const Take& take) {
+  std::size_t number = 0;
+  for (const auto& member : object.GetObject()) {
+    if (reading) *reading = number++;
+    if (!member.name.IsString())
+      raiseError(*errors, "Expected a map with string keys and values, but key was not a string.");
+    if (!member.value.IsString())
+      raiseError(*errors,
+                 "Expected a map with string keys and values, but value was not a string.");
+    take(textOf(member.name), std::string_view(member.value.GetString()));
+  }
 }
 
 }  // namespace
 
-JsonView::Integers JsonView::readIntegers(std::size_t* reading) const {
-  Integers integers;
-  if (!isObject()) return integers;
-  integers.reserve(value_->MemberCount());
-  for (const auto& member : value_->GetObject()) {
-    if (reading) *reading = integers.size();
-    if (!member.name.IsString())
-      raiseError(*errors_,
-                 "Expected a map with string keys and integer values, but key was not a string.");
-    if (!member.value.IsInt())
-      raiseError(*errors_,
-                 "Expected a map with string keys and integer values, but value was not an "
-                 "integer.");
-    integers.emplace_back(textOf(member.name), member.value.GetInt());
-  }
-  return integers;
-}
-
-JsonView::Strings JsonView::readStrings(std::size_t* reading) const {
-  Strings strings;
-  if (!isObject()) return strings;
-  strings.reserve(value_->MemberCount());
-  for (const auto& member : value_->GetObject()) {
-    if (reading) *reading = strings.size();
-    if (!member.name.IsString())
-      raiseError(*errors_, "Expected a map with string keys and values, but key was not a string.");
-    if (!member.value.IsString())
-      raiseError(*errors_,
-                 "Expected a map with string keys and values, but value was not a string.");
-    strings.emplace_back(textOf(member.name), member.value.GetString());
-  }
-  return strings;
-}
-
 JsonView::Integers JsonView::getIntegers(std::size_t* reading) const {
-  Integers integers = readIntegers(reading);
-  keepLast(integers);
+  Integers integers;
+  integers.reserve(value_->MemberCount());
+  forEachInteger(*value_, errors_, reading,
+                 [&](std::string_view name, int integer) { integers.emplace_back(name, integer); });
+  // Names lie in the text, in its order.
+  std::sort(integers.begin(), integers.end(), [](const auto& a, const auto& b) {
+    const int order = a.first.compare(b.first);
+    return order != 0 ? order < 0 : std::less<>()(a.first.data(), b.first.data());
+  });
+  const auto haveOneName = [](const auto& a, const auto& b) { return a.first == b.first; };
+  const auto kept = std::unique(integers.rbegin(), integers.rend(), haveOneName);
+  integers.erase(integers.begin(), kept.base());
   return integers;
 }
 
-JsonView::Strings JsonView::getStrings(std::size_t* reading) const {
-  Strings strings = readStrings(reading);
-  keepLast(strings);
-  return strings;
+std::optional<JsonView::NamedString> JsonView::getOnlyString(std::size_t* reading) const {
+  std::optional<NamedString> only;
+  bool hasOthers = false;
+  forEachString(*value_, errors_, reading, [&](std::string_view name, std::string_view string) {
+    hasOthers = hasOthers || (only && only->first != name);
+    only.emplace(name, string);
+  });
+  return hasOthers ? std::nullopt : only;
 }
 
 JSON JSON::getMember(std::string_view key) const {
@@ -206,15 +208,19 @@ std::vector<JSON> JSON::getArray() const {
 
 std::map<std::string, int> JSON::getStringIntMap() const {
   std::map<std::string, int> map;
-  for (const auto& [name, integer] : readIntegers(nullptr))
+  if (!isObject()) return map;
+  forEachInteger(*value_, errors_, nullptr, [&](std::string_view name, int integer) {
     map.insert_or_assign(std::string(name), integer);
+  });
   return map;
 }
 
 std::map<std::string, std::string> JSON::getStringStringMap() const {
   std::map<std::string, std::string> map;
-  for (const auto& [name, string] : readStrings(nullptr))
+  if (!isObject()) return map;
+  forEachString(*value_, errors_, nullptr, [&](std::string_view name, std::string_view string) {
     map.insert_or_assign(std::string(name), string);
+  });
   return map;
 }
 

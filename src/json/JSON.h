@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -50,24 +51,23 @@ class JsonView {
   JsonView element(std::size_t number) const;
 
   using Integers = std::vector<std::pair<std::string_view, int>>;
-  using Strings = std::vector<std::pair<std::string_view, std::string_view>>;
+  using NamedString = std::pair<std::string_view, std::string_view>;
 
   /// The members of an object in a parsed document, in byte order of their whole names. For
-  /// duplicate names, the last wins. Empty if this is not an object.
+  /// duplicate names, the last wins.
   ///
   /// @param reading  if not null, set to the number of each member before it is read.
   /// @throws  what the document's factory makes of the message for a value of another type. A
   ///          number with a fraction or an exponent, or beyond 32 bits, is not an integer.
   Integers getIntegers(std::size_t* reading = nullptr) const;
-  Strings getStrings(std::size_t* reading = nullptr) const;
+
+  /// The string of an object whose members are strings of one name, and that name. For duplicates,
+  /// the last wins. Nothing if the object is empty or has several names.
+  std::optional<NamedString> getOnlyString(std::size_t* reading = nullptr) const;
 
  protected:
   explicit JsonView(RapidValue* viewed, ExceptionFactory* errors = nullptr) noexcept
       : value_(viewed), errors_(errors) {}
-
-  /// The same in the order of the document, with all duplicates.
-  Integers readIntegers(std::size_t* reading) const;
-  Strings readStrings(std::size_t* reading) const;
 
   RapidValue* value_ = nullptr;
   ExceptionFactory* errors_ = nullptr;  // null unless parsed
@@ -131,7 +131,10 @@ class JSON : public JsonView {
   /// A view of each element of an array.
   std::vector<JSON> getArray() const;
 
-  /// The same as maps.
+  /// The members of an object by their whole names; for duplicate names, the last wins. Empty if
+  /// this is not an object.
+  ///
+  /// @throws  as `getIntegers`.
   std::map<std::string, int> getStringIntMap() const;
   std::map<std::string, std::string> getStringStringMap() const;
 

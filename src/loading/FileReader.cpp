@@ -8,6 +8,7 @@
 
 #if defined(_WIN32)
 #include <fcntl.h>
+
 #include <io.h>
 #include <share.h>
 #else

@@ -43,9 +43,11 @@ void SchemaBundle::addDefinitionsFromBuffer(std::string_view bundle, Units::Unit
   if (bundle.substr(0, header.size()) != header) rejectBundle();
   bundle.remove_prefix(header.size());
   if (!bundle.empty() && bundle.back() != '\0') rejectBundle();
+  std::string text;  // for one after the other
   while (!bundle.empty()) {
     const std::size_t length = bundle.find('\0');
-    addOrSkip(std::string(bundle.substr(0, length)), engine);
+    text = bundle.substr(0, length);
+    addOrSkip(text, engine);
     bundle.remove_prefix(length + 1);
   }
   engine.buildSchemas();

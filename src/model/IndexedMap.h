@@ -73,11 +73,12 @@ class IndexedMap {
     for (const auto& entry : entries_) index(entry);
   }
 
-  /// Fastest in key order. If it throws, nothing has changed.
+  /// Makes a value in place. Fastest in key order. If it throws, nothing has changed.
   /// @param key  must not be in the map.
-  void emplace(std::string_view key, Value&& value) {
+  template <class... Arguments>
+  void emplace(std::string_view key, Arguments&&... arguments) {
     reserve(1);
-    index(*entries_.emplace_hint(entries_.end(), key, std::move(value)));
+    index(*entries_.try_emplace(entries_.end(), key, std::forward<Arguments>(arguments)...));
   }
 
   /// Makes room for the entries of another map.

@@ -36,8 +36,7 @@ Shared<Contents>::Shared(Shared&& other) noexcept
 /// Acquire and release: other owners' accesses must precede the deletion by the last owner.
 template <class Contents>
 Shared<Contents>::~Shared() {
-  if (contents_ && contents_->owners.fetch_sub(1, std::memory_order_acq_rel) == 1)
-    delete contents_;
+  if (contents_ && contents_->owners.fetch_sub(1, std::memory_order_acq_rel) == 1) delete contents_;
 }
 
 /// Parents and their exponents in type id order. Takes less memory than a map.
@@ -141,11 +140,15 @@ struct Quantity::Contents : CountedContents {
 };
 
 // How the library makes a record of contents that it does not copy.
-inline Dimension::Dimension(Shared<Contents>&& contents) noexcept : contents_(std::move(contents)) {}
-inline FactorComponent::FactorComponent(Shared<Contents>&& contents) noexcept : contents_(std::move(contents)) {}
+inline Dimension::Dimension(Shared<Contents>&& contents) noexcept
+    : contents_(std::move(contents)) {}
+inline FactorComponent::FactorComponent(Shared<Contents>&& contents) noexcept
+    : contents_(std::move(contents)) {}
 inline Factor::Factor(Shared<Contents>&& contents) noexcept : contents_(std::move(contents)) {}
-inline AbsoluteUnitComponent::AbsoluteUnitComponent(Shared<Contents>&& contents) noexcept : contents_(std::move(contents)) {}
-inline DerivedUnitComponent::DerivedUnitComponent(Shared<Contents>&& contents) noexcept : contents_(std::move(contents)) {}
+inline AbsoluteUnitComponent::AbsoluteUnitComponent(Shared<Contents>&& contents) noexcept
+    : contents_(std::move(contents)) {}
+inline DerivedUnitComponent::DerivedUnitComponent(Shared<Contents>&& contents) noexcept
+    : contents_(std::move(contents)) {}
 inline Unit::Unit(Shared<Contents>&& contents) noexcept : contents_(std::move(contents)) {}
 inline Symbol::Symbol(Shared<Contents>&& contents) noexcept : contents_(std::move(contents)) {}
 inline Quantity::Quantity(Shared<Contents>&& contents) noexcept : contents_(std::move(contents)) {}

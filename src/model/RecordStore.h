@@ -60,7 +60,7 @@ class RecordStore {
   /// Adds a record. Its node has no parents yet. Fastest in type id order. If it throws, nothing
   /// has changed.
   /// @param record  its type id must not be in the store.
-  void add(const Record& record) { nodes_.emplace(RecordAccess::typeId(record), Node(record)); }
+  void add(const Record& record) { nodes_.emplace(RecordAccess::typeId(record), record); }
 
   /// Moves all records of another store to this one. They and their nodes keep their addresses. No
   /// type id may be in both stores, and `reserveFor` must have made room.

@@ -37,7 +37,8 @@ void checkPrimitive(const Unit& unit, const PrimitiveUnitComponent& primitive,
 void checkTypeId(std::string_view typeId, const Registries& registries) {
   if (typeId.empty()) throw ValidationException("Typeid must not be empty.");
   if (isRegistered(typeId, registries))
-    throw ValidationException("Schema with typeid " + std::string(typeId) + " is already registered.");
+    throw ValidationException("Schema with typeid " + std::string(typeId) +
+                              " is already registered.");
 }
 
 void checkFactorParents(const FactorComponent& component, const RecordStore<Factor>& factors) {
@@ -74,7 +75,8 @@ void checkSpecialSymbol(std::string_view symbolTypeId) {
       specialSymbolKeys.begin(), specialSymbolKeys.end(),
       [&](std::string_view key) { return symbolTypeId.find(key) != symbolTypeId.npos; });
   if (!special)
-    throw ValidationException("Symbol " + std::string(symbolTypeId) + " must be a prefix or suffix.");
+    throw ValidationException("Symbol " + std::string(symbolTypeId) +
+                              " must be a prefix or suffix.");
 }
 
 Symbol checkSymbol(const Symbol& symbol, const RecordStore<Unit>& units) {

@@ -35,9 +35,9 @@ struct TypeIdSearch {
 
 const SharedText* findRegistered(const HashedText& typeId, const Registries& registries) {
   TypeIdSearch search{typeId};
+  search.in(registries.units);  // first, since most references are to units
   search.in(registries.dimensions);
   search.in(registries.factors);
-  search.in(registries.units);
   search.in(registries.symbols);
   search.in(registries.quantities);
   search.in(registries.waiting.units);

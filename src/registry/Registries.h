@@ -17,9 +17,9 @@ struct Registries {
   KindRegistry<Unit> units;
   KindRegistry<Symbol> symbols;
   KindRegistry<Quantity> quantities;
-  WaitingSchemas waiting;              // pending, too
-  IndexedMap<SharedText> awaitedIds;   // that pending schemas refer to and that came first
-  SymbolTexts symbolTexts;             // index of symbols.objects
+  WaitingSchemas waiting;             // pending, too
+  IndexedMap<SharedText> awaitedIds;  // that pending schemas refer to and that came first
+  SymbolTexts symbolTexts;            // index of symbols.objects
 };
 
 /// The type id of a stored record or a pending schema; null if there is none.

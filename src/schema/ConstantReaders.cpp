@@ -45,12 +45,12 @@ ParentViews readIntegerMap(JsonView value, ReadingTrace* trace) {
 
 std::string_view readTypedValue(JsonView value, ReadingTrace* trace) {
   if (!value.isObject()) throw ValidationException("A typedValue must be an object.");
-  const auto members = value.getStrings(memberOf(trace));
+  const auto only = value.getOnlyString(memberOf(trace));
   endMembers(trace);
-  if (members.size() != 1)
+  if (!only)
     throw ValidationException(
         "A typedValue object may not be empty and must contain a typeid attribute only.");
-  const auto& [name, typeId] = members.front();
+  const auto& [name, typeId] = *only;
   if (name != "typeid")
     throw ValidationException("A typedValue did not contain a typeid attribute.");
   if (typeId.empty())
@@ -70,8 +70,7 @@ std::vector<std::string_view> readTypedValueArray(JsonView value, ReadingTrace* 
   return typeIds;
 }
 
-void checkParents(const SchemaHeader& header, std::string_view id,
-                  const ParentViews& parents) {
+void checkParents(const SchemaHeader& header, std::string_view id, const ParentViews& parents) {
   if (header.trace) {
     std::string_view parent;
     for (auto next = parents.begin(); next != parents.end() && parent.empty(); ++next)

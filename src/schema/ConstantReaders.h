@@ -53,7 +53,6 @@ std::string_view readTypedValue(JsonView value, ReadingTrace* trace = nullptr);
 std::vector<std::string_view> readTypedValueArray(JsonView value, ReadingTrace* trace = nullptr);
 
 /// Checks the exponents of a list of parents that has been read from a constant: none is 0.
-void checkParents(const SchemaHeader& header, std::string_view id,
-                  const ParentViews& parents);
+void checkParents(const SchemaHeader& header, std::string_view id, const ParentViews& parents);
 
 }  // namespace Units

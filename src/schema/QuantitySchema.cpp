@@ -16,8 +16,8 @@ std::optional<QuantitySchemaData> readQuantitySchema(const SchemaHeader& header)
   if (!isOfKind(header, "quantity")) return std::nullopt;
   const auto name =
       readConstant<std::string_view>(header, "name", std::nullopt, readNonEmptyString);
-  return QuantitySchemaData{
-      name, readConstant<TypeIds>(header, "units", TypeIds(), readTypedValueArray)};
+  return QuantitySchemaData{name,
+                            readConstant<TypeIds>(header, "units", TypeIds(), readTypedValueArray)};
 }
 
 void addPending(const QuantitySchemaData& data, SchemaIds& ids, Registries& registries) {

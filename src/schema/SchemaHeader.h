@@ -19,7 +19,7 @@ namespace Units {
 /// A schema document. Everything that does not depend on its kind is read and checked. Movable, not
 /// copyable.
 struct SchemaHeader {
-  JSON document;                // owns all texts and values that are viewed
+  JSON document;  // owns all texts and values that are viewed
   std::string_view typeId;
   std::string_view baseTypeId;  // the only element of "inherits"; selects the kind
   Properties constants;         // the value, or else the typed value

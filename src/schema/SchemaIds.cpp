@@ -24,7 +24,7 @@ SharedText SchemaIds::refer(std::string_view typeId) {
   unregistered_.emplace(typeId);
   if (const SharedText* const awaited = registries_.awaitedIds.find(searched)) return *awaited;
   const SharedText text{std::string(typeId)};
-  registries_.awaitedIds.emplace(text.str(), SharedText(text));
+  registries_.awaitedIds.emplace(text.str(), text);
   return text;
 }
 

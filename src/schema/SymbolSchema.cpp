@@ -48,7 +48,8 @@ std::optional<SymbolSchemaData> readSymbolSchema(const SchemaHeader& header) {
 
 void addPending(const SymbolSchemaData& data, SchemaIds& ids, Registries& registries) {
   registries.waiting.symbols.emplace(
-      ids.typeId().str(), SymbolSchema{ids.typeId(), ids.refer(data.unit), makePrefixOrSuffix(data)});
+      ids.typeId().str(),
+      SymbolSchema{ids.typeId(), ids.refer(data.unit), makePrefixOrSuffix(data)});
 }
 
 Symbol build(SymbolSchema& schema, const Registries& registries) {

@@ -97,8 +97,8 @@ struct PendingUnit {
 
   template <class UnitComponent>
   void add(const UnitComponent& component) const {
-    registries.units.pending.add(RecordAccess::make<Unit>(ids.typeId(), std::string(unit.name),
-                                                          unit.unitSystem, component));
+    registries.units.pending.add(
+        RecordAccess::make<Unit>(ids.typeId(), std::string(unit.name), unit.unitSystem, component));
   }
 };
 
