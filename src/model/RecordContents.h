@@ -139,18 +139,25 @@ struct Quantity::Contents : CountedContents {
   const std::vector<Unit> units;
 };
 
-// How the library makes a record of contents that it does not copy.
-inline Dimension::Dimension(Shared<Contents>&& contents) noexcept
+// How the library makes a record of contents that it does not copy. Always inline: the library
+// exports whatever these classes have out of line.
+[[gnu::always_inline]] inline Dimension::Dimension(Shared<Contents>&& contents) noexcept
     : contents_(std::move(contents)) {}
-inline FactorComponent::FactorComponent(Shared<Contents>&& contents) noexcept
+[[gnu::always_inline]] inline FactorComponent::FactorComponent(Shared<Contents>&& contents) noexcept
     : contents_(std::move(contents)) {}
-inline Factor::Factor(Shared<Contents>&& contents) noexcept : contents_(std::move(contents)) {}
-inline AbsoluteUnitComponent::AbsoluteUnitComponent(Shared<Contents>&& contents) noexcept
+[[gnu::always_inline]] inline Factor::Factor(Shared<Contents>&& contents) noexcept
     : contents_(std::move(contents)) {}
-inline DerivedUnitComponent::DerivedUnitComponent(Shared<Contents>&& contents) noexcept
+[[gnu::always_inline]] inline AbsoluteUnitComponent::AbsoluteUnitComponent(
+    Shared<Contents>&& contents) noexcept
     : contents_(std::move(contents)) {}
-inline Unit::Unit(Shared<Contents>&& contents) noexcept : contents_(std::move(contents)) {}
-inline Symbol::Symbol(Shared<Contents>&& contents) noexcept : contents_(std::move(contents)) {}
-inline Quantity::Quantity(Shared<Contents>&& contents) noexcept : contents_(std::move(contents)) {}
+[[gnu::always_inline]] inline DerivedUnitComponent::DerivedUnitComponent(
+    Shared<Contents>&& contents) noexcept
+    : contents_(std::move(contents)) {}
+[[gnu::always_inline]] inline Unit::Unit(Shared<Contents>&& contents) noexcept
+    : contents_(std::move(contents)) {}
+[[gnu::always_inline]] inline Symbol::Symbol(Shared<Contents>&& contents) noexcept
+    : contents_(std::move(contents)) {}
+[[gnu::always_inline]] inline Quantity::Quantity(Shared<Contents>&& contents) noexcept
+    : contents_(std::move(contents)) {}
 
 }  // namespace Units
