@@ -22,9 +22,8 @@ inline std::string readFile(const std::filesystem::path& path) {
   return text;
 }
 
-/// The texts of all shipped definitions, in the order of the file system.
-inline Texts readCatalogue() {
-  const std::filesystem::path root(TRELVON_SCHEMAS);
+/// The schema texts below a folder, in the order of the file system.
+inline Texts readTexts(const std::filesystem::path& root) {
   Texts texts;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
     const std::filesystem::path& path = entry.path();
@@ -34,6 +33,9 @@ inline Texts readCatalogue() {
   }
   return texts;
 }
+
+/// The texts of all shipped definitions.
+inline Texts readCatalogue() { return readTexts(TRELVON_SCHEMAS); }
 
 inline std::shared_ptr<Units::UnitsEngine> load(const Texts& texts) {
   std::shared_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());

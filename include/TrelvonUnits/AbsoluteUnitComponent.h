@@ -36,6 +36,7 @@ class TRELVONUNITS_API AbsoluteUnitComponent {
   friend struct RecordAccess;  // reads in place inside the library
 
   struct Contents;
+  explicit AbsoluteUnitComponent(Shared<Contents>&& contents) noexcept;
   const Shared<Contents> contents_;
 };
 

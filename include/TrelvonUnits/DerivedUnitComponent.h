@@ -40,6 +40,7 @@ class TRELVONUNITS_API DerivedUnitComponent {
   friend struct RecordAccess;  // reads in place inside the library
 
   struct Contents;
+  explicit DerivedUnitComponent(Shared<Contents>&& contents) noexcept;
   const Shared<Contents> contents_;
 };
 

@@ -41,6 +41,7 @@ class TRELVONUNITS_API Factor {
   friend struct RecordAccess;  // reads in place inside the library
 
   struct Contents;
+  explicit Factor(Shared<Contents>&& contents) noexcept;
   const Shared<Contents> contents_;
 };
 

@@ -45,6 +45,7 @@ class TRELVONUNITS_API FactorComponent {
   friend struct RecordAccess;  // reads in place inside the library
 
   struct Contents;
+  explicit FactorComponent(Shared<Contents>&& contents) noexcept;
   const Shared<Contents> contents_;
 };
 

@@ -48,6 +48,7 @@ class TRELVONUNITS_API Quantity {
   friend struct RecordAccess;  // reads in place inside the library
 
   struct Contents;
+  explicit Quantity(Shared<Contents>&& contents) noexcept;
   const Shared<Contents> contents_;
 };
 

@@ -13,6 +13,7 @@ class Shared {
   /// @param contents  new, counted as one owner.
   explicit Shared(const Contents* contents) noexcept : contents_(contents) {}
   Shared(const Shared& other) noexcept;
+  Shared(Shared&& other) noexcept;  ///< Leaves `other` without contents.
   ~Shared();
   Shared& operator=(const Shared&) = delete;
 

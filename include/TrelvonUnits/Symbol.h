@@ -56,6 +56,7 @@ class TRELVONUNITS_API Symbol {
   friend struct RecordAccess;  // reads in place inside the library
 
   struct Contents;
+  explicit Symbol(Shared<Contents>&& contents) noexcept;
   const Shared<Contents> contents_;
 };
 

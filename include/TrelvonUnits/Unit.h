@@ -71,6 +71,7 @@ class TRELVONUNITS_API Unit {
   friend struct RecordAccess;  // reads in place inside the library
 
   struct Contents;
+  explicit Unit(Shared<Contents>&& contents) noexcept;
   const Shared<Contents> contents_;
 };
 

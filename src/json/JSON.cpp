@@ -5,7 +5,9 @@
 
 #include <rapidjson/error/en.h>
 
+#include <algorithm>
 #include <array>
+#include <functional>
 #include <stdexcept>
 #include <utility>
 
@@ -13,7 +15,7 @@ namespace {
 
 // So that a usual schema takes one allocation, of a size that allocators have at hand, for the
 // document and its pool.
-constexpr std::size_t firstPoolBytes = 768;    // tuning
+constexpr std::size_t firstPoolBytes = 832;    // tuning
 constexpr std::size_t firstStackBytes = 1024;  // tuning
 
 }  // namespace
@@ -24,22 +26,14 @@ struct JSON::Document {
   std::string text;                                    // the strings of the document point into it
   alignas(std::max_align_t) std::array<char, firstPoolBytes> firstOfPool;
   RapidPool pool{firstOfPool.data(), firstOfPool.size()};
-  RapidDocument root{&pool, firstStackBytes};
+  ThrowingAllocator heap;  // of the parse's stacks
+  RapidDocument root{&pool, firstStackBytes, &heap};
 };
 
 namespace {
 
 std::string_view textOf(const RapidValue& string) {
   return {string.GetString(), string.GetStringLength()};
-}
-
-/// The first member that `key` names, or null; null too if the value is not an object, such as the
-/// root of a text that is an array.
-RapidValue* findMember(RapidValue& value, std::string_view key) {
-  if (!value.IsObject()) return nullptr;
-  for (auto& member : value.GetObject())
-    if (textOf(member.name) == key) return &member.value;
-  return nullptr;
 }
 
 /// A string in the owner's memory.
@@ -56,15 +50,12 @@ void raiseError(ExceptionFactory& factory, const std::string& message) {
 }
 
 JSON::JSON(std::unique_ptr<Document> document) noexcept
-    : document_(std::move(document)),
-      value_(&document_->root),
-      errors_(document_->exceptionFactory.get()) {}
+    : JsonView(&document->root, document->exceptionFactory.get()), document_(std::move(document)) {}
 
 JSON::JSON(std::unique_ptr<RapidValue> value) noexcept
-    : own_(std::move(value)), value_(own_.get()) {}
+    : JsonView(value.get()), own_(std::move(value)) {}
 
-JSON::JSON(RapidValue& viewed, ExceptionFactory* errors) noexcept
-    : value_(&viewed), errors_(errors) {}
+JSON::JSON(JsonView view) noexcept : JsonView(view) {}
 
 JSON::JSON(bool value) : JSON(std::make_unique<RapidValue>(value)) {}
 JSON::JSON(double value) : JSON(std::make_unique<RapidValue>(value)) {}
@@ -110,67 +101,126 @@ JSON JSON::makeArray(JSON& owner, std::vector<JSON>&& items) {
   return JSON(std::move(array));
 }
 
-bool JSON::hasMember(std::string_view key) const { return findMember(*value_, key) != nullptr; }
+bool JsonView::isObject() const { return value_ && value_->IsObject(); }
+bool JsonView::isArray() const { return value_ && value_->IsArray(); }
+bool JsonView::isString() const { return value_ && value_->IsString(); }
+bool JsonView::isNumber() const { return value_ && value_->IsNumber(); }
+bool JsonView::isBool() const { return value_ && value_->IsBool(); }
+
+std::string_view JsonView::getStringView() const { return value_->GetString(); }
+
+double JsonView::getNumber() const { return value_->GetDouble(); }
+
+bool JsonView::getBool() const { return value_ && value_->IsTrue(); }
+
+JsonView JsonView::findMember(std::string_view key) const {
+  if (isObject())
+    for (auto& member : value_->GetObject())
+      if (textOf(member.name) == key) return JsonView(&member.value, errors_);
+  return JsonView();
+}
+
+std::size_t JsonView::elementCount() const { return value_->Size(); }
+
+JsonView JsonView::element(std::size_t number) const {
+  return JsonView(value_->Begin() + number, errors_);
+}
+
+namespace {
+
+/// Calls `take` with the name and value of each member of an object.
+/// @throws  what `errors` makes of the message for a value that is not an integer.
+template <class Take>
+void forEachInteger(const RapidValue& object, ExceptionFactory* errors, std::size_t* reading,
+                    const Take& take) {
+  std::size_t number = 0;
+  for (const auto& member : object.GetObject()) {
+    if (reading) *reading = number++;
+    if (!member.name.IsString())
+      raiseError(*errors,
+                 "Expected a map with string keys and integer values, but key was not a string.");
+    if (!member.value.IsInt())
+      raiseError(*errors,
+                 "Expected a map with string keys and integer values, but value was not an "
+                 "integer.");
+    take(textOf(member.name), member.value.GetInt());
+  }
+}
+
+/// The same for strings.
+template <class Take>
+void forEachString(const RapidValue& object, ExceptionFactory* errors, std::size_t* reading,
+                   const Take& take) {
+  std::size_t number = 0;
+  for (const auto& member : object.GetObject()) {
+    if (reading) *reading = number++;
+    if (!member.name.IsString())
+      raiseError(*errors, "Expected a map with string keys and values, but key was not a string.");
+    if (!member.value.IsString())
+      raiseError(*errors,
+                 "Expected a map with string keys and values, but value was not a string.");
+    take(textOf(member.name), std::string_view(member.value.GetString()));
+  }
+}
+
+}  // namespace
+
+JsonView::Integers JsonView::getIntegers(std::size_t* reading) const {
+  Integers integers;
+  integers.reserve(value_->MemberCount());
+  forEachInteger(*value_, errors_, reading,
+                 [&](std::string_view name, int integer) { integers.emplace_back(name, integer); });
+  // Names lie in the text, in its order.
+  std::sort(integers.begin(), integers.end(), [](const auto& a, const auto& b) {
+    const int order = a.first.compare(b.first);
+    return order != 0 ? order < 0 : std::less<>()(a.first.data(), b.first.data());
+  });
+  const auto haveOneName = [](const auto& a, const auto& b) { return a.first == b.first; };
+  const auto kept = std::unique(integers.rbegin(), integers.rend(), haveOneName);
+  integers.erase(integers.begin(), kept.base());
+  return integers;
+}
+
+std::optional<JsonView::NamedString> JsonView::getOnlyString(std::size_t* reading) const {
+  std::optional<NamedString> only;
+  bool hasOthers = false;
+  forEachString(*value_, errors_, reading, [&](std::string_view name, std::string_view string) {
+    hasOthers = hasOthers || (only && only->first != name);
+    only.emplace(name, string);
+  });
+  return hasOthers ? std::nullopt : only;
+}
 
 JSON JSON::getMember(std::string_view key) const {
   static RapidValue none;  // nothing is written through a view
-  RapidValue* const member = findMember(*value_, key);
-  return JSON(member ? *member : none, errors_);
+  JSON member(findMember(key));
+  if (!member.value_) member.value_ = &none;
+  return member;
 }
 
-bool JSON::isObject() const { return value_->IsObject(); }
-bool JSON::isArray() const { return value_->IsArray(); }
-bool JSON::isString() const { return value_->IsString(); }
-bool JSON::isNumber() const { return value_->IsNumber(); }
-bool JSON::isBool() const { return value_->IsBool(); }
-
-std::string JSON::getString() const { return std::string(getStringView()); }
-
-std::string_view JSON::getStringView() const { return value_->GetString(); }
-
-double JSON::getNumber() const { return value_->GetDouble(); }
-
-bool JSON::getBool() const { return value_->IsTrue(); }
-
 std::vector<JSON> JSON::getArray() const {
-  const auto elements = value_->GetArray();
   std::vector<JSON> views;
-  views.reserve(elements.Size());
-  for (RapidValue& element : elements) views.push_back(JSON(element, errors_));
+  views.reserve(elementCount());
+  for (std::size_t number = 0; number < elementCount(); ++number)
+    views.push_back(JSON(element(number)));
   return views;
 }
 
-std::map<std::string, int> JSON::getStringIntMap(std::size_t* reading) const {
+std::map<std::string, int> JSON::getStringIntMap() const {
   std::map<std::string, int> map;
   if (!isObject()) return map;
-  std::size_t number = 0;
-  for (const auto& member : value_->GetObject()) {
-    if (reading) *reading = number++;
-    if (!member.name.IsString())
-      raiseError(*errors_,
-                 "Expected a map with string keys and integer values, but key was not a string.");
-    if (!member.value.IsInt())
-      raiseError(*errors_,
-                 "Expected a map with string keys and integer values, but value was not an "
-                 "integer.");
-    map.insert_or_assign(std::string(textOf(member.name)), member.value.GetInt());
-  }
+  forEachInteger(*value_, errors_, nullptr, [&](std::string_view name, int integer) {
+    map.insert_or_assign(std::string(name), integer);
+  });
   return map;
 }
 
-std::map<std::string, std::string> JSON::getStringStringMap(std::size_t* reading) const {
+std::map<std::string, std::string> JSON::getStringStringMap() const {
   std::map<std::string, std::string> map;
   if (!isObject()) return map;
-  std::size_t number = 0;
-  for (const auto& member : value_->GetObject()) {
-    if (reading) *reading = number++;
-    if (!member.name.IsString())
-      raiseError(*errors_, "Expected a map with string keys and values, but key was not a string.");
-    if (!member.value.IsString())
-      raiseError(*errors_,
-                 "Expected a map with string keys and values, but value was not a string.");
-    map.insert_or_assign(std::string(textOf(member.name)), member.value.GetString());
-  }
+  forEachString(*value_, errors_, nullptr, [&](std::string_view name, std::string_view string) {
+    map.insert_or_assign(std::string(name), string);
+  });
   return map;
 }
 

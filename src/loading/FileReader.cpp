@@ -2,14 +2,22 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <new>
 
-#if !defined(_WIN32)
+#if defined(_WIN32)
+#include <fcntl.h>
+
+#include <io.h>
+#include <share.h>
+#else
 #include <fcntl.h>
 #include <unistd.h>
 #endif
 
+// Files are read without the C library's streams, which would allocate for each of them and ask for
+// more behind the end.
 namespace Schemas {
 
 namespace {
@@ -18,16 +26,22 @@ namespace {
 
 using Status = struct _stat64;
 
-int statusOf(std::FILE* file, Status& status) { return _fstat64(_fileno(file), &status); }
+int statusOf(int file, Status& status) { return _fstat64(file, &status); }
 
 bool isRegularFile(const Status& status) { return (status.st_mode & _S_IFMT) == _S_IFREG; }
 
-void waitForData(std::FILE*) {}
+void waitForData(int) {}
 
-/// Null, and `errno` set, if the file cannot be opened.
-std::FILE* openToRead(const char* path) {
-  std::FILE* file = nullptr;
-  errno = fopen_s(&file, path, "rb");
+int readSome(int file, char* bytes, std::size_t length) {
+  return _read(file, bytes, static_cast<unsigned>(length));
+}
+
+void closeFile(int file) { _close(file); }
+
+/// Negative, and `errno` set, if the file cannot be opened.
+int openToRead(const char* path) {
+  int file = -1;
+  errno = _sopen_s(&file, path, _O_RDONLY | _O_BINARY | _O_NOINHERIT, _SH_SECURE, 0);
   return file;
 }
 
@@ -35,28 +49,21 @@ std::FILE* openToRead(const char* path) {
 
 using Status = struct stat;
 
-int statusOf(std::FILE* file, Status& status) { return ::fstat(::fileno(file), &status); }
+int statusOf(int file, Status& status) { return ::fstat(file, &status); }
 
 bool isRegularFile(const Status& status) { return S_ISREG(status.st_mode); }
 
 /// Has reading wait for the writer's data, which opening did not.
-void waitForData(std::FILE* file) {
-  const int descriptor = ::fileno(file);
-  ::fcntl(descriptor, F_SETFL, ::fcntl(descriptor, F_GETFL) & ~O_NONBLOCK);
-}
+void waitForData(int file) { ::fcntl(file, F_SETFL, ::fcntl(file, F_GETFL) & ~O_NONBLOCK); }
 
-/// Null, and `errno` set, if the file cannot be opened.
-std::FILE* openToRead(const char* path) {
+ssize_t readSome(int file, char* bytes, std::size_t length) { return ::read(file, bytes, length); }
+
+void closeFile(int file) { ::close(file); }
+
+/// Negative, and `errno` set, if the file cannot be opened.
+int openToRead(const char* path) {
   // Without O_NONBLOCK, opening a FIFO waits for a writer.
-  const int descriptor = ::open(path, O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
-  if (descriptor < 0) return nullptr;
-  std::FILE* const file = ::fdopen(descriptor, "rb");
-  if (file == nullptr) {
-    const int error = errno;
-    ::close(descriptor);
-    errno = error;
-  }
-  return file;
+  return ::open(path, O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
 }
 
 #endif
@@ -67,24 +74,33 @@ FileReader::FileReader(const std::string& path, std::unique_ptr<char[]>& chunk) 
   if (!chunk_) chunk_.reset(new char[chunkBytes]);  // not cleared: most files touch little of it
   // The system would read a path with a NUL up to there, and open another file.
   if (path.find('\0') != std::string::npos) return;
-  file_.reset(openToRead(path.c_str()));
-  if (!file_) {
+  file_ = openToRead(path.c_str());
+  if (!isOpen()) {
     if (errno == ENOMEM) throw std::bad_alloc();
     return;
   }
-  // Without memory for a buffer of its own the C library would read byte by byte.
-  std::setvbuf(file_.get(), nullptr, _IONBF, 0);
   Status status;
-  isRegular_ = statusOf(file_.get(), status) == 0 && isRegularFile(status);
+  isRegular_ = statusOf(file_, status) == 0 && isRegularFile(status);
   if (isRegular_) size_ = static_cast<std::uintmax_t>(status.st_size);
-  if (!isRegular_) waitForData(file_.get());
+  if (!isRegular_) waitForData(file_);
+}
+
+FileReader::~FileReader() {
+  if (isOpen()) closeFile(file_);
 }
 
 std::string_view FileReader::read(std::size_t length) {
-  return {chunk_.get(), std::fread(chunk_.get(), 1, length, file_.get())};
+  std::size_t size = 0;
+  while (size < length && !hasFailed_) {
+    const auto count = readSome(file_, chunk_.get() + size, length - size);
+    hasFailed_ = count < 0;
+    if (count <= 0) break;
+    size += static_cast<std::size_t>(count);
+    read_ += static_cast<std::uintmax_t>(count);
+    if (read_ == size_) break;  // where a regular file ended when it was opened
+  }
+  return {chunk_.get(), size};
 }
-
-bool FileReader::hasFailed() const { return std::ferror(file_.get()) != 0; }
 
 void reserveRest(std::string& text, std::uintmax_t fileSize) {
   if (fileSize > text.max_size()) throw std::bad_alloc();

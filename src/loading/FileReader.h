@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -20,8 +19,11 @@ class FileReader {
   /// @param chunk  memory to read with, for one reader after the other. Made when it is null.
   /// @throws std::bad_alloc  there is no memory for an open file or a chunk.
   FileReader(const std::string& path, std::unique_ptr<char[]>& chunk);
+  FileReader(const FileReader&) = delete;
+  FileReader& operator=(const FileReader&) = delete;
+  ~FileReader();
 
-  bool isOpen() const { return file_ != nullptr; }
+  bool isOpen() const { return file_ >= 0; }
 
   /// Whether what was opened is a regular file, whatever the path named before.
   bool isRegular() const { return isRegular_; }
@@ -34,16 +36,14 @@ class FileReader {
   std::string_view read(std::size_t length = chunkBytes);
 
   /// Whether reading has failed.
-  bool hasFailed() const;
+  bool hasFailed() const { return hasFailed_; }
 
  private:
-  struct Close {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-  };
-
-  std::unique_ptr<std::FILE, Close> file_;  // null if the file could not be opened
+  int file_ = -1;  // negative if the file could not be opened
   bool isRegular_ = false;
+  bool hasFailed_ = false;
   std::uintmax_t size_ = 0;
+  std::uintmax_t read_ = 0;  // bytes
   std::unique_ptr<char[]>& chunk_;
 };
 

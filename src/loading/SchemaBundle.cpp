@@ -39,7 +39,8 @@ std::string readBundle(const std::string& path) {
 namespace Schemas {
 
 void SchemaBundle::addDefinitionsFromBuffer(std::string_view bundle, Units::UnitsEngine& engine) {
-  forEachBundledText(bundle, [&](std::string_view text) { addOrSkip(std::string(text), engine); });
+  std::string text;  // for one after the other
+  forEachBundledText(bundle, [&](std::string_view next) { addOrSkip(text = next, engine); });
   engine.buildSchemas();
 }
 

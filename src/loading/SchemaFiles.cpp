@@ -22,8 +22,7 @@ bool isFolder(const fs::path& path) {
   return fs::exists(status) && fs::is_directory(status);
 }
 
-SchemaFileText readSchemaFile(const std::string& path, std::unique_ptr<char[]>& chunk) {
-  FileReader file(path, chunk);
+SchemaFileText readSchemaFile(FileReader& file) {
   // Replaced since the walk found a regular file there, it may be of any type.
   if (!file.isRegular()) throw std::logic_error("failed to open schema file");
   SchemaFileText read;
@@ -40,6 +39,11 @@ SchemaFileText readSchemaFile(const std::string& path, std::unique_ptr<char[]>& 
     reserveRest(read.text, std::min(file.size(), most));
   }
   return read;
+}
+
+SchemaFileText readSchemaFile(const std::string& path, std::unique_ptr<char[]>& chunk) {
+  FileReader file(path, chunk);
+  return readSchemaFile(file);
 }
 
 }  // namespace Schemas

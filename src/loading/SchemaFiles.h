@@ -8,6 +8,8 @@
 /// Which files loaders read, and how.
 namespace Schemas {
 
+class FileReader;
+
 /// Whether a folder is there. A path with a NUL names nothing.
 ///
 /// @throws std::filesystem::filesystem_error  its status cannot be determined.
@@ -29,8 +31,10 @@ struct SchemaFileText {
 /// Reads a file up to its first NUL. Of a text that is too long for an engine no more is read than
 /// shows that.
 ///
-/// @param chunk  memory to read with, for one file after the other. Made when it is null.
 /// @throws std::logic_error  "failed to open schema file", "failed to read schema file"
+SchemaFileText readSchemaFile(FileReader& file);
+
+/// @param chunk  memory to read with, for one file after the other. Made when it is null.
 SchemaFileText readSchemaFile(const std::string& path, std::unique_ptr<char[]>& chunk);
 
 }  // namespace Schemas

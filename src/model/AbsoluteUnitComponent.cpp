@@ -5,7 +5,7 @@
 namespace Units {
 
 AbsoluteUnitComponent::AbsoluteUnitComponent(const std::string& parentUnit, double offset)
-    : contents_(new Contents(parentUnit, offset)) {}
+    : contents_(new Contents(SharedText(parentUnit), offset)) {}
 
 // Contents are shared, so a move is a copy.
 AbsoluteUnitComponent::AbsoluteUnitComponent(const AbsoluteUnitComponent& other) noexcept = default;

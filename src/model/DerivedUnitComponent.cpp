@@ -6,7 +6,7 @@ namespace Units {
 
 DerivedUnitComponent::DerivedUnitComponent(const std::map<std::string, int>& parentUnitPowers,
                                            const FactorComponent& factorComponent)
-    : contents_(new Contents(parentUnitPowers, factorComponent)) {}
+    : contents_(new Contents(listOf(parentUnitPowers), factorComponent)) {}
 
 // Contents are shared, so a move is a copy.
 DerivedUnitComponent::DerivedUnitComponent(const DerivedUnitComponent& other) noexcept = default;
@@ -14,7 +14,7 @@ DerivedUnitComponent::DerivedUnitComponent(DerivedUnitComponent&& other) noexcep
 DerivedUnitComponent::~DerivedUnitComponent() = default;
 
 std::map<std::string, int> DerivedUnitComponent::getParentUnitPowers() const {
-  return {contents_->parentUnitPowers.begin(), contents_->parentUnitPowers.end()};
+  return mapOf(contents_->parentUnitPowers);
 }
 
 FactorComponent DerivedUnitComponent::getFactorComponent() const {

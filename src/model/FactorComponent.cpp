@@ -5,11 +5,11 @@
 namespace Units {
 
 FactorComponent::FactorComponent(const std::map<std::string, int>& parentFactorPowers)
-    : contents_(new Contents(1.0, parentFactorPowers)) {}
+    : contents_(new Contents(1.0, listOf(parentFactorPowers))) {}
 
 FactorComponent::FactorComponent(double factor,
                                  const std::map<std::string, int>& parentFactorPowers)
-    : contents_(new Contents(factor, parentFactorPowers)) {}
+    : contents_(new Contents(factor, listOf(parentFactorPowers))) {}
 
 // Contents are shared, so a move is a copy.
 FactorComponent::FactorComponent(const FactorComponent& other) noexcept = default;
@@ -19,7 +19,7 @@ FactorComponent::~FactorComponent() = default;
 double FactorComponent::getFactor() const { return contents_->factor; }
 
 std::map<std::string, int> FactorComponent::getParentFactorPowers() const {
-  return {contents_->parentFactorPowers.begin(), contents_->parentFactorPowers.end()};
+  return mapOf(contents_->parentFactorPowers);
 }
 
 }  // namespace Units

@@ -6,7 +6,7 @@ namespace Units {
 
 Quantity::Quantity(const std::string& typeId, const std::string& name,
                    const std::vector<Unit>& units)
-    : contents_(new Contents(typeId, name, units)) {}
+    : contents_(new Contents(SharedText(typeId), name, units)) {}
 
 // Contents are shared, so a move is a copy.
 Quantity::Quantity(const Quantity& other) noexcept = default;
@@ -20,13 +20,13 @@ std::string Quantity::getName() const { return contents_->name; }
 std::vector<Unit> Quantity::getUnits() const { return contents_->units; }
 
 bool Quantity::operator==(const Quantity& other) const {
-  return contents_->typeId == other.contents_->typeId;
+  return contents_->typeId.str() == other.contents_->typeId.str();
 }
 
 bool Quantity::operator!=(const Quantity& other) const { return !(*this == other); }
 
 bool Quantity::operator<(const Quantity& other) const {
-  return contents_->typeId < other.contents_->typeId;
+  return contents_->typeId.str() < other.contents_->typeId.str();
 }
 
 bool Quantity::operator>(const Quantity& other) const { return other < *this; }

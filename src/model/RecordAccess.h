@@ -8,16 +8,29 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
 namespace Units {
 
-/// Reads records in place, whereas their getters copy. References are valid as long as the record.
+/// Reads records in place, whereas their getters copy, and makes records of what is there already. References are valid as long as the record.
 struct RecordAccess {
   template <class Record>
   static const std::string& typeId(const Record& record) {
     return record.contents_->typeId;
+  }
+
+  template <class Record>
+  static const SharedText& sharedTypeId(const Record& record) {
+    return record.contents_->typeId;
+  }
+
+  /// Makes a record without copying what goes into it.
+  template <class Record, class... Arguments>
+  static Record make(Arguments&&... arguments) {
+    using Contents = typename Record::Contents;
+    return Record(Shared<Contents>(new Contents(std::forward<Arguments>(arguments)...)));
   }
 
   /// Equal for all copies of a record, and only for them.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/SharedText.h"
+
 #include <TrelvonUnits/Factor.h>
 #include <TrelvonUnits/Quantity.h>
 #include <TrelvonUnits/Symbol.h>
@@ -27,47 +29,65 @@ Shared<Contents>::Shared(const Shared& other) noexcept : contents_(other.content
   contents_->owners.fetch_add(1, std::memory_order_relaxed);
 }
 
+template <class Contents>
+Shared<Contents>::Shared(Shared&& other) noexcept
+    : contents_(std::exchange(other.contents_, nullptr)) {}
+
 /// Acquire and release: other owners' accesses must precede the deletion by the last owner.
 template <class Contents>
 Shared<Contents>::~Shared() {
-  if (contents_->owners.fetch_sub(1, std::memory_order_acq_rel) == 1) delete contents_;
+  if (contents_ && contents_->owners.fetch_sub(1, std::memory_order_acq_rel) == 1) delete contents_;
 }
 
 /// Parents and their exponents in type id order. Takes less memory than a map.
-using ParentList = std::vector<std::pair<std::string, int>>;
+using ParentList = std::vector<std::pair<SharedText, int>>;
+
+inline ParentList listOf(const std::map<std::string, int>& powers) {
+  ParentList list;
+  list.reserve(powers.size());
+  for (const auto& [typeId, exponent] : powers) list.emplace_back(SharedText(typeId), exponent);
+  return list;
+}
+
+inline std::map<std::string, int> mapOf(const ParentList& list) {
+  std::map<std::string, int> powers;
+  for (const auto& [typeId, exponent] : list)
+    powers.emplace_hint(powers.end(), typeId.str(), exponent);
+  return powers;
+}
 
 struct Dimension::Contents : CountedContents {
-  explicit Contents(std::string id) : typeId(std::move(id)) {}
+  explicit Contents(SharedText id) : typeId(std::move(id)) {}
 
-  const std::string typeId;
+  const SharedText typeId;
 };
 
 struct FactorComponent::Contents : CountedContents {
-  Contents(double number, const std::map<std::string, int>& powers)
-      : factor(number), parentFactorPowers(powers.begin(), powers.end()) {}
+  Contents(double number, ParentList powers)
+      : factor(number), parentFactorPowers(std::move(powers)) {}
 
   const double factor;
   const ParentList parentFactorPowers;
 };
 
 struct Factor::Contents : CountedContents {
-  Contents(const std::string& id, const FactorComponent& component)
-      : typeId(id), factorComponent(component) {}
+  Contents(SharedText id, const FactorComponent& component)
+      : typeId(std::move(id)), factorComponent(component) {}
 
-  const std::string typeId;
+  const SharedText typeId;
   const FactorComponent factorComponent;
 };
 
 struct AbsoluteUnitComponent::Contents : CountedContents {
-  Contents(const std::string& parent, double distance) : parentUnit(parent), offset(distance) {}
+  Contents(SharedText parent, double distance) : parentUnit(std::move(parent)), offset(distance) {}
 
-  const std::string parentUnit;
+  const SharedText parentUnit;
   const double offset;
 };
 
 struct DerivedUnitComponent::Contents : CountedContents {
-  Contents(const std::map<std::string, int>& powers, const FactorComponent& component)
-      : parentUnitPowers(powers.begin(), powers.end()), factorComponent(component) {}
+  Contents(ParentList powers, const FactorComponent& component)
+      : parentUnitPowers(std::move(powers)), factorComponent(component) {}
 
   const ParentList parentUnitPowers;
   const FactorComponent factorComponent;
@@ -83,12 +103,10 @@ struct Unit::Contents : CountedContents {
   using Component =
       std::variant<AbsoluteUnitComponent, DerivedUnitComponent, PrimitiveUnitComponent>;
 
-  template <class ComponentKind>
-  Contents(const std::string& id, const std::string& unitName, System system,
-           const ComponentKind& ofKind)
-      : typeId(id), name(unitName), unitSystem(system), component(ofKind) {}
+  Contents(SharedText id, std::string unitName, System system, const Component& ofKind)
+      : typeId(std::move(id)), name(std::move(unitName)), unitSystem(system), component(ofKind) {}
 
-  const std::string typeId;
+  const SharedText typeId;
   const std::string name;
   const System unitSystem;
   const Component component;
@@ -104,22 +122,42 @@ struct PrefixOrSuffix::Contents : CountedContents {
 };
 
 struct Symbol::Contents : CountedContents {
-  Contents(const std::string& id, const Unit& ofUnit,
-           const std::optional<PrefixOrSuffix>& decoration)
-      : typeId(id), unit(ofUnit), prefixOrSuffix(decoration) {}
+  Contents(SharedText id, const Unit& ofUnit, const std::optional<PrefixOrSuffix>& decoration)
+      : typeId(std::move(id)), unit(ofUnit), prefixOrSuffix(decoration) {}
 
-  const std::string typeId;
+  const SharedText typeId;
   const Unit unit;
   const std::optional<PrefixOrSuffix> prefixOrSuffix;
 };
 
 struct Quantity::Contents : CountedContents {
-  Contents(const std::string& id, const std::string& quantityName, const std::vector<Unit>& listed)
-      : typeId(id), name(quantityName), units(listed) {}
+  Contents(SharedText id, std::string quantityName, std::vector<Unit> listed)
+      : typeId(std::move(id)), name(std::move(quantityName)), units(std::move(listed)) {}
 
-  const std::string typeId;
+  const SharedText typeId;
   const std::string name;
   const std::vector<Unit> units;
 };
+
+// How the library makes a record of contents that it does not copy. Always inline: the library
+// exports whatever these classes have out of line.
+[[gnu::always_inline]] inline Dimension::Dimension(Shared<Contents>&& contents) noexcept
+    : contents_(std::move(contents)) {}
+[[gnu::always_inline]] inline FactorComponent::FactorComponent(Shared<Contents>&& contents) noexcept
+    : contents_(std::move(contents)) {}
+[[gnu::always_inline]] inline Factor::Factor(Shared<Contents>&& contents) noexcept
+    : contents_(std::move(contents)) {}
+[[gnu::always_inline]] inline AbsoluteUnitComponent::AbsoluteUnitComponent(
+    Shared<Contents>&& contents) noexcept
+    : contents_(std::move(contents)) {}
+[[gnu::always_inline]] inline DerivedUnitComponent::DerivedUnitComponent(
+    Shared<Contents>&& contents) noexcept
+    : contents_(std::move(contents)) {}
+[[gnu::always_inline]] inline Unit::Unit(Shared<Contents>&& contents) noexcept
+    : contents_(std::move(contents)) {}
+[[gnu::always_inline]] inline Symbol::Symbol(Shared<Contents>&& contents) noexcept
+    : contents_(std::move(contents)) {}
+[[gnu::always_inline]] inline Quantity::Quantity(Shared<Contents>&& contents) noexcept
+    : contents_(std::move(contents)) {}
 
 }  // namespace Units

@@ -46,16 +46,24 @@ class RecordStore {
     return node ? &node->record : nullptr;
   }
 
+  const Record* find(const HashedText& typeId) const {
+    const Node* const node = nodes_.find(typeId);
+    return node ? &node->record : nullptr;
+  }
+
   /// Makes room for `count` more records.
   void reserve(std::size_t count) { nodes_.reserve(count); }
+
+  /// Makes room for the records of another store.
+  void reserveFor(const RecordStore& other) { nodes_.reserveFor(other.nodes_); }
 
   /// Adds a record. Its node has no parents yet. Fastest in type id order. If it throws, nothing
   /// has changed.
   /// @param record  its type id must not be in the store.
-  void add(const Record& record) { nodes_.emplace(RecordAccess::typeId(record), Node(record)); }
+  void add(const Record& record) { nodes_.emplace(RecordAccess::typeId(record), record); }
 
   /// Moves all records of another store to this one. They and their nodes keep their addresses. No
-  /// type id may be in both stores, and `reserve` must have made room.
+  /// type id may be in both stores, and `reserveFor` must have made room.
   void merge(RecordStore& other) noexcept { nodes_.merge(other.nodes_); }
 
  private:

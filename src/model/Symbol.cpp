@@ -6,7 +6,7 @@ namespace Units {
 
 Symbol::Symbol(const std::string& typeId, const Unit& unit,
                const std::optional<PrefixOrSuffix>& prefixOrSuffix)
-    : contents_(new Contents(typeId, unit, prefixOrSuffix)) {}
+    : contents_(new Contents(SharedText(typeId), unit, prefixOrSuffix)) {}
 
 // Contents are shared, so a move is a copy.
 Symbol::Symbol(const Symbol& other) noexcept = default;
@@ -22,13 +22,13 @@ std::optional<PrefixOrSuffix> Symbol::getPrefixOrSuffix() const {
 }
 
 bool Symbol::operator==(const Symbol& other) const {
-  return contents_->typeId == other.contents_->typeId;
+  return contents_->typeId.str() == other.contents_->typeId.str();
 }
 
 bool Symbol::operator!=(const Symbol& other) const { return !(*this == other); }
 
 bool Symbol::operator<(const Symbol& other) const {
-  return contents_->typeId < other.contents_->typeId;
+  return contents_->typeId.str() < other.contents_->typeId.str();
 }
 
 bool Symbol::operator>(const Symbol& other) const { return other < *this; }

@@ -82,6 +82,7 @@ class TextTree {
   /// that stays and the value that is dropped.
   template <class Join>
   void merge(TextTree& other, Join join) noexcept {
+    if (nodes_.empty()) return swap(other);
     other.roots_ = {};
     while (!other.nodes_.empty()) {
       Node& node = other.nodes_.front();

@@ -6,15 +6,15 @@ namespace Units {
 
 Unit::Unit(const std::string& typeId, const std::string& name, System unitSystem,
            const AbsoluteUnitComponent& component)
-    : contents_(new Contents(typeId, name, unitSystem, component)) {}
+    : contents_(new Contents(SharedText(typeId), name, unitSystem, component)) {}
 
 Unit::Unit(const std::string& typeId, const std::string& name, System unitSystem,
            const DerivedUnitComponent& component)
-    : contents_(new Contents(typeId, name, unitSystem, component)) {}
+    : contents_(new Contents(SharedText(typeId), name, unitSystem, component)) {}
 
 Unit::Unit(const std::string& typeId, const std::string& name, System unitSystem,
            const PrimitiveUnitComponent& component)
-    : contents_(new Contents(typeId, name, unitSystem, component)) {}
+    : contents_(new Contents(SharedText(typeId), name, unitSystem, component)) {}
 
 // Contents are shared, so a move is a copy.
 Unit::Unit(const Unit& other) noexcept = default;
@@ -50,13 +50,13 @@ std::optional<PrimitiveUnitComponent> Unit::getPrimitiveUnitComponent() const {
 }
 
 bool Unit::operator==(const Unit& other) const {
-  return contents_->typeId == other.contents_->typeId;
+  return contents_->typeId.str() == other.contents_->typeId.str();
 }
 
 bool Unit::operator!=(const Unit& other) const { return !(*this == other); }
 
 bool Unit::operator<(const Unit& other) const {
-  return contents_->typeId < other.contents_->typeId;
+  return contents_->typeId.str() < other.contents_->typeId.str();
 }
 
 bool Unit::operator>(const Unit& other) const { return other < *this; }

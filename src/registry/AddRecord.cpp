@@ -10,8 +10,8 @@ namespace Units {
 
 namespace {
 
-template <class SchemaData, class Record>
-void store(const Record& record, KindRegistry<SchemaData, Record>& kind, Registries& registries) {
+template <class Record>
+void store(const Record& record, KindRegistry<Record>& kind, Registries& registries) {
   checkTypeId(RecordAccess::typeId(record), registries);
   const BuiltDropper dropper{registries};
   kind.built.add(record);

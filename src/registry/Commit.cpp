@@ -60,7 +60,7 @@ void linkUnits(Registries& registries) {
 
 template <class Kind>
 void reserve(Kind& kind) {
-  kind.objects.reserve(kind.built.size());
+  kind.objects.reserveFor(kind.built);
 }
 
 template <class Kind>

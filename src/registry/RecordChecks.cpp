@@ -34,17 +34,19 @@ void checkPrimitive(const Unit& unit, const PrimitiveUnitComponent& primitive,
 
 }  // namespace
 
-void checkTypeId(const std::string& typeId, const Registries& registries) {
+void checkTypeId(std::string_view typeId, const Registries& registries) {
   if (typeId.empty()) throw ValidationException("Typeid must not be empty.");
   if (isRegistered(typeId, registries))
-    throw ValidationException("Schema with typeid " + typeId + " is already registered.");
+    throw ValidationException("Schema with typeid " + std::string(typeId) +
+                              " is already registered.");
 }
 
 void checkFactorParents(const FactorComponent& component, const RecordStore<Factor>& factors) {
   const auto& parents = RecordAccess::parentFactorPowers(component);
   checkExponents(parents);
   for (const auto& [parent, exponent] : parents)
-    if (!factors.find(parent)) throw ValidationException("Parent factor " + parent + " not found.");
+    if (!factors.find(parent.str()))
+      throw ValidationException("Parent factor " + parent.str() + " not found.");
 }
 
 void checkFactorParents(const Factor& factor, const RecordStore<Factor>& factors) {
@@ -68,12 +70,13 @@ void checkUnit(const Unit& unit, const Registries& registries) {
     checkPrimitive(unit, *primitive, registries.dimensions.objects);
 }
 
-void checkSpecialSymbol(const std::string& symbolTypeId) {
+void checkSpecialSymbol(std::string_view symbolTypeId) {
   const bool special = std::any_of(
       specialSymbolKeys.begin(), specialSymbolKeys.end(),
-      [&](std::string_view key) { return symbolTypeId.find(key) != std::string::npos; });
+      [&](std::string_view key) { return symbolTypeId.find(key) != symbolTypeId.npos; });
   if (!special)
-    throw ValidationException("Symbol " + symbolTypeId + " must be a prefix or suffix.");
+    throw ValidationException("Symbol " + std::string(symbolTypeId) +
+                              " must be a prefix or suffix.");
 }
 
 Symbol checkSymbol(const Symbol& symbol, const RecordStore<Unit>& units) {

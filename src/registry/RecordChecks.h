@@ -5,13 +5,14 @@
 #include <TrelvonUnits/Exceptions.h>
 
 #include <string>
+#include <string_view>
 
 /// The rules for records. Each check throws a ValidationException for the first violation, in the
 /// order given.
 namespace Units {
 
 /// The type id is not empty and not registered yet.
-void checkTypeId(const std::string& typeId, const Registries& registries);
+void checkTypeId(std::string_view typeId, const Registries& registries);
 
 /// No exponent is 0.
 template <class Powers>
@@ -31,7 +32,7 @@ void checkRelativeUnit(const std::string& unitTypeId, const RecordStore<Unit>& u
 void checkUnit(const Unit& unit, const Registries& registries);
 
 /// The type id of a symbol without prefix or suffix contains the key of a composite form.
-void checkSpecialSymbol(const std::string& symbolTypeId);
+void checkSpecialSymbol(std::string_view symbolTypeId);
 
 /// A symbol without prefix or suffix is composite. The unit is stored.
 /// @return  the symbol to store, with the stored unit.

@@ -2,10 +2,8 @@
 
 #include "model/SymbolTexts.h"
 #include "registry/KindRegistry.h"
-#include "registry/SchemaData.h"
+#include "registry/WaitingSchemas.h"
 
-#include <set>
-#include <string>
 #include <string_view>
 
 namespace Units {
@@ -14,26 +12,22 @@ namespace Units {
 ///
 /// Only `commit` changes `objects` and `symbolTexts`.
 struct Registries {
-  KindRegistry<Dimension, Dimension> dimensions;
-  KindRegistry<FactorSchemaData, Factor> factors;
-  KindRegistry<UnitSchemaData, Unit> units;
-  KindRegistry<SymbolSchemaData, Symbol> symbols;
-  KindRegistry<QuantitySchemaData, Quantity> quantities;
-  std::set<std::string_view> pendingTypeIds;  // views of the keys of `pending`
-  SymbolTexts symbolTexts;                    // index of symbols.objects
+  KindRegistry<Dimension> dimensions;
+  KindRegistry<Factor> factors;
+  KindRegistry<Unit> units;
+  KindRegistry<Symbol> symbols;
+  KindRegistry<Quantity> quantities;
+  WaitingSchemas waiting;             // pending, too
+  IndexedMap<SharedText> awaitedIds;  // that pending schemas refer to and that came first
+  SymbolTexts symbolTexts;            // index of symbols.objects
 };
 
-/// Whether a type id belongs to a stored record.
-inline bool isStored(std::string_view typeId, const Registries& registries) {
-  return registries.dimensions.objects.findNode(typeId) ||
-         registries.factors.objects.findNode(typeId) || registries.units.objects.findNode(typeId) ||
-         registries.symbols.objects.findNode(typeId) ||
-         registries.quantities.objects.findNode(typeId);
-}
+/// The type id of a stored record or a pending schema; null if there is none.
+const SharedText* findRegistered(const HashedText& typeId, const Registries& registries);
 
 /// Whether a type id belongs to a stored record or a pending schema.
 inline bool isRegistered(std::string_view typeId, const Registries& registries) {
-  return isStored(typeId, registries) || registries.pendingTypeIds.count(typeId) != 0;
+  return findRegistered(typeId, registries) != nullptr;
 }
 
 }  // namespace Units

@@ -4,7 +4,9 @@
 #include "schema/ValidationExceptionFactory.h"
 
 #include <memory>
+#include <string_view>
 #include <utility>
+#include <variant>
 
 namespace Schemas {
 
@@ -15,28 +17,39 @@ using Units::ReadingStep;
 
 /// Makes a definition of the data of each kind.
 struct DefinitionMaker {
-  const std::string& typeId;
+  std::string_view typeId;
 
-  Definition operator()(const Units::Dimension&) const { return make(RecordKind::Dimension); }
+  Definition operator()(const Units::DimensionSchemaData&) const {
+    return make(RecordKind::Dimension);
+  }
 
   Definition operator()(const Units::FactorSchemaData& data) const {
     Definition made = make(RecordKind::Factor);
-    if (const auto* const derived = std::get_if<Units::DerivedFactorSchemaData>(&data))
-      addPowers(derived->parentFactors, "parentFactors", made);
+    addPowers(data.parentFactors, "parentFactors", made);
     return made;
   }
 
   Definition operator()(const Units::UnitSchemaData& data) const {
-    if (const auto* const absolute = std::get_if<Units::AbsoluteUnitSchemaData>(&data))
-      return make(RecordKind::AbsoluteUnit, absolute->parentUnit, "parentUnit");
-    if (const auto* const primitive = std::get_if<Units::DimensionalPrimitiveUnitSchemaData>(&data))
-      return make(RecordKind::RelativeUnit, primitive->dimension, "dimension");
+    return std::visit(*this, data.component);
+  }
+
+  Definition operator()(const Units::AbsoluteUnitSchemaData& data) const {
+    return make(RecordKind::AbsoluteUnit, data.parentUnit, "parentUnit");
+  }
+
+  Definition operator()(const Units::DerivedUnitSchemaData& data) const {
     Definition made = make(RecordKind::RelativeUnit);
-    if (const auto* const derived = std::get_if<Units::DerivedUnitSchemaData>(&data)) {
-      addPowers(derived->parentFactors, "parentFactors", made);
-      addPowers(derived->parentUnits, "parentUnits", made);
-    }
+    addPowers(data.factor.parentFactors, "parentFactors", made);
+    addPowers(data.parentUnits, "parentUnits", made);
     return made;
+  }
+
+  Definition operator()(const Units::DimensionalPrimitiveUnitSchemaData& data) const {
+    return make(RecordKind::RelativeUnit, data.dimension, "dimension");
+  }
+
+  Definition operator()(const Units::PrimitiveUnitSchemaData&) const {
+    return make(RecordKind::RelativeUnit);
   }
 
   Definition operator()(const Units::SymbolSchemaData& data) const {
@@ -45,21 +58,20 @@ struct DefinitionMaker {
 
   Definition operator()(const Units::QuantitySchemaData& data) const {
     Definition made = make(RecordKind::Quantity);
-    for (const std::string& unit : data.units)
-      made.references.push_back({unit, "units", Form::Listed, made.references.size()});
+    for (const std::string_view unit : data.units)
+      made.references.push_back({std::string(unit), "units", Form::Listed, made.references.size()});
     return made;
   }
 
-  Definition make(RecordKind kind) const { return {typeId, kind, {}}; }
+  Definition make(RecordKind kind) const { return {std::string(typeId), kind, {}}; }
 
-  Definition make(RecordKind kind, const std::string& referred, const char* constant) const {
-    return {typeId, kind, {{referred, constant, Form::Single, 0}}};
+  Definition make(RecordKind kind, std::string_view referred, const char* constant) const {
+    return {std::string(typeId), kind, {{std::string(referred), constant, Form::Single, 0}}};
   }
 
-  static void addPowers(const std::map<std::string, int>& powers, const char* constant,
-                        Definition& made) {
+  static void addPowers(const Units::ParentViews& powers, const char* constant, Definition& made) {
     for (const auto& [parent, exponent] : powers)
-      made.references.push_back({parent, constant, Form::Power, 0});
+      made.references.push_back({std::string(parent), constant, Form::Power, 0});
   }
 };
 
@@ -82,7 +94,7 @@ ReadResult readDefinition(const std::string& text,
         Units::readSchemaHeader(std::make_shared<Units::ValidationExceptionFactory>(), text, trace);
     result.typeId = header.typeId;
     note(trace, ReadingStep::member("typeid"));
-    result.isTaken = isTaken(header.typeId);
+    result.isTaken = isTaken(result.typeId);
     if (!result.isTaken) result.definition = readKind(header, DefinitionMaker{header.typeId});
   } catch (const Units::ValidationException& error) {
     result.refusal = error.what();

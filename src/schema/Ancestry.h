@@ -29,8 +29,8 @@ using VisitStates = std::unordered_map<const Record*, VisitState>;
 /// @param states     of this build and kind of record.
 /// @throws ValidationException  a parent is neither stored nor in the build, or is on the path to
 ///                              itself.
-template <class SchemaData, class Record, class ParentsOf>
-void checkAncestry(const std::string& root, const KindRegistry<SchemaData, Record>& registry,
+template <class Record, class ParentsOf>
+void checkAncestry(const std::string& root, const KindRegistry<Record>& registry,
                    const ParentsOf& parentsOf, VisitStates<Record>& states) {
   using Parent = ParentList::const_iterator;
   struct Step {

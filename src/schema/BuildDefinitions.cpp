@@ -15,33 +15,26 @@ namespace Units {
 
 namespace {
 
-using FactorRegistry = KindRegistry<FactorSchemaData, Factor>;
-using UnitRegistry = KindRegistry<UnitSchemaData, Unit>;
+using FactorRegistry = KindRegistry<Factor>;
+using UnitRegistry = KindRegistry<Unit>;
 
 /// Frees each schema as soon as its record is built, so that the next record can reuse the memory.
-template <class SchemaData, class Record, class Build>
-void buildKind(KindRegistry<SchemaData, Record>& kind, const Build& build) {
-  kind.built.reserve(kind.batch.size());
-  while (!kind.batch.empty()) {
-    const auto next = kind.batch.begin();
-    build(next->first, next->second, kind.built);
-    kind.batch.erase(next);
+template <class Schema, class Record>
+void buildEach(IndexedMap<Schema>& schemas, RecordStore<Record>& built,
+               const Registries& registries) {
+  built.reserve(schemas.entries().size());
+  auto waiting = schemas.release();
+  while (!waiting.empty()) {
+    const auto next = waiting.begin();
+    built.add(build(next->second, registries));
+    waiting.erase(next);
   }
 }
 
-void buildRecords(Registries& registries) {
-  buildKind(registries.dimensions,
-            [](const auto&, const auto& dimension, auto& built) { built.add(dimension); });
-  buildKind(registries.factors, buildFactor);
-  buildKind(registries.units, [&](const auto& typeId, const auto& data, auto& built) {
-    buildUnit(typeId, data, registries.dimensions, built);
-  });
-  buildKind(registries.symbols, [&](const auto& typeId, const auto& data, auto& built) {
-    buildSymbol(typeId, data, registries.units, built);
-  });
-  buildKind(registries.quantities, [&](const auto& typeId, const auto& data, auto& built) {
-    buildQuantity(typeId, data, registries.units, built);
-  });
+void buildRecords(WaitingSchemas& waiting, Registries& registries) {
+  buildEach(waiting.units, registries.units.built, registries);
+  buildEach(waiting.symbols, registries.symbols.built, registries);
+  buildEach(waiting.quantities, registries.quantities.built, registries);
 }
 
 void checkBuiltFactors(const FactorRegistry& factors) {
@@ -101,8 +94,8 @@ void checkBuiltUnits(const FactorRegistry& factors, const UnitRegistry& units) {
 
 }  // namespace
 
-void buildDefinitions(Registries& registries) {
-  buildRecords(registries);
+void buildDefinitions(WaitingSchemas& waiting, Registries& registries) {
+  buildRecords(waiting, registries);
   checkBuiltFactors(registries.factors);
   checkBuiltUnits(registries.factors, registries.units);
 }

@@ -14,43 +14,43 @@ void endMembers(ReadingTrace* trace) {
 
 }  // namespace
 
-double readNumber(const JSON& value, ReadingTrace*) {
+double readNumber(JsonView value, ReadingTrace*) {
   if (!value.isNumber()) throw ValidationException("Expected a number.");
   return value.getNumber();
 }
 
-bool readBoolean(const JSON& value, ReadingTrace*) {
+bool readBoolean(JsonView value, ReadingTrace*) {
   if (!value.isBool()) throw ValidationException("Expected a Boolean value.");
   return value.getBool();
 }
 
-std::string readString(const JSON& value, ReadingTrace*) {
+std::string_view readString(JsonView value, ReadingTrace*) {
   if (!value.isString()) throw ValidationException("Expected a string.");
-  return value.getString();
+  return value.getStringView();
 }
 
-std::string readNonEmptyString(const JSON& value, ReadingTrace*) {
-  std::string text = readString(value);
+std::string_view readNonEmptyString(JsonView value, ReadingTrace*) {
+  const std::string_view text = readString(value);
   if (text.empty()) throw ValidationException("Expected a non-empty string.");
   return text;
 }
 
-std::map<std::string, int> readIntegerMap(const JSON& value, ReadingTrace* trace) {
+ParentViews readIntegerMap(JsonView value, ReadingTrace* trace) {
   if (!value.isObject())
     throw ValidationException("Expected a map with string keys and integer values.");
-  auto map = value.getStringIntMap(memberOf(trace));
+  auto map = value.getIntegers(memberOf(trace));
   endMembers(trace);
   return map;
 }
 
-std::string readTypedValue(const JSON& value, ReadingTrace* trace) {
+std::string_view readTypedValue(JsonView value, ReadingTrace* trace) {
   if (!value.isObject()) throw ValidationException("A typedValue must be an object.");
-  const std::map<std::string, std::string> members = value.getStringStringMap(memberOf(trace));
+  const auto only = value.getOnlyString(memberOf(trace));
   endMembers(trace);
-  if (members.size() != 1)
+  if (!only)
     throw ValidationException(
         "A typedValue object may not be empty and must contain a typeid attribute only.");
-  const auto& [name, typeId] = *members.begin();
+  const auto& [name, typeId] = *only;
   if (name != "typeid")
     throw ValidationException("A typedValue did not contain a typeid attribute.");
   if (typeId.empty())
@@ -58,19 +58,19 @@ std::string readTypedValue(const JSON& value, ReadingTrace* trace) {
   return typeId;
 }
 
-std::vector<std::string> readTypedValueArray(const JSON& value, ReadingTrace* trace) {
+std::vector<std::string_view> readTypedValueArray(JsonView value, ReadingTrace* trace) {
   if (!value.isArray()) throw ValidationException("Expected an array of typedValue objects.");
-  std::vector<std::string> typeIds;
+  std::vector<std::string_view> typeIds;
+  typeIds.reserve(value.elementCount());
   const std::size_t depth = trace ? trace->depth() : 0;
-  for (const JSON& element : value.getArray()) {
-    if (trace) trace->note(depth, {ReadingStep::element(typeIds.size())});
-    typeIds.push_back(readTypedValue(element, trace));
+  for (std::size_t number = 0; number < value.elementCount(); ++number) {
+    if (trace) trace->note(depth, {ReadingStep::element(number)});
+    typeIds.push_back(readTypedValue(value.element(number), trace));
   }
   return typeIds;
 }
 
-void checkParents(const SchemaHeader& header, std::string_view id,
-                  const std::map<std::string, int>& parents) {
+void checkParents(const SchemaHeader& header, std::string_view id, const ParentViews& parents) {
   if (header.trace) {
     std::string_view parent;
     for (auto next = parents.begin(); next != parents.end() && parent.empty(); ++next)

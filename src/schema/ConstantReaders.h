@@ -1,10 +1,10 @@
 #pragma once
 
+#include "schema/SchemaData.h"
 #include "schema/SchemaHeader.h"
 
 #include <TrelvonUnits/Exceptions.h>
 
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,34 +26,33 @@ inline void noteConstant(const SchemaHeader& header, std::string_view id) {
 /// @param handler   checks and converts the JSON value; one of the functions below.
 template <class T>
 T readConstant(const SchemaHeader& header, std::string_view id, std::optional<T> fallback,
-               T (*handler)(const JSON&, ReadingTrace*)) {
-  const auto constant = header.constants.find(id);
-  if (constant != header.constants.end()) {
+               T (*handler)(JsonView, ReadingTrace*)) {
+  if (const Properties::Property* const constant = header.constants.find(id)) {
     noteConstant(header, id);
-    return handler(constant->second, header.trace);
+    return handler(constant->value, header.trace);
   }
   note(header.trace, ReadingStep::member("constants"));
   if (!fallback)
-    throw ValidationException("Schema " + header.typeId + " has an undefined " + std::string(id) +
-                              " constant.");
+    throw ValidationException("Schema " + std::string(header.typeId) + " has an undefined " +
+                              std::string(id) + " constant.");
   return *std::move(fallback);
 }
 
 /// The handlers. `trace` may be null; the value that it was given last is the one to read.
-double readNumber(const JSON& value, ReadingTrace* trace = nullptr);
-bool readBoolean(const JSON& value, ReadingTrace* trace = nullptr);
-std::string readString(const JSON& value, ReadingTrace* trace = nullptr);  ///< May be empty.
-std::string readNonEmptyString(const JSON& value, ReadingTrace* trace = nullptr);
-std::map<std::string, int> readIntegerMap(const JSON& value, ReadingTrace* trace = nullptr);
+double readNumber(JsonView value, ReadingTrace* trace = nullptr);
+bool readBoolean(JsonView value, ReadingTrace* trace = nullptr);
+std::string_view readString(JsonView value, ReadingTrace* trace = nullptr);  ///< May be empty.
+std::string_view readNonEmptyString(JsonView value, ReadingTrace* trace = nullptr);
+
+ParentViews readIntegerMap(JsonView value, ReadingTrace* trace = nullptr);
 
 /// The type id in an object {"typeid": "..."} that has no other member.
-std::string readTypedValue(const JSON& value, ReadingTrace* trace = nullptr);
+std::string_view readTypedValue(JsonView value, ReadingTrace* trace = nullptr);
 
 /// The type ids in an array of such objects, in order, with duplicates.
-std::vector<std::string> readTypedValueArray(const JSON& value, ReadingTrace* trace = nullptr);
+std::vector<std::string_view> readTypedValueArray(JsonView value, ReadingTrace* trace = nullptr);
 
-/// Checks the exponents of a map of parents that has been read from a constant: none is 0.
-void checkParents(const SchemaHeader& header, std::string_view id,
-                  const std::map<std::string, int>& parents);
+/// Checks the exponents of a list of parents that has been read from a constant: none is 0.
+void checkParents(const SchemaHeader& header, std::string_view id, const ParentViews& parents);
 
 }  // namespace Units

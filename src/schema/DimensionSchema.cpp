@@ -5,9 +5,13 @@
 
 namespace Units {
 
-std::optional<Dimension> readDimensionSchema(const SchemaHeader& header) {
+std::optional<DimensionSchemaData> readDimensionSchema(const SchemaHeader& header) {
   if (!isOfKind(header, "dimension")) return std::nullopt;
-  return Dimension(header.typeId);
+  return DimensionSchemaData();
+}
+
+void addPending(const DimensionSchemaData&, SchemaIds& ids, Registries& registries) {
+  registries.dimensions.pending.add(RecordAccess::make<Dimension>(ids.typeId()));
 }
 
 std::string writeDimensionSchema(const Dimension& dimension) {

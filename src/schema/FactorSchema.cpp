@@ -4,9 +4,7 @@
 #include "schema/ConstantReaders.h"
 #include "schema/SchemaWriter.h"
 
-#include <map>
 #include <utility>
-#include <variant>
 
 namespace Units {
 
@@ -18,29 +16,22 @@ constexpr const char* derivedWord = "factor.derived";
 }  // namespace
 
 std::optional<FactorSchemaData> readFactorSchema(const SchemaHeader& header) {
-  using Powers = std::map<std::string, int>;
   if (isOfKind(header, simpleWord))
-    return SimpleFactorSchemaData{readConstant<double>(header, "factor", 1.0, readNumber)};
+    return FactorSchemaData{readConstant<double>(header, "factor", 1.0, readNumber), {}};
   if (!isOfKind(header, derivedWord)) return std::nullopt;
   const double factor = readConstant<double>(header, "factor", 1.0, readNumber);
-  auto parentFactors = readConstant<Powers>(header, "parentFactors", Powers(), readIntegerMap);
-  checkParents(header, "parentFactors", parentFactors);
-  return DerivedFactorSchemaData{factor, std::move(parentFactors)};
+  auto parents = readConstant<ParentViews>(header, "parentFactors", ParentViews(), readIntegerMap);
+  checkParents(header, "parentFactors", parents);
+  return FactorSchemaData{factor, std::move(parents)};
 }
 
-std::set<std::string> factorSchemaDependencies(const FactorSchemaData& data) {
-  std::set<std::string> dependencies;
-  if (const auto* const derived = std::get_if<DerivedFactorSchemaData>(&data))
-    for (const auto& [parent, exponent] : derived->parentFactors) dependencies.insert(parent);
-  return dependencies;
+FactorComponent makeFactorComponent(const FactorSchemaData& data, SchemaIds& ids) {
+  return RecordAccess::make<FactorComponent>(data.factor, ids.refer(data.parentFactors));
 }
 
-void buildFactor(const std::string& typeId, const FactorSchemaData& data,
-                 RecordStore<Factor>& built) {
-  if (const auto* const derived = std::get_if<DerivedFactorSchemaData>(&data))
-    built.add(Factor(typeId, FactorComponent(derived->factor, derived->parentFactors)));
-  else
-    built.add(Factor(typeId, FactorComponent(std::get<SimpleFactorSchemaData>(data).factor)));
+void addPending(const FactorSchemaData& data, SchemaIds& ids, Registries& registries) {
+  const FactorComponent component = makeFactorComponent(data, ids);
+  registries.factors.pending.add(RecordAccess::make<Factor>(ids.typeId(), component));
 }
 
 void collectParentFactors(const std::vector<ParentPower<Factor>>& parents, References& out) {

@@ -2,14 +2,14 @@
 
 #include "json/JSON.h"
 #include "model/RecordStore.h"
-#include "registry/SchemaData.h"
 #include "schema/References.h"
+#include "schema/SchemaData.h"
 #include "schema/SchemaHeader.h"
+#include "schema/SchemaIds.h"
 
 #include <TrelvonUnits/Factor.h>
 
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -23,11 +23,10 @@ namespace Units {
 /// @throws ValidationException  a constant has the wrong type, or an exponent is 0.
 std::optional<FactorSchemaData> readFactorSchema(const SchemaHeader& header);
 
-std::set<std::string> factorSchemaDependencies(const FactorSchemaData& data);
+/// The value of a factor. Does not check the parents, which may be added later.
+FactorComponent makeFactorComponent(const FactorSchemaData& data, SchemaIds& ids);
 
-/// Builds the record in `built`. Does not check the parents, which may be built later.
-void buildFactor(const std::string& typeId, const FactorSchemaData& data,
-                 RecordStore<Factor>& built);
+void addPending(const FactorSchemaData& data, SchemaIds& ids, Registries& registries);
 
 /// Adds the given parent factors of a stored record and all of their ancestors.
 void collectParentFactors(const std::vector<ParentPower<Factor>>& parents, References& out);

@@ -13,9 +13,9 @@ namespace Units {
 ///
 /// @throws ValidationException  there is no such record, or the type id belongs to another kind.
 ///                              Type ids are unique, so one message covers both cases.
-template <class SchemaData, class Record>
-const Record& findDependency(const KindRegistry<SchemaData, Record>& registry,
-                             const std::string& dependency, const std::string& schemaTypeId) {
+template <class Record>
+const Record& findDependency(const KindRegistry<Record>& registry, const std::string& dependency,
+                             const std::string& schemaTypeId) {
   if (const Record* const stored = registry.objects.find(dependency)) return *stored;
   if (const Record* const built = registry.built.find(dependency)) return *built;
   throw ValidationException("Dependency " + dependency + " in schema " + schemaTypeId +

@@ -12,23 +12,27 @@
 namespace Units {
 
 std::optional<QuantitySchemaData> readQuantitySchema(const SchemaHeader& header) {
-  using TypeIds = std::vector<std::string>;
+  using TypeIds = std::vector<std::string_view>;
   if (!isOfKind(header, "quantity")) return std::nullopt;
-  auto name = readConstant<std::string>(header, "name", std::nullopt, readNonEmptyString);
-  auto units = readConstant<TypeIds>(header, "units", TypeIds(), readTypedValueArray);
-  return QuantitySchemaData{std::move(name), std::move(units)};
+  const auto name =
+      readConstant<std::string_view>(header, "name", std::nullopt, readNonEmptyString);
+  return QuantitySchemaData{name,
+                            readConstant<TypeIds>(header, "units", TypeIds(), readTypedValueArray)};
 }
 
-std::set<std::string> quantitySchemaDependencies(const QuantitySchemaData& data) {
-  return {data.units.begin(), data.units.end()};
+void addPending(const QuantitySchemaData& data, SchemaIds& ids, Registries& registries) {
+  QuantitySchema schema{ids.typeId(), std::string(data.name), {}};
+  schema.units.reserve(data.units.size());
+  for (const std::string_view unit : data.units) schema.units.push_back(ids.refer(unit));
+  registries.waiting.quantities.emplace(ids.typeId().str(), std::move(schema));
 }
 
-void buildQuantity(const std::string& typeId, const QuantitySchemaData& data,
-                   const KindRegistry<UnitSchemaData, Unit>& units, RecordStore<Quantity>& built) {
+Quantity build(QuantitySchema& schema, const Registries& registries) {
   std::vector<Unit> found;
-  found.reserve(data.units.size());
-  for (const std::string& unit : data.units) found.push_back(findDependency(units, unit, typeId));
-  built.add(Quantity(typeId, data.name, found));
+  found.reserve(schema.units.size());
+  for (const SharedText& unit : schema.units)
+    found.push_back(findDependency(registries.units, unit, schema.typeId));
+  return RecordAccess::make<Quantity>(schema.typeId, std::move(schema.name), std::move(found));
 }
 
 void collectQuantityReferences(const Quantity& quantity, References& out,

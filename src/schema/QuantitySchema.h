@@ -1,15 +1,14 @@
 #pragma once
 
 #include "model/RecordStore.h"
-#include "registry/KindRegistry.h"
-#include "registry/SchemaData.h"
 #include "schema/References.h"
+#include "schema/SchemaData.h"
 #include "schema/SchemaHeader.h"
+#include "schema/SchemaIds.h"
 
 #include <TrelvonUnits/Quantity.h>
 
 #include <optional>
-#include <set>
 #include <string>
 
 /// Schemas of quantities: "name", a non-empty string, and "units", an array of typed values,
@@ -20,12 +19,11 @@ namespace Units {
 /// @throws ValidationException  a constant is missing or has the wrong type.
 std::optional<QuantitySchemaData> readQuantitySchema(const SchemaHeader& header);
 
-std::set<std::string> quantitySchemaDependencies(const QuantitySchemaData& data);
+void addPending(const QuantitySchemaData& data, SchemaIds& ids, Registries& registries);
 
-/// Builds the record in `built`.
+/// Makes the record of a schema, which gives up what it holds.
 /// @throws ValidationException  a unit is neither stored nor built: the first one in the list.
-void buildQuantity(const std::string& typeId, const QuantitySchemaData& data,
-                   const KindRegistry<UnitSchemaData, Unit>& units, RecordStore<Quantity>& built);
+Quantity build(QuantitySchema& schema, const Registries& registries);
 
 /// Adds the quantity's units and all that they depend on.
 void collectQuantityReferences(const Quantity& quantity, References& out,

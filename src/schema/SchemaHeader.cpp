@@ -1,7 +1,7 @@
 #include "schema/SchemaHeader.h"
 
+#include <string>
 #include <utility>
-#include <vector>
 
 namespace Units {
 
@@ -9,106 +9,111 @@ namespace {
 
 using Step = ReadingStep;
 
-/// The elements of the array of non-empty strings that is the document's member `name`.
-std::vector<std::string> readNonEmptyStringArray(const JSON& document, ExceptionFactory& factory,
-                                                 const std::string& name, ReadingTrace* trace) {
-  const JSON value = document.getMember(name);
+/// The first element of the array of non-empty strings that is `value`, and how many there are.
+std::pair<std::string_view, std::size_t> readNonEmptyStrings(JsonView value,
+                                                             ExceptionFactory& factory,
+                                                             std::string_view name,
+                                                             ReadingTrace* trace) {
   if (!value.isArray()) raiseError(factory, "Expected an array.");
-  std::vector<std::string> texts;
-  for (const JSON& element : value.getArray()) {
-    note(trace, Step::member(name), Step::element(texts.size()));
+  std::string_view first;
+  for (std::size_t number = 0; number < value.elementCount(); ++number) {
+    note(trace, Step::member(name), Step::element(number));
+    const JsonView element = value.element(number);
     if (!element.isString()) raiseError(factory, "Expected an array of strings.");
-    texts.push_back(element.getString());
-    if (texts.back().empty()) raiseError(factory, "Expected an array of non-empty strings.");
+    const std::string_view text = element.getStringView();
+    if (text.empty()) raiseError(factory, "Expected an array of non-empty strings.");
+    if (number == 0) first = text;
   }
-  return texts;
+  return {first, value.elementCount()};
 }
 
 /// A view of the id of a property object, which may be empty.
-std::string_view readPropertyId(const JSON& property, ExceptionFactory& factory,
-                                ReadingTrace* trace) {
+std::string_view readPropertyId(JsonView property, ExceptionFactory& factory, ReadingTrace* trace) {
   if (!property.isObject()) raiseError(factory, "Expected an object describing a property.");
-  if (!property.hasMember("id"))
-    raiseError(factory, "A property definition must have an id attribute.");
+  const JsonView id = property.findMember("id");
+  if (!id) raiseError(factory, "A property definition must have an id attribute.");
   if (trace) trace->note(trace->depth(), {Step::member("id")});
-  const JSON id = property.getMember("id");
   if (!id.isString()) raiseError(factory, "A property's id attribute must be a string.");
   return id.getStringView();
 }
 
 /// The property objects, by id, in the array that is the document's member `name`. Empty if there
 /// is no such member.
-Properties readPropertyArray(const JSON& document, ExceptionFactory& factory,
-                             const std::string& name, ReadingTrace* trace) {
+Properties readPropertyArray(JsonView document, ExceptionFactory& factory, std::string_view name,
+                             ReadingTrace* trace) {
   Properties properties;
-  if (!document.hasMember(name)) return properties;
+  const JsonView array = document.findMember(name);
+  if (!array) return properties;
   note(trace, Step::member(name));
-  const JSON array = document.getMember(name);
-  if (!array.isArray()) raiseError(factory, "Expected schema " + name + " to be an array.");
-  std::size_t number = 0;
-  for (JSON& property : array.getArray()) {
-    note(trace, Step::member(name), Step::element(number++));
+  if (!array.isArray())
+    raiseError(factory, "Expected schema " + std::string(name) + " to be an array.");
+  for (std::size_t number = 0; number < array.elementCount(); ++number) {
+    note(trace, Step::member(name), Step::element(number));
+    const JsonView property = array.element(number);
     const std::string_view id = readPropertyId(property, factory, trace);
-    if (!properties.try_emplace(id, std::move(property)).second)
-      raiseError(factory,
-                 "Item " + std::string(id) + " in " + name + " array must be defined only once.");
+    if (!properties.add(id, property))
+      raiseError(factory, "Item " + std::string(id) + " in " + std::string(name) +
+                              " array must be defined only once.");
   }
   return properties;
 }
 
-/// The "value" of a property object (null counts), else its "typedValue", unchecked.
-JSON resolvePropertyValue(const JSON& property, ExceptionFactory& factory) {
-  if (property.hasMember("value")) return property.getMember("value");
-  if (!property.hasMember("typedValue"))
-    raiseError(factory, "A property definition must contain either a value or a typedValue.");
-  return property.getMember("typedValue");
+/// Replaces each property object by its "value" (null counts), else its "typedValue", unchecked.
+void resolveValues(Properties& constants, ExceptionFactory& factory, ReadingTrace* trace) {
+  const Properties::Property* unresolved = nullptr;  // the first by id
+  for (Properties::Property& constant : constants) {
+    JsonView value = constant.value.findMember("value");
+    if (!value) value = constant.value.findMember("typedValue");
+    if (!value && (!unresolved || constant.id < unresolved->id)) unresolved = &constant;
+    constant.value = value;
+  }
+  if (!unresolved) return;
+  note(trace, Step::member("constants"), Step::property(unresolved->id));
+  raiseError(factory, "A property definition must contain either a value or a typedValue.");
 }
 
-std::string readTypeId(const JSON& document, ExceptionFactory& factory, ReadingTrace* trace) {
+std::string_view readTypeId(JsonView document, ExceptionFactory& factory, ReadingTrace* trace) {
   note(trace, Step::member("typeid"));
-  const JSON typeId = document.getMember("typeid");
+  const JsonView typeId = document.findMember("typeid");
   if (!typeId.isString()) raiseError(factory, "Schema must specify a typeid string.");
-  std::string text = typeId.getString();
-  if (text.empty()) raiseError(factory, "The typeid string may not be empty.");
-  return text;
+  if (typeId.getStringView().empty()) raiseError(factory, "The typeid string may not be empty.");
+  return typeId.getStringView();
 }
 
-std::string readBaseTypeId(const JSON& document, ExceptionFactory& factory, ReadingTrace* trace) {
+std::string_view readBaseTypeId(JsonView document, ExceptionFactory& factory, ReadingTrace* trace) {
   note(trace, Step::member("inherits"));
-  if (!document.hasMember("inherits"))
-    raiseError(factory, "Schema must specify an inheritance array.");
-  std::vector<std::string> bases = readNonEmptyStringArray(document, factory, "inherits", trace);
+  const JsonView bases = document.findMember("inherits");
+  if (!bases) raiseError(factory, "Schema must specify an inheritance array.");
+  const auto [first, count] = readNonEmptyStrings(bases, factory, "inherits", trace);
   note(trace, Step::member("inherits"));
-  if (bases.size() != 1)
-    raiseError(factory, "Inheritance clause must specify exactly one base schema.");
-  return std::move(bases.front());
+  if (count != 1) raiseError(factory, "Inheritance clause must specify exactly one base schema.");
+  return first;
 }
 
 }  // namespace
 
-SchemaHeader readSchemaHeader(std::shared_ptr<ExceptionFactory> factory, const std::string& text,
+SchemaHeader readSchemaHeader(std::shared_ptr<ExceptionFactory> shared, const std::string& text,
                               ReadingTrace* trace) {
-  JSON document = JSON::parse(factory, text);
-  std::string typeId = readTypeId(document, *factory, trace);
-  std::string baseTypeId = readBaseTypeId(document, *factory, trace);
+  ExceptionFactory& factory = *shared;
+  JSON document = JSON::parse(std::move(shared), text);
+  const std::string_view typeId = readTypeId(document, factory, trace);
+  const std::string_view baseTypeId = readBaseTypeId(document, factory, trace);
   // All errors in the constants come before any error in the properties.
-  Properties constants = readPropertyArray(document, *factory, "constants", trace);
-  for (auto& [id, constant] : constants) {
-    note(trace, Step::member("constants"), Step::property(id));
-    constant = resolvePropertyValue(constant, *factory);
-  }
-  Properties properties = readPropertyArray(document, *factory, "properties", trace);
-  return {std::move(typeId),     std::move(baseTypeId), std::move(constants),
-          std::move(properties), std::move(document),   trace};
+  Properties constants = readPropertyArray(document, factory, "constants", trace);
+  resolveValues(constants, factory, trace);
+  readPropertyArray(document, factory, "properties", trace);  // only checked
+  return {std::move(document), typeId, baseTypeId, std::move(constants), trace};
 }
 
 bool isOfKind(const SchemaHeader& header, std::string_view kindWord) {
   constexpr std::string_view version = "-1.";
-  const std::string_view base = header.baseTypeId;
-  for (auto word = base.find(kindWord); word != base.npos; word = base.find(kindWord, word + 1))
-    if (word > 0 && base[word - 1] == ':' &&
-        base.substr(word + kindWord.size(), version.size()) == version)
+  std::string_view base = header.baseTypeId;
+  for (auto colon = base.find(':'); colon != base.npos; colon = base.find(':')) {
+    base.remove_prefix(colon + 1);
+    if (base.substr(0, kindWord.size()) == kindWord &&
+        base.substr(kindWord.size(), version.size()) == version)
       return true;
+  }
   return false;
 }
 

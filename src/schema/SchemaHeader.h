@@ -2,9 +2,9 @@
 
 #include "json/ExceptionFactory.h"
 #include "json/JSON.h"
+#include "schema/Properties.h"
 #include "schema/ReadingTrace.h"
 
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -16,18 +16,14 @@
 ///
 namespace Units {
 
-/// Property objects, or their values, by id. Both are views into a document.
-using Properties = std::map<std::string_view, JSON>;
-
 /// A schema document. Everything that does not depend on its kind is read and checked. Movable, not
 /// copyable.
 struct SchemaHeader {
-  std::string typeId;
-  std::string baseTypeId;  // the only element of "inherits"; selects the kind
-  Properties constants;    // the value, or else the typed value
-  Properties properties;   // the whole property object
-  JSON document;           // owns the text and values of both
-  ReadingTrace* trace;     // may be null; the readers of the kinds note in it, too
+  JSON document;  // owns all texts and values that are viewed
+  std::string_view typeId;
+  std::string_view baseTypeId;  // the only element of "inherits"; selects the kind
+  Properties constants;         // the value, or else the typed value
+  ReadingTrace* trace;          // may be null; the readers of the kinds note in it, too
 };
 
 /// Reads a schema text up to its first NUL.

@@ -17,14 +17,15 @@ namespace {
 constexpr const char* compositeWord = "symbol";
 constexpr const char* prefixOrSuffixWord = "symbol.prefixOrSuffix";
 
-std::string readUnit(const SchemaHeader& header) {
-  return readConstant<std::string>(header, "unit", std::nullopt, readTypedValue);
+std::string_view readUnit(const SchemaHeader& header) {
+  return readConstant<std::string_view>(header, "unit", std::nullopt, readTypedValue);
 }
 
 std::optional<PrefixOrSuffix> makePrefixOrSuffix(const SymbolSchemaData& data) {
   if (!data.prefixOrSuffix) return std::nullopt;
   const auto& [text, placement, space] = *data.prefixOrSuffix;
-  return PrefixOrSuffix(text, placement == "Prefix" ? Placement::Prefix : Placement::Suffix, space);
+  return PrefixOrSuffix(std::string(text),
+                        placement == "Prefix" ? Placement::Prefix : Placement::Suffix, space);
 }
 
 }  // namespace
@@ -37,20 +38,23 @@ std::optional<SymbolSchemaData> readSymbolSchema(const SchemaHeader& header) {
     return data;
   }
   if (!isOfKind(header, prefixOrSuffixWord)) return std::nullopt;
-  auto unit = readUnit(header);
-  auto text = readConstant<std::string>(header, "text", std::nullopt, readString);
-  auto placement = readConstant<std::string>(header, "placement", std::nullopt, readNonEmptyString);
+  using Text = std::string_view;
+  const Text unit = readUnit(header);
+  const Text text = readConstant<Text>(header, "text", std::nullopt, readString);
+  const Text placement = readConstant<Text>(header, "placement", std::nullopt, readNonEmptyString);
   const bool space = readConstant<bool>(header, "space", std::nullopt, readBoolean);
-  return SymbolSchemaData{std::move(unit),
-                          PrefixOrSuffixSchemaData{std::move(text), std::move(placement), space}};
+  return SymbolSchemaData{unit, PrefixOrSuffixSchemaData{text, placement, space}};
 }
 
-std::set<std::string> symbolSchemaDependencies(const SymbolSchemaData& data) { return {data.unit}; }
+void addPending(const SymbolSchemaData& data, SchemaIds& ids, Registries& registries) {
+  registries.waiting.symbols.emplace(
+      ids.typeId().str(),
+      SymbolSchema{ids.typeId(), ids.refer(data.unit), makePrefixOrSuffix(data)});
+}
 
-void buildSymbol(const std::string& typeId, const SymbolSchemaData& data,
-                 const KindRegistry<UnitSchemaData, Unit>& units, RecordStore<Symbol>& built) {
-  const Unit& unit = findDependency(units, data.unit, typeId);
-  built.add(Symbol(typeId, unit, makePrefixOrSuffix(data)));
+Symbol build(SymbolSchema& schema, const Registries& registries) {
+  const Unit& unit = findDependency(registries.units, schema.unit, schema.typeId);
+  return RecordAccess::make<Symbol>(schema.typeId, unit, schema.prefixOrSuffix);
 }
 
 void collectSymbolReferences(const Symbol& symbol, References& out,

@@ -1,15 +1,14 @@
 #pragma once
 
 #include "model/RecordStore.h"
-#include "registry/KindRegistry.h"
-#include "registry/SchemaData.h"
 #include "schema/References.h"
+#include "schema/SchemaData.h"
 #include "schema/SchemaHeader.h"
+#include "schema/SchemaIds.h"
 
 #include <TrelvonUnits/Symbol.h>
 
 #include <optional>
-#include <set>
 #include <string>
 
 /// Schemas of symbols: a unit and how its values are displayed.
@@ -25,12 +24,11 @@ namespace Units {
 ///                              composite symbol has no composite form's key (checked last).
 std::optional<SymbolSchemaData> readSymbolSchema(const SchemaHeader& header);
 
-std::set<std::string> symbolSchemaDependencies(const SymbolSchemaData& data);
+void addPending(const SymbolSchemaData& data, SchemaIds& ids, Registries& registries);
 
-/// Builds the record in `built`.
+/// Makes the record of a schema, which gives up what it holds.
 /// @throws ValidationException  the unit is neither stored nor built.
-void buildSymbol(const std::string& typeId, const SymbolSchemaData& data,
-                 const KindRegistry<UnitSchemaData, Unit>& units, RecordStore<Symbol>& built);
+Symbol build(SymbolSchema& schema, const Registries& registries);
 
 /// Adds the symbol's unit and all that it depends on.
 void collectSymbolReferences(const Symbol& symbol, References& out, const RecordStore<Unit>& units);

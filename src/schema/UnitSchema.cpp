@@ -6,7 +6,6 @@
 #include "schema/FindDependency.h"
 #include "schema/SchemaWriter.h"
 
-#include <map>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -20,41 +19,40 @@ constexpr const char* derivedWord = "unit.derived";
 constexpr const char* dimensionalWord = "unit.primitive.dimensional";
 constexpr const char* primitiveWord = "unit.primitive";
 
-UnitSchemaData readAbsolute(const SchemaHeader& header, std::string name, System unitSystem) {
+using Component = decltype(UnitSchemaData::component);
+
+Component readAbsolute(const SchemaHeader& header) {
   const double offset = readConstant<double>(header, "offset", 0.0, readNumber);
   return AbsoluteUnitSchemaData{
-      std::move(name), unitSystem, offset,
-      readConstant<std::string>(header, "parentUnit", std::nullopt, readTypedValue)};
+      offset, readConstant<std::string_view>(header, "parentUnit", std::nullopt, readTypedValue)};
 }
 
-UnitSchemaData readDerived(const SchemaHeader& header, std::string name, System unitSystem) {
-  using Powers = std::map<std::string, int>;
+Component readDerived(const SchemaHeader& header) {
+  const auto readParents = [&](std::string_view id, std::optional<ParentViews> fallback) {
+    return readConstant<ParentViews>(header, id, std::move(fallback), readIntegerMap);
+  };
   const double factor = readConstant<double>(header, "factor", 1.0, readNumber);
-  auto parentFactors = readConstant<Powers>(header, "parentFactors", Powers(), readIntegerMap);
-  auto parentUnits = readConstant<Powers>(header, "parentUnits", std::nullopt, readIntegerMap);
+  auto parentFactors = readParents("parentFactors", ParentViews());
+  auto parentUnits = readParents("parentUnits", std::nullopt);
   noteConstant(header, "parentUnits");
   if (parentUnits.empty())
-    throw ValidationException("Derived unit " + header.typeId +
+    throw ValidationException("Derived unit " + std::string(header.typeId) +
                               " must specify at least one parent unit.");
   checkParents(header, "parentUnits", parentUnits);
   checkParents(header, "parentFactors", parentFactors);
-  return DerivedUnitSchemaData{std::move(name), unitSystem, factor, std::move(parentFactors),
-                               std::move(parentUnits)};
+  return DerivedUnitSchemaData{{factor, std::move(parentFactors)}, std::move(parentUnits)};
 }
 
-UnitSchemaData readDimensional(const SchemaHeader& header, std::string name, System unitSystem) {
+Component readDimensional(const SchemaHeader& header) {
   return DimensionalPrimitiveUnitSchemaData{
-      std::move(name), unitSystem,
-      readConstant<std::string>(header, "dimension", std::nullopt, readTypedValue)};
+      readConstant<std::string_view>(header, "dimension", std::nullopt, readTypedValue)};
 }
 
-UnitSchemaData readPrimitive(const SchemaHeader&, std::string name, System unitSystem) {
-  return PrimitiveUnitSchemaData{std::move(name), unitSystem};
-}
+Component readPrimitive(const SchemaHeader&) { return PrimitiveUnitSchemaData(); }
 
 struct UnitKind {
   const char* word;
-  UnitSchemaData (*read)(const SchemaHeader&, std::string name, System unitSystem);
+  Component (*read)(const SchemaHeader&);
 };
 constexpr UnitKind kinds[] = {{absoluteWord, readAbsolute},
                               {derivedWord, readDerived},
@@ -64,69 +62,57 @@ constexpr UnitKind kinds[] = {{absoluteWord, readAbsolute},
 }  // namespace
 
 std::optional<UnitSchemaData> readUnitSchema(const SchemaHeader& header) {
+  using Text = std::string_view;
   for (const UnitKind& kind : kinds) {
     if (!isOfKind(header, kind.word)) continue;
-    auto name = readConstant<std::string>(header, "name", std::nullopt, readNonEmptyString);
-    const auto system =
-        readConstant<std::string>(header, "unitSystem", std::nullopt, readNonEmptyString);
-    return kind.read(header, std::move(name),
-                     system == "Metric" ? System::Metric : System::Imperial);
+    const Text name = readConstant<Text>(header, "name", std::nullopt, readNonEmptyString);
+    const Text system = readConstant<Text>(header, "unitSystem", std::nullopt, readNonEmptyString);
+    return UnitSchemaData{name, system == "Metric" ? System::Metric : System::Imperial,
+                          kind.read(header)};
   }
   return std::nullopt;
 }
 
 namespace {
 
-struct Dependencies {
-  using Result = std::set<std::string>;
-
-  Result operator()(const AbsoluteUnitSchemaData& data) const { return {data.parentUnit}; }
-  Result operator()(const DerivedUnitSchemaData& data) const {
-    Result dependencies;
-    for (const auto& [parent, exponent] : data.parentUnits) dependencies.insert(parent);
-    for (const auto& [parent, exponent] : data.parentFactors) dependencies.insert(parent);
-    return dependencies;
-  }
-  Result operator()(const DimensionalPrimitiveUnitSchemaData& data) const {
-    return {data.dimension};
-  }
-  Result operator()(const PrimitiveUnitSchemaData&) const { return {}; }
-};
-
-struct Component {
-  const std::string& typeId;
-  const KindRegistry<Dimension, Dimension>& dimensions;
-  RecordStore<Unit>& built;
+/// Stores a unit by the data of its component.
+struct PendingUnit {
+  const UnitSchemaData& unit;
+  SchemaIds& ids;
+  Registries& registries;
 
   void operator()(const AbsoluteUnitSchemaData& data) const {
-    emplace(data, AbsoluteUnitComponent(data.parentUnit, data.offset));
+    add(RecordAccess::make<AbsoluteUnitComponent>(ids.refer(data.parentUnit), data.offset));
   }
   void operator()(const DerivedUnitSchemaData& data) const {
-    emplace(data, DerivedUnitComponent(data.parentUnits,
-                                       FactorComponent(data.factor, data.parentFactors)));
+    const FactorComponent factor = makeFactorComponent(data.factor, ids);
+    add(RecordAccess::make<DerivedUnitComponent>(ids.refer(data.parentUnits), factor));
   }
   void operator()(const DimensionalPrimitiveUnitSchemaData& data) const {
-    emplace(data, PrimitiveUnitComponent(findDependency(dimensions, data.dimension, typeId)));
+    registries.waiting.units.emplace(
+        ids.typeId().str(), DimensionalUnitSchema{ids.typeId(), std::string(unit.name),
+                                                  unit.unitSystem, ids.refer(data.dimension)});
   }
-  void operator()(const PrimitiveUnitSchemaData& data) const {
-    emplace(data, PrimitiveUnitComponent());
-  }
+  void operator()(const PrimitiveUnitSchemaData&) const { add(PrimitiveUnitComponent()); }
 
-  template <class SchemaData, class UnitComponent>
-  void emplace(const SchemaData& data, const UnitComponent& component) const {
-    built.add(Unit(typeId, data.name, data.unitSystem, component));
+  template <class UnitComponent>
+  void add(const UnitComponent& component) const {
+    registries.units.pending.add(
+        RecordAccess::make<Unit>(ids.typeId(), std::string(unit.name), unit.unitSystem, component));
   }
 };
 
 }  // namespace
 
-std::set<std::string> unitSchemaDependencies(const UnitSchemaData& data) {
-  return std::visit(Dependencies(), data);
+void addPending(const UnitSchemaData& data, SchemaIds& ids, Registries& registries) {
+  std::visit(PendingUnit{data, ids, registries}, data.component);
 }
 
-void buildUnit(const std::string& typeId, const UnitSchemaData& data,
-               const KindRegistry<Dimension, Dimension>& dimensions, RecordStore<Unit>& built) {
-  std::visit(Component{typeId, dimensions, built}, data);
+Unit build(DimensionalUnitSchema& schema, const Registries& registries) {
+  const PrimitiveUnitComponent component(
+      findDependency(registries.dimensions, schema.dimension, schema.typeId));
+  return RecordAccess::make<Unit>(schema.typeId, std::move(schema.name), schema.unitSystem,
+                                  component);
 }
 
 void collectUnitReferences(const RecordNode<Unit>& unit, References& out) {

@@ -1,15 +1,14 @@
 #pragma once
 
 #include "model/RecordStore.h"
-#include "registry/KindRegistry.h"
-#include "registry/SchemaData.h"
 #include "schema/References.h"
+#include "schema/SchemaData.h"
 #include "schema/SchemaHeader.h"
+#include "schema/SchemaIds.h"
 
 #include <TrelvonUnits/Unit.h>
 
 #include <optional>
-#include <set>
 #include <string>
 
 /// Schemas of units, of four kinds. All have "name" and "unitSystem": "Metric"; any other string
@@ -27,12 +26,12 @@ namespace Units {
 ///                              units, or an exponent is 0.
 std::optional<UnitSchemaData> readUnitSchema(const SchemaHeader& header);
 
-std::set<std::string> unitSchemaDependencies(const UnitSchemaData& data);
+/// Does not check the parents, which may be added later.
+void addPending(const UnitSchemaData& data, SchemaIds& ids, Registries& registries);
 
-/// Builds the record in `built`. Does not check the parents, which may be built later.
+/// Makes the record of a schema, which gives up what it holds.
 /// @throws ValidationException  the dimension is neither stored nor built.
-void buildUnit(const std::string& typeId, const UnitSchemaData& data,
-               const KindRegistry<Dimension, Dimension>& dimensions, RecordStore<Unit>& built);
+Unit build(DimensionalUnitSchema& schema, const Registries& registries);
 
 /// Adds all units, factors and dimensions that a stored unit depends on, directly or indirectly.
 void collectUnitReferences(const RecordNode<Unit>& unit, References& out);

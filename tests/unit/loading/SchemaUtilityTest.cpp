@@ -184,22 +184,24 @@ TEST(FolderLoading, EndsAtAFileThatBecomesAPipe) {
 
 TEST(FolderLoading, EndsWhereItHasNoRight) {
   struct Row {
-    const char* locked;  // without any right
+    const char* locked;
     const char* folder;
     const char* failure;
+    fs::perms rights = fs::perms::none;
   };
   const Row rows[] = {
       {"top/sub/a.json", "top", "failed to open schema file"},
       {"top/sub/a.txt", "top", "read 1"},
       {"top/direct.json", "top", "read 1"},
       {"top/sub", "top", " recursive_directory_iterator::operator++: "},
+      {"top/sub", "top", " status: ", fs::perms(0444)},  // listed, but not more
       {"top", "top", " recursive_directory_iterator::recursive_directory_iterator: "},
       {"top", "top/sub", " exists: "}};
   for (const Row& row : rows) {
     const FolderTree tree;
     for (const char* name : {"top/direct.json", "top/sub/a.txt", "top/sub/a.json"})
       tree.write(name, "{}");
-    fs::permissions(tree.path(row.locked), fs::perms::none);
+    fs::permissions(tree.path(row.locked), row.rights);
     const std::string said = asNobody([&] { return failureOf(tree.path(row.folder)); });
     fs::permissions(tree.path(row.locked), fs::perms(0755));
     EXPECT_NE(said.find(row.failure), std::string::npos) << row.locked << ": " << said;

@@ -29,7 +29,7 @@ Registries filled() {
           registries);
   addSymbol(Symbol("symbol", meter, PrefixOrSuffix("m", Placement::Suffix, true)), registries);
   addQuantity(Quantity("quantity", "length", {meter}), registries);
-  registries.pendingTypeIds.insert("pending");
+  registries.dimensions.pending.add(Dimension("pending"));
   return registries;
 }
 
