@@ -70,6 +70,14 @@ class Tool(unittest.TestCase):
                 self.assertEqual(len(pages.STEP.findall(block)), 2)
                 self.assertEqual(pages.run_block(block, PROGRAM, self.folder), block)
 
+    def test_units_that_the_index_loads_are_those_of_the_catalog(self):
+        index = pathlib.Path(PROGRAM).with_name("catalog.index").read_text(encoding="utf-8")
+        names = re.findall(r"^name\t(.*)\t(.*)$", index, re.M)
+        for name, unit in random.Random(1).sample(names, 12):
+            by_index = run("convert", "1.5", "--json", "--", name, unit).stdout
+            self.assertIn(unit.encode(), by_index, name)
+            self.assertEqual(run("convert", "(1.5)", "--json", "--", name, unit).stdout, by_index)
+
     def test_a_closed_output_and_a_full_disk_are_told(self):
         with open("/dev/full", "wb") as full:
             for out in ({"stdout": full}, {"preexec_fn": lambda: os.close(1)}):

@@ -1,3 +1,4 @@
+#include "tools/trelvon/BundleIndex.h"
 #include "tools/trelvon/Codes.h"
 #include "tools/trelvon/Context.h"
 #include "tools/trelvon/Files.h"
@@ -19,6 +20,9 @@ Status runBundle(Context& context) {
   }
   if (!context.arguments.has("out")) throw Failure(Status::Usage, "bundle needs --out FILE");
   writeFile(context.arguments.text("out"), bundle, true);
+  if (context.arguments.has("index"))
+    writeFile(context.arguments.text("index"), indexOfBundle(context.arguments.text("out"), bundle),
+              true);
   if (context.arguments.has("codes"))
     writeFile(context.arguments.text("codes"),
               codesOfFolders(context.arguments.operands).toText() + '\n', true);

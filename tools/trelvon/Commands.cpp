@@ -240,7 +240,8 @@ Command bundleCommand() {
       "It holds the files that the folder loader reads, in byte order of their paths within each "
       "folder.";
   command.options = {{"out", "FILE", "where to write; an older file is replaced"},
-                     {"codes", "FILE", "also writes the codes of the folders, to this file"}};
+                     {"codes", "FILE", "also writes the codes of the folders, to this file"},
+                     {"index", "FILE", "also writes where in the bundle units are, to this file"}};
   command.examples = {{"trelvon bundle my-units --out my.bundle", "2 definitions"},
                       {"trelvon bundle my-units --out my.bundle && trelvon diff my-units my.bundle",
                        "2 definitions"}};

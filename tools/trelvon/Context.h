@@ -24,6 +24,9 @@ class Context {
   Output& errors;
   Definitions& definitions;
 
+  /// Whether other commands use the same definitions.
+  bool isShared() const { return &definitions != &own_; }
+
   bool wantsJson() const { return arguments.has("json"); }
 
   /// Says something on standard error that does not end the command.

@@ -2,6 +2,7 @@
 #include "tools/trelvon/Json.h"
 #include "tools/trelvon/Run.h"
 #include "tools/trelvon/ShownText.h"
+#include "tools/trelvon/csv/PlainNumber.h"
 
 namespace tool {
 
@@ -16,6 +17,8 @@ Status runConvert(Context& context) {
     throw Failure(Status::Usage,
                   "an argument is missing; usage: trelvon convert NUMBER FROM TO, or --column");
 
+  if (readPlainNumber(arguments.operands[0]) && !arguments.has("as") && !context.isShared())
+    context.definitions.loadOnly({arguments.operands[1], arguments.operands[2]});
   const std::string from = context.unit(arguments.operands[1]).getTypeId();
   const std::string to = context.unit(arguments.operands[2]).getTypeId();
   std::optional<std::string> shownUnit = to;

@@ -1,5 +1,6 @@
 #include "tools/trelvon/Definitions.h"
 
+#include "tools/trelvon/BundleIndex.h"
 #include "tools/trelvon/Codes.h"
 #include "tools/trelvon/Failure.h"
 #include "tools/trelvon/Files.h"
@@ -20,6 +21,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char* bundleName = "catalog.bundle";
+constexpr const char* indexName = "catalog.index";
 constexpr const char* codesName = "catalog.codes.json";
 
 /// The folder of the program's data: that of an installed tree, which may have been moved, or of a
@@ -51,6 +53,9 @@ void Definitions::load(const std::string& folder) {
 
 void Definitions::unload() {
   names_.reset();
+  namesWithCodes_.reset();
+  codes_.reset();
+  typeIds_.clear();
   engine_.reset();
 }
 
@@ -94,6 +99,18 @@ Units::UnitsEngine& Definitions::engine() {
     for (const std::string& folder : folders_) loadFolder(folder);
   }
   return *engine_;
+}
+
+void Definitions::loadOnly(const std::vector<std::string>& unitNames) {
+  if (engine_ != nullptr || !hasCatalog_ || !folders_.empty()) return;
+  SomeUnits some = loadByIndex(besideCatalog(indexName), besideCatalog(bundleName), unitNames);
+  engine_ = std::move(some.engine);
+  typeIds_ = std::move(some.typeIds);
+}
+
+std::string Definitions::typeIdOf(const std::string& unitName) const {
+  const auto found = typeIds_.find(unitName);
+  return found == typeIds_.end() ? std::string() : found->second;
 }
 
 const Units::UnitNames& Definitions::names() {

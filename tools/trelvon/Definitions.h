@@ -7,6 +7,7 @@
 #include <TrelvonUnits/UnitsEngine.h>
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -35,6 +36,13 @@ class Definitions {
   Units::UnitsEngine& engine();
   const Units::UnitNames& names();
 
+  /// Loads only the units with these names, if they are of the catalog and nothing else is asked
+  /// for; otherwise it does nothing. `engine` is then that of a part of the catalog.
+  void loadOnly(const std::vector<std::string>& unitNames);
+
+  /// The type id of a name that was given to `loadOnly`; empty if it loaded nothing.
+  std::string typeIdOf(const std::string& unitName) const;
+
   /// The names with the codes of other systems. They take longer to make.
   /// @throws Failure  a mapping of codes is faulty.
   const Units::UnitNames& namesWithCodes();
@@ -57,6 +65,7 @@ class Definitions {
   std::vector<std::string> folders_;
   std::function<void(const std::string&)> report_;
   std::unique_ptr<Units::UnitsEngine> engine_;
+  std::map<std::string, std::string> typeIds_;  // by name, of units that were loaded alone
   std::optional<Units::UnitNames> names_;
   std::optional<Units::UnitCodes> codes_;
   std::optional<Units::UnitNames> namesWithCodes_;

@@ -88,6 +88,8 @@ std::string textOf(const Units::Symbol& symbol) {
 }
 
 Units::Unit unitNamed(const std::string& text, Definitions& definitions) {
+  if (const std::string typeId = definitions.typeIdOf(text); !typeId.empty())
+    return definitions.engine().getUnit(typeId);
   const Units::UnitNames& names = definitions.names();
   auto best = names.findBest(text);
   if (best.empty() && isCode(text)) best = definitions.namesWithCodes().findBest(text);

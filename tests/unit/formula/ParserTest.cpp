@@ -116,8 +116,7 @@ TEST(Reduction, NeedsItsOperands) {
     for (std::size_t count = 0; count < (isUnary ? 1u : 2u); ++count) {
       ExpressionStack operands;
       ExpressionStack operators;
-      for (std::size_t made = 0; made < count; ++made)
-        operands.push(arena.make<ParenExpression>());
+      for (std::size_t made = 0; made < count; ++made) operands.push(arena.make<ParenExpression>());
       operators.push(isUnary ? unary() : binary(1));
       EXPECT_EQ(messageOf<std::logic_error>([&] { reduceOperators(operands, operators, 0); }),
                 unexpected);
