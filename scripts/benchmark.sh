@@ -22,8 +22,8 @@ write_page() {
 
 Written by `./scripts/benchmark.sh`. Each benchmark alternates with its baseline for nine rounds, in
 one process. "result" is the median of the nine ratios of CPU time: a plain number is our time
-divided by the time of the baseline, and "times faster" is the inverse. The target is the required
-ratio, and the goal is a stricter one. The times "ours" and "theirs" are for one operation: one
+divided by the time of the baseline, and "times faster" is the inverse. "range" has the least and the
+greatest of the nine. The target is the required ratio, and the goal is a stricter one. The times "ours" and "theirs" are for one operation: one
 conversion, formula, text, definition or character. Every result is verified before it is timed.
 
 - UDUNITS-2 converts from text to number: it parses the names of both units and creates a converter,
@@ -39,9 +39,11 @@ conversion, formula, text, definition or character. Every result is verified bef
   cache.
 
 END
-  "$build/benchmarks/peers/peers"
+  "$build/benchmarks/peers/peers"  # scripts/pictures.py draws the table
   "$build/benchmarks/peers/peers_rooms" | sed 1,2d
   cat <<'END'
+
+![The table as a plot: our time divided by that of the baseline](pictures/performance.svg)
 
 Nothing is kept between calls, and no call needs more memory because of earlier calls:
 
@@ -85,4 +87,5 @@ cmake --build $build --parallel "$(nproc)"
 heading "Running the benchmarks"
 write_page | tee $build/performance.md
 cp $build/performance.md $page
+scripts/pictures.py --performance
 heading "Written to $page"

@@ -3,15 +3,18 @@
 
     scripts/pictures.py PROGRAM            writes docs/pictures/*.svg
     scripts/pictures.py PROGRAM --check    fails if they differ, or one has more than 20 KB
+    scripts/pictures.py --performance      writes the plot of docs/performance.md alone
 """
 import html
 import itertools
 import json
+import math
 import pathlib
 import re
 import subprocess
 import sys
 import tempfile
+import textwrap
 
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 FOLDER = ROOT / "docs" / "pictures"
@@ -292,13 +295,49 @@ def scale(program):
     return drawing.svg()
 
 
+def performance(_program):
+    """The table of the page: our time divided by that of the baseline, on a logarithmic axis."""
+    rows = []
+    for line in (ROOT / "docs" / "performance.md").read_text(encoding="utf-8").splitlines():
+        cells = [cell.strip() for cell in line.strip("|").split("|")]
+        reach = re.match(r"([\d.e+-]+) to ([\d.e+-]+)$", cells[5]) if len(cells) == 8 else None
+        if reach:
+            numbers = [float(cells[column].split()[0].rstrip(",")) for column in (4, 2, 3)]
+            numbers += map(float, reach.groups())
+            rows.append((cells, [1 / one if "faster" in cells[2] else one for one in numbers]))
+    drawing = Drawing(20 * len(rows) + 70, "Our time divided by that of the baseline")
+    left, right, step = 400, WIDTH - 20, 20
+
+    def place(ratio):
+        return left + (right - left) * (math.log10(min(max(ratio, 0.01), 40)) + 2) / 3.6
+
+    for ratio in (0.01, 0.1, 1, 10):
+        drawing.path([(place(ratio), 30), (place(ratio), 40 + step * len(rows))], False)
+        drawing.text(place(ratio), 24, f"{ratio:g}", "faint")
+    drawing.text(left, step * len(rows) + 60, "bar: all rounds; disk: median; green line: goal; red "
+                 "line: target", "faint", 4.5)
+    for number, (cells, (median, target, goal, *ends)) in enumerate(rows):
+        y = 45 + step * number
+        names = [cell.replace("`", "") for cell in cells[:2]]
+        drawing.text(10, y + 4, textwrap.shorten(f"{names[0]}: {names[1]}", 76, placeholder="..."),
+                     "left", 5)
+        low, high = sorted(place(end) for end in ends)
+        for kind, x in (("good", place(goal)), ("bad", place(target))):
+            drawing.box(x - 1.5, y - 8, 3, 16, kind)
+        drawing.box(low, y - 3, max(high - low, 1), 6, "number")
+        drawing.lines.append(f'<circle class="tip" cx="{place(median):.1f}" cy="{y}" r="3.5"/>')
+    return drawing.svg()
+
+
 PICTURES = {"rooms": rooms, "reduction": reduction, "formula": formula, "schema-file": life,
-            "scale": scale}
+            "scale": scale, "performance": performance}
 
 
 def main(program, *options):
     differ = []
-    for name, draw in PICTURES.items():
+    wanted = ["performance"] if program == "--performance" else PICTURES
+    for name in wanted:
+        draw = PICTURES[name]
         path, text = FOLDER / f"{name}.svg", draw(program)
         if len(text.encode()) > 20000:
             differ.append(f"{path} has more than 20 KB")

@@ -47,7 +47,8 @@ Reached takeTurns(const Sides& sides, int rounds) {
     theirs.push_back(nanosecondsOf(sides.theirs, theirCalls) / theirPieces);
     ratios.push_back(ours.back() / theirs.back());
   }
-  return {median(ratios), median(ours), median(theirs)};
+  const auto [least, most] = std::minmax_element(ratios.begin(), ratios.end());
+  return {median(ratios), median(ours), median(theirs), "ns", *least, *most};
 }
 
 void check(bool isRight, const std::string& what) {

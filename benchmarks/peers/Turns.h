@@ -26,6 +26,8 @@ struct Reached {
   double ours;   // per operation
   double theirs;
   const char* unit = "ns";
+  double leastRatio = ratio;  // of all rounds
+  double mostRatio = ratio;
 };
 
 /// Both sides of a row. Their results have already been compared.

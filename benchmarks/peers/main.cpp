@@ -16,6 +16,12 @@ std::string limit(peers::Bound bound, double times) {
   return text;
 }
 
+std::string rangeOf(double least, double most) {
+  char text[64];
+  std::snprintf(text, sizeof text, "%.3g to %.3g", least, most);
+  return text;
+}
+
 std::string quantity(double amount, std::string unit) {
   for (const char* larger : {"\xC2\xB5s", "ms"})
     if (unit != "bytes" && amount >= 1000) {
@@ -28,7 +34,7 @@ std::string quantity(double amount, std::string unit) {
 }
 
 void print(const peers::Row& row) {
-  std::string reached, ours, theirs;
+  std::string reached, range, ours, theirs;
   try {
     const peers::Reached result = peers::takeTurns(row.prepare(), kRounds);
     const bool isFaster = row.bound == peers::Bound::Faster;
@@ -37,14 +43,16 @@ void print(const peers::Row& row) {
     reached = limit(row.bound, ratio) + (meets(row.goal)     ? ", goal"
                                          : meets(row.target) ? ", target"
                                                              : ", MISSED");
+    range = isFaster ? rangeOf(1 / result.mostRatio, 1 / result.leastRatio)
+                     : rangeOf(result.leastRatio, result.mostRatio);
     ours = quantity(result.ours, result.unit);
     theirs = quantity(result.theirs, result.unit);
   } catch (const peers::Skipped& reason) {
     reached = std::string("skipped: ") + reason.what();
   }
-  std::printf("| %s | %s | %s | %s | %s | %s | %s |\n", row.work.c_str(), row.against.c_str(),
+  std::printf("| %s | %s | %s | %s | %s | %s | %s | %s |\n", row.work.c_str(), row.against.c_str(),
               limit(row.bound, row.target).c_str(), limit(row.bound, row.goal).c_str(),
-              reached.c_str(), ours.c_str(), theirs.c_str());
+              reached.c_str(), range.c_str(), ours.c_str(), theirs.c_str());
   std::fflush(stdout);
 }
 
@@ -52,7 +60,9 @@ void print(const peers::Row& row) {
 
 int main(int count, char** arguments) {
   const std::string part = count > 1 ? arguments[1] : "";
-  std::puts("| benchmark | baseline | target | goal | result | ours | theirs |\n|-|-|-|-|-|-|-|");
+  std::puts(
+      "| benchmark | baseline | target | goal | result | range | ours | theirs |\n"
+      "|-|-|-|-|-|-|-|-|");
   try {
     for (const peers::Row& row : peers::allRows())
       if (row.work.find(part) != std::string::npos) print(row);
