@@ -21,13 +21,20 @@ FUNCTIONS = "sin cos tan asin acos atan exp log sqrt abs pi round roundup roundd
 RESERVED = FUNCTIONS + "e E x inf nan ''".split()
 NAMES = {"*": "Times", "-": "Hyphen", "^-": "PowMinus", "^": "Pow", "/": "Per", " ": "_"}
 NAMES["%"] = "Percent"
+LETTERS = {
+    "²": "Sup2", "³": "Sup3", "µ": "micro", "\u03bc": "mu", "Ω": "Ohm", "\u2126": "OhmSign", "ε": "Epsilon",
+}  # fmt: skip
+
+
+def is_short(text):
+    """Formulas read so many operators: see schemas/README.md."""
+    return sum(c in OPERATORS for c in text) <= 3
 
 
 def is_fit(text):
-    """Formulas read the text: see schemas/README.md."""
     return (
         text.isascii()
-        and sum(c in OPERATORS for c in text) <= 3
+        and is_short(text)
         and text not in RESERVED
         and re.match(r"[A-Za-z%]", text)
     )
@@ -35,6 +42,8 @@ def is_fit(text):
 
 def local_name(text):
     """The text as a name: m^2/s becomes mPow2PerS."""
+    for letter, word in LETTERS.items():
+        text = text.replace(letter, word)
     name = ""
     for part in re.findall(r"\^-|[*^/ %-]|\w+|\W", text):
         word = NAMES.get(part, part.replace("_", "") if re.match(r"\w", part) else "")
@@ -91,8 +100,18 @@ class Speller:
         """ml for mL."""
         return re.sub(r"(?<![A-Za-z_])([cdhkmnpµ]?)L(?!\w)", r"\1l", text)
 
+    def look_alikes(self, text):
+        """The text with U+03BC for the micro sign, as Greek keyboards and normalized texts have it,
+        and the like. Letters without an ASCII spelling keep their powers: µm^2 for µm²."""
+        for letter, other in self.rules["look-alikes"].items():
+            if letter in text:
+                plain = [self.powers(self.products(text), sign) for sign in ("", "^")]
+                for shape in [text] + (plain if set(text) & set(SUPERSCRIPTS) else []):
+                    yield shape
+                    yield shape.replace(letter, other)
+
     def spellings(self, text):
-        """All spellings of a display text, in the order of the rules."""
+        """All ASCII spellings of a display text, in the order of the rules."""
         joined = self.joined(text)
         shapes = [text, joined, self.hyphenated(text), self.chain(joined)]
         shapes += [other for shape in (joined, self.chain(joined)) for other in self.divided(shape)]
@@ -117,8 +136,9 @@ def wanted(catalogue, rules):
             continue
         named = rules["texts"].get(symbol.local, []) + rules["words"].get(symbol.local, [])
         found = [one for text in [symbol.value("text")] + named for one in speller.spellings(text)]
-        for text in dict.fromkeys(named + found):
-            fit = is_fit(text) or (text in named and not text.isascii())
+        others = list(filter(is_short, speller.look_alikes(symbol.value("text"))))
+        for text in dict.fromkeys(named + found + others):
+            fit = is_fit(text) or (text in named + others and not text.isascii())
             if fit and owners.setdefault(text, symbol.units()[0]) == symbol.units()[0]:
                 yield symbol, text
 
@@ -154,7 +174,7 @@ def missing(catalogue, rules):
         if (unit, text) in texts:
             continue
         texts.add((unit, text))
-        local = f"{symbol.local}.{local_name(text.replace('²', 'Sup2').replace('³', 'Sup3'))}"
+        local = f"{symbol.local}.{local_name(text)}"
         while local.lower() in taken:
             local = local.replace(".", ".lower", 1) if ".lower" not in local else local + "2"
         taken.add(local.lower())

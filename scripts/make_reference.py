@@ -350,6 +350,8 @@ class Reference:
         families = "".join(self.family(*family) for family in FAMILIES.items())
         found = {}
         for text, unit in self.texts():
+            if set(text) & set(lib.LOOK_ALIKES):
+                continue
             found.setdefault(text.lower(), {}).setdefault(text, self.catalogue.by_id[unit])
         rows = [
             [f"{code(text)} {unit.value('name')}" for text, unit in sorted(texts.items())]

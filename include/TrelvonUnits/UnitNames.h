@@ -50,7 +50,8 @@ class TRELVONUNITS_API UnitName {
   const bool isExact_;
 };
 
-/// Finds units by what people call them: by type id, local id, name or symbol text.
+/// Finds units by what people call them: by type id, local id, name, symbol text or the code of
+/// another system.
 ///
 /// - It has the units and symbols of an engine at the time of construction, never changes, and
 ///   holds no reference to the engine. Any number of threads may use it at once.
@@ -86,6 +87,7 @@ class TRELVONUNITS_API UnitNames {
   ///
   ///   const Units::UnitNames names(*engine, Units::UnitCodes::fromText(mapping));
   ///   names.find("rec20:FOT");        the foot
+  ///   names.find("qdt:FT");           the foot: "qdt" is read as "qudt"
   ///   names.find("ucum:kg.m-3");      kilogram per cubic meter, by an expression
   ///
   /// @param codes  those of units that the engine does not have are passed over.
@@ -135,8 +137,8 @@ class TRELVONUNITS_API UnitNames {
   /// @param unit  a unit of the engine, by its type id. Any other has no names.
   std::vector<UnitName> namesOf(const Unit& unit) const;
 
-  /// Returns a text by which `findBest` finds a unit and no other: the first of its local id, name
-  /// and symbol texts that does, or else its type id. To be listed where a text was ambiguous.
+  /// Returns a text by which `findBest` finds a unit and no other: the first of its local id, name,
+  /// symbol texts and codes that does, or else its type id. To be listed where a text was ambiguous.
   ///
   /// @param unit  a unit of the engine; of any other the type id is returned.
   std::string unambiguousName(const Unit& unit) const;

@@ -1,6 +1,7 @@
 #include "naming/CodeExpression.h"
 
 #include "model/Characters.h"
+#include "text/ClassicNumber.h"
 
 #include <algorithm>
 #include <cmath>
@@ -58,6 +59,7 @@ void CodeExpression::step() {
   const char next = text_[at_];
   if (next == '(') return open();
   if (next == ')') return close();
+  if (!isUcum && beginsNumber()) return readNumber();
   if (next == '/') return takeOperator(-1, 1);
   if (next == '.' || (next == '*' && !isUcum)) return takeOperator(1, 1);
   if (next == '{' && isUcum) return readRemark();
@@ -98,6 +100,21 @@ void CodeExpression::readRemark() {
   products_.back().hasPart = true;
   products_.back().isEmpty = false;
   at_ = end + 1;
+}
+
+/// Only UDUNITS has numbers with decimals. A point behind a unit is a product there, too.
+bool CodeExpression::beginsNumber() const {
+  const bool hasPoint = text_[at_] == '.' && !products_.back().hasPart;
+  const std::size_t digit = hasPoint ? at_ + 1 : at_;
+  return digit < text_.size() && isDigit(text_[digit]);
+}
+
+void CodeExpression::readNumber() {
+  const LeadingNumber number = readClassicDouble(text_.substr(at_));
+  SizeAndPowers terms;
+  terms.factor = number.value;
+  at_ += number.length;
+  multiply(terms, readExponent());
 }
 
 void CodeExpression::readUnit() {
@@ -179,6 +196,7 @@ void CodeExpression::multiply(const SizeAndPowers& part, int exponent) {
   Product& product = products_.back();
   exponent *= product.sign;
   product.terms.factor *= std::pow(part.factor, exponent);
+  if (!std::isnormal(product.terms.factor)) return refuse("a number is too large or too small");
   for (const auto& [primitive, power] : part.powers) {
     std::int64_t& sum = product.terms.powers[primitive];
     sum += power * exponent;

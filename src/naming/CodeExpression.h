@@ -17,7 +17,7 @@ namespace Units {
 /// sections 2 to 4.)
 ///
 /// UDUNITS: also spaces and `*` for products, `per` for quotients, `^` and `**` before an exponent,
-/// and exponents behind parentheses. (UDUNITS-2, "Unit syntax".)
+/// exponents behind parentheses, and numbers with decimals. (UDUNITS-2, "Unit syntax".)
 ///
 /// A unit may have a prefix of the SI. A temperature scale is no part of an expression.
 class CodeExpression {
@@ -49,6 +49,8 @@ class CodeExpression {
   void close();
   void takeOperator(int sign, std::size_t length);
   void readRemark();
+  bool beginsNumber() const;
+  void readNumber();
   void readUnit();
   std::size_t endOfWord() const;
   std::optional<SizeAndPowers> termsOf(std::string_view code) const;

@@ -11,12 +11,6 @@ namespace Units {
 
 namespace {
 
-/// Symbols that UDUNITS has as UCUM has them, except with a prefix.
-constexpr std::string_view sharedSymbols[] = {
-    "m",  "g",  "s",  "A",  "K",   "mol", "cd", "rad", "sr",  "Hz",  "N",
-    "Pa", "J",  "W",  "C",  "V",   "F",   "S",  "Wb",  "T",   "H",   "lm",
-    "lx", "Bq", "Gy", "Sv", "kat", "L",   "h",  "d",   "min", "bar", "t"};
-
 std::string quoted(std::string_view text) { return '`' + std::string(text) + '`'; }
 
 std::string withPowers(const SizeAndPowers& terms) {
@@ -83,9 +77,7 @@ const SizeAndPowers* CodeFinder::udunitsAtom(std::string_view code) const {
   if (const auto* const terms = termsOf("udunits:" + std::string(code))) return terms;
   for (const std::string& singular : singularsOf(code))
     if (const auto* const terms = termsOf("udunits:" + singular)) return terms;
-  const bool isShared = std::find(std::begin(sharedSymbols), std::end(sharedSymbols), code) !=
-                        std::end(sharedSymbols);
-  return isShared ? ucumAtom(code) : nullptr;
+  return nullptr;
 }
 
 /// Codes are unique, but a host may have given one to several units: then it has no terms.

@@ -24,6 +24,13 @@ bool beginsWith(std::string_view text, std::string_view beginning) {
   return text.substr(0, beginning.size()) == beginning;
 }
 
+/// The text, but "qudt:" for its short form.
+std::string withFullSystem(std::string_view text) {
+  constexpr std::string_view brief = "qdt:";
+  if (!beginsWith(text, brief)) return std::string(text);
+  return "qudt:" + std::string(text.substr(brief.size()));
+}
+
 }  // namespace
 
 struct UnitNames::Contents : CountedContents {
@@ -109,9 +116,13 @@ std::vector<UnitName> UnitNames::find(std::string_view text) const {
   return found.empty() ? findOtherwise(text) : found;
 }
 
-/// What a text names that is no name itself: a plural or an expression of codes.
+/// What a text names that is no name itself: a code with the short form of its system, a plural, or an
+/// expression of codes.
 std::vector<UnitName> UnitNames::findOtherwise(std::string_view text) const {
   std::vector<UnitName> found;
+  for (const Name name : contents_->exact.find(withFullSystem(text)))
+    found.push_back({contents_->names[name], false});
+  if (!found.empty()) return found;
   for (const std::string& singular : singularsOf(text)) {
     for (const Name name : contents_->folded().find(FoldedText(singular).view()))
       found.push_back({contents_->names[name], false});
@@ -137,7 +148,7 @@ std::vector<UnitName> UnitNames::findCode(std::string_view system, std::string_v
 
 std::string UnitNames::whyNot(std::string_view text) const {
   if (!findBest(text).empty()) return "";
-  if (contents_->byCode) return contents_->byCode->whyNot(text);
+  if (contents_->byCode) return contents_->byCode->whyNot(withFullSystem(text));
   return '`' + std::string(text) + "` names no unit.";
 }
 

@@ -16,6 +16,7 @@ import make_reference
 import text_checks as symbols
 
 FOOT = "core/units/length/foot.json"
+FOOT_PER_SECOND = "core/units/velocity/footPerSecond.json"
 PSIG = "gauge/units/psiGauge.json"
 LENGTH = "core/quantities/length.json"
 FOOT_TEXT = "symbols/length/display/foot.json"
@@ -32,6 +33,7 @@ FAULTS = [
     (definitions.documents, FOOT, "IYP59", "IYP60", "unknown document IYP60"),
     (definitions.exactness, FOOT, "0.3048}", "0.3049}", "computes to 3049/10000 pi^0"),
     (definitions.exactness, PSIG, "513449}", "513447}", "not the double nearest"),
+    (definitions.systems, FOOT_PER_SECOND, "Imperial", "Metric", "foot-1.0.0 is not"),
     (definitions.quantities, LENGTH, ":inch-", ":foot-", "lists a unit twice"),
     (definitions.quantities, LENGTH, ":picometer-", ":kilometer-", "out of order"),
     (symbols.form, FOOT_TEXT, '"ft"', '"f/(t*t)"', "more than three operators"),
@@ -43,6 +45,7 @@ FAULTS = [
     (codes.mappings, CODES, '["FOT"]', '["INH"]', "rec20:INH stands in core/codes.json:"),
     (codes.mappings, CODES, "unit:foot-", "unit:feet-", "feet-1.0.0 is no unit of the pack"),
     (codes.mappings, CODES, '"[ft_i]"', '"[ft_i]"], "udunits": ["f"', "another order"),
+    (codes.mappings, CODES, '    "trelvon.unit:foot-', '  "trelvon.unit:foot-', "core/codes.json:1:"),
     (codes.mappings, CODES, "ucum:[acr_br]", "ucum:[acr_us]", "differs, but is not there"),
     (codes.sizes, CODES, '"[ft_i]"', '"[yd_i]"', "ucum:[yd_i]: another size is not explained"),
     (codes.sizes, CODES, '"[ft_i]"', '"[ft_x]"', "ucum has no code [ft_x]"),

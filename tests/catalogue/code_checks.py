@@ -126,11 +126,12 @@ def mappings(catalogue):
     packs = {row["pack"] for row in manifest["packs"]}
     complaints = []
     places = {}
+    read = Counter(path for path, *_ in rows(catalogue))
     for path, text in sorted(catalogue.codes.items()):
         if path.split("/")[0] not in packs or not path.endswith("/codes.json"):
             complaints.append(f"{path}:1: unknown pack or file")
-        if len(json.loads(text)["codes"]) != text.count("\n") - 5:
-            complaints.append(f"{path}:1: two rows for one unit, or more than one line a row")
+        if not len(json.loads(text)["codes"]) == read[path] == text.count("\n") - 5:
+            complaints.append(f"{path}:1: two rows for one unit, or a row is no line of its own")
     last = ("", "")
     for path, line, unit, members in rows(catalogue):
         place = f"{path}:{line}"

@@ -148,6 +148,17 @@ def exactness(catalogue):
     return complaints
 
 
+def systems(catalogue):
+    """A unit that is made of units that are not metric is not metric."""
+    return [
+        f"{one.path}: is metric, but {parent} is not"
+        for one in catalogue.of("unit")
+        for parent in one.value("parentUnits") or {}
+        if one.value("unitSystem") == "Metric"
+        and catalogue.by_id[parent].value("unitSystem") != "Metric"
+    ]
+
+
 def quantities(catalogue):
     """Behind the default, a quantity lists its metric units, then the others: each by size, then by
     name. It lists no unit twice."""
@@ -166,4 +177,4 @@ def quantities(catalogue):
     return complaints
 
 
-ALL = [manifest, layout, names, documents, exactness, quantities]
+ALL = [manifest, layout, names, documents, exactness, systems, quantities]
