@@ -8,10 +8,13 @@ import pathlib
 import re
 import sys
 
+from make_reference import anchor
+
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 FENCED = re.compile(r"(^```.*?^```$)", re.M | re.S)
 SPAN = re.compile(r"(?<!`)`([^`\n]+)`(?!`)")
-LINK = re.compile(r"(?<!!)\[((?:`[^`]*`|[^]`])+)\]\(([^)#:]+)\)")
+LINK = re.compile(r"(?<!!)\[((?:`[^`]*`|[^]`])+)\]\(([^)#:]*)(?:#([^)]+))?\)")
+HEADING = re.compile(r"^(##+ (.*))$", re.M)
 # Members that every record has and that its class describes: copying and destroying.
 SILENT = re.compile(
     r"^ +(?:(\w+)\(const \1& other\)(?: noexcept)?|~\w+\(\)(?: override)?"
@@ -23,6 +26,11 @@ def label_of(path):
     if path.as_posix() == "docs/README.md":
         return "mainpage"
     return "catalog" if path.as_posix() == "schemas/README.md" else path.stem.lower()
+
+
+def place_of(label, heading):
+    """The name of a section in doxygen, from its page and its heading or the fragment of a link."""
+    return f"{label}_{anchor(heading)}"
 
 
 def code(span):
@@ -39,14 +47,20 @@ def page(path, text):
     label = label_of(path)
 
     def reference(link):
-        target = (ROOT / path.parent / link[2]).resolve().relative_to(ROOT)
+        target = (ROOT / path.parent / link[2]).resolve().relative_to(ROOT) if link[2] else path
+        if link[3]:
+            return f"[{link[1]}](@ref {place_of(label_of(target), link[3])})"
         if target.suffix != ".md":
             return f"[{link[1]}](@ref {target.name})"
         title = (ROOT / target).read_text(encoding="utf-8").partition("\n")[0].lstrip("# ")
         return f"[{title if link[1].endswith('.md') else link[1]}](@ref {label_of(target)})"
 
+    def named(heading):
+        return f"{heading[1]} {{#{place_of(label, heading[2])}}}"
+
     parts = FENCED.split(text)
-    parts[::2] = [LINK.sub(reference, SPAN.sub(code, part)) for part in parts[::2]]
+    parts[::2] = [HEADING.sub(named, LINK.sub(reference, SPAN.sub(code, part)))
+                  for part in parts[::2]]
     return re.sub(r"^# (.*)", rf"# \1 {{#{label}}}", "".join(parts), count=1)
 
 

@@ -203,14 +203,16 @@ TRELVONUNITS_API SchemaReport loadFolders(const std::vector<std::string>& folder
 
 /// A schema text and the name that stands for its file's path in a report.
 struct NamedText {
-  std::string name;
-  std::string text;
+  std::string name;  ///< Any text; findings show it as the file.
+  std::string text;  ///< A definition, in JSON.
 };
 
 /// Loads schema texts that a host has in memory as `loadFolders` loads the files of one folder, and
 /// reports. The texts come in the order in which they are given.
 ///
-/// @param texts  any bytes; each is read up to the first NUL.
+/// @param texts    any bytes; each is read up to the first NUL.
+/// @param engine   as for `loadFolders`.
+/// @param options  as for `loadFolders`.
 /// @throws std::bad_alloc  as for `loadFolders`.
 TRELVONUNITS_API SchemaReport loadTexts(const std::vector<NamedText>& texts,
                                         Units::UnitsEngine& engine, const ReportOptions& options);
@@ -220,6 +222,8 @@ TRELVONUNITS_API SchemaReport loadTexts(const std::vector<NamedText>& texts,
 ///
 /// @param bundle     the bytes of a bundle; see `SchemaBundle`.
 /// @param shownName  the texts are named after it: "my.bundle#1", "my.bundle#2" ...
+/// @param engine     as for `loadFolders`.
+/// @param options    as for `loadFolders`.
 /// @throws std::logic_error  "not a schema bundle". The engine is unchanged.
 /// @throws std::bad_alloc    as for `loadFolders`.
 TRELVONUNITS_API SchemaReport loadBundle(std::string_view bundle, const std::string& shownName,

@@ -90,7 +90,8 @@ class TRELVONUNITS_API UnitNames {
   ///   names.find("qdt:FT");           the foot: "qdt" is read as "qudt"
   ///   names.find("ucum:kg.m-3");      kilogram per cubic meter, by an expression
   ///
-  /// @param codes  those of units that the engine does not have are passed over.
+  /// @param engine  any engine, as above.
+  /// @param codes   those of units that the engine does not have are passed over.
   UnitNames(const UnitsEngine& engine, const UnitCodes& codes);
 
   UnitNames(const UnitNames& other) noexcept;

@@ -1,6 +1,7 @@
 """Holds the program to what no page shows: examples of --help, random tables, and broken worlds."""
 import csv
 import io
+import json
 import os
 import pathlib
 import pty
@@ -63,7 +64,7 @@ class Tool(unittest.TestCase):
             shutil.rmtree(os.path.join(self.folder, "NEW"), ignore_errors=True)
 
     def test_every_command_has_two_examples_that_print_what_they_say(self):
-        for name in command_names():
+        for name in [*command_names(), "completion", "manual"]:
             text = run(name, "--help").stdout.decode().split("Examples")[1].split("\n", 1)[1]
             block = re.sub(r"^  ", "", text, flags=re.M)
             with self.subTest(name):
@@ -84,6 +85,11 @@ class Tool(unittest.TestCase):
                 for name, done in self.calls(**out):
                     self.assertEqual((name, done.returncode), (name, 3))
                     self.assertIn(b"cannot write to standard output", done.stderr)
+
+    def test_every_command_prints_one_object_if_asked(self):
+        for others in ((), ("--help",), ("--version",)):
+            for _, done in self.calls("--json", *others, stdout=subprocess.PIPE):
+                self.assertIsInstance(json.loads(done.stdout), dict)
 
     def test_a_closed_pipe_ends_it_as_shells_have_it(self):
         command = f"'{PROGRAM}' list units --json; echo $? >&2"

@@ -5,6 +5,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <charconv>
 #include <cstdlib>
 #include <string_view>
 
@@ -36,23 +37,38 @@ const Option* knownOption(const Command* command, std::string_view name) {
   return common != nullptr || command == nullptr ? common : findOption(command->options, name);
 }
 
+bool isGiven(const Words& words, const Option& option) {
+  const std::string name = "--" + option.name;
+  return std::any_of(words.options.begin(), words.options.end(), [&](const std::string& word) {
+    return word.substr(0, word.find('=')) == name;
+  });
+}
+
 /// Adds the option at an index. Returns the index of the last word that belongs to it.
 std::size_t addOption(const std::vector<std::string>& all, std::size_t index,
                       const Command* command, Words& words) {
   const std::string& word = all[index];
-  const Option* const option =
-      knownOption(command, std::string_view(word).substr(2, word.find('=') - 2));
-  const bool hasValue = word.find('=') != std::string::npos;
-  if (option != nullptr && option->value.empty() && hasValue)
-    throw Failure(Status::Usage, "--" + option->name + " takes no value");
-  if (option == nullptr || option->value.empty() || hasValue) {
+  const std::size_t equals = word.find('=');
+  const std::string name = word.substr(0, equals);
+  const bool hasValue = equals != std::string::npos;
+  const Option* const option = knownOption(command, std::string_view(name).substr(2));
+  if (option == nullptr)
+    throw Failure(Status::Usage,
+                  "there is no option " + inQuotes(name) +
+                      (command == nullptr ? " before a command; see trelvon --help"
+                                          : "; see trelvon " + command->name + " --help"));
+  if (!option->isRepeatable && !option->value.empty() && isGiven(words, *option))
+    throw Failure(Status::Usage, name + " is given twice");
+  if (option->value.empty()) {
+    if (hasValue) throw Failure(Status::Usage, name + " takes no value");
     words.options.push_back(word);
     return index;
   }
-  if (index + 1 == all.size() || all[index + 1].empty())
-    throw Failure(Status::Usage, word + " needs a value: " + option->value);
-  words.options.push_back(word + '=' + all[index + 1]);
-  return index + 1;
+  const bool isNext = !hasValue && index + 1 < all.size();
+  const std::string value = hasValue ? word.substr(equals + 1) : isNext ? all[index + 1] : "";
+  if (value.empty()) throw Failure(Status::Usage, name + " needs a value: " + option->value);
+  words.options.push_back(name + '=' + value);
+  return isNext ? index + 1 : index;
 }
 
 Words tellApart(const std::vector<std::string>& all) {
@@ -81,6 +97,18 @@ Words tellApart(const std::vector<std::string>& all) {
   return words;
 }
 
+/// Why a text is no whole number of a range, or nothing. CLI11 would also take 0x3 and 010.
+std::string whyOutside(const std::string& text, Range range) {
+  int number = 0;
+  const char* const end = text.data() + text.size();
+  const auto read = std::from_chars(text.data(), end, number);
+  if (read.ec == std::errc() && read.ptr == end && number >= range.lowest &&
+      number <= range.highest)
+    return {};
+  return inQuotes(text) + " is no whole number from " + std::to_string(range.lowest) + " to " +
+         std::to_string(range.highest);
+}
+
 void describe(CLI::App& app, const Option& option) {
   const std::string name = "--" + option.name;
   CLI::Option* const described = option.value.empty() ? app.add_flag(name) : app.add_option(name);
@@ -90,7 +118,8 @@ void describe(CLI::App& app, const Option& option) {
   if (option.isRepeatable) described->expected(1, CLI::detail::expected_max_vector_size);
   described->allow_extra_args(false);
   if (option.range.highest >= option.range.lowest)
-    described->check(CLI::Range(option.range.lowest, option.range.highest));
+    described->check(
+        [range = option.range](const std::string& text) { return whyOutside(text, range); });
   if (!option.choices.empty()) described->check(CLI::IsMember(option.choices));
   for (const std::string& other : option.excludes)
     if (CLI::Option* const excluded = app.get_option_no_throw("--" + other))

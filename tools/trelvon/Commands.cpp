@@ -264,6 +264,10 @@ Command diffCommand() {
 Command completionCommand() {
   Command command = {"completion", "bash|zsh|fish", 1, 1};
   command.summary = "Writes a script with which a shell completes command lines of trelvon";
+  command.examples = {
+      {"source <(trelvon completion bash) && complete -p trelvon", "complete -F _trelvon trelvon"},
+      {"trelvon completion fish | head -1",
+       "# Completion of trelvon for fish, written by `trelvon completion fish`."}};
   command.run = runCompletion;
   command.isHidden = true;
   return command;
@@ -274,6 +278,10 @@ Command manualCommand() {
   command.summary = "Writes the manual page of trelvon or of a command, as man reads it";
   command.options = {
       {"out", "FOLDER", "write all pages and completion scripts into a folder instead"}};
+  command.examples = {
+      {"trelvon manual show | sed -n 2,3p", R"(.SH NAME
+trelvon\-show \- Shows a definition)"},
+      {"trelvon manual --out pages && ls pages/man/man1/*list*", "pages/man/man1/trelvon-list.1"}};
   command.run = runManual;
   command.isHidden = true;
   return command;

@@ -295,7 +295,7 @@ std::string completionScript(const std::string& shell) {
 }
 
 Status runCompletion(Context& context) {
-  context.out.write(completionScript(context.arguments.operands[0]));
+  context.print(completionScript(context.arguments.operands[0]));
   return Status::Done;
 }
 

@@ -1,6 +1,7 @@
 #include "tools/trelvon/Context.h"
 
 #include "tools/trelvon/Failure.h"
+#include "tools/trelvon/Json.h"
 #include "tools/trelvon/Lookup.h"
 #include "tools/trelvon/ShownText.h"
 
@@ -19,6 +20,18 @@ Context::Context(const Arguments& given, Output& output, Output& errorOutput, De
 
 void Context::warn(const std::string& sentence) const {
   errors.write(errors.tinted("warning: ", Tint::Warning) + sentence + '\n');
+}
+
+void Context::print(const std::string& text) const {
+  if (!wantsJson()) {
+    out.write(text);
+    return;
+  }
+  JsonWriter json;
+  json.beginObject();
+  json.member("text", text);
+  json.endObject();
+  out.write(json.text() + '\n');
 }
 
 Units::Unit Context::unit(const std::string& text) { return unitNamed(text, definitions); }

@@ -32,6 +32,9 @@ class Context {
   /// Says something on standard error that does not end the command.
   void warn(const std::string& sentence) const;
 
+  /// Prints a text as it is, or as the member `text` of an object.
+  void print(const std::string& text) const;
+
   /// The unit of an operand or option.
   Units::Unit unit(const std::string& text);
 

@@ -35,6 +35,15 @@ fs::path dataFolder() {
   return fs::exists(built / bundleName, error) ? built : installed.lexically_normal();
 }
 
+/// Whether schema files lie directly in a folder, where loaders do not read them.
+bool hasFilesOnTop(const std::string& folder) {
+  std::error_code error;
+  fs::directory_iterator entry(folder, error);
+  for (; !error && entry != fs::directory_iterator(); entry.increment(error))
+    if (entry->path().extension() == ".json") return true;
+  return false;
+}
+
 }  // namespace
 
 Definitions::Definitions(const Arguments& arguments, std::function<void(const std::string&)> report)
@@ -82,13 +91,23 @@ void Definitions::loadFolder(const std::string& folder) {
   options.lint = false;
   options.leaveOutWhatCannotBuild = !isStrict_;
   const Schemas::SchemaReport report = Schemas::loadFolders({folder}, *engine_, options);
+  const auto tell = [this](const std::string& sentence) {
+    if (isStrict_) throw Failure(Status::Files, sentence);
+    report_(sentence);
+  };
+  const auto files = report.getFiles();
+  const bool readsAny = std::any_of(files.begin(), files.end(), [](const auto& file) {
+    return file.getFate() != Schemas::FileFate::PassedOver;
+  });
+  if (!readsAny && hasFilesOnTop(folder))
+    tell("nothing of " + inQuotes(folder) +
+         " is loaded: only files in folders below it are read, as in FOLDER/units");
   for (const Schemas::Finding& finding : report.getFindings()) {
     const Schemas::TextPosition begin = finding.getBegin();
     const std::string sentence = shown(finding.getFile()) + ':' + std::to_string(begin.line) + ':' +
                                  std::to_string(begin.columnPoint) + ": " +
                                  shown(finding.getSentence());
-    if (isStrict_) throw Failure(Status::Files, sentence);
-    report_(sentence);
+    tell(sentence);
   }
 }
 

@@ -155,13 +155,14 @@ Status runManual(Context& context) {
   const Arguments& arguments = context.arguments;
   if (arguments.has("out")) {
     writeAll(arguments.text("out"));
+    if (context.wantsJson()) context.print("");
     return Status::Done;
   }
   const Command* const command =
       arguments.operands.empty() ? nullptr : findCommand(arguments.operands[0]);
   if (!arguments.operands.empty() && (command == nullptr || command->isHidden))
     throw Failure(Status::Usage, "there is no command " + inQuotes(arguments.operands[0]));
-  context.out.write(page(command));
+  context.print(page(command));
   return Status::Done;
 }
 

@@ -4,6 +4,7 @@
 #include "tools/trelvon/Run.h"
 #include "tools/trelvon/ShownText.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace tool {
@@ -23,6 +24,8 @@ NameReading readName(const Units::UnitsEngine& engine, const std::string& name) 
   if (reading.isFree) return reading;
   for (const auto& token : explanation.tokens()) {
     if (token.span().text != 0) continue;
+    const auto& known = reading.symbols;
+    if (std::find(known.begin(), known.end(), token.symbolTypeId()) != known.end()) continue;
     if (!token.symbolTypeId().empty()) {
       reading.symbols.push_back(token.symbolTypeId());
       reading.what += (reading.what.empty() ? "" : ", ") +

@@ -101,11 +101,13 @@ Draft draftUnit(Context& context) {
   draft.constants = {
       valueConstant("name", arguments.text("label", arguments.operands[1])),
       valueConstant("unitSystem", arguments.has("imperial") ? "Imperial" : "Metric")};
+  if (arguments.has("dimension") && (arguments.has("from") || arguments.has("times")))
+    throw Failure(Status::Usage, "--dimension is for a unit without --from and --times");
   std::map<std::string, int> parents;
   for (const std::string& times : arguments.texts("times"))
     addPower(times, parents,
              [&](const std::string& name) { return context.unit(name).getTypeId(); });
-  if (!arguments.has("from") && parents.empty()) {
+  if (!arguments.has("from") && !arguments.has("offset") && parents.empty()) {
     draft.base = arguments.has("dimension") ? "unit.primitive.dimensional" : "unit.primitive";
     if (arguments.has("dimension"))
       draft.constants.push_back(referenceConstant(

@@ -14,12 +14,11 @@ namespace tool {
 Status runArguments(Context& context) {
   const Arguments& arguments = context.arguments;
   if (arguments.has("version")) {
-    context.out.write("trelvon " TRELVON_TOOL_VERSION "\n");
+    context.print("trelvon " TRELVON_TOOL_VERSION "\n");
     return Status::Done;
   }
   if (arguments.has("help")) {
-    context.out.write(arguments.command == nullptr ? programHelp()
-                                                   : commandHelp(*arguments.command));
+    context.print(arguments.command == nullptr ? programHelp() : commandHelp(*arguments.command));
     return Status::Done;
   }
   return arguments.command == nullptr ? runPrompt(context) : arguments.command->run(context);

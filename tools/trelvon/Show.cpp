@@ -116,21 +116,21 @@ std::string dotText(const std::string& text) {
   return out + '"';
 }
 
-void writeDot(Output& out, const Units::UnitsEngine& engine, const std::string& typeId) {
-  out.write("digraph definitions {\n  node [shape=box];\n");
+std::string dotOf(const Units::UnitsEngine& engine, const std::string& typeId) {
+  std::string text = "digraph definitions {\n  node [shape=box];\n";
   walk(engine, typeId,
        [&](const Parent& child, std::size_t, const Described& described, bool isNew) {
          if (!isNew) return;
          std::string label = described.name;
          if (described.factor && *described.factor != 1.0)
            label += " = " + shortestText(*described.factor);
-         out.write("  " + dotText(child.typeId) + " [label=" + dotText(label) + "];\n");
+         text += "  " + dotText(child.typeId) + " [label=" + dotText(label) + "];\n";
          for (const Parent& parent : described.parents)
-           out.write("  " + dotText(child.typeId) + " -> " + dotText(parent.typeId) +
-                     (parent.power == 1 ? ";\n"
-                                        : " [label=\"" + std::to_string(parent.power) + "\"];\n"));
+           text +=
+               "  " + dotText(child.typeId) + " -> " + dotText(parent.typeId) +
+               (parent.power == 1 ? ";\n" : " [label=\"" + std::to_string(parent.power) + "\"];\n");
        });
-  out.write("}\n");
+  return text + "}\n";
 }
 
 void writeFactorAndParents(const Described& described, JsonWriter& json) {
@@ -180,7 +180,7 @@ Status runShow(Context& context) {
   const std::string typeId = definitionNamed(context.arguments.operands[0], context.definitions);
   const Units::UnitsEngine& engine = context.definitions.engine();
   if (context.arguments.has("dot")) {
-    writeDot(context.out, engine, typeId);
+    context.print(dotOf(engine, typeId));
     return Status::Done;
   }
   const Described described = describe(engine, typeId);

@@ -81,9 +81,13 @@ void History::add(const std::string& line) const {
   const Private own;
   std::error_code error;
   fs::create_directories(fs::path(path_).parent_path(), error);
-  const int file = open(path_.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
+  const int file =
+      open(path_.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK | O_CLOEXEC, 0600);
   const std::string text = line + '\n';
-  const bool isWritten = file >= 0 && fchmod(file, 0600) == 0 &&
+  struct stat opened {};
+  // Some people link the file to /dev/null, which must stay as it is.
+  const bool isOurs = file >= 0 && fstat(file, &opened) == 0 && S_ISREG(opened.st_mode);
+  const bool isWritten = file >= 0 && (!isOurs || fchmod(file, 0600) == 0) &&
                          write(file, text.data(), text.size()) == static_cast<ssize_t>(text.size());
   const int reason = errno;
   if (file >= 0) close(file);

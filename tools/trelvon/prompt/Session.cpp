@@ -9,6 +9,7 @@
 #include "tools/trelvon/prompt/ShellWords.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace tool {
 
@@ -35,6 +36,22 @@ std::string withoutVariables(const Units::FormulaExplanation& explanation) {
     copied = place.end;
   }
   return text.append(explanation.formula(), copied, std::string::npos);
+}
+
+/// Whether a value has few zeros before or behind its first digits.
+bool readsWell(double value) {
+  constexpr double least = 0.001, tooLarge = 100000;
+  return std::fabs(value) >= least && std::fabs(value) < tooLarge;
+}
+
+/// The place of the next unit in a list in which a value reads well, or simply the next one.
+template <class ValueIn>
+std::size_t placeAfter(std::size_t place, const std::vector<Units::Unit>& units, ValueIn valueIn) {
+  for (std::size_t step = 1; step < units.size(); ++step) {
+    const std::size_t next = (place + step) % units.size();
+    if (readsWell(valueIn(units[next]))) return next;
+  }
+  return (place + 1) % units.size();
 }
 
 }  // namespace
@@ -126,9 +143,13 @@ Status Session::showLastIn(const std::string& text) {
                                       : engine.getQuantity(readings[0].quantityTypeId).getUnits();
   if (text.empty() && units.empty())
     throw Failure(Status::Findings, "no quantity fits the value; `= UNIT` shows it in a unit");
+  const auto explainedIn = [&](const Units::Unit& unit) {
+    return explainFormula(engine, unit.getTypeId(), last_.text, variables);
+  };
+  const auto valueIn = [&](const Units::Unit& unit) { return explainedIn(unit).value(); };
   const Units::Unit unit =
-      text.empty() ? units[(last_.place + 1) % units.size()] : context.unit(text);
-  const auto shownIn = explainFormula(engine, unit.getTypeId(), last_.text, variables);
+      text.empty() ? units[placeAfter(last_.place, units, valueIn)] : context.unit(text);
+  const auto shownIn = explainedIn(unit);
   if (shownIn.reason() != Units::FormulaReason::Done)
     context.accepted(shownIn);  // which refuses it
   const auto found = std::find(units.begin(), units.end(), unit);
