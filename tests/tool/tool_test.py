@@ -172,6 +172,16 @@ class Tool(unittest.TestCase):
                                   capture_output=True, cwd=self.folder, env={**os.environ, "PATH": path})
             self.assertEqual((line, done.stdout.decode().strip()), (line, words))
 
+    def test_zsh_completes_options_before_operands(self):
+        if not shutil.which("zsh"):
+            self.skipTest("zsh is not installed")
+        script = """zmodload zsh/zpty; zpty z zsh -f -i
+            zpty -w z 'autoload -U compinit; compinit -u -D; source <(trelvon completion zsh)'
+            zpty -w -n z $'trelvon eval --fr\t'; zpty -r -m z shown '*eval --fraction*'"""
+        path = f"{os.path.dirname(PROGRAM)}:{os.environ['PATH']}"
+        subprocess.run(["zsh", "-fc", script], check=True, timeout=60,
+                       env={"PATH": path, "HOME": self.folder, "TERM": "dumb"})
+
     def test_any_bytes_reach_a_terminal_as_text(self):
         picks = random.Random(5)
         for _ in range(150):

@@ -174,7 +174,7 @@ std::string zshValue(const Value& value) {
                              : value.kind == Kind::Folder ? "_files -/"
                              : value.kind == Kind::File   ? "_files"
                              : value.kind == Kind::Unit   ? "_trelvon_units"
-                                                          : " ";
+                                                          : "()";  // a blank hides options
   return ':' + zshEscaped(value.name) + ':' + action;
 }
 
