@@ -166,7 +166,8 @@ class Tool(unittest.TestCase):
         path = f"{os.path.dirname(PROGRAM)}:{os.environ['PATH']}"
         for line, words in (("co", "convert"), ("convert --on-error ''", "stop keep empty"),
                             ("list qu", "quantities"), ("list units --of kilometerPerH", "kilometerPerHour"),
-                            ("lint F", "FOLDER"), ("--color al", "always"), ("diff F", "FOLDER"),
+                            ("lint F", "FOLDER"), ("--color al", "always"),
+                            ("--color = al", "always"), ("--color =", "auto always never"), ("diff F", "FOLDER"),
                             ("eval --fr", "--fraction"), ("eval 1 --load F", "FOLDER"), ("explain ''", "")):
             done = subprocess.run(["bash", "-c", script + "_words trelvon " + line], check=False,
                                   capture_output=True, cwd=self.folder, env={**os.environ, "PATH": path})
