@@ -174,11 +174,22 @@ class Tool(unittest.TestCase):
         path = f"{os.path.dirname(PROGRAM)}:{os.environ['PATH']}"
         for line, words in (("co", "convert"), ("convert --on-error ''", "stop keep empty"),
                             ("list qu", "quantities"), ("list units --of kilometerPerH", "kilometerPerHour"),
-                            ("lint F", "FOLDER"), ("--color al", "always"), ("diff F", "FOLDER"),
+                            ("lint F", "FOLDER"), ("--color al", "always"),
+                            ("--color = al", "always"), ("--color =", "auto always never"), ("diff F", "FOLDER"),
                             ("eval --fr", "--fraction"), ("eval 1 --load F", "FOLDER"), ("explain ''", "")):
             done = subprocess.run(["bash", "-c", script + "_words trelvon " + line], check=False,
                                   capture_output=True, cwd=self.folder, env={**os.environ, "PATH": path})
             self.assertEqual((line, done.stdout.decode().strip()), (line, words))
+
+    def test_zsh_completes_options_before_operands(self):
+        if not shutil.which("zsh"):
+            self.skipTest("zsh is not installed")
+        script = """zmodload zsh/zpty; zpty z zsh -f -i
+            zpty -w z 'autoload -U compinit; compinit -u -D; source <(trelvon completion zsh)'
+            zpty -w -n z $'trelvon eval --fr\t'; zpty -r -m z shown '*eval --fraction*'"""
+        path = f"{os.path.dirname(PROGRAM)}:{os.environ['PATH']}"
+        subprocess.run(["zsh", "-fc", script], check=True, timeout=60,
+                       env={"PATH": path, "HOME": self.folder, "TERM": "dumb"})
 
     def test_any_bytes_reach_a_terminal_as_text(self):
         picks = random.Random(5)

@@ -150,8 +150,9 @@ std::string bashScript() {
          ") command=${COMP_WORDS[index]}; break ;;\n"
          "    esac\n"
          "  done\n"
-         "  mapfile -t COMPREPLY < <(_trelvon_words \"${COMP_WORDS[COMP_CWORD]}\" "
-         "\"${COMP_WORDS[COMP_CWORD - 1]}\" \"$command\")\n"
+         "  local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}\n"
+         "  [[ $before == = ]] && before=${COMP_WORDS[COMP_CWORD - 2]}  # --option=value\n"
+         "  mapfile -t COMPREPLY < <(_trelvon_words \"${word#=}\" \"$before\" \"$command\")\n"
          "  [[ -e ${COMPREPLY[0]} ]] && compopt -o filenames 2>/dev/null\n"
          "  return 0\n"
          "}\n"
@@ -174,7 +175,7 @@ std::string zshValue(const Value& value) {
                              : value.kind == Kind::Folder ? "_files -/"
                              : value.kind == Kind::File   ? "_files"
                              : value.kind == Kind::Unit   ? "_trelvon_units"
-                                                          : " ";
+                                                          : "()";  // a blank hides options
   return ':' + zshEscaped(value.name) + ':' + action;
 }
 

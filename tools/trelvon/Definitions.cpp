@@ -40,7 +40,8 @@ bool hasFilesOnTop(const std::string& folder) {
   std::error_code error;
   fs::directory_iterator entry(folder, error);
   for (; !error && entry != fs::directory_iterator(); entry.increment(error))
-    if (entry->path().extension() == ".json") return true;
+    if (entry->path().extension() == ".json" && entry->path().filename() != "codes.json")
+      return true;
   return false;
 }
 
