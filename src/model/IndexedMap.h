@@ -29,8 +29,7 @@ inline std::size_t hashOf(std::string_view key) {
 
 /// A key with its hash, for a search of several maps.
 struct HashedText {
-  HashedText(std::string_view searched)
-      : text(searched), hash(hashOf(searched)) {}
+  HashedText(std::string_view searched) : text(searched), hash(hashOf(searched)) {}
 
   std::string_view text;
   std::size_t hash;
