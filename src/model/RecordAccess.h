@@ -14,7 +14,8 @@
 
 namespace Units {
 
-/// Reads records in place, whereas their getters copy, and makes records of what is there already. References are valid as long as the record.
+/// Reads records in place, whereas their getters copy, and makes records of what is there already.
+/// References are valid as long as the record.
 struct RecordAccess {
   template <class Record>
   static const std::string& typeId(const Record& record) {
