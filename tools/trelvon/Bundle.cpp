@@ -5,6 +5,8 @@
 #include "tools/trelvon/Json.h"
 #include "tools/trelvon/Run.h"
 
+#include <map>
+
 namespace tool {
 
 Status runBundle(Context& context) {
@@ -19,13 +21,13 @@ Status runBundle(Context& context) {
     }
   }
   if (!context.arguments.has("out")) throw Failure(Status::Usage, "bundle needs --out FILE");
-  writeFile(context.arguments.text("out"), bundle, true);
-  if (context.arguments.has("index"))
-    writeFile(context.arguments.text("index"), indexOfBundle(context.arguments.text("out"), bundle),
-              true);
+  const std::string path = context.arguments.text("out");
+  std::map<std::string, std::string> others;  // by option; made before anything is written
+  if (context.arguments.has("index")) others["index"] = indexOfBundle(path, bundle);
   if (context.arguments.has("codes"))
-    writeFile(context.arguments.text("codes"),
-              codesOfFolders(context.arguments.operands).toText() + '\n', true);
+    others["codes"] = codesOfFolders(context.arguments.operands).toText() + '\n';
+  writeFile(path, bundle, true);
+  for (const auto& [option, text] : others) writeFile(context.arguments.text(option), text, true);
   if (!context.wantsJson()) {
     context.out.write(std::to_string(count) + (count == 1 ? " definition\n" : " definitions\n"));
     return Status::Done;

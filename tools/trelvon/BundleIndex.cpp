@@ -7,11 +7,11 @@
 #include <TrelvonUnits/SchemaBundle.h>
 #include <TrelvonUnits/UnitNames.h>
 
+#include <exception>
 #include <filesystem>
 #include <fstream>
 #include <set>
 #include <sstream>
-#include <stdexcept>
 
 namespace tool {
 
@@ -79,6 +79,30 @@ bool addPlaces(std::istream& bundle, std::string_view list, std::set<std::string
   return true;
 }
 
+SomeUnits load(const std::string& indexPath, const std::string& bundlePath,
+                      const std::vector<std::string>& names) {
+  std::error_code error;
+  std::ifstream indexFile(indexPath, std::ios::binary), bundle(bundlePath, std::ios::binary);
+  const std::string first = firstLine(std::filesystem::file_size(bundlePath, error));
+  std::string index(error ? 0 : std::filesystem::file_size(indexPath, error), '\0');
+  if (error || !indexFile.read(index.data(), static_cast<std::streamsize>(index.size())) ||
+      index.compare(0, first.size(), first) != 0)
+    return {};
+
+  SomeUnits some = {std::unique_ptr<Units::UnitsEngine>(Units::CreateUnitsEngine()), {}};
+  std::set<std::string> added;
+  const std::string_view lines = std::string_view(index).substr(first.size());
+  for (const std::string& name : names) {
+    const std::string typeId(restOfLine(lines, "name\t" + name + '\t'));
+    const std::string_view places = restOfLine(lines, "unit\t" + typeId + '\t');
+    if (typeId.empty() || places.empty() || !addPlaces(bundle, places, added, *some.engine))
+      return {};
+    some.typeIds[name] = typeId;
+  }
+  some.engine->buildSchemas();
+  return some;
+}
+
 }  // namespace
 
 std::string indexOfBundle(const std::string& path, std::string_view bundle) {
@@ -101,26 +125,11 @@ std::string indexOfBundle(const std::string& path, std::string_view bundle) {
 
 SomeUnits loadByIndex(const std::string& indexPath, const std::string& bundlePath,
                       const std::vector<std::string>& names) {
-  std::error_code error;
-  std::ifstream indexFile(indexPath, std::ios::binary), bundle(bundlePath, std::ios::binary);
-  const std::string first = firstLine(std::filesystem::file_size(bundlePath, error));
-  std::string index(error ? 0 : std::filesystem::file_size(indexPath, error), '\0');
-  if (error || !indexFile.read(index.data(), static_cast<std::streamsize>(index.size())) ||
-      index.compare(0, first.size(), first) != 0)
-    return {};
-
-  SomeUnits some = {std::unique_ptr<Units::UnitsEngine>(Units::CreateUnitsEngine()), {}};
-  std::set<std::string> added;
-  const std::string_view lines = std::string_view(index).substr(first.size());
-  for (const std::string& name : names) {
-    const std::string typeId(restOfLine(lines, "name\t" + name + '\t'));
-    const std::string_view places = restOfLine(lines, "unit\t" + typeId + '\t');
-    if (typeId.empty() || places.empty() || !addPlaces(bundle, places, added, *some.engine))
-      return {};
-    some.typeIds[name] = typeId;
+  try {
+    return load(indexPath, bundlePath, names);
+  } catch (const std::exception&) {
+    return {};  // it is not that of the bundle; who loads all of the bundle is told what is wrong
   }
-  some.engine->buildSchemas();
-  return some;
 }
 
 }  // namespace tool
