@@ -13,7 +13,7 @@ if(NOT version MATCHES "version 14\\.")
 endif()
 
 set(sources)
-foreach(folder IN ITEMS include src tools tests examples benchmarks)
+foreach(folder IN ITEMS include src tools bindings tests examples benchmarks)
   file(GLOB_RECURSE found ${ROOT}/${folder}/*.h ${ROOT}/${folder}/*.cpp)
   list(APPEND sources ${found})
 endforeach()
