@@ -125,7 +125,7 @@ TRELVON_API trelvon_status trelvon_convert(const trelvon_engine* engine, double 
 TRELVON_API trelvon_status trelvon_can_convert(const trelvon_engine* engine, trelvon_text from,
                                                trelvon_text to, int* result, trelvon_error** error);
 
-/// @param places  0 to 12; more gives TRELVON_PRECISION.
+/// @param places  0 to 12; more gives TRELVON_PRECISION, whose message calls more than 255 just 255.
 /// @param symbol  type id of a symbol, or null for the number alone.
 /// @param trim    whether to drop zeros at the end.
 TRELVON_API trelvon_status trelvon_format_fixed(const trelvon_engine* engine, double value,
@@ -133,7 +133,7 @@ TRELVON_API trelvon_status trelvon_format_fixed(const trelvon_engine* engine, do
                                                 int trim, char* buffer, size_t* size,
                                                 trelvon_error** error);
 
-/// @param precision  0 to 9; more gives TRELVON_PRECISION.
+/// @param precision  0 to 9; more is treated as above.
 /// @param symbol     type id of a symbol, or null for the number alone.
 TRELVON_API trelvon_status trelvon_format_fractional(const trelvon_engine* engine, double value,
                                                      unsigned precision, const trelvon_text* symbol,
