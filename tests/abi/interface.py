@@ -8,8 +8,8 @@
                                     that version is released
 
 LIBRARY is built with -g by g++ for 64-bit Linux, SHIPPED as it is shipped. The list has the sizes
-of the exported classes and of C's structures, the slots of their virtual functions and the exported names. abidiff
-compares the rest: what types are made of, and what functions return.
+of the exported classes and of C's structures, the slots of virtual functions and the exported names.
+abidiff compares the rest: what types are made of, and what functions return.
 """
 
 import difflib
@@ -88,8 +88,8 @@ def layout(file):
 def interface(library):
     sizes, slots = layout(library)
     texts = demangled([function for _, function in sorted(slots.items())])
-    lines = ["# Written by tests/abi/interface.py. Sizes of the exported classes and of C's
-# structures, in bytes.", ""]
+    lines = ["# Written by tests/abi/interface.py. Sizes of the exported classes and of C's "
+             "structures, in bytes.", ""]
     lines += [f"{size:4} {name}" for name, size in sorted(sizes.items())]
     lines += ["", "# Slots of their virtual functions, after the two of a destructor, 0 and 1.", ""]
     lines += [f"{slot:4} {text}" for (_, slot), text in zip(sorted(slots), texts)]
@@ -122,10 +122,12 @@ NOT_VIRTUAL = re.compile(r"'(method|function) (?!virtual).*'    \{.*\}")
 def breaks(old, new):
     """What breaks hosts of a library or description in a newer one. abidiff's exit code is the same
     for a slot behind the others and for two that have changed places, so its text is read; and it
-    does not see what a pure virtual function takes."""
-    (_, slots), (_, new_slots) = layout(old), layout(new)
+    does not see what a pure virtual function takes, nor that a structure of C grows."""
+    (sizes, slots), (new_sizes, new_slots) = layout(old), layout(new)
     found = [f"{name}, slot {slot}: no longer {function}"
              for (name, slot), function in slots.items() if new_slots.get((name, slot)) != function]
+    found += [f"{name}: no longer {size} bytes" for name, size in sizes.items()
+              if name.startswith("trelvon_") and new_sizes.get(name) != size]
     done = subprocess.run(["abidiff", "--exported-interfaces-only", "--no-show-locs", old, new],
                           capture_output=True, text=True)
     if done.returncode & 3:
