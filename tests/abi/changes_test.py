@@ -31,10 +31,10 @@ typedef struct {
 API trelvon_text trelvon_string(const char* text);
 }
 """
-BODIES = """namespace Units {
+BODIES = """trelvon_text trelvon_string(const char* text) { return {text}; }
+namespace Units {
 UnitsEngine::~UnitsEngine() = default;
 UnitsEngine* CreateUnitsEngine() { return nullptr; }
-extern "C" trelvon_text trelvon_string(const char* text) { return trelvon_text{text}; }
 """
 FIRST = "  virtual Record first(std::string typeId) const = 0;\n"
 SECOND = "  virtual int second(std::string typeId) const = 0;\n"
