@@ -4,6 +4,7 @@
 #include "bindings/c/Resolution.h"
 #include "bindings/c/Text.h"
 
+#include <TrelvonUnits/Exceptions.h>
 #include <TrelvonUnits/FormulaExplanation.h>
 
 #include <optional>
@@ -45,7 +46,6 @@ Span refusedSpan(const Units::FormulaExplanation& explanation) {
 Fault placedFault(const Units::UnitsEngine& engine, const Formula& formula,
                   const Resolution& resolution) {
   Fault fault = currentFault(TRELVON_OTHER);
-  if (fault.status == TRELVON_UNRECOGNIZED) return fault;  // of the unit, before any reading
   fault.span = refusedSpan(explain(engine, formula, resolution.replay()));
   return fault;
 }
@@ -60,6 +60,8 @@ trelvon_status evaluateForC(const trelvon_engine* engine, const std::optional<tr
     Resolution resolution(resolver, context, Resolution::Refusals::Faults, error != nullptr);
     try {
       *result = evaluate(*engine->units, formula, resolution.calls());
+    } catch (const Units::UnrecognizedIdentifierException&) {
+      throw;  // of the unit, before the formula is read
     } catch (...) {
       if (error == nullptr) throw;
       throw placedFault(*engine->units, formula, resolution);

@@ -241,11 +241,10 @@ const std::map<std::string, std::function<void()>> calls = {
     GIVE("systems", codes->getSystems()),
     GIVE("codes", codes->getCodes(text(1), text(2)))};
 
-void print(const char* status, const std::string& message) {
+void print(const char* status, const std::string& message, bool isOfUnit = false) {
   std::fputs(status, stdout);
   print_word(message.data(), message.size());
   const std::string call = text(0);
-  const bool isOfUnit = status == std::string("UNRECOGNIZED");
   if (call == "evaluate" && !isOfUnit) std::fputs(span(explain, 3).c_str(), stdout);
   if (call == "evaluate_unitless") std::fputs(span(explainUnitless, 2).c_str(), stdout);
 }
@@ -257,7 +256,7 @@ void answer() {
     std::fputs("OK", stdout);
     for (const std::string& result : results) print_word(result.data(), result.size());
   } catch (const UnrecognizedIdentifierException& error) {
-    print("UNRECOGNIZED", error.what());
+    print("UNRECOGNIZED", error.what(), true);
   } catch (const ValidationException& error) {
     print("VALIDATION", error.what());
   } catch (const IncompatibleUnitsException& error) {
