@@ -138,9 +138,19 @@ static trelvon_resolver resolver(size_t first) {
   return first < word_count ? resolve : NULL;
 }
 
-static trelvon_status convert(void) {
-  return give_number(trelvon_convert(engine, number(1), text(2), text(3), &result, &error));
-}
+/* Calls by what they give. */
+#define PLAIN(name, function, ...) \
+  static trelvon_status name(void) { return function(__VA_ARGS__, &error); }
+#define NUMBER(name, function, ...) \
+  static trelvon_status name(void) { return give_number(function(__VA_ARGS__, &result, &error)); }
+#define FLAG(name, function, ...) \
+  static trelvon_status name(void) { return give_flag(function(__VA_ARGS__, &flag, &error)); }
+#define LIST(name, function, ...) \
+  static trelvon_status name(void) { return give_list(function(__VA_ARGS__, &list, &error)); }
+#define TEXT(name, function, ...) \
+  static trelvon_status name(void) { GIVE_TEXT(function, __VA_ARGS__); }
+
+NUMBER(convert, trelvon_convert, engine, number(1), text(2), text(3))
 static trelvon_status prepared(void) {
   trelvon_conversion* made = NULL;
   double numbers[4] = {number(3), 0, number(3), 0};
@@ -150,9 +160,7 @@ static trelvon_status prepared(void) {
   result = numbers[2];
   return give_number(status);
 }
-static trelvon_status can_convert(void) {
-  return give_flag(trelvon_can_convert(engine, text(1), text(2), &flag, &error));
-}
+FLAG(can_convert, trelvon_can_convert, engine, text(1), text(2))
 static trelvon_status format_fixed(void) {
   trelvon_text symbol = text(3);
   GIVE_TEXT(trelvon_format_fixed, engine, number(1), (unsigned)count(2),
@@ -163,14 +171,8 @@ static trelvon_status format_fractional(void) {
   GIVE_TEXT(trelvon_format_fractional, engine, number(1), (unsigned)count(2),
             symbol.data ? &symbol : NULL);
 }
-static trelvon_status evaluate(void) {
-  return give_number(
-      trelvon_evaluate(engine, text(1), text(2), resolver(3), &first_variable, &result, &error));
-}
-static trelvon_status evaluate_unitless(void) {
-  return give_number(
-      trelvon_evaluate_unitless(engine, text(1), resolver(2), &first_variable, &result, &error));
-}
+NUMBER(evaluate, trelvon_evaluate, engine, text(1), text(2), resolver(3), &first_variable)
+NUMBER(evaluate_unitless, trelvon_evaluate_unitless, engine, text(1), resolver(2), &first_variable)
 static trelvon_explanation* explanation;
 static trelvon_status explained(trelvon_status status) {
   if (status != TRELVON_OK) return status;
@@ -187,22 +189,14 @@ static trelvon_status explain_unitless(void) {
   return explained(trelvon_explain_unitless(engine, text(1), resolver(2), &first_variable,
                                             &explanation, &error));
 }
-static trelvon_status add_definition(void) {
-  return give_list(trelvon_add_definition(engine, text(1), &list, &error));
-}
-static trelvon_status build_schemas(void) { return trelvon_build_schemas(engine, &error); }
-static trelvon_status definition(void) { GIVE_TEXT(trelvon_definition, engine, text(1)); }
-static trelvon_status dependencies(void) {
-  return give_list(trelvon_dependencies(engine, text(1), &list, &error));
-}
-static trelvon_status is_registered(void) {
-  return give_flag(trelvon_is_registered(engine, text(1), &flag, &error));
-}
-static trelvon_status add_folder(void) { return trelvon_add_folder(engine, text(1), &error); }
-static trelvon_status add_bundle(void) { return trelvon_add_bundle(engine, text(1), &error); }
-static trelvon_status add_bundle_file(void) {
-  return trelvon_add_bundle_file(engine, text(1), &error);
-}
+LIST(add_definition, trelvon_add_definition, engine, text(1))
+PLAIN(build_schemas, trelvon_build_schemas, engine)
+TEXT(definition, trelvon_definition, engine, text(1))
+LIST(dependencies, trelvon_dependencies, engine, text(1))
+FLAG(is_registered, trelvon_is_registered, engine, text(1))
+PLAIN(add_folder, trelvon_add_folder, engine, text(1))
+PLAIN(add_bundle, trelvon_add_bundle, engine, text(1))
+PLAIN(add_bundle_file, trelvon_add_bundle_file, engine, text(1))
 static trelvon_load_report* report;
 static trelvon_status reported(trelvon_status status) {
   if (status != TRELVON_OK) return status;
@@ -232,23 +226,15 @@ static trelvon_kind kind(void) {
   while (i < 5 && strcmp(words[1].data, kinds[i]) != 0) ++i;
   return (trelvon_kind)i;
 }
-static trelvon_status record(void) {
-  return give_list(trelvon_record(engine, kind(), text(2), &list, &error));
-}
-static trelvon_status records(void) {
-  return give_list(trelvon_records(engine, kind(), &list, &error));
-}
-static trelvon_status primitive_units(void) {
-  return give_list(trelvon_primitive_units(engine, &list, &error));
-}
+LIST(record, trelvon_record, engine, kind(), text(2))
+LIST(records, trelvon_records, engine, kind())
+LIST(primitive_units, trelvon_primitive_units, engine)
 static trelvon_status primitive_units_of(void) {
   const trelvon_text dimension = text(1);
   return give_list(
       trelvon_primitive_units_of(engine, dimension.data ? &dimension : NULL, &list, &error));
 }
-static trelvon_status convertible_units(void) {
-  return give_list(trelvon_convertible_units(engine, text(1), &list, &error));
-}
+LIST(convertible_units, trelvon_convertible_units, engine, text(1))
 static trelvon_status units_with_powers(void) {
   trelvon_power powers[MOST_WORDS];
   size_t i;
@@ -258,12 +244,8 @@ static trelvon_status units_with_powers(void) {
   }
   return give_list(trelvon_units_with_powers(engine, powers, i, &list, &error));
 }
-static trelvon_status symbols_of(void) {
-  return give_list(trelvon_symbols_of(engine, text(1), &list, &error));
-}
-static trelvon_status quantities_of(void) {
-  return give_list(trelvon_quantities_of(engine, text(1), &list, &error));
-}
+LIST(symbols_of, trelvon_symbols_of, engine, text(1))
+LIST(quantities_of, trelvon_quantities_of, engine, text(1))
 static trelvon_status learn_names(void) {
   const trelvon_text mapping = text(1);
   trelvon_names* learned = NULL;
@@ -271,80 +253,64 @@ static trelvon_status learn_names(void) {
   if (status == TRELVON_OK) trelvon_names_free(names), names = learned;
   return status;
 }
-static trelvon_status find(void) {
-  return give_list(trelvon_names_find(names, text(1), &list, &error));
-}
-static trelvon_status find_best(void) {
-  return give_list(trelvon_names_find_best(names, text(1), &list, &error));
-}
-static trelvon_status find_code(void) {
-  return give_list(trelvon_names_find_code(names, text(1), text(2), &list, &error));
-}
-static trelvon_status suggest(void) {
-  return give_list(trelvon_names_suggest(names, text(1), count(2), &list, &error));
-}
-static trelvon_status completions(void) {
-  return give_list(trelvon_names_completions(names, text(1), count(2), &list, &error));
-}
-static trelvon_status names_of(void) {
-  return give_list(trelvon_names_of(names, text(1), &list, &error));
-}
-static trelvon_status why_not(void) { GIVE_TEXT(trelvon_names_why_not, names, text(1)); }
-static trelvon_status unambiguous(void) { GIVE_TEXT(trelvon_names_unambiguous, names, text(1)); }
-static trelvon_status systems(void) {
-  return give_list(trelvon_names_systems(names, &list, &error));
-}
-static trelvon_status codes(void) {
-  return give_list(trelvon_names_codes(names, text(1), text(2), &list, &error));
-}
+LIST(find, trelvon_names_find, names, text(1))
+LIST(find_best, trelvon_names_find_best, names, text(1))
+LIST(find_code, trelvon_names_find_code, names, text(1), text(2))
+LIST(suggest, trelvon_names_suggest, names, text(1), count(2))
+LIST(completions, trelvon_names_completions, names, text(1), count(2))
+LIST(names_of, trelvon_names_of, names, text(1))
+TEXT(why_not, trelvon_names_why_not, names, text(1))
+TEXT(unambiguous, trelvon_names_unambiguous, names, text(1))
+LIST(systems, trelvon_names_systems, names)
+LIST(codes, trelvon_names_codes, names, text(1), text(2))
 
-#define ROW(name) \
-  { #name, name }
+#define ROW(name, call) \
+  { #name, call }
 static const struct {
   const char* name;
   trelvon_status (*call)(void);
-} calls[] = {ROW(convert),
-             ROW(prepared),
-             ROW(can_convert),
-             ROW(format_fixed),
-             ROW(format_fractional),
-             ROW(evaluate),
-             ROW(evaluate_unitless),
-             ROW(explain),
-             {"explain_tree", explain},
-             {"explain_json", explain},
-             ROW(explain_unitless),
-             ROW(add_definition),
-             ROW(build_schemas),
-             ROW(definition),
-             ROW(dependencies),
-             ROW(is_registered),
-             ROW(add_folder),
-             ROW(add_bundle),
-             ROW(add_bundle_file),
-             ROW(load_folder),
-             ROW(load_text),
-             ROW(load_bundle),
-             ROW(check_text),
-             ROW(record),
-             ROW(records),
-             ROW(primitive_units),
-             ROW(primitive_units_of),
-             ROW(convertible_units),
-             ROW(units_with_powers),
-             ROW(symbols_of),
-             ROW(quantities_of),
-             ROW(learn_names),
-             ROW(find),
-             ROW(find_best),
-             ROW(find_code),
-             ROW(suggest),
-             ROW(completions),
-             ROW(names_of),
-             ROW(why_not),
-             ROW(unambiguous),
-             ROW(systems),
-             ROW(codes)};
+} calls[] = {ROW(convert, convert),
+             ROW(prepared, prepared),
+             ROW(can_convert, can_convert),
+             ROW(format_fixed, format_fixed),
+             ROW(format_fractional, format_fractional),
+             ROW(evaluate, evaluate),
+             ROW(evaluate_unitless, evaluate_unitless),
+             ROW(explain, explain),
+             ROW(explain_tree, explain),
+             ROW(explain_json, explain),
+             ROW(explain_unitless, explain_unitless),
+             ROW(add_definition, add_definition),
+             ROW(build_schemas, build_schemas),
+             ROW(definition, definition),
+             ROW(dependencies, dependencies),
+             ROW(is_registered, is_registered),
+             ROW(add_folder, add_folder),
+             ROW(add_bundle, add_bundle),
+             ROW(add_bundle_file, add_bundle_file),
+             ROW(load_folder, load_folder),
+             ROW(load_text, load_text),
+             ROW(load_bundle, load_bundle),
+             ROW(check_text, check_text),
+             ROW(record, record),
+             ROW(records, records),
+             ROW(primitive_units, primitive_units),
+             ROW(primitive_units_of, primitive_units_of),
+             ROW(convertible_units, convertible_units),
+             ROW(units_with_powers, units_with_powers),
+             ROW(symbols_of, symbols_of),
+             ROW(quantities_of, quantities_of),
+             ROW(learn_names, learn_names),
+             ROW(find, find),
+             ROW(find_best, find_best),
+             ROW(find_code, find_code),
+             ROW(suggest, suggest),
+             ROW(completions, completions),
+             ROW(names_of, names_of),
+             ROW(why_not, why_not),
+             ROW(unambiguous, unambiguous),
+             ROW(systems, systems),
+             ROW(codes, codes)};
 
 static void print_results(void) {
   size_t i, at = 0;
