@@ -38,6 +38,7 @@
 /// The version of this header. Compare it with `trelvon_version`, which tells the library's.
 #define TRELVON_VERSION "1.0.0"
 
+/// Marks the functions of the library.
 #if defined(_WIN32)
 #if defined(TRELVONUNITS_BUILDING)
 #define TRELVON_API __declspec(dllexport)
@@ -71,8 +72,8 @@ typedef struct trelvon_answer trelvon_answer;
 
 /// `size` bytes of UTF-8, which may hold NUL and do not end in one.
 typedef struct {
-  const char* data;
-  size_t size;
+  const char* data; /**< May be null if `size` is 0. */
+  size_t size;      /**< In bytes. */
 } trelvon_text;
 
 /// How a call ended. The classes of Exceptions.h each have a status.
@@ -98,6 +99,7 @@ TRELVON_API trelvon_text trelvon_string(const char* text);
 
 /* Errors. These three accept null, as of a call that succeeded. */
 
+/// Returns the status of the call that failed.
 TRELVON_API trelvon_status trelvon_error_status(const trelvon_error* error);
 
 /// Returns the message, letter for letter that of C++ or of a resolver. It stays valid as long as the
@@ -108,6 +110,7 @@ TRELVON_API trelvon_text trelvon_error_message(const trelvon_error* error);
 /// For what a variable was replaced by, they are those of the variable.
 TRELVON_API int trelvon_error_span(const trelvon_error* error, size_t* begin, size_t* end);
 
+/// Frees an error.
 TRELVON_API void trelvon_error_free(trelvon_error* error);
 
 /* Engines */
@@ -115,8 +118,10 @@ TRELVON_API void trelvon_error_free(trelvon_error* error);
 /// Creates an empty engine.
 TRELVON_API trelvon_status trelvon_engine_create(trelvon_engine** engine, trelvon_error** error);
 
+/// Frees an engine. What was made from it stays valid.
 TRELVON_API void trelvon_engine_free(trelvon_engine* engine);
 
+/// Converts a number from one unit to another. `from` and `to` are type ids.
 TRELVON_API trelvon_status trelvon_convert(const trelvon_engine* engine, double value,
                                            trelvon_text from, trelvon_text to, double* result,
                                            trelvon_error** error);
@@ -125,16 +130,16 @@ TRELVON_API trelvon_status trelvon_convert(const trelvon_engine* engine, double 
 TRELVON_API trelvon_status trelvon_can_convert(const trelvon_engine* engine, trelvon_text from,
                                                trelvon_text to, int* result, trelvon_error** error);
 
-/// @param places  0 to 12; more gives TRELVON_PRECISION, whose message calls more than 255 just 255.
-/// @param symbol  type id of a symbol, or null for the number alone.
-/// @param trim    whether to drop zeros at the end.
+/// - `places`: 0 to 12; more gives TRELVON_PRECISION, whose message calls more than 255 just 255.
+/// - `symbol`: type id of a symbol, or null for the number alone.
+/// - `trim`: whether to drop zeros at the end.
 TRELVON_API trelvon_status trelvon_format_fixed(const trelvon_engine* engine, double value,
                                                 unsigned places, const trelvon_text* symbol,
                                                 int trim, char* buffer, size_t* size,
                                                 trelvon_error** error);
 
-/// @param precision  0 to 9; more is treated as above.
-/// @param symbol     type id of a symbol, or null for the number alone.
+/// - `precision`: 0 to 9; more is treated as above.
+/// - `symbol`: type id of a symbol, or null for the number alone.
 TRELVON_API trelvon_status trelvon_format_fractional(const trelvon_engine* engine, double value,
                                                      unsigned precision, const trelvon_text* symbol,
                                                      char* buffer, size_t* size,
@@ -158,8 +163,8 @@ TRELVON_API trelvon_status trelvon_answer_text(trelvon_answer* answer, trelvon_t
 /// Where a formula is refused and `error` is not null, the formula is read again to find the span, for
 /// which it takes a few times as long. The resolver is not called again.
 ///
-/// @param resolver  null if the formula has no variables; an identifier is then refused.
-/// @param context   passed to the resolver.
+/// - `resolver`: null if the formula has no variables; an identifier is then refused.
+/// - `context`: passed to the resolver.
 TRELVON_API trelvon_status trelvon_evaluate(const trelvon_engine* engine, trelvon_text unit,
                                             trelvon_text formula, trelvon_resolver resolver,
                                             void* context, double* result, trelvon_error** error);
@@ -174,7 +179,7 @@ TRELVON_API trelvon_status trelvon_evaluate_unitless(const trelvon_engine* engin
 ///
 /// Where the resolver returns TRELVON_PARSE, that is explained; another failure of it is returned.
 ///
-/// @param unit  type id of the requested unit. If null, the value is in primitive units.
+/// - `unit`: type id of the requested unit. If null, the value is in primitive units.
 TRELVON_API trelvon_status trelvon_explain(const trelvon_engine* engine, const trelvon_text* unit,
                                            trelvon_text formula, trelvon_resolver resolver,
                                            void* context, trelvon_explanation** explanation,
@@ -199,17 +204,19 @@ TRELVON_API trelvon_status trelvon_explain_text(const trelvon_explanation* expla
 TRELVON_API trelvon_status trelvon_explain_tree(const trelvon_explanation* explanation,
                                                 char* buffer, size_t* size, trelvon_error** error);
 
+/// Frees an explanation.
 TRELVON_API void trelvon_explanation_free(trelvon_explanation* explanation);
 
 /* Definitions */
 
 /// Reads a schema text, which is pending until `trelvon_build_schemas`.
 ///
-/// @param missing  receives a list of the type ids that it refers to and that are neither stored nor
-///                 pending; null if they are not asked for.
+/// - `missing`: receives a list of the type ids that it refers to and that are neither stored nor
+///   pending; null if they are not asked for.
 TRELVON_API trelvon_status trelvon_add_definition(trelvon_engine* engine, trelvon_text schema,
                                                   trelvon_list** missing, trelvon_error** error);
 
+/// Turns all pending schemas into records, all or none.
 TRELVON_API trelvon_status trelvon_build_schemas(trelvon_engine* engine, trelvon_error** error);
 
 /// Writes a stored definition as schema text.
@@ -254,8 +261,8 @@ TRELVON_API trelvon_status trelvon_load_folders(trelvon_engine* engine, const tr
 
 /// The same for schema texts.
 ///
-/// @param names  `count` names that stand for the texts' files.
-/// @param texts  `count` schema texts.
+/// - `names`: `count` names that stand for the texts' files.
+/// - `texts`: `count` schema texts.
 TRELVON_API trelvon_status trelvon_load_texts(trelvon_engine* engine, const trelvon_text* names,
                                               const trelvon_text* texts, size_t count,
                                               unsigned options, trelvon_load_report** report,
@@ -271,9 +278,10 @@ TRELVON_API trelvon_status trelvon_check_text(const trelvon_engine* engine, trel
                                               trelvon_text shown_name, trelvon_load_report** report,
                                               trelvon_error** error);
 
-/// Returns the numbers of findings; null is 0. After errors nothing was loaded, unless the options ask
-/// to leave out.
+/// Returns the number of errors; null has none. After errors nothing was loaded, unless the options ask
+/// to leave out what has them.
 TRELVON_API size_t trelvon_load_report_errors(const trelvon_load_report* report);
+/// Returns the number of lints; null has none.
 TRELVON_API size_t trelvon_load_report_warnings(const trelvon_load_report* report);
 
 /// Writes one JSON object; docs/reports.md describes it.
@@ -289,6 +297,7 @@ TRELVON_API trelvon_status trelvon_load_report_sarif(const trelvon_load_report* 
                                                      char* buffer, size_t* size,
                                                      trelvon_error** error);
 
+/// Frees a report.
 TRELVON_API void trelvon_load_report_free(trelvon_load_report* report);
 
 /* Prepared conversions */
@@ -311,10 +320,12 @@ TRELVON_API trelvon_status trelvon_conversion_apply(const trelvon_conversion* co
                                                     const double* from, size_t from_stride,
                                                     double* to, size_t to_stride, size_t count);
 
+/// Frees a conversion.
 TRELVON_API void trelvon_conversion_free(trelvon_conversion* conversion);
 
 /* Records. Lists have them in byte order of type ids. */
 
+/// The kinds of records.
 typedef enum {
   TRELVON_DIMENSION,
   TRELVON_FACTOR,
@@ -348,8 +359,8 @@ TRELVON_API trelvon_status trelvon_convertible_units(const trelvon_engine* engin
 
 /// A type id and an exponent.
 typedef struct {
-  trelvon_text type_id;
-  int exponent;
+  trelvon_text type_id; /**< Of a unit or factor. */
+  int exponent;         /**< May be negative. */
 } trelvon_power;
 
 /// Gets the units that have exactly these powers of primitive units. Of two with the same type id the
@@ -366,49 +377,56 @@ TRELVON_API trelvon_status trelvon_symbols_of(const trelvon_engine* engine, trel
 TRELVON_API trelvon_status trelvon_quantities_of(const trelvon_engine* engine, trelvon_text unit,
                                                  trelvon_list** quantities, trelvon_error** error);
 
+/// A dimension; see Dimension.h.
 typedef struct {
-  trelvon_text type_id;
+  trelvon_text type_id; /**< As defined. */
 } trelvon_dimension;
 
+/// A factor; see Factor.h.
 typedef struct {
-  trelvon_text type_id;
-  double factor; /**< Without the parents. */
-  const trelvon_power* parents;
-  size_t parent_count;
+  trelvon_text type_id;         /**< As defined. */
+  double factor;                /**< Without the parents. */
+  const trelvon_power* parents; /**< Factors. */
+  size_t parent_count;          /**< Of `parents`. */
 } trelvon_factor;
 
+/// What a unit is defined by.
 typedef enum { TRELVON_PRIMITIVE, TRELVON_DERIVED, TRELVON_ABSOLUTE } trelvon_unit_kind;
+/// The system that a unit belongs to.
 typedef enum { TRELVON_METRIC, TRELVON_IMPERIAL } trelvon_system;
 
+/// A unit; see Unit.h.
 typedef struct {
-  trelvon_text type_id;
-  trelvon_text name;
-  trelvon_system system;
-  trelvon_unit_kind kind;       /**< Members of other kinds are 0. */
-  trelvon_text dimension;       /**< Of a primitive unit; empty if it has none. */
-  trelvon_text parent;          /**< Of an absolute unit. */
-  double offset;                /**< Of an absolute unit, counted in its parent. */
-  double factor;                /**< Of a derived unit, without the parents. */
-  const trelvon_power* parents; /**< Of a derived unit: units. */
-  size_t parent_count;
+  trelvon_text type_id;                /**< As defined. */
+  trelvon_text name;                   /**< As defined. */
+  trelvon_system system;               /**< As defined. */
+  trelvon_unit_kind kind;              /**< Members of other kinds are 0. */
+  trelvon_text dimension;              /**< Of a primitive unit; empty if it has none. */
+  trelvon_text parent;                 /**< Of an absolute unit. */
+  double offset;                       /**< Of an absolute unit, counted in its parent. */
+  double factor;                       /**< Of a derived unit, without the parents. */
+  const trelvon_power* parents;        /**< Of a derived unit: units. */
+  size_t parent_count;                 /**< Of `parents`. */
   const trelvon_power* parent_factors; /**< Of a derived unit. */
-  size_t parent_factor_count;
+  size_t parent_factor_count;          /**< Of `parent_factors`. */
 } trelvon_unit;
 
+/// A symbol; see Symbol.h.
 typedef struct {
-  trelvon_text type_id;
-  trelvon_text unit; /**< A type id. */
-  int is_composite;  /**< If 1, the members below are 0. */
-  int is_prefix;     /**< 1 for `$ 5`, 0 for `5 kg`. */
-  int has_space;
-  trelvon_text text;
+  trelvon_text type_id; /**< As defined. */
+  trelvon_text unit;    /**< A type id. */
+  int is_composite;     /**< If 1, the members below are 0. */
+  int is_prefix;        /**< 1 for `$ 5`, 0 for `5 kg`. */
+  int has_space;        /**< Whether there is a space between number and text. */
+  trelvon_text text;    /**< May be empty. */
 } trelvon_symbol;
 
+/// A quantity; see Quantity.h.
 typedef struct {
-  trelvon_text type_id;
-  trelvon_text name;
+  trelvon_text type_id;      /**< As defined. */
+  trelvon_text name;         /**< As defined. */
   const trelvon_text* units; /**< Type ids, in the order of the definition. */
-  size_t unit_count;
+  size_t unit_count;         /**< Of `units`. */
 } trelvon_quantity;
 
 /* Names */
@@ -425,19 +443,20 @@ typedef enum {
 
 /// A text that names a unit.
 typedef struct {
-  trelvon_text text;
-  trelvon_text unit; /**< A type id. */
-  trelvon_name_kind kind;
-  int is_exact; /**< Whether the text was searched so, byte for byte. */
+  trelvon_text text;      /**< As the engine has it. */
+  trelvon_text unit;      /**< A type id. */
+  trelvon_name_kind kind; /**< What the text is to the unit. */
+  int is_exact;           /**< Whether the text was searched so, byte for byte. */
 } trelvon_name;
 
 /// Learns the names of an engine's units. It does not refer to the engine afterward.
 ///
-/// @param mappings  `count` texts of `codes.json` files; null if `count` is 0.
+/// - `mappings`: `count` texts of `codes.json` files; null if `count` is 0.
 TRELVON_API trelvon_status trelvon_names_create(const trelvon_engine* engine,
                                                 const trelvon_text* mappings, size_t count,
                                                 trelvon_names** names, trelvon_error** error);
 
+/// Frees names. What was found by them stays valid.
 TRELVON_API void trelvon_names_free(trelvon_names* names);
 
 /// Lists all units that a text names.
@@ -491,22 +510,30 @@ TRELVON_API trelvon_status trelvon_names_codes(const trelvon_names* names, trelv
 /// Returns the number of items; null has none.
 TRELVON_API size_t trelvon_list_count(const trelvon_list* list);
 
+/// Reads a text of a list.
 TRELVON_API trelvon_status trelvon_list_text(const trelvon_list* list, size_t index,
                                              trelvon_text* text, trelvon_error** error);
+/// Reads a dimension.
 TRELVON_API trelvon_status trelvon_list_dimension(const trelvon_list* list, size_t index,
                                                   trelvon_dimension* dimension,
                                                   trelvon_error** error);
+/// Reads a factor.
 TRELVON_API trelvon_status trelvon_list_factor(const trelvon_list* list, size_t index,
                                                trelvon_factor* factor, trelvon_error** error);
+/// Reads a unit.
 TRELVON_API trelvon_status trelvon_list_unit(const trelvon_list* list, size_t index,
                                              trelvon_unit* unit, trelvon_error** error);
+/// Reads a symbol.
 TRELVON_API trelvon_status trelvon_list_symbol(const trelvon_list* list, size_t index,
                                                trelvon_symbol* symbol, trelvon_error** error);
+/// Reads a quantity.
 TRELVON_API trelvon_status trelvon_list_quantity(const trelvon_list* list, size_t index,
                                                  trelvon_quantity* quantity, trelvon_error** error);
+/// Reads a name.
 TRELVON_API trelvon_status trelvon_list_name(const trelvon_list* list, size_t index,
                                              trelvon_name* name, trelvon_error** error);
 
+/// Frees a list, and the texts that were read from it.
 TRELVON_API void trelvon_list_free(trelvon_list* list);
 
 #ifdef __cplusplus
