@@ -27,7 +27,7 @@ trelvon_status guard(trelvon_error** error, const Action& action,
 /// @throws Fault  a pointer is null.
 template <class... Pointers>
 void require(const Pointers*... pointers) {
-  if (((pointers == nullptr) || ...)) refuseArgument("An argument is null.");
+  if ((!pointers || ...)) refuseArgument("An argument is null.");
 }
 
 }  // namespace C
