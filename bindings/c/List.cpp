@@ -14,6 +14,7 @@ trelvon_text trelvon_list::keep(std::string text) {
 
 const std::vector<trelvon_power>& trelvon_list::keep(const std::map<std::string, int>& exponents) {
   std::vector<trelvon_power> kept;
+  kept.reserve(exponents.size());
   for (const auto& [typeId, exponent] : exponents) kept.push_back({keep(typeId), exponent});
   powers.push_back(std::move(kept));
   return powers.back();
