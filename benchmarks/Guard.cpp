@@ -5,6 +5,8 @@
 #include "benchmarks/peers/BareConversion.h"
 #include "benchmarks/peers/Pairs.h"
 
+#include <TrelvonUnits/trelvon.h>
+
 #include <rapidjson/document.h>
 #include <valgrind/callgrind.h>
 
@@ -29,6 +31,18 @@ void count(const char* name, const Work& work) {
 void keep(double value) { asm volatile("" : : "x"(value) : "memory"); }
 void keep(const void* value) { asm volatile("" : : "r"(value) : "memory"); }
 
+/// The same catalogue behind the C interface.
+const trelvon_engine* catalogueForC() {
+  trelvon_engine* engine = nullptr;
+  trelvon_engine_create(&engine, nullptr);
+  for (const char* pack : {"/core", "/symbols", "/aliases"})
+    trelvon_add_folder(engine, trelvon_string((TRELVON_SCHEMAS + std::string(pack)).c_str()),
+                       nullptr);
+  return engine;
+}
+
+trelvon_text text(const std::string& kept) { return {kept.data(), kept.size()}; }
+
 }  // namespace
 
 int main() {
@@ -36,6 +50,14 @@ int main() {
   count("convert", [&] {
     for (const peers::UnitPair& pair : peers::mixedPairs())
       keep(engine.convert(2.5, pair.from, pair.to));
+  });
+  const trelvon_engine* const forC = catalogueForC();
+  count("cconvert", [&] {
+    for (const peers::UnitPair& pair : peers::mixedPairs()) {
+      double result = 0;
+      trelvon_convert(forC, 2.5, text(pair.from), text(pair.to), &result, nullptr);
+      keep(result);
+    }
   });
   count("lookups", [] {
     for (const peers::UnitPair& pair : peers::mixedPairs())

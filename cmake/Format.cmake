@@ -13,8 +13,8 @@ if(NOT version MATCHES "version 14\\.")
 endif()
 
 set(sources)
-foreach(folder IN ITEMS include src tools tests examples benchmarks)
-  file(GLOB_RECURSE found ${ROOT}/${folder}/*.h ${ROOT}/${folder}/*.cpp)
+foreach(folder IN ITEMS include src tools bindings tests examples benchmarks)
+  file(GLOB_RECURSE found ${ROOT}/${folder}/*.h ${ROOT}/${folder}/*.c ${ROOT}/${folder}/*.cpp)
   list(APPEND sources ${found})
 endforeach()
 

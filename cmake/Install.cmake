@@ -3,13 +3,15 @@ include(CMakePackageConfigHelpers)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/TrelvonUnits)
 set(schemas_dir ${CMAKE_INSTALL_DATADIR}/TrelvonUnits/schemas)
 
-# Four components, so that packages can hold them apart: Runtime (what programs load), Development
-# (what hosts are built with), Definitions (the catalog) and Tool (the program trelvon).
+# Five components, so that packages can hold them apart: Runtime (what programs load), Development
+# (what hosts are built with), C (the header that hosts in C need besides), Definitions (the catalog)
+# and Tool (the program trelvon).
 install(TARGETS TrelvonUnits EXPORT TrelvonUnitsTargets
   RUNTIME COMPONENT Runtime
   LIBRARY COMPONENT Runtime NAMELINK_COMPONENT Development
   ARCHIVE COMPONENT Development
   FILE_SET HEADERS COMPONENT Development
+  FILE_SET c_header COMPONENT C
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(EXPORT TrelvonUnitsTargets NAMESPACE TrelvonUnits:: DESTINATION ${package_dir}
   COMPONENT Development)
@@ -21,10 +23,11 @@ install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Runtime)
 set(library_file $<IF:$<PLATFORM_ID:Windows>,${CMAKE_INSTALL_BINDIR},${CMAKE_INSTALL_LIBDIR}>)
 string(APPEND library_file /$<TARGET_FILE_NAME:TrelvonUnits>)
 set(header_file ${CMAKE_INSTALL_INCLUDEDIR}/TrelvonUnits/TrelvonUnits.h)
+set(c_header_file ${CMAKE_INSTALL_INCLUDEDIR}/TrelvonUnits/trelvon.h)
 set(tool_file ${CMAKE_INSTALL_BINDIR}/trelvon${CMAKE_EXECUTABLE_SUFFIX})
 configure_package_config_file(cmake/TrelvonUnitsConfig.cmake.in ${PROJECT_BINARY_DIR}/Config.cmake
   INSTALL_DESTINATION ${package_dir}
-  PATH_VARS library_file header_file schemas_dir tool_file)
+  PATH_VARS library_file header_file c_header_file schemas_dir tool_file)
 file(GENERATE OUTPUT TrelvonUnitsConfig.cmake INPUT ${PROJECT_BINARY_DIR}/Config.cmake)
 write_basic_package_version_file(TrelvonUnitsConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES

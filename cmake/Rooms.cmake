@@ -16,14 +16,17 @@ set(naming_sees json text model)
 set(tests_sees ${rooms} tests tools)
 set(tests/unit/json_sees ${rooms} tests rapidjson)
 set(benchmarks_sees ${rooms} benchmarks rapidjson)
+# Other languages see the public headers alone.
+set(bindings_sees bindings)
 # A host of its own, which reads its command line by CLI11.
 set(tools_sees tools rapidjson CLI)
 
-set(folders include examples tools tests tests/unit/json benchmarks)
+set(folders include examples tools bindings tests tests/unit/json benchmarks)
 list(TRANSFORM rooms PREPEND src/ OUTPUT_VARIABLE room_folders)
 set(count 0)
 foreach(folder IN LISTS room_folders folders)
-  file(GLOB_RECURSE files RELATIVE ${ROOT} ${ROOT}/${folder}/*.h ${ROOT}/${folder}/*.cpp)
+  file(GLOB_RECURSE files RELATIVE ${ROOT}
+    ${ROOT}/${folder}/*.h ${ROOT}/${folder}/*.c ${ROOT}/${folder}/*.cpp)
   if(folder STREQUAL tests)
     list(FILTER files EXCLUDE REGEX ^tests/unit/json/)
   endif()

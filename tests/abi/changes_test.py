@@ -24,8 +24,15 @@ class API UnitsEngine {
 };
 API UnitsEngine* CreateUnitsEngine();
 }
+extern "C" {
+typedef struct {
+  const char* data;
+} trelvon_text;
+API trelvon_text trelvon_string(const char* text);
+}
 """
-BODIES = """namespace Units {
+BODIES = """trelvon_text trelvon_string(const char* text) { return {text}; }
+namespace Units {
 UnitsEngine::~UnitsEngine() = default;
 UnitsEngine* CreateUnitsEngine() { return nullptr; }
 """
@@ -46,6 +53,7 @@ CHANGES = {
     "another parameter": (LAST, LAST.replace("std::string", "const char*"), "", True, True),
     "a field": ("  std::string typeId_;\n", "  std::string typeId_;\n  int more_;\n", "",
                 True, True),
+    "a member in C": ("  const char* data;\n", "  const char* data;\n  int more;\n", "", True, True),
     "a function": (CREATE, CREATE + "API int more();\n", "int more() { return 1; }\n", False, True),
 }
 

@@ -8,8 +8,8 @@
                                     that version is released
 
 LIBRARY is built with -g by g++ for 64-bit Linux, SHIPPED as it is shipped. The list has the sizes
-of the exported classes, the slots of their virtual functions and the exported names. abidiff
-compares the rest: what types are made of, and what functions return.
+of the exported classes and of C's structures, the slots of virtual functions and the exported names.
+abidiff compares the rest: what types are made of, and what functions return.
 """
 
 import difflib
@@ -67,7 +67,8 @@ def classes(scope, prefix=""):
     for space in scope.findall("namespace-decl"):
         yield from classes(space, prefix + space.get("name") + "::")
     for record in scope.findall("class-decl"):
-        if prefix in ("Units::", "Schemas::") and record.get("is-declaration-only") != "yes":
+        ours = prefix in ("Units::", "Schemas::") or record.get("name").startswith("trelvon_")
+        if ours and record.get("is-declaration-only") != "yes":
             yield prefix + record.get("name"), record
 
 
@@ -87,7 +88,8 @@ def layout(file):
 def interface(library):
     sizes, slots = layout(library)
     texts = demangled([function for _, function in sorted(slots.items())])
-    lines = ["# Written by tests/abi/interface.py. Sizes of the exported classes, in bytes.", ""]
+    lines = ["# Written by tests/abi/interface.py. Sizes of the exported classes and of C's "
+             "structures, in bytes.", ""]
     lines += [f"{size:4} {name}" for name, size in sorted(sizes.items())]
     lines += ["", "# Slots of their virtual functions, after the two of a destructor, 0 and 1.", ""]
     lines += [f"{slot:4} {text}" for (_, slot), text in zip(sorted(slots), texts)]

@@ -1,4 +1,5 @@
-"""Each installed file belongs to one component, and debian/ puts it into the package of that one.
+"""Each installed file belongs to one component, and debian/ puts it into the package of that one;
+the header for C goes with those for C++.
 Hosts are told which components they have, and refused with a sentence if one is missing.
 
     components_test.py CMAKE BUILD LIBDIR LIBRARY FOLDER
@@ -15,8 +16,8 @@ VERSION = LIBRARY.rpartition(".so.")[2]
 VERSIONED = (("debian/changelog", f"trelvonunits ({VERSION}) "),
              ("packaging/conan/conanfile.py", f'version = "{VERSION}"'),
              ("packaging/vcpkg/vcpkg.json", f'"version": "{VERSION}"'))
-PACKAGES = {"Runtime": "libtrelvonunits1", "Development": "libtrelvonunits-dev",
-            "Definitions": "trelvonunits-definitions", "Tool": "trelvon"}
+PACKAGES = {"libtrelvonunits1": ["Runtime"], "libtrelvonunits-dev": ["Development", "C"],
+            "trelvonunits-definitions": ["Definitions"], "trelvon": ["Tool"]}
 # What is missing, what a host asks for, and what it is told.
 ASKED = (
     ("", "COMPONENTS Tool", "has: TrelvonUnits trelvon schemas."),
@@ -28,7 +29,8 @@ ASKED = (
     (f"{LIBDIR}/{LIBRARY}", "COMPONENTS Definitions OPTIONAL_COMPONENTS Runtime Paint",
      "has: trelvon schemas."),
     ("", "COMPONENTS Definitions Paint",
-     "no component Paint. It has Runtime, Development, Definitions and Tool."))
+     "no component Paint. It has Runtime, Development, C, Definitions and Tool."),
+    ("include/TrelvonUnits/trelvon.h", "COMPONENTS Runtime C", "/trelvon.h is missing."))
 HOST = """cmake_minimum_required(VERSION 3.25)
 project(Host LANGUAGES NONE)
 find_package(TrelvonUnits 1.0 CONFIG REQUIRED {})
@@ -65,11 +67,11 @@ def packaged(package, files):
 def test_packages(prefix):
     whole = install(prefix)
     beside = packaged("not-installed", whole)
-    for component, package in PACKAGES.items():
-        files = install(prefix, "--component", component)
+    for package, components in PACKAGES.items():
+        files = set().union(*(install(prefix, "--component", name) for name in components))
         listed = packaged(package + ".install", whole | files)
         if not files or files - beside != listed:
-            yield f"{component} or {package}.install alone has {sorted((files - beside) ^ listed)}"
+            yield f"{components} or {package}.install alone has {sorted((files - beside) ^ listed)}"
         whole -= files
     if whole:
         yield f"No component has {sorted(whole)}"

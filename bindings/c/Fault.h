@@ -1,0 +1,37 @@
+#pragma once
+
+#include <TrelvonUnits/trelvon.h>
+
+#include <cstddef>
+#include <exception>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace C {
+
+/// Bytes of a formula.
+struct Span {
+  std::size_t begin;
+  std::size_t end;
+};
+
+/// A failure as C is told of it. Thrown for what the C++ interface does not know, too.
+class Fault : public std::exception {
+ public:
+  Fault(trelvon_status ofFault, std::string text) : status(ofFault), message(std::move(text)) {}
+
+  const char* what() const noexcept override { return message.c_str(); }
+
+  trelvon_status status;
+  std::string message;
+  std::optional<Span> span;
+};
+
+/// What the exception that is being handled is for C.
+///
+/// @param logicError  the status of std::logic_error itself.
+/// @throws std::bad_alloc  if that is the exception, or there is not enough memory for the message.
+Fault currentFault(trelvon_status logicError);
+
+}  // namespace C
