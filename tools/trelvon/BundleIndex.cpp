@@ -80,7 +80,7 @@ bool addPlaces(std::istream& bundle, std::string_view list, std::set<std::string
 }
 
 SomeUnits load(const std::string& indexPath, const std::string& bundlePath,
-                      const std::vector<std::string>& names) {
+               const std::vector<std::string>& names) {
   std::error_code error;
   std::ifstream indexFile(indexPath, std::ios::binary), bundle(bundlePath, std::ios::binary);
   const std::string first = firstLine(std::filesystem::file_size(bundlePath, error));
