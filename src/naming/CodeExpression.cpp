@@ -31,11 +31,16 @@ bool areDigits(std::string_view text) {
   return !text.empty() && std::all_of(text.begin(), text.end(), isDigit);
 }
 
-SizeAndPowers wholeNumber(std::string_view digits) {
+SizeAndPowers number(double value) {
   SizeAndPowers terms;
-  terms.factor = 0;
-  for (const char digit : digits.substr(0, 400)) terms.factor = 10 * terms.factor + (digit - '0');
+  terms.factor = value;
   return terms;
+}
+
+SizeAndPowers wholeNumber(std::string_view digits) {
+  double value = 0;
+  for (const char digit : digits.substr(0, 400)) value = 10 * value + (digit - '0');
+  return number(value);
 }
 
 std::string quoted(std::string_view code) { return '`' + std::string(code) + '`'; }
@@ -110,11 +115,9 @@ bool CodeExpression::beginsNumber() const {
 }
 
 void CodeExpression::readNumber() {
-  const LeadingNumber number = readClassicDouble(text_.substr(at_));
-  SizeAndPowers terms;
-  terms.factor = number.value;
-  at_ += number.length;
-  multiply(terms, readExponent());
+  const LeadingNumber read = readClassicDouble(text_.substr(at_));
+  at_ += read.length;
+  multiply(number(read.value), readExponent());
 }
 
 void CodeExpression::readUnit() {
@@ -149,6 +152,7 @@ std::size_t CodeExpression::endOfWord() const {
 std::optional<SizeAndPowers> CodeExpression::termsOf(std::string_view code) const {
   if (areDigits(code)) return wholeNumber(code);
   if (syntax_ == Syntax::Ucum && (code == "10*" || code == "10^")) return wholeNumber("10");
+  if (syntax_ == Syntax::Ucum && code == "[pi]") return number(3.14159265358979323846);
   if (const SizeAndPowers* const known = atoms_(code)) return *known;
   for (const Prefix& prefix : prefixes) {
     if (code.substr(0, prefix.text.size()) != prefix.text) continue;

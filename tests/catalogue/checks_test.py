@@ -31,6 +31,7 @@ FAULTS = [
     (definitions.names, FOOT, ":foot-1.0.0", ":foots-1.0.0", "holds foots"),
     (definitions.names, FEET, "symbolAlias:", "symbol:", "belongs into nowhere"),
     (definitions.documents, FOOT, "IYP59", "IYP60", "unknown document IYP60"),
+    (definitions.documents, FOOT, '"IYP59"', '"trade"', "foot.json: a custom of a trade"),
     (definitions.exactness, FOOT, "0.3048}", "0.3049}", "computes to 3049/10000 pi^0"),
     (definitions.exactness, PSIG, "513449}", "513447}", "not the double nearest"),
     (definitions.systems, FOOT_PER_SECOND, "Imperial", "Metric", "foot-1.0.0 is not"),
