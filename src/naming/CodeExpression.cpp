@@ -122,15 +122,15 @@ void CodeExpression::readNumber() {
 
 void CodeExpression::readUnit() {
   const bool isUdunits = syntax_ == Syntax::Udunits;
-  const std::size_t end = endOfWord();
-  std::string_view word = text_.substr(at_, end - at_);
+  const std::size_t begin = at_, end = endOfWord();
+  std::string_view word = text_.substr(begin, end - begin);
   if (isUdunits && word == "per") return takeOperator(-1, word.size());
   if (products_.back().hasPart && !isUdunits) return refuse("an operator is missing before a unit");
   at_ = end;
   const SizeAndPowers* const whole = atoms_(word);  // a code may end in digits
   const int exponent = whole || areDigits(word) ? 1 : takeExponent(word);
   const auto terms = whole ? std::optional<SizeAndPowers>(*whole) : termsOf(word);
-  if (!terms) return refuse(quoted(word) + " is no code of a unit");
+  if (!terms) return refuse(quoted(text_.substr(begin, end - begin)) + " is no code of a unit");
   if (terms->isAbsolute) return refuse(quoted(word) + " is a scale, which has no powers");
   multiply(*terms, isUdunits && exponent == 1 ? readExponent() : exponent);
 }
