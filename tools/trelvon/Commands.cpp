@@ -158,7 +158,8 @@ Command showCommand() {
       {"trelvon show mile",
        "type id     trelvon.unit:mile-1.0.0\nname        mile\nkind        derived unit\n"
        "factor      1609.344\nparents     meter\nsymbols     mi, mile, miles\n"
-       "quantities  length\ncodes       qudt:MI, rec20:SMI, ucum:[mi_i], udunits:mile\n"
+       "quantities  length\ncodes       qudt:MI, rec20:SMI, ucum:[mi_i], udunits:mile, "
+       "udunits:international_mile, udunits:mi\n"
        "exact       201168/125\nsource      IYP59"},
       {"trelvon show kilo --tree",
        "type id  trelvon.factor:kilo-1.0.0\nname     kilo\nkind     factor\nfactor   1000\n"
