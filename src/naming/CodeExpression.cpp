@@ -18,12 +18,19 @@ struct Prefix {
 };
 
 /// The International System of Units (SI Brochure), 9th edition, table 7; IEC 80000-13 for the
-/// binary ones.
+/// binary ones. Their names are for UDUNITS only.
 constexpr Prefix prefixes[] = {
-    {"Y", 1e24},  {"Z", 1e21},  {"E", 1e18},  {"P", 1e15},    {"T", 1e12},    {"G", 1e9},
-    {"M", 1e6},   {"k", 1e3},   {"h", 1e2},   {"da", 1e1},    {"d", 1e-1},    {"c", 1e-2},
-    {"m", 1e-3},  {"u", 1e-6},  {"n", 1e-9},  {"p", 1e-12},   {"f", 1e-15},   {"a", 1e-18},
-    {"z", 1e-21}, {"y", 1e-24}, {"Ki", 1024}, {"Mi", 0x1p20}, {"Gi", 0x1p30}, {"Ti", 0x1p40}};
+    {"Y", 1e24},     {"Z", 1e21},      {"E", 1e18},     {"P", 1e15},      {"T", 1e12},
+    {"G", 1e9},      {"M", 1e6},       {"k", 1e3},      {"h", 1e2},       {"da", 1e1},
+    {"d", 1e-1},     {"c", 1e-2},      {"m", 1e-3},     {"u", 1e-6},      {"n", 1e-9},
+    {"p", 1e-12},    {"f", 1e-15},     {"a", 1e-18},    {"z", 1e-21},     {"y", 1e-24},
+    {"Ki", 1024},    {"Mi", 0x1p20},   {"Gi", 0x1p30},  {"Ti", 0x1p40},   {"yotta", 1e24},
+    {"zetta", 1e21}, {"exa", 1e18},    {"peta", 1e15},  {"tera", 1e12},   {"giga", 1e9},
+    {"mega", 1e6},   {"kilo", 1e3},    {"hecto", 1e2},  {"deka", 1e1},    {"deca", 1e1},
+    {"deci", 1e-1},  {"centi", 1e-2},  {"milli", 1e-3}, {"micro", 1e-6},  {"nano", 1e-9},
+    {"pico", 1e-12}, {"femto", 1e-15}, {"atto", 1e-18}, {"zepto", 1e-21}, {"yocto", 1e-24}};
+
+bool isName(const Prefix& prefix) { return prefix.text.size() > 2; }
 
 constexpr std::int64_t largestPower = 1000000;
 
@@ -155,6 +162,7 @@ std::optional<SizeAndPowers> CodeExpression::termsOf(std::string_view code) cons
   if (syntax_ == Syntax::Ucum && code == "[pi]") return number(3.14159265358979323846);
   if (const SizeAndPowers* const known = atoms_(code)) return *known;
   for (const Prefix& prefix : prefixes) {
+    if (isName(prefix) && syntax_ != Syntax::Udunits) continue;
     if (code.substr(0, prefix.text.size()) != prefix.text) continue;
     const SizeAndPowers* const known = atoms_(code.substr(prefix.text.size()));
     if (!known || known->isAbsolute) continue;
