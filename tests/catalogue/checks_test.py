@@ -46,7 +46,7 @@ FAULTS = [
     (codes.mappings, CODES, '["FOT"]', '["INH"]', "rec20:INH stands in core/codes.json:"),
     (codes.mappings, CODES, "unit:foot-", "unit:feet-", "feet-1.0.0 is no unit of the pack"),
     (codes.mappings, CODES, '"[ft_i]"', '"[ft_i]"], "udunits": ["f"', "another order"),
-    (codes.mappings, CODES, '    "trelvon.unit:foot-', '  "trelvon.unit:foot-', "core/codes.json:1:"),
+    (codes.mappings, CODES, '  "trelvon.unit:foot-', '"trelvon.unit:foot-', "codes.json:1:"),
     (codes.mappings, CODES, "ucum:[acr_br]", "ucum:[acr_us]", "differs, but is not there"),
     (codes.sizes, CODES, '"[ft_i]"', '"[yd_i]"', "ucum:[yd_i]: another size is not explained"),
     (codes.sizes, CODES, '"[ft_i]"', '"[ft_x]"', "ucum has no code [ft_x]"),
