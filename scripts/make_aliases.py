@@ -22,7 +22,8 @@ RESERVED = FUNCTIONS + "e E x inf nan ''".split()
 NAMES = {"*": "Times", "-": "Hyphen", "^-": "PowMinus", "^": "Pow", "/": "Per", " ": "_"}
 NAMES["%"] = "Percent"
 LETTERS = {
-    "²": "Sup2", "³": "Sup3", "µ": "micro", "\u03bc": "mu", "Ω": "Ohm", "\u2126": "OhmSign", "ε": "Epsilon",
+    "²": "Sup2", "³": "Sup3", "ε": "Epsilon",
+    "µ": "micro", "\u03bc": "mu", "Ω": "Ohm", "\u2126": "OhmSign",
 }  # fmt: skip
 
 

@@ -18,12 +18,19 @@ struct Prefix {
 };
 
 /// The International System of Units (SI Brochure), 9th edition, table 7; IEC 80000-13 for the
-/// binary ones.
+/// binary ones. Their names are for UDUNITS only.
 constexpr Prefix prefixes[] = {
-    {"Y", 1e24},  {"Z", 1e21},  {"E", 1e18},  {"P", 1e15},    {"T", 1e12},    {"G", 1e9},
-    {"M", 1e6},   {"k", 1e3},   {"h", 1e2},   {"da", 1e1},    {"d", 1e-1},    {"c", 1e-2},
-    {"m", 1e-3},  {"u", 1e-6},  {"n", 1e-9},  {"p", 1e-12},   {"f", 1e-15},   {"a", 1e-18},
-    {"z", 1e-21}, {"y", 1e-24}, {"Ki", 1024}, {"Mi", 0x1p20}, {"Gi", 0x1p30}, {"Ti", 0x1p40}};
+    {"Y", 1e24},     {"Z", 1e21},      {"E", 1e18},     {"P", 1e15},      {"T", 1e12},
+    {"G", 1e9},      {"M", 1e6},       {"k", 1e3},      {"h", 1e2},       {"da", 1e1},
+    {"d", 1e-1},     {"c", 1e-2},      {"m", 1e-3},     {"u", 1e-6},      {"n", 1e-9},
+    {"p", 1e-12},    {"f", 1e-15},     {"a", 1e-18},    {"z", 1e-21},     {"y", 1e-24},
+    {"Ki", 1024},    {"Mi", 0x1p20},   {"Gi", 0x1p30},  {"Ti", 0x1p40},   {"yotta", 1e24},
+    {"zetta", 1e21}, {"exa", 1e18},    {"peta", 1e15},  {"tera", 1e12},   {"giga", 1e9},
+    {"mega", 1e6},   {"kilo", 1e3},    {"hecto", 1e2},  {"deka", 1e1},    {"deca", 1e1},
+    {"deci", 1e-1},  {"centi", 1e-2},  {"milli", 1e-3}, {"micro", 1e-6},  {"nano", 1e-9},
+    {"pico", 1e-12}, {"femto", 1e-15}, {"atto", 1e-18}, {"zepto", 1e-21}, {"yocto", 1e-24}};
+
+bool isName(const Prefix& prefix) { return prefix.text.size() > 2; }
 
 constexpr std::int64_t largestPower = 1000000;
 
@@ -31,11 +38,16 @@ bool areDigits(std::string_view text) {
   return !text.empty() && std::all_of(text.begin(), text.end(), isDigit);
 }
 
-SizeAndPowers wholeNumber(std::string_view digits) {
+SizeAndPowers number(double value) {
   SizeAndPowers terms;
-  terms.factor = 0;
-  for (const char digit : digits.substr(0, 400)) terms.factor = 10 * terms.factor + (digit - '0');
+  terms.factor = value;
   return terms;
+}
+
+SizeAndPowers wholeNumber(std::string_view digits) {
+  double value = 0;
+  for (const char digit : digits.substr(0, 400)) value = 10 * value + (digit - '0');
+  return number(value);
 }
 
 std::string quoted(std::string_view code) { return '`' + std::string(code) + '`'; }
@@ -110,24 +122,22 @@ bool CodeExpression::beginsNumber() const {
 }
 
 void CodeExpression::readNumber() {
-  const LeadingNumber number = readClassicDouble(text_.substr(at_));
-  SizeAndPowers terms;
-  terms.factor = number.value;
-  at_ += number.length;
-  multiply(terms, readExponent());
+  const LeadingNumber read = readClassicDouble(text_.substr(at_));
+  at_ += read.length;
+  multiply(number(read.value), readExponent());
 }
 
 void CodeExpression::readUnit() {
   const bool isUdunits = syntax_ == Syntax::Udunits;
-  const std::size_t end = endOfWord();
-  std::string_view word = text_.substr(at_, end - at_);
+  const std::size_t begin = at_, end = endOfWord();
+  std::string_view word = text_.substr(begin, end - begin);
   if (isUdunits && word == "per") return takeOperator(-1, word.size());
   if (products_.back().hasPart && !isUdunits) return refuse("an operator is missing before a unit");
   at_ = end;
   const SizeAndPowers* const whole = atoms_(word);  // a code may end in digits
   const int exponent = whole || areDigits(word) ? 1 : takeExponent(word);
   const auto terms = whole ? std::optional<SizeAndPowers>(*whole) : termsOf(word);
-  if (!terms) return refuse(quoted(word) + " is no code of a unit");
+  if (!terms) return refuse(quoted(text_.substr(begin, end - begin)) + " is no code of a unit");
   if (terms->isAbsolute) return refuse(quoted(word) + " is a scale, which has no powers");
   multiply(*terms, isUdunits && exponent == 1 ? readExponent() : exponent);
 }
@@ -149,8 +159,10 @@ std::size_t CodeExpression::endOfWord() const {
 std::optional<SizeAndPowers> CodeExpression::termsOf(std::string_view code) const {
   if (areDigits(code)) return wholeNumber(code);
   if (syntax_ == Syntax::Ucum && (code == "10*" || code == "10^")) return wholeNumber("10");
+  if (syntax_ == Syntax::Ucum && code == "[pi]") return number(3.14159265358979323846);
   if (const SizeAndPowers* const known = atoms_(code)) return *known;
   for (const Prefix& prefix : prefixes) {
+    if (isName(prefix) && syntax_ != Syntax::Udunits) continue;
     if (code.substr(0, prefix.text.size()) != prefix.text) continue;
     const SizeAndPowers* const known = atoms_(code.substr(prefix.text.size()));
     if (!known || known->isAbsolute) continue;

@@ -12,7 +12,7 @@ namespace Units {
 
 /// Reads products and quotients of codes, such as kg.m-3 or m/s2.
 ///
-/// UCUM: `.` and `/`, an exponent directly behind a unit, whole numbers as factors, parentheses, and
+/// UCUM: `.` and `/`, an exponent directly behind a unit, whole numbers and `[pi]`, parentheses, and
 /// remarks in braces, which do not count. (The Unified Code for Units of Measure, version 2.1,
 /// sections 2 to 4.)
 ///

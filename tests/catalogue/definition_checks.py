@@ -117,6 +117,11 @@ def documents(catalogue):
     }
     unused = set(known) - {key for key, _ in named}
     complaints = [f"sources.json: nothing names {key}" for key in sorted(unused)]
+    complaints += [
+        f"{one.path}: a custom of a trade has no note"
+        for one in catalogue.of("unit")
+        if "trade" in one.source["document"] and "note" not in one.source
+    ]
     return complaints + [
         f"{path}: unknown document {key}" for key, path in sorted(named) if key not in known
     ]

@@ -1,8 +1,10 @@
 #include "tests/docs/Page.h"
+#include "tests/support/Heap.h"
 #include "tests/support/Random.h"
 
 #include <TrelvonUnits/UnitNames.h>
 
+#include <chrono>
 #include <iostream>
 
 namespace {
@@ -25,7 +27,20 @@ std::string listed(const Found& found) {
 }
 
 Units::UnitCodes makeCatalogueCodes() {
-  return Units::UnitCodes::fromText(readFile("schemas/core/codes.json"));
+  const auto codesOf = [](const std::string& pack) {
+    return Units::UnitCodes::fromText(readFile("schemas/" + pack + "/codes.json"));
+  };
+  return codesOf("core").with(codesOf("legacy")).with(codesOf("gauge")).with(codesOf("cgs"));
+}
+
+/// All codes, each behind its system, with the type ids of their units.
+std::vector<std::pair<std::string, std::string>> textsOf(const Units::UnitCodes& codes) {
+  std::vector<std::pair<std::string, std::string>> texts;
+  for (const std::string& unit : codes.getUnits())
+    for (const std::string& system : codes.getSystems())
+      for (const std::string& code : codes.getCodes(unit, system))
+        texts.emplace_back(system + ':' + code, unit);
+  return texts;
 }
 
 bool hasUnit(const Found& found, const Units::Unit& unit) {
@@ -79,6 +94,33 @@ TEST(NamesPage, EveryTextOfTheCatalogueFindsItsUnitAndSoDoMistypedNames) {
   }
   std::cout << suggested << " of " << count << " mistyped names are suggested\n";
   EXPECT_GE(suggested, 9500);
+}
+
+TEST(NamesPage, EveryCodeFindsItsUnitInLittleTimeAndMemory) {
+  const auto engine = makeCatalogueEngine();
+  Schemas::SchemaUtility::addDefinitionsFromFolder(TRELVON_TESTS_SOURCE_DIR "/schemas/cgs",
+                                                   *engine);
+  const Units::UnitCodes codes = makeCatalogueCodes();
+  const long before = heap::liveBytes();
+  const Units::UnitNames names(*engine, codes);
+  names.find("");  // sorts for loose searches
+  const double megabytes = static_cast<double>(heap::liveBytes() - before) / 1e6;
+  EXPECT_LT(megabytes, 10);
+
+  const auto texts = textsOf(codes);
+  for (const auto& [text, unit] : texts) {
+    const Found found = names.find(text);
+    EXPECT_TRUE(found.size() == 1 && found[0].getUnit().getTypeId() == unit) << text;
+  }
+  using Clock = std::chrono::steady_clock;
+  double best = 1e9;  // microseconds for all texts
+  for (int round = 0; round < 20; ++round) {
+    const auto begin = Clock::now();
+    for (const auto& [text, unit] : texts) names.findBest(text);
+    best = std::min(best, std::chrono::duration<double, std::micro>(Clock::now() - begin).count());
+  }
+  std::cout << texts.size() << " codes, " << megabytes << " MB, "
+            << static_cast<double>(texts.size()) / best << " million look-ups a second\n";
 }
 
 }  // namespace
