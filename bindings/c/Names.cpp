@@ -114,6 +114,11 @@ trelvon_status trelvon_names_unambiguous(const trelvon_names* names, trelvon_tex
   });
 }
 
+trelvon_status trelvon_local_id(trelvon_text type_id, char* buffer, size_t* size,
+                                trelvon_error** error) {
+  return guard(error, [&] { write(Units::UnitNames::localId(viewOf(type_id)), {buffer, size}); });
+}
+
 trelvon_status trelvon_names_systems(const trelvon_names* names, trelvon_list** systems,
                                      trelvon_error** error) {
   return guard(error, [&] {

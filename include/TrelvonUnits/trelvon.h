@@ -495,6 +495,10 @@ TRELVON_API trelvon_status trelvon_names_unambiguous(const trelvon_names* names,
                                                      char* buffer, size_t* size,
                                                      trelvon_error** error);
 
+/// Writes the local id of a type id of any kind: "foot" of "trelvon.unit:foot-1.0.0".
+TRELVON_API trelvon_status trelvon_local_id(trelvon_text type_id, char* buffer, size_t* size,
+                                            trelvon_error** error);
+
 /// Lists the systems that have codes, as texts.
 TRELVON_API trelvon_status trelvon_names_systems(const trelvon_names* names, trelvon_list** systems,
                                                  trelvon_error** error);

@@ -238,6 +238,7 @@ const std::map<std::string, std::function<void()>> calls = {
     GIVE("names_of", names->namesOf(unit())),
     GIVE("why_not", names->whyNot(text(1))),
     GIVE("unambiguous", names->unambiguousName(unit())),
+    GIVE("local_id", UnitNames::localId(text(1))),
     GIVE("systems", codes->getSystems()),
     GIVE("codes", codes->getCodes(text(1), text(2)))};
 

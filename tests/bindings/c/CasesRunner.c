@@ -261,6 +261,7 @@ LIST(completions, trelvon_names_completions, names, text(1), count(2))
 LIST(names_of, trelvon_names_of, names, text(1))
 TEXT(why_not, trelvon_names_why_not, names, text(1))
 TEXT(unambiguous, trelvon_names_unambiguous, names, text(1))
+TEXT(local_id, trelvon_local_id, text(1))
 LIST(systems, trelvon_names_systems, names)
 LIST(codes, trelvon_names_codes, names, text(1), text(2))
 
@@ -309,6 +310,7 @@ static const struct {
              ROW(names_of, names_of),
              ROW(why_not, why_not),
              ROW(unambiguous, unambiguous),
+             ROW(local_id, local_id),
              ROW(systems, systems),
              ROW(codes, codes)};
 
