@@ -306,7 +306,7 @@ def performance(_program):
             numbers += map(float, reach.groups())
             rows.append((cells, [1 / one if "faster" in cells[2] else one for one in numbers]))
     drawing = Drawing(20 * len(rows) + 70, "Our time divided by that of the baseline")
-    left, right, step = 400, WIDTH - 20, 20
+    left, right, step = 410, WIDTH - 20, 20
 
     def place(ratio):
         return left + (right - left) * (math.log10(min(max(ratio, 0.01), 40)) + 2) / 3.6
@@ -320,7 +320,7 @@ def performance(_program):
         y = 45 + step * number
         names = [cell.replace("`", "") for cell in cells[:2]]
         drawing.text(10, y + 4, textwrap.shorten(f"{names[0]}: {names[1]}", 76, placeholder="..."),
-                     "left", 5)
+                     "left", 4.4)
         low, high = sorted(place(end) for end in ends)
         for kind, x in (("good", place(goal)), ("bad", place(target))):
             drawing.box(x - 1.5, y - 8, 3, 16, kind)
