@@ -6,7 +6,8 @@ target_compile_options(trelvon_arithmetic INTERFACE
 
 add_library(trelvon_warnings INTERFACE)
 target_compile_options(trelvon_warnings INTERFACE
-  $<$<CXX_COMPILER_ID:GNU,Clang,AppleClang>:-Wall;-Wextra;-Wpedantic;-Wconversion;-Wshadow>)
+  $<$<CXX_COMPILER_ID:GNU,Clang,AppleClang>:-Wall;-Wextra;-Wpedantic;-Wconversion>
+  $<$<AND:$<CXX_COMPILER_ID:GNU,Clang,AppleClang>,$<NOT:$<BOOL:${TRELVONUNITS_UNITE}>>>:-Wshadow>)
 if(TRELVONUNITS_DEVELOPER)
   target_compile_options(trelvon_warnings INTERFACE
     $<$<CXX_COMPILER_ID:GNU,Clang,AppleClang>:-Werror>)
@@ -29,6 +30,14 @@ function(trelvon_precompile target)
   if(TRELVONUNITS_PRECOMPILE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     list(TRANSFORM ARGN REPLACE "(.+)" "<\\1>" OUTPUT_VARIABLE headers)
     target_precompile_headers(${target} PRIVATE ${headers})
+  endif()
+endfunction()
+
+# Compiles several sources at once, where a build is for tests alone: they share what their headers
+# instantiate. Locals of one source may then hide names of another, so -Wshadow is left to other builds.
+function(trelvon_unite target)
+  if(TRELVONUNITS_UNITE)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
   endif()
 endfunction()
 

@@ -6,7 +6,7 @@
 
 namespace {
 
-struct NoWatch {
+struct NoNodeWatch {
   void before(const Expression&) const {}
   void after(const Expression&, const EvaluatedValues&) const {}
 };
@@ -17,7 +17,7 @@ constexpr std::size_t usualOperands = 4;  // tuning: enough for most formulas
 
 bool Expression::evaluate(double& value, UnitPowerMap& units) const {
   EvaluatedValues values;
-  const FormulaReason reason = walk(values, NoWatch());
+  const FormulaReason reason = walk(values, NoNodeWatch());
   if (reason != FormulaReason::Done) {
     if (ownMessageOf(reason)) throwRefusal(reason);
     return false;
@@ -30,7 +30,7 @@ bool Expression::evaluate(double& value, UnitPowerMap& units) const {
 EvaluatedValue Expression::compute() const {
   EvaluatedValues values;
   values.reserve(usualOperands);
-  const FormulaReason reason = walk(values, NoWatch());
+  const FormulaReason reason = walk(values, NoNodeWatch());
   if (reason != FormulaReason::Done) throwRefusal(reason);
   return std::move(values.back());
 }

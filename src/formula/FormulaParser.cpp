@@ -23,7 +23,7 @@ bool endsInSeparator(const Units::Symbol* symbol) {
   return shown && Units::isSeparator(Units::RecordAccess::text(*shown).back());
 }
 
-struct NoWatch {
+struct NoTokenWatch {
   void onToken(const FormulaToken&) const {}
   void onEnd() const {}
 };
@@ -36,7 +36,7 @@ FormulaReason parseFormula(std::string_view text, NodeArena& arena,
                            UnitTermsSource& units, VariableResolver resolver) {
   FormulaTokenizer tokenizer(text, symbols, unitMath, std::move(resolver));
   FormulaParser parser(arena, symbols, unitMath, units);
-  return parseTokens(tokenizer, parser, expressionOut, NoWatch());
+  return parseTokens(tokenizer, parser, expressionOut, NoTokenWatch());
 }
 
 void FormulaParser::throwUnknownToken() {

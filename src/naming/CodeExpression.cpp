@@ -50,8 +50,6 @@ SizeAndPowers wholeNumber(std::string_view digits) {
   return number(value);
 }
 
-std::string quoted(std::string_view code) { return '`' + std::string(code) + '`'; }
-
 }  // namespace
 
 CodeExpression::CodeExpression(std::string_view text, Syntax syntax, Atoms atoms)
@@ -137,8 +135,8 @@ void CodeExpression::readUnit() {
   const SizeAndPowers* const whole = atoms_(word);  // a code may end in digits
   const int exponent = whole || areDigits(word) ? 1 : takeExponent(word);
   const auto terms = whole ? std::optional<SizeAndPowers>(*whole) : termsOf(word);
-  if (!terms) return refuse(quoted(text_.substr(begin, end - begin)) + " is no code of a unit");
-  if (terms->isAbsolute) return refuse(quoted(word) + " is a scale, which has no powers");
+  if (!terms) return refuse(quotedCode(text_.substr(begin, end - begin)) + " is no code of a unit");
+  if (terms->isAbsolute) return refuse(quotedCode(word) + " is a scale, which has no powers");
   multiply(*terms, isUdunits && exponent == 1 ? readExponent() : exponent);
 }
 

@@ -10,6 +10,9 @@
 
 namespace Units {
 
+/// A code as messages show it.
+inline std::string quotedCode(std::string_view code) { return '`' + std::string(code) + '`'; }
+
 /// Reads products and quotients of codes, such as kg.m-3 or m/s2.
 ///
 /// UCUM: `.` and `/`, an exponent directly behind a unit, whole numbers and `[pi]`, parentheses, and

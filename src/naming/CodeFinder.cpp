@@ -11,8 +11,6 @@ namespace Units {
 
 namespace {
 
-std::string quoted(std::string_view text) { return '`' + std::string(text) + '`'; }
-
 std::string withPowers(const SizeAndPowers& terms) {
   std::string text = shortNumber(terms.factor);
   for (const auto& [primitive, power] : terms.powers) {
@@ -46,14 +44,14 @@ std::string CodeFinder::whyNot(std::string_view text) const {
   const std::size_t colon = std::min(text.find(':'), text.size());
   const std::string_view system = text.substr(0, colon);
   if (colon == text.size() || systems_.find(system) == systems_.end())
-    return quoted(text) + " names no unit, and begins with no system of codes.";
+    return quotedCode(text) + " names no unit, and begins with no system of codes.";
   const std::string_view code = text.substr(colon + 1);
   auto expression = expressionOf(text);
   if (!expression)
-    return "No unit has the code " + quoted(code) + " of " + std::string(system) + '.';
+    return "No unit has the code " + quotedCode(code) + " of " + std::string(system) + '.';
   if (const auto terms = expression->read())
-    return quoted(code) + " is " + withPowers(*terms) + ", and no unit is that.";
-  return "No unit has the code " + quoted(code) + " of " + std::string(system) +
+    return quotedCode(code) + " is " + withPowers(*terms) + ", and no unit is that.";
+  return "No unit has the code " + quotedCode(code) + " of " + std::string(system) +
          ", and it is no expression: " + expression->fault() + '.';
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "naming/CodeExpression.h"
 #include "naming/CodedUnits.h"
 #include "naming/ExactNames.h"
 #include "naming/UnitCodesContents.h"

@@ -51,6 +51,9 @@ struct FoundFault {
   std::vector<Relation> related;
 };
 
+/// A text as the sentences of findings show it.
+inline std::string quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
+
 /// A lint that a file silences.
 struct Allowance {
   std::string id;

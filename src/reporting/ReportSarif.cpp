@@ -25,7 +25,7 @@ std::string uriOf(const std::string& path) {
   return uri;
 }
 
-class Writer {
+class SarifWriter {
  public:
   JSON rule(const FindingKind& kind) {
     return json.object(Member("id", json.text(std::string(kind.id))),
@@ -90,7 +90,7 @@ class Writer {
 
 std::string writeSarif(const SchemaReport& report) {
   const auto& contents = ReportMaker::contentsOf(report);
-  Writer writer;
+  SarifWriter writer;
   JsonMaker& json = writer.json;
   JSON driver = json.object(Member("name", json.text("TrelvonUnits")),
                             Member("rules", json.array(findingKinds(), [&](const auto& kind) {

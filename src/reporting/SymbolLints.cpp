@@ -13,8 +13,6 @@ namespace {
 
 using Units::RecordAccess;
 
-std::string quoted(const std::string& text) { return '"' + text + '"'; }
-
 /// What an action throws of the engine's own, or an empty text.
 template <class Action>
 std::string refusalOf(const Action& action) {

@@ -14,7 +14,7 @@ namespace Schemas {
 
 namespace {
 
-using Kind = TextPlaces::Kind;
+using ValueKind = TextPlaces::Kind;
 constexpr std::size_t none = TextPlaces::none;
 
 /// Members of a text that engines do not read on purpose.
@@ -54,8 +54,6 @@ struct Look {
   }
 };
 
-std::string quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
-
 /// Whether the last member of a name counts in an object: in maps and references, which lie in the
 /// value of a constant.
 bool lastCounts(const TextPlaces& places, std::size_t constants, std::size_t object) {
@@ -69,7 +67,7 @@ void lintDuplicates(const Look& look) {
   const std::size_t constants = look.places.member(0, "constants");
   std::set<std::string_view> names;
   for (std::size_t object = 0; object < look.places.size(); ++object) {
-    if (look.places.value(object).kind != Kind::Object) continue;
+    if (look.places.value(object).kind != ValueKind::Object) continue;
     names.clear();
     for (std::size_t member = look.places.element(object, 0); member != none;
          member = look.places.value(member).next)
@@ -172,7 +170,7 @@ constexpr TextLint textLints[] = {
 void readAllowances(const Look& look, std::vector<Allowance>& allowances) {
   const std::size_t list = look.places.member(0, "allow");
   if (list == none) return;
-  if (look.places.value(list).kind != Kind::Array)
+  if (look.places.value(list).kind != ValueKind::Array)
     look.add("unused-allowance", extentOf(look.places, list), "\"allow\" is not an array.",
              "Write [\"...\"] with the ids of lints.");
   for (std::size_t item = look.places.element(list, 0); item != none;

@@ -11,14 +11,14 @@ namespace Units {
 namespace {
 
 constexpr const char* simpleWord = "factor";
-constexpr const char* derivedWord = "factor.derived";
+constexpr const char* derivedFactorWord = "factor.derived";
 
 }  // namespace
 
 std::optional<FactorSchemaData> readFactorSchema(const SchemaHeader& header) {
   if (isOfKind(header, simpleWord))
     return FactorSchemaData{readConstant<double>(header, "factor", 1.0, readNumber), {}};
-  if (!isOfKind(header, derivedWord)) return std::nullopt;
+  if (!isOfKind(header, derivedFactorWord)) return std::nullopt;
   const double factor = readConstant<double>(header, "factor", 1.0, readNumber);
   auto parents = readConstant<ParentViews>(header, "parentFactors", ParentViews(), readIntegerMap);
   checkParents(header, "parentFactors", parents);
@@ -51,7 +51,7 @@ std::string writeFactorSchema(const Factor& factor) {
   const std::string& typeId = RecordAccess::typeId(factor);
   const FactorComponent& component = RecordAccess::factorComponent(factor);
   const bool isSimple = RecordAccess::parentFactorPowers(component).empty();
-  JSON document = makeSchemaDocument(typeId, isSimple ? simpleWord : derivedWord);
+  JSON document = makeSchemaDocument(typeId, isSimple ? simpleWord : derivedFactorWord);
   std::vector<JSON> constants;
   addFactorConstants(document, typeId, component, constants);
   setConstants(document, std::move(constants));
