@@ -36,10 +36,10 @@ constexpr const char* reasons[] = {"done",
 
 constexpr const char* tokenKinds[] = {
     "other",       "operator",         "function",         "number",
-    "unit-symbol", "open-parenthesis", "close-parenthesis"};
+    "unit-symbol", "open-parenthesis", "close-parenthesis", "variable"};
 
 constexpr const char* nodeKinds[] = {"other",    "number", "operator",
-                                     "function", "symbol", "parentheses"};
+                                     "function", "symbol", "parentheses", "variable"};
 
 constexpr const char* warningKinds[] = {"other",
                                         "hyphen-is-separator",

@@ -9,7 +9,7 @@
 
 namespace {
 
-NodeArena arena;  // of the nodes that are made by hand
+LocalNodeArena arena;  // of the nodes that are made by hand
 
 constexpr const char* unexpected =
     "legacy code dbgWarn: Unexpected parse error. Dresmond 9-May-2004";
