@@ -31,7 +31,7 @@ struct ParameterProblem {
   /// The parameter, then the missing names. Of a cycle, its parameters in order, each of which refers
   /// to the next one, and the last one to the first.
   std::vector<std::string> names;
-  std::string message;  ///< Letter for letter as the exception of `ParameterTable::value`.
+  std::string message;  ///< What `ParameterTable::value` throws for the first of the names.
 };
 
 /// A parameter in an explanation. Its members are part of the binary interface and stay as they are.
