@@ -84,8 +84,8 @@ std::string whyNotRead(const std::string& name, const UnitsEngineImpl& engine) {
   tokenizer.nextToken(token);
   const std::string text(token.text);
   if (token.type == FormulaTokenType::Variable && text == name) return "";
-  return token.type == FormulaTokenType::Function ? "Formulas read " + text + " as a function."
-                                                  : "Formulas read " + text + " as a unit.";
+  if (token.type == FormulaTokenType::Function) return "Formulas read " + text + " as a function.";
+  return "Formulas read " + text + " as a unit.";
 }
 
 void checkParameterName(const std::string& name, const UnitsEngineImpl& engine) {
