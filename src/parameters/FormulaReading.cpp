@@ -66,7 +66,7 @@ class Reader {
   FormulaTokenizer tokenizer_;
   FormulaParser parser_;
   Definition& out_;
-  std::size_t depth_ = 0;   // open parentheses
+  std::size_t depth_ = 0;  // open parentheses
   bool hasBegun_ = false;
 };
 

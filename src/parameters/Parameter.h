@@ -30,22 +30,22 @@ struct Reference {
 /// A formula as it was read.
 struct Definition {
   std::string formula;
-  std::string unitTypeId;                       // empty if it has no unit of its own
-  const Unit* unit = nullptr;                   // in the engine
-  FormulaReason reason = FormulaReason::Done;   // why it could not be read
-  NodeArena arena;                              // of the tree, which refers to values of parameters
-  std::unique_ptr<Expression> root;             // null if it could not be read
-  std::vector<Reference> references;            // in reading order
+  std::string unitTypeId;                      // empty if it has no unit of its own
+  const Unit* unit = nullptr;                  // in the engine
+  FormulaReason reason = FormulaReason::Done;  // why it could not be read
+  NodeArena arena;                             // of the tree, which refers to values of parameters
+  std::unique_ptr<Expression> root;            // null if it could not be read
+  std::vector<Reference> references;           // in reading order
 };
 
 enum class ParameterState {
-  Due,       // to be evaluated; so are all parameters that refer to it
+  Due,  // to be evaluated; so are all parameters that refer to it
   HasValue,
   Undefined,
-  Missing,   // refers to undefined names
-  Cyclic,    // depends on itself
-  Refused,   // could not be read or evaluated
-  Blocked,   // refers to a parameter that has no value
+  Missing,  // refers to undefined names
+  Cyclic,   // depends on itself
+  Refused,  // could not be read or evaluated
+  Blocked,  // refers to a parameter that has no value
 };
 
 /// A name that is defined or referred to.
@@ -60,8 +60,9 @@ struct Parameter {
   const Parameter* cause = nullptr;  // of a blocked one: the parameter that has no value by itself
 
   // Marks of walks, so that these need no memory.
-  std::size_t order = 0;   // of the first visit, by the clock of the table
-  std::size_t lowest = 0;  // the earliest order that is reached; of a cyclic one, the cycles' number
+  std::size_t order = 0;  // of the first visit, by the clock of the table
+  std::size_t lowest =
+      0;  // the earliest order that is reached; of a cyclic one, the cycles' number
   std::size_t nextReference = 0;
   Parameter* caller = nullptr;
   Parameter* below = nullptr;  // on the stack of a walk

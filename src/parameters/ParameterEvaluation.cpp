@@ -35,8 +35,8 @@ class Walk {
   FormulaReason fit(const Definition& definition, EvaluatedValue& result, double& inOwnUnit);
 
   ParameterTableContents& table_;
-  const std::size_t before_;       // visits of earlier walks
-  Parameter* waiting_ = nullptr;   // visited, of components that are not complete
+  const std::size_t before_;      // visits of earlier walks
+  Parameter* waiting_ = nullptr;  // visited, of components that are not complete
   std::size_t evaluated_ = 0;
 };
 
@@ -101,8 +101,8 @@ void Walk::settle(Parameter& parameter) {
   }
   ++evaluated_;
   parameter.reason = compute(parameter);
-  parameter.state = parameter.reason == FormulaReason::Done ? ParameterState::HasValue
-                                                            : ParameterState::Refused;
+  parameter.state =
+      parameter.reason == FormulaReason::Done ? ParameterState::HasValue : ParameterState::Refused;
 }
 
 /// What a parameter will be; HasValue if it can be evaluated.

@@ -66,8 +66,7 @@ void makeDue(Parameter& parameter) noexcept {
   }
 }
 
-void leave(ParameterTableContents& table, Definition& definition,
-           const Parameter* stays) noexcept {
+void leave(ParameterTableContents& table, Definition& definition, const Parameter* stays) noexcept {
   for (Reference& reference : definition.references) {
     unlink(reference);
     if (reference.to != stays) removeIfUnused(table, *reference.to);

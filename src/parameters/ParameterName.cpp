@@ -19,25 +19,21 @@ constexpr struct {
   char32_t first;
   char32_t last;
 } noLetters[] = {
-    {0x0080, 0x00A9},  // up to the copyright sign
-    {0x00AB, 0x00B4},  // degree, plus-minus, superscript digits
-    {0x00B6, 0x00B9},  // middle dot
-    {0x00BB, 0x00BF},  // fractions
-    {0x00D7, 0x00D7},  // multiplication sign
-    {0x00F7, 0x00F7},  // division sign
-    {0x2000, 0x207F},  // spaces, dashes, quotation marks, primes, superscripts
-    {0x208A, 0x208E},  // subscript signs
-    {0x20A0, 0x20FF},  // currencies, marks around letters
-    {0x2150, 0x2BFF},  // fractions, arrows, operators, shapes
-    {0x3000, 0x3003},  // punctuation of East Asia
-    {0x3008, 0x3020},
-    {0xE000, 0xF8FF},  // private use
-    {0xFE00, 0xFE6F},  // variants of characters and of punctuation
-    {0xFEFF, 0xFF20},  // wide forms of ASCII's
-    {0xFF3B, 0xFF40},
-    {0xFF5B, 0xFF65},
-    {0xFFE0, 0xFFFF},
-    {0x110000, 0xFFFFFFFF},  // no UTF-8
+    {0x0080, 0x00A9},                    // up to the copyright sign
+    {0x00AB, 0x00B4},                    // degree, plus-minus, superscript digits
+    {0x00B6, 0x00B9},                    // middle dot
+    {0x00BB, 0x00BF},                    // fractions
+    {0x00D7, 0x00D7},                    // multiplication sign
+    {0x00F7, 0x00F7},                    // division sign
+    {0x2000, 0x207F},                    // spaces, dashes, quotation marks, primes, superscripts
+    {0x208A, 0x208E},                    // subscript signs
+    {0x20A0, 0x20FF},                    // currencies, marks around letters
+    {0x2150, 0x2BFF},                    // fractions, arrows, operators, shapes
+    {0x3000, 0x3003},                    // punctuation of East Asia
+    {0x3008, 0x3020}, {0xE000, 0xF8FF},  // private use
+    {0xFE00, 0xFE6F},                    // variants of characters and of punctuation
+    {0xFEFF, 0xFF20},                    // wide forms of ASCII's
+    {0xFF3B, 0xFF40}, {0xFF5B, 0xFF65}, {0xFFE0, 0xFFFF}, {0x110000, 0xFFFFFFFF},  // no UTF-8
 };
 
 bool isLetterOf(char32_t number) {

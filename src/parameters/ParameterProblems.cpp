@@ -94,8 +94,7 @@ ParameterProblem problemOf(ParameterTableContents& table, const Parameter& param
 
 std::string whyNoValue(ParameterTableContents& table, const Parameter& parameter) {
   if (parameter.state != ParameterState::Blocked) return problemOf(table, parameter).message;
-  return whyBlocked(parameter, *parameter.cause) + " " +
-         problemOf(table, *parameter.cause).message;
+  return whyBlocked(parameter, *parameter.cause) + " " + problemOf(table, *parameter.cause).message;
 }
 
 std::string whyBlocked(const Parameter& parameter, const Parameter& cause) {
@@ -121,10 +120,9 @@ std::vector<ParameterProblem> listProblems(ParameterTableContents& table) {
   std::set<std::size_t> cycles;
   for (auto& [name, parameter] : table.parameters) {
     if (!parameter.definition) continue;
-    const bool isCause = parameter.state == ParameterState::Missing ||
-                         parameter.state == ParameterState::Refused ||
-                         (parameter.state == ParameterState::Cyclic &&
-                          cycles.insert(parameter.lowest).second);
+    const bool isCause =
+        parameter.state == ParameterState::Missing || parameter.state == ParameterState::Refused ||
+        (parameter.state == ParameterState::Cyclic && cycles.insert(parameter.lowest).second);
     if (isCause) problems.push_back(problemOf(table, parameter));
     const std::string why = whyNotRead(name, table.source->engine());
     if (!why.empty())

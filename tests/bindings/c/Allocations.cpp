@@ -132,8 +132,8 @@ Row reporting(const std::string& name,
           true};
 }
 
-Row tabling(const std::string& name, const std::function<trelvon_status(
-                                         trelvon_parameters*, trelvon_error**)>& use) {
+Row tabling(const std::string& name,
+            const std::function<trelvon_status(trelvon_parameters*, trelvon_error**)>& use) {
   return {"parameters_" + name, [=](trelvon_engine* e, trelvon_error** error) {
             return with<trelvon_parameters>(
                 [&](auto made) { return trelvon_parameters_create(e, made, error); },

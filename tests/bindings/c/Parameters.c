@@ -75,7 +75,8 @@ int main(void) {
   CHECK(count == 1);
   CHECK(writes(trelvon_parameters_formula, "area", "width * width"));
   CHECK(writes(trelvon_parameters_unit, "width", "m"));
-  CHECK(writes(trelvon_parameters_explain_text, "width", "width:\n2\n^\nwarning: The result is a plain "
+  CHECK(writes(trelvon_parameters_explain_text, "width",
+               "width:\n2\n^\nwarning: The result is a plain "
                "number. It is taken to be in `m`.\n= 2 m\n"));
   status = trelvon_parameters_names(table, &list, NULL);
   CHECK(lists(status, list, "area;ratio;width;"));

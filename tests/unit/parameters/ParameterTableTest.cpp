@@ -53,8 +53,12 @@ TEST_F(Parameters, CountInTheirOwnUnit) {
 }
 
 TEST_F(Parameters, AreReadInParenthesesWhereverTheyAreReferredTo) {
-  fill({{"sum", "1 + 1"}, {"square", "sum^2"}, {"price", "3"}, {"cost", "$ price * 2"},
-        {"below", "-20 degC"}, {"above", "-below"}});
+  fill({{"sum", "1 + 1"},
+        {"square", "sum^2"},
+        {"price", "3"},
+        {"cost", "$ price * 2"},
+        {"below", "-20 degC"},
+        {"above", "-below"}});
   EXPECT_EQ(table_.value("square"), 4);
   EXPECT_EQ(table_.value("cost", "inch"), 6);
   EXPECT_EQ(table_.value("above", "kelvin"), -253.14999999999998);  // not 20 degC
@@ -131,7 +135,8 @@ TEST_P(ParameterProblems, AreNamedInFullAndConcernNothingElse) {
 INSTANTIATE_TEST_SUITE_P(
     Parameters, ParameterProblems,
     testing::Values(
-        ProblemRow{"Missing", {{"a", "b + 1"}}, "a", "Parameter a refers to b, which is not defined."},
+        ProblemRow{
+            "Missing", {{"a", "b + 1"}}, "a", "Parameter a refers to b, which is not defined."},
         ProblemRow{"TwoMissing",
                    {{"a", "c + b + c"}},
                    "a",
@@ -153,16 +158,18 @@ INSTANTIATE_TEST_SUITE_P(
                    {{"a", "b"}, {"b", "a"}, {"c", "b"}},
                    "c",
                    "Parameter c depends on b. Parameters depend on each other: b -> a -> b."},
-        ProblemRow{"Refused",
-                   {{"a", "b + 1 ft"}, {"b", "2"}},
-                   "a",
-                   "Formula of parameter a: `+` needs the same units on both sides: left is a plain "
-                   "number, right is a n."},
-        ProblemRow{"RefusedBelow",
-                   {{"a", "b"}, {"b", "1 / zero"}, {"zero", "0"}},
-                   "a",
-                   "Parameter a depends on b. Formula of parameter b: The divisor counts as 0: it lies "
-                   "between -0.000000001 and 0.000000001."}),
+        ProblemRow{
+            "Refused",
+            {{"a", "b + 1 ft"}, {"b", "2"}},
+            "a",
+            "Formula of parameter a: `+` needs the same units on both sides: left is a plain "
+            "number, right is a n."},
+        ProblemRow{
+            "RefusedBelow",
+            {{"a", "b"}, {"b", "1 / zero"}, {"zero", "0"}},
+            "a",
+            "Parameter a depends on b. Formula of parameter b: The divisor counts as 0: it lies "
+            "between -0.000000001 and 0.000000001."}),
     [](const auto& row) { return row.param.test; });
 
 TEST_F(Parameters, RefuseWhatNoOtherParameterCanCure) {
@@ -172,11 +179,13 @@ TEST_F(Parameters, RefuseWhatNoOtherParameterCanCure) {
   };
   EXPECT_EQ(refusal(""), "Formula of parameter a: The formula is empty.");
   EXPECT_EQ(refusal("5 fot"), "Formula of parameter a: `fot` is no unit. Did you mean `ft`?");
-  EXPECT_EQ(refusal("2 *"), "Formula of parameter a: The formula ends where a number is due, after `*`.");
+  EXPECT_EQ(refusal("2 *"),
+            "Formula of parameter a: The formula ends where a number is due, after `*`.");
   EXPECT_EQ(refusal("1) + (2"),
             "Formula of parameter a: `)` closes a parenthesis that was never opened.");
-  EXPECT_EQ(refusal("$ 20"), "Formula of parameter a: A number behind `$` needs parentheses, unless the "
-                             "formula ends with it.");
+  EXPECT_EQ(refusal("$ 20"),
+            "Formula of parameter a: A number behind `$` needs parentheses, unless the "
+            "formula ends with it.");
   EXPECT_EQ(messageOf<UnrecognizedIdentifierException>([&] { table_.set("a", "1", "mile"); }),
             "Could not find unit with typeid mile.");
   table_.set("long", "2 ft");
@@ -184,15 +193,17 @@ TEST_F(Parameters, RefuseWhatNoOtherParameterCanCure) {
             "Value of parameter long: The result is a n; `n` measures a value in n.");
   EXPECT_EQ(noValue("long"), "Parameter long has units and is no plain number.");
   for (const auto& action : std::vector<std::function<void()>>{
-           [&] { table_.value("b"); }, [&] { table_.remove("b"); }, [&] { table_.rename("b", "c"); },
-           [&] { table_.formula("b"); }, [&] { table_.explain("b"); }})
+           [&] { table_.value("b"); }, [&] { table_.remove("b"); },
+           [&] { table_.rename("b", "c"); }, [&] { table_.formula("b"); },
+           [&] { table_.explain("b"); }})
     EXPECT_EQ(messageOf<UnrecognizedIdentifierException>(action), "Could not find parameter b.");
   EXPECT_EQ(table_.value("a"), 1);
   EXPECT_EQ(table_.size(), 2u);
 }
 
 TEST_F(Parameters, AreRenamedInFormulasAlone) {
-  fill({{"x", "3"}, {"ax", "1"}, {"y", "x*( x\n)-ax+ x ^2"}, {"z", "y + x"}, {"waits", "long + 1"}});
+  fill(
+      {{"x", "3"}, {"ax", "1"}, {"y", "x*( x\n)-ax+ x ^2"}, {"z", "y + x"}, {"waits", "long + 1"}});
   table_.evaluate();
   table_.rename("x", "long");
   EXPECT_EQ(table_.formula("y"), "long*( long\n)-ax+ long ^2");
@@ -208,16 +219,19 @@ TEST_F(Parameters, AreRenamedInFormulasAlone) {
   table_.set("q", "1 / ax");
   table_.rename("q", "v");  // nothing refers to it
   table_.set("w", "long/ax");
-  EXPECT_EQ(messageOf<ValidationException>([&] { table_.rename("long", "u"); }),
-            "Parameter long cannot be renamed to u, because the formula of w would be read otherwise.");
+  EXPECT_EQ(
+      messageOf<ValidationException>([&] { table_.rename("long", "u"); }),
+      "Parameter long cannot be renamed to u, because the formula of w would be read otherwise.");
   EXPECT_EQ(table_.value("w"), 3);
 }
 
 TEST_F(Parameters, RenamedIntoACycleSayIt) {
   fill({{"a", "x"}, {"x", "b + 1"}, {"self", "self + 1"}, {"user", "a"}});
-  EXPECT_EQ(noValue("user"), "Parameter user depends on x. Parameter x refers to b, which is not defined.");
+  EXPECT_EQ(noValue("user"),
+            "Parameter user depends on x. Parameter x refers to b, which is not defined.");
   table_.rename("a", "b");
-  EXPECT_EQ(noValue("user"), "Parameter user depends on b. Parameters depend on each other: b -> x -> b.");
+  EXPECT_EQ(noValue("user"),
+            "Parameter user depends on b. Parameters depend on each other: b -> x -> b.");
   table_.rename("self", "me");
   EXPECT_EQ(noValue("me"), "Parameters depend on each other: me -> me.");
   table_.remove("me");
@@ -276,8 +290,9 @@ TEST_F(Parameters, ReadNewDefinitionsWhenTheyAreToldTo) {
   table_.set("half", "1.5");
   EXPECT_EQ(table_.value("twice"), 6) << "as it was read";
   table_.reevaluate();
-  EXPECT_EQ(noValue("twice"), "Formula of parameter twice: `mm` is the text of a unit and must follow a "
-                              "number or `)`.");
+  EXPECT_EQ(noValue("twice"),
+            "Formula of parameter twice: `mm` is the text of a unit and must follow a "
+            "number or `)`.");
   EXPECT_EQ(table_.value("mm"), 3);
   const auto problems = table_.problems();
   ASSERT_EQ(problems.size(), 2u);

@@ -92,26 +92,40 @@ class Reference {
   }
 
   const Units::UnitsEngine& engine_;
-  std::map<std::string, std::string> replacements_;  // empty while it is sought, and if there is none
+  std::map<std::string, std::string>
+      replacements_;  // empty while it is sought, and if there is none
 };
 
 std::string randomFormula(Random& random, std::size_t most) {
   const auto atom = [&] {
     const std::string it = std::string("{") + static_cast<char>('a' + random.below(most)) + "}";
     switch (random.below(16)) {
-      case 0: return std::to_string(random.between(-3, 9)) + " ft";
-      case 1: return std::to_string(random.between(1, 99)) + ".7 in";
-      case 2: return std::string("5' 6\"");
-      case 3: return std::string("-20.5 degC");
-      case 4: return std::string("3 pct");
-      case 5: return std::to_string(random.between(0, 9)) + random.oneOf({"e-2", " pin"});
-      case 6: return "-" + it;
-      case 7: return it + "^" + random.oneOf({"2", "-1", "0.5", "3"});
-      case 8: return "sqrt(" + it + ")";
-      case 9: return "(" + it + ") ft";
-      case 10: return "$ " + it;
-      case 11: return "\t( " + it + "\n)";
-      default: return it;
+      case 0:
+        return std::to_string(random.between(-3, 9)) + " ft";
+      case 1:
+        return std::to_string(random.between(1, 99)) + ".7 in";
+      case 2:
+        return std::string("5' 6\"");
+      case 3:
+        return std::string("-20.5 degC");
+      case 4:
+        return std::string("3 pct");
+      case 5:
+        return std::to_string(random.between(0, 9)) + random.oneOf({"e-2", " pin"});
+      case 6:
+        return "-" + it;
+      case 7:
+        return it + "^" + random.oneOf({"2", "-1", "0.5", "3"});
+      case 8:
+        return "sqrt(" + it + ")";
+      case 9:
+        return "(" + it + ") ft";
+      case 10:
+        return "$ " + it;
+      case 11:
+        return "\t( " + it + "\n)";
+      default:
+        return it;
     }
   };
   std::string formula = atom();
