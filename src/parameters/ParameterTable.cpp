@@ -8,6 +8,7 @@
 
 #include <TrelvonUnits/Exceptions.h>
 
+#include <algorithm>
 #include <mutex>
 #include <set>
 #include <utility>
@@ -68,12 +69,18 @@ class Explainer {
     const Definition& definition = *parameter.definition;
     ParameterExplanation explained = {
         *parameter.name, definition.formula, definition.unitTypeId, whyNot(parameter), {}};
-    if (explained.message.empty() || parameter.state == ParameterState::Refused)
+    if (haveValues(definition.references))
       explained.explanation.emplace(explainParameter(table_, parameter));
     return explained;
   }
 
  private:
+  static bool haveValues(const std::vector<Reference>& references) {
+    return std::all_of(references.begin(), references.end(), [](const Reference& reference) {
+      return reference.to->state == ParameterState::HasValue;
+    });
+  }
+
   std::string whyNot(const Parameter& parameter) {
     if (parameter.state == ParameterState::HasValue) return "";
     if (parameter.state == ParameterState::Blocked) return whyBlocked(parameter, *parameter.cause);

@@ -5,11 +5,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <functional>
 #include <new>
 #include <string>
-#include <thread>
 #include <utility>
 #include <vector>
 
@@ -366,20 +364,6 @@ TEST_F(Parameters, AreAsTheyWereWhenAnAllocationFails) {
       }
   }
   EXPECT_GT(count, 100);
-}
-
-TEST_F(Parameters, MayBeReadOnManyThreads) {
-  for (int i = 0; i < 200; ++i)
-    table_.set("p" + std::to_string(i), i == 0 ? "1" : "p" + std::to_string(i / 2) + " + 1");
-  std::vector<double> values(4);
-  std::vector<std::thread> threads;
-  for (std::size_t t = 0; t < values.size(); ++t)
-    threads.emplace_back([&, t] {
-      for (std::size_t i = 0; i < 200; ++i)
-        values[t] += table_.value("p" + std::to_string((i * 7 + t * 50) % 200));
-    });
-  for (std::thread& thread : threads) thread.join();
-  EXPECT_EQ(std::count(values.begin(), values.end(), values[0]), 4);
 }
 
 }  // namespace
