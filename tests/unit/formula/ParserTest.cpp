@@ -68,7 +68,7 @@ TEST(Parser, RefusesTokensThatNoTokenizerGives) {
           .take({static_cast<FormulaTokenType>(type), text});
     });
   };
-  EXPECT_EQ(take(7, "x"), "legacy code dbgWarn: Unknown token type. Dresmond 8-May-2004");
+  EXPECT_EQ(take(8, "x"), "legacy code dbgWarn: Unknown token type. Dresmond 8-May-2004");
   EXPECT_EQ(take(1, "%"), unexpected);
   EXPECT_EQ(take(2, "sine"), unexpected);
   FormulaParser parser(arena, sample.texts(), sample.engine, units);
