@@ -6,5 +6,5 @@
 #include <memory>
 
 struct trelvon_engine {
-  std::unique_ptr<Units::UnitsEngine> units;
+  std::shared_ptr<Units::UnitsEngine> units;  // tables of parameters share it
 };

@@ -49,6 +49,7 @@ class TRELVONUNITS_API FormulaExplanation {
     UnitSymbol = 4,  ///< The text of a unit without a number.
     OpenParenthesis = 5,
     CloseParenthesis = 6,
+    Variable = 7,  ///< A parameter of a `ParameterTable`, whose value is known.
   };
 
   /// What a node of the tree does.
@@ -58,6 +59,7 @@ class TRELVONUNITS_API FormulaExplanation {
     Function = 3,     ///< With one operand, or none.
     Symbol = 4,       ///< The text of a unit before or after parentheses.
     Parentheses = 5,  ///< Adjacent parentheses are one node.
+    Variable = 6,     ///< A parameter of a `ParameterTable`, without operands.
   };
 
   /// What may surprise in a formula.

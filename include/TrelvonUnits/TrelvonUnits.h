@@ -22,6 +22,7 @@
 #include <TrelvonUnits/FormulaExplanation.h>
 #include <TrelvonUnits/FormulaReason.h>
 #include <TrelvonUnits/Limits.h>
+#include <TrelvonUnits/ParameterTable.h>
 #include <TrelvonUnits/Placement.h>
 #include <TrelvonUnits/PrefixOrSuffix.h>
 #include <TrelvonUnits/PreparedConversion.h>

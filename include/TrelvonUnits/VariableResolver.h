@@ -14,6 +14,7 @@
 /// - The result is read in parentheses in place of the identifier. It may contain identifiers in
 ///   turn, within the bounds of Limits.h. A result equal to the identifier throws ParseException
 ///   "Variable resolved to an identical string.".
+/// - For many variables that refer to each other, see ParameterTable.h, which evaluates each once.
 /// - An exception from the resolver reaches the caller of the evaluation unchanged.
 /// - The resolver runs on the thread that evaluates. It may use the same engine and even add to it.
 using VariableResolver = std::function<std::string(const std::string&)>;

@@ -61,6 +61,8 @@ typedef struct trelvon_error trelvon_error;
 typedef struct trelvon_conversion trelvon_conversion;
 /// Finds units by names and codes; see UnitNames.h.
 typedef struct trelvon_names trelvon_names;
+/// Named formulas that refer to each other; see ParameterTable.h.
+typedef struct trelvon_parameters trelvon_parameters;
 /// How a formula was read; see FormulaExplanation.h.
 typedef struct trelvon_explanation trelvon_explanation;
 /// What became of schema texts; see SchemaReport.h.
@@ -206,6 +208,89 @@ TRELVON_API trelvon_status trelvon_explain_tree(const trelvon_explanation* expla
 
 /// Frees an explanation.
 TRELVON_API void trelvon_explanation_free(trelvon_explanation* explanation);
+
+/* Parameters: named formulas that refer to each other */
+
+/// Creates an empty table, which keeps the engine alive. A call that takes a table reads the engine, as
+/// one does that takes the engine as const.
+TRELVON_API trelvon_status trelvon_parameters_create(const trelvon_engine* engine,
+                                                     trelvon_parameters** parameters,
+                                                     trelvon_error** error);
+
+/// Frees a table.
+TRELVON_API void trelvon_parameters_free(trelvon_parameters* parameters);
+
+/// Defines a parameter, or replaces its formula and unit.
+///
+/// - `unit`: type id of the unit that it is counted in; null if its formula decides.
+TRELVON_API trelvon_status trelvon_parameters_set(trelvon_parameters* parameters, trelvon_text name,
+                                                  trelvon_text formula, const trelvon_text* unit,
+                                                  trelvon_error** error);
+
+/// Gives a parameter another name, also where formulas refer to it.
+TRELVON_API trelvon_status trelvon_parameters_rename(trelvon_parameters* parameters,
+                                                     trelvon_text name, trelvon_text new_name,
+                                                     trelvon_error** error);
+
+/// Removes a parameter.
+TRELVON_API trelvon_status trelvon_parameters_remove(trelvon_parameters* parameters,
+                                                     trelvon_text name, trelvon_error** error);
+
+/// Reads all formulas anew with the definitions that the engine has now.
+TRELVON_API trelvon_status trelvon_parameters_reevaluate(trelvon_parameters* parameters,
+                                                         trelvon_error** error);
+
+/// Evaluates all formulas whose values are due. `*count` is how many they were.
+TRELVON_API trelvon_status trelvon_parameters_evaluate(const trelvon_parameters* parameters,
+                                                       size_t* count, trelvon_error** error);
+
+/// Tells a value.
+///
+/// - `unit`: type id of the unit of the result. If null, it is the parameter's own unit; without one,
+///   the value must be a plain number.
+TRELVON_API trelvon_status trelvon_parameters_value(const trelvon_parameters* parameters,
+                                                    trelvon_text name, const trelvon_text* unit,
+                                                    double* value, trelvon_error** error);
+
+/// Lists the names of all parameters, in byte order.
+TRELVON_API trelvon_status trelvon_parameters_names(const trelvon_parameters* parameters,
+                                                    trelvon_list** names, trelvon_error** error);
+
+/// Writes a formula, with the names that its parameters have now.
+TRELVON_API trelvon_status trelvon_parameters_formula(const trelvon_parameters* parameters,
+                                                      trelvon_text name, char* buffer, size_t* size,
+                                                      trelvon_error** error);
+
+/// Writes the type id of a parameter's own unit; nothing if it has none.
+TRELVON_API trelvon_status trelvon_parameters_unit(const trelvon_parameters* parameters,
+                                                   trelvon_text name, char* buffer, size_t* size,
+                                                   trelvon_error** error);
+
+/// Lists the names that a formula refers to, in byte order.
+TRELVON_API trelvon_status trelvon_parameters_references(const trelvon_parameters* parameters,
+                                                         trelvon_text name, trelvon_list** names,
+                                                         trelvon_error** error);
+
+/// Lists the parameters whose formulas refer to a name, in byte order.
+TRELVON_API trelvon_status trelvon_parameters_dependents(const trelvon_parameters* parameters,
+                                                         trelvon_text name, trelvon_list** names,
+                                                         trelvon_error** error);
+
+/// Lists the messages of every cause why a parameter has no value.
+TRELVON_API trelvon_status trelvon_parameters_problems(const trelvon_parameters* parameters,
+                                                       trelvon_list** messages,
+                                                       trelvon_error** error);
+
+/// Writes how a parameter and all that it depends on were evaluated, as one JSON object, which
+/// docs/parameters.md describes.
+TRELVON_API trelvon_status trelvon_parameters_explain_json(const trelvon_parameters* parameters,
+                                                           trelvon_text name, char* buffer,
+                                                           size_t* size, trelvon_error** error);
+
+/// Writes the same as text for people.
+TRELVON_API trelvon_status trelvon_parameters_explain_text(const trelvon_parameters* parameters,
+                                                           trelvon_text name, char* buffer,
+                                                           size_t* size, trelvon_error** error);
 
 /* Definitions */
 

@@ -1,6 +1,7 @@
+#include "engine/ExplainFormula.h"
+
 #include "engine/ExplainedFormula.h"
 #include "engine/NearNames.h"
-#include "engine/UnitsEngineImpl.h"
 #include "formula/Evaluation.h"
 #include "model/Characters.h"
 #include "model/DefinitionCopy.h"
@@ -49,8 +50,9 @@ bool isSame(double a, double b) { return std::fabs(a - b) <= 1e-12 * std::fabs(b
 /// Explains one formula for one engine.
 class Explainer {
  public:
-  Explainer(const UnitsEngineImpl& engine, FormulaGoal goal, const Unit* unit)
-      : engine_(engine), goal_(goal), unit_(unit), units_(engine.formulaUnits()) {}
+  Explainer(const UnitsEngineImpl& engine, FormulaGoal goal, const Unit* unit,
+            KnownVariables* known)
+      : engine_(engine), goal_(goal), unit_(unit), known_(known), units_(engine.formulaUnits()) {}
 
   FormulaExplanation explain(const std::string& formula, const VariableResolver& resolver,
                              HiddenVariables hidden);
@@ -64,6 +66,7 @@ class Explainer {
   const UnitsEngineImpl& engine_;
   const FormulaGoal goal_;
   const Unit* const unit_;
+  KnownVariables* const known_;
   FormulaUnits units_;
   std::unique_ptr<Contents> out_ = std::make_unique<Contents>();
   const ExplainedFormula explained_{*out_, engine_.registries(), units_, unit_};
@@ -106,7 +109,7 @@ FormulaExplanation Explainer::explain(const std::string& formula, const Variable
                                       HiddenVariables hidden) {
   if (unit_) out_->unitTypeId = RecordAccess::typeId(*unit_);
   recordFormula(formula, goal_, unit_, resolver, engine_.registries().symbolTexts, engine_, units_,
-                *out_);
+                known_, *out_);
   out_->sentence = sentenceOf(explained_);
   if (hidden == HiddenVariables::Ask && resolver) addHidden(resolver);
   addWarnings(explained_, *out_);
@@ -150,7 +153,7 @@ std::optional<double> Explainer::tryOut(const std::string& formula) {
   };
   Contents tried;
   recordFormula(formula, goal_, unit_, replay, engine_.registries().symbolTexts, engine_, units_,
-                tried);
+                known_, tried);
   if (tried.reason == FormulaReason::Done) {
     const bool isPlain = tried.resultPowers == Contents::none;
     const bool hadUnits =
@@ -200,10 +203,16 @@ FormulaExplanation explain(const UnitsEngine& engine, FormulaGoal goal,
   }
   const Unit* const unit =
       unitTypeId ? &lookUp(own->registries().units.objects, *unitTypeId) : nullptr;
-  return Explainer(*own, goal, unit).explain(formula, resolver, hidden);
+  return explainWith(*own, goal, unit, formula, resolver, nullptr, hidden);
 }
 
 }  // namespace
+
+FormulaExplanation explainWith(const UnitsEngineImpl& engine, FormulaGoal goal, const Unit* unit,
+                               const std::string& formula, const VariableResolver& resolver,
+                               KnownVariables* known, HiddenVariables hidden) {
+  return Explainer(engine, goal, unit, known).explain(formula, resolver, hidden);
+}
 
 FormulaExplanation explainFormula(const UnitsEngine& engine, const std::string& unitTypeId,
                                   const std::string& formula, VariableResolver resolver,

@@ -16,7 +16,7 @@ namespace {
 EvaluatedValue evaluate(std::string_view formula, VariableResolver resolver,
                         const Units::SymbolTexts& symbols, const Units::UnitMath& unitMath,
                         UnitTermsSource& units) {
-  NodeArena arena;
+  LocalNodeArena arena;
   std::unique_ptr<Expression> root;
   const FormulaReason reason =
       parseFormula(formula, arena, root, symbols, unitMath, units, std::move(resolver));

@@ -19,6 +19,7 @@ enum class ExpressionKind : std::int32_t {
   NumberConstant,
   Paren,
   Symbol,
+  Variable,
 };
 
 /// A node of a formula's tree.

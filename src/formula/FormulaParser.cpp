@@ -6,6 +6,7 @@
 #include "formula/ParenExpression.h"
 #include "formula/SymbolExpression.h"
 #include "formula/UnaryOperatorExpression.h"
+#include "formula/VariableExpression.h"
 #include "model/Characters.h"
 #include "model/RecordAccess.h"
 #include "text/ValueText.h"
@@ -188,4 +189,13 @@ FormulaReason FormulaParser::close(Expression& opener) {
   }
   operands_.push(operators_.pop());
   return FormulaReason::Done;
+}
+
+/// As a replacement, which has its parentheses: those behind a prefix symbol, too.
+FormulaReason FormulaParser::takeVariable(const VariableValue& value) {
+  if (state_ == State::AfterOperand) return FormulaReason::NotAfterOperand;
+  const bool isEnclosed = state_ == State::BeforeOpenParen;
+  operands_.push(make<VariableExpression>(value));
+  state_ = State::AfterOperand;
+  return isEnclosed ? closeLast() : FormulaReason::Done;
 }

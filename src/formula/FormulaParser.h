@@ -64,6 +64,7 @@ class FormulaParser {
   FormulaReason takeCloseParen();
   FormulaReason closeLast();
   FormulaReason close(Expression& opener);
+  FormulaReason takeVariable(const VariableValue& value);
   bool dropUnaryMinus();
 
   /// Makes a node for the token that is being taken.
@@ -83,6 +84,7 @@ class FormulaParser {
 inline FormulaReason FormulaParser::take(const FormulaToken& token) {
   ++tokenCount_;
   if (state_ == State::BeforeOpenParen) {
+    if (token.type == FormulaTokenType::Variable) return takeVariable(*token.variable);
     if (token.type != FormulaTokenType::OpenParen) return FormulaReason::MissingParentheses;
     state_ = State::BeforeOperand;
     return FormulaReason::Done;
@@ -100,6 +102,8 @@ inline FormulaReason FormulaParser::take(const FormulaToken& token) {
       return takeOpenParen();
     case FormulaTokenType::CloseParen:
       return takeCloseParen();
+    case FormulaTokenType::Variable:
+      return takeVariable(*token.variable);
   }
   throwUnknownToken();
 }

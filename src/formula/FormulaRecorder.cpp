@@ -39,6 +39,8 @@ FormulaExplanation::NodeKind kindOf(const Expression& node) {
       return FormulaExplanation::NodeKind::Parentheses;
     case ExpressionKind::Symbol:
       return FormulaExplanation::NodeKind::Symbol;
+    case ExpressionKind::Variable:
+      return FormulaExplanation::NodeKind::Variable;
     default:
       return FormulaExplanation::NodeKind::Operator;
   }
@@ -64,11 +66,13 @@ bool areEqual(const Contents::PowerList& a, const Contents::PowerList& b) {
 class Recorder {
  public:
   Recorder(const VariableResolver& resolver, const Units::SymbolTexts& symbols,
-           const Units::UnitMath& unitMath, UnitTermsSource& units, Contents& out)
+           const Units::UnitMath& unitMath, UnitTermsSource& units, KnownVariables* known,
+           Contents& out)
       : resolver_(resolver),
         symbols_(symbols),
         unitMath_(unitMath),
         units_(units),
+        known_(known),
         out_(out),
         spans_(out.texts) {}
 
@@ -99,6 +103,7 @@ class Recorder {
   const Units::SymbolTexts& symbols_;
   const Units::UnitMath& unitMath_;
   UnitTermsSource& units_;
+  KnownVariables* const known_;
   Contents& out_;
   SpanFinder spans_;
   FormulaTokenizer* tokenizer_ = nullptr;
@@ -106,7 +111,7 @@ class Recorder {
   bool isForeign_ = false;   // the resolver threw what is not to be explained
   bool hasEnded_ = false;    // all tokens were taken
   std::size_t reached_ = 0;  // nodes that have a value
-  NodeArena arena_;
+  LocalNodeArena arena_;
   std::unordered_map<const void*, std::uint32_t> symbolIndexes_;
   std::unordered_map<const void*, std::uint32_t> unitPowersIndexes_;
 };
@@ -140,8 +145,9 @@ void Recorder::record(FormulaReason reason, Thrown thrown, const char* message) 
 }
 
 FormulaReason Recorder::read(const std::string& formula, std::unique_ptr<Expression>& root) {
-  FormulaTokenizer tokenizer(formula, symbols_, unitMath_,
-                             [this](const std::string& name) { return replace(name); });
+  FormulaTokenizer tokenizer(
+      formula, symbols_, unitMath_, [this](const std::string& name) { return replace(name); },
+      Units::maximumSubstitutions, known_);
   FormulaParser parser(arena_, symbols_, unitMath_, units_);
   tokenizer_ = &tokenizer;
   try {
@@ -273,8 +279,9 @@ std::uint32_t Recorder::powersIndex(EvaluatedValue& value, std::size_t most) {
 
 void recordFormula(const std::string& formula, FormulaGoal goal, const Units::Unit* unit,
                    const VariableResolver& resolver, const Units::SymbolTexts& symbols,
-                   const Units::UnitMath& unitMath, UnitTermsSource& units, Contents& out) {
+                   const Units::UnitMath& unitMath, UnitTermsSource& units, KnownVariables* known,
+                   Contents& out) {
   // The tokenizer reads `formula`: the copy moves when the list of texts grows.
   out.texts.push_back({formula, {}});
-  Recorder(resolver, symbols, unitMath, units, out).run(formula, goal, unit);
+  Recorder(resolver, symbols, unitMath, units, known, out).run(formula, goal, unit);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "formula/ExplanationContents.h"
+#include "formula/KnownVariables.h"
 #include "formula/UnitMath.h"
 #include "formula/UnitTerms.h"
 #include "model/SymbolTexts.h"
@@ -19,9 +20,10 @@ enum class FormulaGoal {
 /// Reads and evaluates a formula, as evaluateExpressionInUnit and evaluateUnitlessExpression do,
 /// and records texts, tokens, nodes and outcome. Sentences and warnings are left empty.
 ///
-/// @param unit  the requested unit. Null except for InUnit.
+/// @param unit   the requested unit. Null except for InUnit.
+/// @param known  null if all identifiers are replaced.
 /// @throws whatever the resolver throws, unless it is a Units::ParseException.
 void recordFormula(const std::string& formula, FormulaGoal goal, const Units::Unit* unit,
                    const VariableResolver& resolver, const Units::SymbolTexts& symbols,
-                   const Units::UnitMath& unitMath, UnitTermsSource& units,
+                   const Units::UnitMath& unitMath, UnitTermsSource& units, KnownVariables* known,
                    Units::ExplanationContents& out);

@@ -21,11 +21,12 @@ std::string_view withoutTrailingSeparators(std::string_view text) {
 
 FormulaTokenizer::FormulaTokenizer(std::string_view formula, const Units::SymbolTexts& symbols,
                                    const Units::UnitMath& unitMath, VariableResolver resolver,
-                                   int maxSubstitutions)
+                                   int maxSubstitutions, KnownVariables* known)
     : text_(formula),
       symbols_(symbols),
       unitMath_(unitMath),
       resolver_(std::move(resolver)),
+      known_(known),
       substitutionsLeft_(maxSubstitutions) {}
 
 bool FormulaTokenizer::takeOperand(FormulaToken& token) {
@@ -37,8 +38,11 @@ bool FormulaTokenizer::takeOperand(FormulaToken& token) {
     token = {FormulaTokenType::Function, name};
     return true;
   }
-  substitute(name);
-  return false;
+  const VariableValue* const variable = known_ ? known_->find(name) : nullptr;
+  if (!variable) return substitute(name), false;
+  token = {FormulaTokenType::Variable, name};
+  token.variable = variable;
+  return true;
 }
 
 bool FormulaTokenizer::scanValueOrSymbol(FormulaToken& token, const Units::LiteralEnds& ends) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "formula/FormulaText.h"
+#include "formula/KnownVariables.h"
 #include "formula/OperatorSearch.h"
 #include "formula/UnitMath.h"
 #include "model/Characters.h"
@@ -23,6 +24,7 @@ enum class FormulaTokenType : std::int32_t {
   UnitSymbol = 4,
   OpenParen = 5,
   CloseParen = 6,
+  Variable = 7,  // whose value is known
 };
 
 struct FormulaToken {
@@ -31,6 +33,7 @@ struct FormulaToken {
   double value = 0;                       // of a number
   const Units::Symbol* symbol = nullptr;  // of a number with a symbol; in the registry
   std::optional<Units::CompositeForm> form = std::nullopt;  // of a composite literal
+  const VariableValue* variable = nullptr;                  // of a known variable
 };
 
 /// Splits a formula into tokens.
@@ -38,16 +41,18 @@ struct FormulaToken {
 /// A token ends at an operator, but not always at the next one: the longest text that is a value
 /// literal is one number, so "1e-5" and "5' - 6\"" are one token each. Text that is not a literal,
 /// symbol or function is an identifier. The resolver's text, in parentheses, replaces it and is
-/// read next.
+/// read next. A variable whose value is known is a token.
 ///
 /// The cost is linear in the length of the formula and of all replacements.
 class FormulaTokenizer {
  public:
   /// @param formula           must outlive the tokenizer.
   /// @param maxSubstitutions  how many identifiers may be replaced.
+  /// @param known             null if all identifiers are replaced.
   FormulaTokenizer(std::string_view formula, const Units::SymbolTexts& symbols,
                    const Units::UnitMath& unitMath, VariableResolver resolver,
-                   int maxSubstitutions = Units::maximumSubstitutions);
+                   int maxSubstitutions = Units::maximumSubstitutions,
+                   KnownVariables* known = nullptr);
 
   /// Returns false if no token is left.
   /// @throws Units::ParseException  an identifier resolves to itself, or a limit of
@@ -86,7 +91,7 @@ class FormulaTokenizer {
              text};
   }
 
-  /// Takes a number, symbol or function. Returns false if it replaced an identifier instead.
+  /// Takes a number, symbol, function or known variable. Returns false if it replaced an identifier instead.
   bool takeOperand(FormulaToken& token);
   bool scanValueOrSymbol(FormulaToken& token, const Units::LiteralEnds& ends);
   bool mayBeSymbol(std::string_view text) const;
@@ -100,6 +105,7 @@ class FormulaTokenizer {
   const Units::SymbolTexts& symbols_;
   const Units::UnitMath& unitMath_;
   VariableResolver resolver_;
+  KnownVariables* const known_;
   std::vector<std::size_t> openSubstitutions_;  // ends, as distances from the end of the text
   int substitutionsLeft_;
   std::size_t lastStart_ = 0;

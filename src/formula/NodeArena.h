@@ -7,17 +7,18 @@
 #include <utility>
 #include <vector>
 
-/// Allocates the nodes of one formula's tree in blocks. The first block is part of the arena
-/// itself. All memory is freed with the arena, which must outlive the tree.
+/// Allocates the nodes of one formula's tree in blocks. All memory is freed with the arena, which
+/// must outlive the tree.
 class NodeArena {
  public:
+  /// An arena for a tree that is kept. Its first block is small.
   NodeArena() = default;
   NodeArena(const NodeArena&) = delete;
   NodeArena& operator=(const NodeArena&) = delete;
 
   template <class Node, class... Arguments>
   std::unique_ptr<Node> make(Arguments&&... arguments) {
-    static_assert(sizeof(Node) <= firstBlockBytes && alignof(Node) <= alignment);
+    static_assert(sizeof(Node) <= 2 * fewestBytes && alignof(Node) <= alignment);
     return std::unique_ptr<Node>(new (*this) Node(std::forward<Arguments>(arguments)...));
   }
 
@@ -29,9 +30,16 @@ class NodeArena {
     return std::exchange(next_, next_ + size);
   }
 
- private:
+ protected:
   static constexpr std::size_t alignment = alignof(std::max_align_t);
-  static constexpr std::size_t firstBlockBytes = 1024;     // tuning: enough for most formulas
+
+  void useFirst(std::byte* block, std::size_t size) {
+    next_ = block;
+    free_ = blockBytes_ = size;
+  }
+
+ private:
+  static constexpr std::size_t fewestBytes = 64;           // tuning
   static constexpr std::size_t largestBlockBytes = 65536;  // tuning
 
   void addBlock() {
@@ -41,9 +49,19 @@ class NodeArena {
     free_ = blockBytes_ = size;
   }
 
-  alignas(alignment) std::array<std::byte, firstBlockBytes> firstBlock_;
-  std::byte* next_ = firstBlock_.data();
-  std::size_t free_ = firstBlockBytes;
-  std::size_t blockBytes_ = firstBlockBytes;  // size of the last block
+  std::byte* next_ = nullptr;
+  std::size_t free_ = 0;
+  std::size_t blockBytes_ = fewestBytes;  // size of the last block
   std::vector<std::unique_ptr<std::byte[]>> blocks_;
+};
+
+/// The memory of a tree that lives as long as a call. The first block is part of it.
+class LocalNodeArena : public NodeArena {
+ public:
+  LocalNodeArena() { useFirst(firstBlock_.data(), firstBlockBytes); }
+
+ private:
+  static constexpr std::size_t firstBlockBytes = 1024;  // tuning: enough for most formulas
+
+  alignas(alignment) std::array<std::byte, firstBlockBytes> firstBlock_;
 };

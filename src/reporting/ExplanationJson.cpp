@@ -1,4 +1,5 @@
-#include "json/JsonText.h"
+#include "reporting/ExplanationJson.h"
+
 #include "model/ShownText.h"
 #include "reporting/ExplanationWords.h"
 #include "text/ShortNumber.h"
@@ -13,7 +14,9 @@ namespace {
 
 class Writer {
  public:
-  std::string write(const FormulaExplanation& explained);
+  explicit Writer(JsonText& json) : json_(json) {}
+
+  void write(const FormulaExplanation& explained);
 
  private:
   void text(const char* name, const std::string& bytes) { json_.key(name).text(wholeText(bytes)); }
@@ -50,7 +53,7 @@ class Writer {
   void node(const FormulaExplanation::Node& node);
   void outcome(const FormulaExplanation& explained);
 
-  JsonText json_;
+  JsonText& json_;
 };
 
 void Writer::span(const char* name, const FormulaSpan& span) {
@@ -103,7 +106,7 @@ void Writer::outcome(const FormulaExplanation& explained) {
         [&](const std::string& spelling) { json_.text(wholeText(spelling)); });
 }
 
-std::string Writer::write(const FormulaExplanation& explained) {
+void Writer::write(const FormulaExplanation& explained) {
   json_.beginObject();
   text("formula", explained.formula());
   if (!explained.unitTypeId().empty()) text("unit", explained.unitTypeId());
@@ -122,11 +125,18 @@ std::string Writer::write(const FormulaExplanation& explained) {
     text("spelling", it.spelling());
   });
   json_.endObject();
-  return json_.str();
 }
 
 }  // namespace
 
-std::string FormulaExplanation::toJson() const { return Writer().write(*this); }
+void writeExplanation(JsonText& json, const FormulaExplanation& explained) {
+  Writer(json).write(explained);
+}
+
+std::string FormulaExplanation::toJson() const {
+  JsonText json;
+  writeExplanation(json, *this);
+  return json.str();
+}
 
 }  // namespace Units

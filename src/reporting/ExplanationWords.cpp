@@ -35,11 +35,11 @@ constexpr const char* reasons[] = {"done",
                                    "other"};
 
 constexpr const char* tokenKinds[] = {
-    "other",       "operator",         "function",         "number",
-    "unit-symbol", "open-parenthesis", "close-parenthesis"};
+    "other",       "operator",         "function",          "number",
+    "unit-symbol", "open-parenthesis", "close-parenthesis", "variable"};
 
-constexpr const char* nodeKinds[] = {"other",    "number", "operator",
-                                     "function", "symbol", "parentheses"};
+constexpr const char* nodeKinds[] = {"other",  "number",      "operator", "function",
+                                     "symbol", "parentheses", "variable"};
 
 constexpr const char* warningKinds[] = {"other",
                                         "hyphen-is-separator",

@@ -1,9 +1,10 @@
 /// Four threads read one engine with every reading operation, from its first call on, apply the
-/// same prepared conversions, and get what one thread gets; then each of them fills an engine of
-/// its own. For ThreadSanitizer to watch.
+/// same prepared conversions, evaluate the same table of parameters, and get what one thread gets;
+/// then each of them fills an engine of its own. For ThreadSanitizer to watch.
 #include "tests/robustness/Operations.h"
 #include "tests/support/Check.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cstdlib>
 #include <functional>
@@ -30,11 +31,18 @@ void onAllThreads(const Results& expected, const std::function<Results(std::size
   for (const Results& got : results) check(got == expected, "a thread gets something else");
 }
 
-/// A shared engine with conversions that it has prepared.
+/// A shared engine with conversions that it has prepared, and a table that is due.
 struct Shared {
   const Engine engine = sampleEngine();
   const Units::PreparedConversion plain{*engine, "foot", "inch"};
   const Units::PreparedConversion inverted{*engine, "foot", "perInch"};
+  Units::ParameterTable table{*engine};
+
+  Shared() {
+    for (int i = 0; i < 20; ++i)
+      table.set("p" + std::to_string(i), i == 0 ? "1" : "p" + std::to_string(i / 2) + " + other");
+    table.set("other", "2");
+  }
 
   /// Each thread begins elsewhere, so that different operations meet.
   Results read(std::size_t first) const {
@@ -44,6 +52,9 @@ struct Shared {
       const std::size_t at = (first + i) % operations.size();
       results[at] = outcome([&] { return operations[at].run(*engine); });
     }
+    for (std::size_t i = 0; i < 20; ++i)
+      results.push_back(written(table.value("p" + std::to_string((first + i) % 20))));
+    std::sort(results.end() - 20, results.end());
     for (double value : {-1.0, 0.0, 0.1, 1e300}) {
       results.push_back(written(inverted(value)));
       plain.convert(&value, &value, 1);

@@ -132,6 +132,20 @@ Row reporting(const std::string& name,
           true};
 }
 
+Row tabling(const std::string& name,
+            const std::function<trelvon_status(trelvon_parameters*, trelvon_error**)>& use) {
+  return {"parameters_" + name, [=](trelvon_engine* e, trelvon_error** error) {
+            return with<trelvon_parameters>(
+                [&](auto made) { return trelvon_parameters_create(e, made, error); },
+                trelvon_parameters_free,
+                [&](auto made) {
+                  const trelvon_status status = trelvon_parameters_set(
+                      made, trelvon_string("width"), trelvon_string("2 ft + x"), nullptr, error);
+                  return status == TRELVON_OK ? use(made, error) : status;
+                });
+          }};
+}
+
 Row evaluating(const std::string& formula, trelvon_resolver resolver) {
   return {"evaluate " + formula, [=](trelvon_engine* e, trelvon_error** error) {
             double value = 0;
@@ -226,6 +240,14 @@ std::vector<Row> rows() {
           return trelvon_names_why_not(n, text(longName), bytes, size, error);
         });
       })};
+  all.push_back(tabling("rename", [=](auto table, auto error) {
+    return trelvon_parameters_rename(table, t("width"), text(longName), error);
+  }));
+  all.push_back(tabling("explain_json", [=](auto table, auto error) {
+    return writes([&](auto bytes, auto size) {
+      return trelvon_parameters_explain_json(table, t("width"), bytes, size, error);
+    });
+  }));
   for (const trelvon_kind kind :
        {TRELVON_DIMENSION, TRELVON_FACTOR, TRELVON_UNIT, TRELVON_SYMBOL, TRELVON_QUANTITY})
     all.push_back(listing("records", [=](auto e, auto list, auto error) {

@@ -14,7 +14,7 @@
 
 namespace {
 
-NodeArena arena;  // of the nodes that are made by hand
+LocalNodeArena arena;  // of the nodes that are made by hand
 
 TEST(Evaluation, AddsWhatMatches) {
   expectOutcomes({"2 ft + 3 in = 27 inch^1", "(2 ft) - 3 in = 21 inch^1",

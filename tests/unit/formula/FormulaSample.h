@@ -63,7 +63,7 @@ class Sample {
   std::string outcome(std::string_view formula,
                       const VariableResolver& resolver = rejectIdentifier) const {
     try {
-      NodeArena nodes;
+      LocalNodeArena nodes;
       std::unique_ptr<Expression> root;
       double value = 0;
       UnitPowerMap units = {{"replaced", 1}};

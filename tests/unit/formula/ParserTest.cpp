@@ -9,7 +9,7 @@
 
 namespace {
 
-NodeArena arena;  // of the nodes that are made by hand
+LocalNodeArena arena;  // of the nodes that are made by hand
 
 constexpr const char* unexpected =
     "legacy code dbgWarn: Unexpected parse error. Dresmond 9-May-2004";
@@ -68,7 +68,7 @@ TEST(Parser, RefusesTokensThatNoTokenizerGives) {
           .take({static_cast<FormulaTokenType>(type), text});
     });
   };
-  EXPECT_EQ(take(7, "x"), "legacy code dbgWarn: Unknown token type. Dresmond 8-May-2004");
+  EXPECT_EQ(take(8, "x"), "legacy code dbgWarn: Unknown token type. Dresmond 8-May-2004");
   EXPECT_EQ(take(1, "%"), unexpected);
   EXPECT_EQ(take(2, "sine"), unexpected);
   FormulaParser parser(arena, sample.texts(), sample.engine, units);

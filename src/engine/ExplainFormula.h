@@ -1,0 +1,21 @@
+#pragma once
+
+#include "engine/UnitsEngineImpl.h"
+#include "formula/FormulaRecorder.h"
+
+#include <TrelvonUnits/FormulaExplanation.h>
+
+#include <string>
+
+namespace Units {
+
+/// Explains a formula for what it is asked for.
+///
+/// @param unit   the requested unit, of the engine. Null except for InUnit.
+/// @param known  null if all identifiers are replaced.
+/// @throws whatever the resolver throws, unless it is a ParseException.
+FormulaExplanation explainWith(const UnitsEngineImpl& engine, FormulaGoal goal, const Unit* unit,
+                               const std::string& formula, const VariableResolver& resolver,
+                               KnownVariables* known, HiddenVariables hidden);
+
+}  // namespace Units
