@@ -3,7 +3,7 @@
 cmake_minimum_required(VERSION 3.25)
 
 # Every module may include itself, include/TrelvonUnits and only these:
-set(rooms model registry json text formula schema engine reporting loading prepared naming)
+set(rooms model registry json text formula schema engine reporting loading prepared naming display)
 set(registry_sees model)
 set(json_sees rapidjson)
 set(text_sees model)
@@ -12,6 +12,7 @@ set(schema_sees json registry model)
 set(engine_sees schema formula prepared registry text model)
 set(reporting_sees loading schema json text model)
 set(naming_sees json text model)
+set(display_sees json text model)
 # The folders around the library. Only those that check our use of RapidJSON may include it.
 set(tests_sees ${rooms} tests tools)
 set(tests/unit/json_sees ${rooms} tests rapidjson)
