@@ -115,10 +115,32 @@ void splitDigits(const SignificantDigits& rounded, const NumberForm& form, Round
   splitUnits(count, form, number);
 }
 
+bool isZero(const RoundedNumber& number) {
+  return number.fraction == 0 && number.whole == "0" && number.parts[0] == 0 &&
+         number.parts[1] == 0;
+}
+
+/// A composite has no more places than a reader takes.
+void roundToMostPlaces(double magnitude, const NumberForm& form, RoundedNumber& number) {
+  NumberForm inPlaces = form;
+  inPlaces.kind = NumberForm::Kind::Places;
+  inPlaces.digits = FixedPointNumberRenderer::maximumPrecision;
+  roundToSteps(magnitude, inPlaces, number);
+  if (isZero(number)) number.places = std::min(form.digits - 1, inPlaces.digits);  // as zero has
+}
+
 void roundToDigits(double magnitude, const NumberForm& form, RoundedNumber& number) {
+  constexpr double alwaysInRange = 1e308;  // with fewer digits, a larger one might be no double
+  constexpr int mostDigits = 17;
   const double total = magnitude * form.lastUnits;
-  if (std::isfinite(total)) return splitDigits(significantDigits(total, form.digits), form, number);
-  Natural count = countExactly(magnitude, form);  // all digits, rather than none
+  if (std::isfinite(total)) {
+    const SignificantDigits rounded =
+        significantDigits(total, magnitude < alwaysInRange ? form.digits : mostDigits);
+    const bool isTooFine = -rounded.exponent > FixedPointNumberRenderer::maximumPrecision;
+    return form.layout && isTooFine ? roundToMostPlaces(magnitude, form, number)
+                                    : splitDigits(rounded, form, number);
+  }
+  Natural count = countExactly(magnitude, form);
   splitUnits(count, form, number);
 }
 
@@ -126,11 +148,6 @@ void reduceFraction(RoundedNumber& number) {
   const auto divisor = std::gcd(static_cast<std::uint32_t>(number.fraction), number.denominator);
   number.fraction /= divisor;
   number.denominator /= divisor;
-}
-
-bool isZero(const RoundedNumber& number) {
-  return number.fraction == 0 && number.whole == "0" && number.parts[0] == 0 &&
-         number.parts[1] == 0;
 }
 
 }  // namespace
