@@ -160,7 +160,11 @@ DisplayOptions OptionsReader::read() {
        {"minus", &OptionsReader::setMinus},
        {"noBreakSpaces", &OptionsReader::setTruth<&DisplayOptions::hasNoBreakSpaces>},
        {"best", &OptionsReader::setBest}}};
-  if (places_.fault()) refuse(places_.fault()->offset, places_.fault()->reason);
+  if (const auto& fault = places_.fault()) {
+    std::string_view reason = fault->reason;
+    if (!reason.empty() && reason.back() == '.') reason.remove_suffix(1);
+    refuse(fault->offset, std::string(reason));
+  }
   require(0, Kind::Object, "an object");
   readMembers(0, members.begin(), members.end());
   return options_;

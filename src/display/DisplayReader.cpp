@@ -365,6 +365,7 @@ std::unique_ptr<DisplayReadingContents> DisplayReader::read() {
   begin_ = at_;
   double value = 0.0;
   made_->isRead = display_.form.layout ? readComposite(value) : readPlain(value);
+  if (made_->isRead) skipSpaces();
   if (made_->isRead && display_.form.layout && at_ != end_)
     made_->isRead = refuse(at_, end_, inQuotes(between(at_, end_)) + " is not expected.");
   if (made_->isRead && display_.form.layout) {

@@ -52,6 +52,10 @@ static void nulls(void) {
   REFUSED(trelvon_names_create(engine, NULL, 1, (trelvon_names**)&list, NULL));
   REFUSED(trelvon_names_find(NULL, t("m"), &list, NULL));
   REFUSED(trelvon_units_with_powers(engine, NULL, 1, &list, NULL));
+  REFUSED(trelvon_display_create(NULL, t("{}"), (trelvon_display**)&list, NULL));
+  REFUSED(trelvon_display_show(NULL, 1, NULL, &size, NULL));
+  REFUSED(trelvon_display_read(NULL, t("1"), &value, NULL));
+  REFUSED(trelvon_display_locales(NULL, NULL));
   REFUSED(trelvon_answer_text(NULL, t("m")));
   REFUSED(trelvon_list_unit(NULL, 0, &unit, NULL));
   CHECK(value == 7 && size == 9 && list == NULL);
