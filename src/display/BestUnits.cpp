@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <utility>
 
 namespace Units {
 
@@ -46,21 +48,31 @@ std::vector<Symbol> symbolsOfQuantity(const UnitsEngine& engine, const DisplayCo
   return symbols;
 }
 
-void addScale(const UnitsEngine& engine, const Symbol& symbol, DisplayContents& display) {
-  DisplayScale scale = scaleOf(engine, symbol, display.unit);
+struct SizedScale {
+  double size;
+  std::size_t place;  // in the list
+  DisplayScale scale;
+};
+
+SizedScale sizedScaleOf(const UnitsEngine& engine, const Symbol& symbol, std::size_t place,
+                        const std::string& unitTypeId) {
+  const DisplayScale scale = scaleOf(engine, symbol, unitTypeId);
   const double size = sizeOf(scale);
   if (!(size > 0.0) || !std::isfinite(size))
-    throw ValidationException("display: " + symbol.getTypeId() +
+    throw ValidationException("display: " + scale.symbol +
                               " cannot be the best unit: its zero or its direction differs.");
-  std::vector<DisplayScale>& scales = display.scales;
-  const auto place = std::find_if(scales.begin(), scales.end(),
-                                  [&](const DisplayScale& other) { return sizeOf(other) >= size; });
-  if (place != scales.end() && sizeOf(*place) == size) return;  // the first of equal ones
-  for (const DisplayScale& other : scales)
-    if (other.text == scale.text)
-      throw ValidationException("display: " + other.symbol + " and " + scale.symbol +
-                                " look the same.");
-  scales.insert(place, scale);
+  return {size, place, scale};
+}
+
+/// Sorts scales by size. Of equal ones, only the first is left.
+void sortScales(std::vector<SizedScale>& sized) {
+  std::sort(sized.begin(), sized.end(), [](const SizedScale& left, const SizedScale& right) {
+    return std::pair(left.size, left.place) < std::pair(right.size, right.place);
+  });
+  const auto equal = [](const SizedScale& left, const SizedScale& right) {
+    return left.size == right.size;
+  };
+  sized.erase(std::unique(sized.begin(), sized.end(), equal), sized.end());
 }
 
 }  // namespace
@@ -93,15 +105,21 @@ void addBestUnits(const UnitsEngine& engine, DisplayContents& display) {
   const DisplayOptions& options = display.options;
   if (options.bestSymbols.empty() && options.bestQuantity.empty()) return;
   const std::string home = display.scales.front().symbol;
-  const std::vector<Symbol> symbols = options.bestSymbols.empty()
-                                          ? symbolsOfQuantity(engine, display)
-                                          : symbolsOfList(engine, options);
-  const DisplayScale own = display.scales.front();
+  std::vector<SizedScale> sized = {sizedScaleOf(engine, engine.getSymbol(home), 0, display.unit)};
+  for (const Symbol& symbol : options.bestSymbols.empty() ? symbolsOfQuantity(engine, display)
+                                                          : symbolsOfList(engine, options))
+    sized.push_back(sizedScaleOf(engine, symbol, sized.size(), display.unit));
+  sortScales(sized);
   display.scales.clear();
-  addScale(engine, engine.getSymbol(own.symbol), display);
-  for (const Symbol& symbol : symbols) addScale(engine, symbol, display);
-  for (std::size_t i = 0; i < display.scales.size(); ++i)
-    if (display.scales[i].symbol == home) display.home = i;
+  std::map<std::string, std::string> symbolsByText;
+  for (const SizedScale& each : sized) {
+    const auto [other, isNew] = symbolsByText.emplace(each.scale.text, each.scale.symbol);
+    if (!isNew)
+      throw ValidationException("display: " + other->second + " and " + each.scale.symbol +
+                                " look the same.");
+    if (each.scale.symbol == home) display.home = display.scales.size();
+    display.scales.push_back(each.scale);
+  }
 }
 
 }  // namespace Units

@@ -134,8 +134,8 @@ bool DisplayReader::refuseMarks(const WrittenNumber& written) {
     if (!made_->readings.empty() && made_->readings.front() == value) continue;
     made_->readings.push_back(value);
     std::string spelling = number->digits;
-    if (number->places == primaryGroup && style.groups)
-      spelling += '0';  // as there is no doubt then
+    if (number->places == primaryGroup && display_.form.isWhole() && style.groups)
+      spelling += '0';  // four digits are no group
     if (number->places > 0) spelling.replace(spelling.find('.'), 1, style.decimalMark);
     spellings.push_back(inQuotes(spelling));
   }

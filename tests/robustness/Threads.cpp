@@ -35,6 +35,8 @@ struct Shared {
   const Engine engine = sampleEngine();
   const Units::PreparedConversion plain{*engine, "foot", "inch"};
   const Units::PreparedConversion inverted{*engine, "foot", "perInch"};
+  const Units::ValueDisplay display =
+      Units::ValueDisplay::fromJson(*engine, R"({"symbol":"x:feetAndInches-1","places":2})");
 
   /// Each thread begins elsewhere, so that different operations meet.
   Results read(std::size_t first) const {
@@ -46,6 +48,8 @@ struct Shared {
     }
     for (double value : {-1.0, 0.0, 0.1, 1e300}) {
       results.push_back(written(inverted(value)));
+      const Units::ValueDisplay copy = display;
+      results.push_back(copy.read(copy.show(value)).toJson());
       plain.convert(&value, &value, 1);
       results.push_back(written(value));
     }

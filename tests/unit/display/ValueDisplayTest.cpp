@@ -136,7 +136,7 @@ TEST(ValueDisplay, ReadsStrictlyAndSaysWhyNot) {
       {inches, "5' 6.0000000000001\"", "0-19 `0000000000001` are more than 12 decimal places."},
       {german, "1.234,5", "1234.5"},
       {german, "1,234 mm", "1.234"},
-      {german, "1.234", "0-5 `1.234` has two readings: write `1,2340` or `1234`."},
+      {german, "1.234", "0-5 `1.234` has two readings: write `1,234` or `1234`."},
       {german, "-1,234.5", "1-8 `1,234.5` has two readings: write `1234,5` or `1,2345`."},
       {german, "1.234.5",
        "0-7 `1.234.5` is not written as numbers are here, where the decimal mark "
