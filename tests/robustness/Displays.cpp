@@ -296,6 +296,22 @@ class Checker {
   std::vector<Displays> displays_;
 };
 
+/// Each symbol of the catalog is told from the number beside it.
+void readAllSymbols(const Units::UnitsEngine& engine, Random& random) {
+  for (const auto& [typeId, symbol] : engine.getSymbols()) {
+    DisplayOptions options;
+    options.symbol = typeId;
+    options.groups = true;
+    options.locale = random.oneOf(ValueDisplay::locales());
+    options.hasNoBreakSpaces = random.oneIn(2);
+    if (symbol.getPrefixOrSuffix() && random.oneIn(2)) options.denominator = 8;
+    const ValueDisplay display(engine, options);
+    for (const double value : {0.5, 12.0, -1234567.25})
+      check(display.read(display.show(value)).value() == value, display.show(value), " by ",
+            display.toJson());
+  }
+}
+
 /// Plain symbols show what the engine shows.
 void compareWithEngine(const Units::UnitsEngine& engine, Random& random, long count) {
   const std::string kilogram = layouts[1].symbol;
@@ -325,7 +341,7 @@ void compareWithEngine(const Units::UnitsEngine& engine, Random& random, long co
 int main(int count, char** arguments) {
   const long values = count > 1 ? std::atol(arguments[1]) : 100000000;
   const std::unique_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());
-  for (const char* pack : {"core", "symbols"})
+  for (const char* pack : {"core", "symbols", "aliases"})
     Schemas::SchemaUtility::addDefinitionsFromFolder(std::string(TRELVON_SCHEMAS_DIR "/") + pack,
                                                      *engine);
   Random random(2);
@@ -335,6 +351,7 @@ int main(int count, char** arguments) {
     checker.checkMade();
   }
   compareWithEngine(*engine, random, values);
+  readAllSymbols(*engine, random);
   report(values, " values, ", checker.halfway,
          " of them halfway; texts in two locales: ", checker.equal, " equal, ", checker.refused,
          " refused in one");
