@@ -73,6 +73,33 @@ int main() {
     for (int time = 0; time < kTimes; ++time)
       keep(engine.formatFixedPoint(1234.5 + time, 2, &kilogram, false).data());
   });
+  const auto show = [&](const char* name, const Units::ValueDisplay& display) {
+    count(name, [&] {
+      for (int time = 0; time < kTimes; ++time) keep(display.show(1234.5 + time).data());
+    });
+  };
+  Units::DisplayOptions options;
+  options.symbol = kilogram;
+  options.places = 2;
+  show("display", Units::ValueDisplay(engine, options));
+  options.groups = true;
+  options.locale = "mr";  // digits and marks of its own
+  show("marathi", Units::ValueDisplay(engine, options));
+  const std::string feetAndInches = "trelvon.symbol:feetAndInches-1.0.0";
+  count("inches", [&] {
+    for (int time = 0; time < kTimes; ++time)
+      keep(engine.formatFractional(1234.5 + time, 4, &feetAndInches).data());
+  });
+  Units::DisplayOptions inches;
+  inches.symbol = feetAndInches;
+  inches.denominator = 16;
+  show("feet", Units::ValueDisplay(engine, inches));
+  inches.denominator.reset();
+  count("inchplaces", [&] {
+    for (int time = 0; time < kTimes; ++time)
+      keep(engine.formatFixedPoint(1234.5 + time, 6, &feetAndInches, true).data());
+  });
+  show("tidyfeet", Units::ValueDisplay(engine, inches));
   count("snprintf", [] {
     char text[64];
     for (int time = 0; time < kTimes; ++time) {

@@ -3,7 +3,8 @@
 cmake_minimum_required(VERSION 3.25)
 
 # Every module may include itself, include/TrelvonUnits and only these:
-set(rooms model registry json text formula schema engine reporting loading prepared naming parameters)
+set(rooms model registry json text formula schema engine reporting loading prepared naming display
+  parameters)
 set(registry_sees model)
 set(json_sees rapidjson)
 set(text_sees model)
@@ -13,6 +14,7 @@ set(engine_sees schema formula prepared registry text model)
 set(reporting_sees loading schema json text model)
 set(naming_sees json text model)
 set(parameters_sees engine formula registry model)
+set(display_sees json text model)
 # The folders around the library. Only those that check our use of RapidJSON may include it.
 set(tests_sees ${rooms} tests tools)
 set(tests/unit/json_sees ${rooms} tests rapidjson)

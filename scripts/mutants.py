@@ -35,7 +35,7 @@ import reasons
 
 SHARE = 90.0  # percent
 ROOMS = ("model", "registry", "json", "text", "formula", "schema", "engine", "reporting", "loading",
-         "prepared", "naming")
+         "prepared", "naming", "display")
 ROOT = os.path.dirname(os.path.dirname(os.path.realpath(__file__)))
 WORK = os.path.join(ROOT, "build", "mutants")
 TREE = os.path.join(WORK, "tree")

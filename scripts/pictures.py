@@ -154,10 +154,15 @@ def rooms(_):
     names = re.search(r"^set\(rooms ([\w ]+)\)$", source, re.M)[1].split()
     sees = {name: [other for other in seen.get(name, "").split() if other in names]
             for name in names}
+    alike = {}  # rooms that include the same, and that none includes, share a box
+    for name in names:
+        is_included = any(name in others for others in sees.values())
+        alike.setdefault(name if is_included else tuple(sees[name]), []).append(name)
+    names = {group[0]: [", ".join(group)] for group in alike.values()}
     edges = {(name, other): "" for name in names for other in sees[name]
              if not any(other in sees[between] for between in sees[name])}
     drawing = Drawing(370, "The rooms of the library and who may include whom")
-    draw_graph(drawing, {name: [name] for name in names}, edges, 35, 80)
+    draw_graph(drawing, names, edges, 35, 80)
     drawing.box(10, 320, WIDTH - 20, 36, "good")
     drawing.text(WIDTH / 2, 343,
                  "include/TrelvonUnits: the public headers, which every room may include")

@@ -111,6 +111,8 @@ step "Proportions: one dimension of definitions blown up, and pairs" \
 step "Depth on a small stack, full size" "$programs"/robustness_Depths
 step "Callbacks" "$programs"/robustness_Callbacks
 step "Arrays, a billion numbers by each loop" "$programs"/robustness_Arrays 1000
+step "Displays, 100,000,000 random values, and as many texts in two locales" \
+  "$programs"/robustness_Displays
 step "Threads: build with ThreadSanitizer" build tsan
 step "Threads" build/tsan/tests/robustness/robustness_Threads 100
 step "Memcheck of the suite" memcheck

@@ -38,4 +38,5 @@
 #include <TrelvonUnits/UnitCodes.h>
 #include <TrelvonUnits/UnitNames.h>
 #include <TrelvonUnits/UnitsEngine.h>
+#include <TrelvonUnits/ValueDisplay.h>
 #include <TrelvonUnits/VariableResolver.h>

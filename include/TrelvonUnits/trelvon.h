@@ -69,6 +69,8 @@ typedef struct trelvon_explanation trelvon_explanation;
 typedef struct trelvon_load_report trelvon_load_report;
 /// Records, names or texts, which never change. Texts that are read from it stay valid as long as it.
 typedef struct trelvon_list trelvon_list;
+/// How values are shown; see ValueDisplay.h.
+typedef struct trelvon_display trelvon_display;
 /// Where a resolver puts its answer.
 typedef struct trelvon_answer trelvon_answer;
 
@@ -108,7 +110,7 @@ TRELVON_API trelvon_status trelvon_error_status(const trelvon_error* error);
 /// error.
 TRELVON_API trelvon_text trelvon_error_message(const trelvon_error* error);
 
-/// Returns 1 and the bytes of the formula that were refused, or 0 if the error is about no formula.
+/// Returns 1 and the bytes of the formula or text that were refused, or 0 if the error is about none.
 /// For what a variable was replaced by, they are those of the variable.
 TRELVON_API int trelvon_error_span(const trelvon_error* error, size_t* begin, size_t* end);
 
@@ -146,6 +148,42 @@ TRELVON_API trelvon_status trelvon_format_fractional(const trelvon_engine* engin
                                                      unsigned precision, const trelvon_text* symbol,
                                                      char* buffer, size_t* size,
                                                      trelvon_error** error);
+
+/* Displays */
+
+/// Makes a display of options in JSON, which docs/display.md describes. It does not refer to the engine
+/// afterward.
+TRELVON_API trelvon_status trelvon_display_create(const trelvon_engine* engine, trelvon_text json,
+                                                  trelvon_display** display, trelvon_error** error);
+
+/// Frees a display.
+TRELVON_API void trelvon_display_free(trelvon_display* display);
+
+/// Writes a value as text.
+TRELVON_API trelvon_status trelvon_display_show(const trelvon_display* display, double value,
+                                                char* buffer, size_t* size, trelvon_error** error);
+
+/// Reads a text as the display shows values. A text that is refused gives TRELVON_PARSE, with the span
+/// of what was refused.
+TRELVON_API trelvon_status trelvon_display_read(const trelvon_display* display, trelvon_text text,
+                                                double* value, trelvon_error** error);
+
+/// Writes how a text is read, value or refusal, as one JSON object; docs/display.md describes it. The
+/// status of a refusal is TRELVON_OK.
+TRELVON_API trelvon_status trelvon_display_read_json(const trelvon_display* display,
+                                                     trelvon_text text, char* buffer, size_t* size,
+                                                     trelvon_error** error);
+
+/// Writes the options that are not the defaults, for `trelvon_display_create`.
+TRELVON_API trelvon_status trelvon_display_json(const trelvon_display* display, char* buffer,
+                                                size_t* size, trelvon_error** error);
+
+/// Writes the type id of the unit in which values are counted; an empty text if there is none.
+TRELVON_API trelvon_status trelvon_display_unit(const trelvon_display* display, char* buffer,
+                                                size_t* size, trelvon_error** error);
+
+/// Lists the names of all locales, as texts in byte order.
+TRELVON_API trelvon_status trelvon_display_locales(trelvon_list** locales, trelvon_error** error);
 
 /* Formulas */
 

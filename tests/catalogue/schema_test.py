@@ -103,6 +103,20 @@ FAULTY_CODES = [
     (CODES, '"differs": {"ucum:', '"differs": {"rec21:'),
 ]
 
+DISPLAYS = [  # and whether they are sound
+    ({}, True),
+    ({"symbol": "a", "places": 12, "groupMark": "\u202f", "best": {"quantity": "q", "least": 0.5}}, True),
+    ({"symbol": "a", "denominator": 512, "locale": "de_CH", "minus": "sign"}, True),
+    ({"places": 13}, False),
+    ({"places": 1, "significant": 1}, False),
+    ({"denominator": 3}, False),
+    ({"locale": "German"}, False),
+    ({"symbol": ""}, False),
+    ({"trim": True}, False),
+    ({"best": {"quantity": "q"}}, False),
+    ({"unit": "a", "best": {"quantity": "q", "symbols": ["s"]}}, False),
+]
+
 # What tells one sound file from another: names and texts. Files that differ in nothing else, digits
 # apart, need no second look.
 VARYING = re.compile(
@@ -143,6 +157,12 @@ class DefinitionSchema(unittest.TestCase):
             if shape not in seen:
                 self.assertEqual(self.complaints(text), [], path)
             seen.add(shape)
+
+    def test_tells_displays_that_can_be(self):
+        displays = validator("display.schema.json")
+        for display, is_sound in DISPLAYS:
+            with self.subTest(display=display):
+                self.assertEqual(displays.is_valid(display), is_sound)
 
     def test_refuses_slips_of_the_pen(self):
         for fault in FAULTS + FAULTY_CODES:

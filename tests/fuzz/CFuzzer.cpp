@@ -165,6 +165,16 @@ void read(Calls& calls, std::size_t which) {
     case 6:
       calls.lists(trelvon_convertible_units(engine, text, calls.result(list), calls.error()), list);
       break;
+    case 7: {
+      trelvon_display* display = nullptr;
+      calls.returns(trelvon_display_create(engine, formula, calls.result(display), calls.error()));
+      calls.returns(trelvon_display_read(display, text, calls.result(value), calls.error()), &text);
+      calls.writes([&](auto bytes, auto size, auto error) {
+        return trelvon_display_show(display, calls.number(), bytes, size, error);
+      });
+      trelvon_display_free(display);
+      break;
+    }
     default: {
       trelvon_names* names = nullptr;
       calls.returns(trelvon_names_create(engine, calls.optional(formula), 1, calls.result(names),

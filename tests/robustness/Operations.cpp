@@ -150,6 +150,26 @@ std::vector<Operation> readingOperations() {
                    written(e.getUnitsWithPrimitivePowers({{"inch", 1}})) +
                    written(e.getSymbolsOfUnit("foot")) + written(e.getQuantitiesOfUnit("inch"));
           }),
+      row("ValueDisplay",
+          [](auto& e) {
+            const auto display = Units::ValueDisplay::fromJson(
+                e,
+                R"({"symbol":"x:feetAndInches-1","significant":17,"locale":"mr","groups":true})");
+            const std::string text = display.show(-1e300);
+            return display.toJson() + text + display.read(text).toJson() +
+                   display.read("1.234,5").toJson();
+          }),
+      row("ValueDisplay of the best unit",
+          [](auto& e) {
+            const auto display = Units::ValueDisplay::fromJson(
+                e, R"({"unit":"inch","best":{"symbols":["dollar"]}})");
+            return display.show(1) + display.read("$ 5").toJson();
+          }),
+      row("ValueDisplay, refused",
+          [](auto& e) {
+            return Units::ValueDisplay::fromJson(e, R"({"a member that is long enough":1})")
+                .toJson();
+          }),
       row("UnitNames",
           [](auto& e) {
             const Units::UnitNames names(e);

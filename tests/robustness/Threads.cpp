@@ -43,6 +43,8 @@ struct Shared {
       table.set("p" + std::to_string(i), i == 0 ? "1" : "p" + std::to_string(i / 2) + " + other");
     table.set("other", "2");
   }
+  const Units::ValueDisplay display =
+      Units::ValueDisplay::fromJson(*engine, R"({"symbol":"x:feetAndInches-1","places":2})");
 
   /// Each thread begins elsewhere, so that different operations meet.
   Results read(std::size_t first) const {
@@ -57,6 +59,8 @@ struct Shared {
     std::sort(results.end() - 20, results.end());
     for (double value : {-1.0, 0.0, 0.1, 1e300}) {
       results.push_back(written(inverted(value)));
+      const Units::ValueDisplay copy = display;
+      results.push_back(copy.read(copy.show(value)).toJson());
       plain.convert(&value, &value, 1);
       results.push_back(written(value));
     }

@@ -38,6 +38,8 @@ const Option asOption = {"as", "SYMBOL",
                          "--fraction as many decimal places as matter"};
 const Option tidyOption = without(flag("tidy", "15 digits, which hide rounding in the last one"),
                                   {"places", "fraction", "as"});
+const Option localeOption = {"locale", "NAME",
+                             "write the number as in de, en-IN ..., with its marks and digits"};
 const Option setOption =
     repeatable({"set", "NAME=TEXT", "give a variable its text, such as width=\"2 ft\""});
 
@@ -53,7 +55,10 @@ Command convertCommand() {
       fractionOption,
       asOption,
       tidyOption,
-      repeatable({"column", "COLUMN", "convert a column, by its number or its name in the header"}),
+      localeOption,
+      without(repeatable({"column", "COLUMN",
+                          "convert a column, by its number or its name in the header"}),
+              {"locale"}),
       repeatable({"from", "UNIT", "the unit of the cells: one for all columns, or one for each"}),
       repeatable({"to", "UNIT", "the unit to convert to: one for all columns, or one for each"}),
       without(flag("from-header", "read the unit from the header, width [ft], and rewrite it"),
@@ -83,6 +88,7 @@ Command evalCommand() {
                      placesOption,
                      fractionOption,
                      tidyOption,
+                     localeOption,
                      setOption};
   command.examples = {
       {R"(trelvon eval "5' 6 1/2\" + 3 cm" --to ft --as feetAndInches --fraction 4)",
@@ -120,10 +126,21 @@ Command explainCommand() {
 Command formatCommand() {
   Command command = {"format", "NUMBER", 1, 1};
   command.summary = "Writes a number as display text";
-  command.details = "The number is not converted: it is counted in the unit of the symbol already.";
-  command.options = {asOption, placesOption, fractionOption, tidyOption};
+  command.details =
+      "The number is not converted: it is counted in the unit of the symbol already. With --locale "
+      "or "
+      "--display, it is rounded before it is split into feet and inches.";
+  command.options = {
+      asOption,
+      placesOption,
+      fractionOption,
+      tidyOption,
+      localeOption,
+      without({"display", "FILE", "write as a display that is stored as JSON says"},
+              {"as", "places", "fraction", "tidy", "locale"}),
+      flag("read", "read NUMBER, a text as it is written here, and print its value")};
   command.examples = {{"trelvon format 5.53125 --as feetAndInches --fraction 4", R"(5' 6 3/8")"},
-                      {"trelvon format 12.5 --as kilogram --places 2", "12.50 kg"}};
+                      {"trelvon format 1234567.5 --as kilogram --locale de", "1.234.567,5 kg"}};
   command.run = runFormat;
   return command;
 }

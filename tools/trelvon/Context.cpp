@@ -1,6 +1,7 @@
 #include "tools/trelvon/Context.h"
 
 #include "tools/trelvon/Failure.h"
+#include "tools/trelvon/Files.h"
 #include "tools/trelvon/Json.h"
 #include "tools/trelvon/Lookup.h"
 #include "tools/trelvon/ShownText.h"
@@ -8,6 +9,7 @@
 #include <TrelvonUnits/Exceptions.h>
 
 #include <map>
+#include <stdexcept>
 
 namespace tool {
 
@@ -70,12 +72,37 @@ VariableResolver Context::variables() const {
   };
 }
 
+Units::ValueDisplay Context::display(const NumberFormat& format) {
+  try {
+    if (arguments.has("display"))
+      return Units::ValueDisplay::fromJson(definitions.engine(),
+                                           readFile(arguments.text("display")));
+    Units::DisplayOptions options;
+    options.symbol = format.symbol.value_or("");
+    options.places = format.places;
+    if (format.fraction) options.denominator = 1 << *format.fraction;
+    options.groups = true;
+    options.locale = arguments.text("locale", "en");
+    return Units::ValueDisplay(definitions.engine(), options);
+  } catch (const std::logic_error& error) {
+    throw Failure(Status::Usage, shown(error.what()));
+  }
+}
+
 NumberFormat Context::numberFormat(std::optional<std::string>& unitTypeId) {
   NumberFormat format;
   format.places = arguments.number("places");
   format.fraction = arguments.number("fraction");
   format.isTidy = arguments.has("tidy");
-  if (!arguments.has("as")) return format;
+  if (arguments.has("as")) setSymbol(format, unitTypeId);
+  if (!arguments.has("locale") && !arguments.has("display")) return format;
+  format.display = std::make_shared<const Units::ValueDisplay>(display(format));
+  if (!unitTypeId && !format.display->unitTypeId().empty())
+    unitTypeId = format.display->unitTypeId();
+  return format;
+}
+
+void Context::setSymbol(NumberFormat& format, std::optional<std::string>& unitTypeId) {
   const Units::Symbol symbol = symbolNamed(arguments.text("as"), definitions);
   const Units::Unit shownUnit = symbol.getUnit();
   if (!unitTypeId) unitTypeId = shownUnit.getTypeId();
@@ -87,7 +114,6 @@ NumberFormat Context::numberFormat(std::optional<std::string>& unitTypeId) {
   // The parts of a composite symbol are differences, whose last places are noise.
   constexpr int placesOfParts = 6;
   if (!symbol.getPrefixOrSuffix()) format.mostPlaces = placesOfParts;
-  return format;
 }
 
 }  // namespace tool

@@ -50,12 +50,19 @@ class Context {
   /// @throws Failure  one has no name.
   VariableResolver variables() const;
 
-  /// How numbers are written, by `--places`, `--fraction`, `--as` and `--tidy`.
+  /// How numbers are written, by `--places`, `--fraction`, `--as`, `--tidy`, `--locale` and
+  /// `--display`.
   /// @param unit  in which the number is. Empty: that of the symbol, which it is set to.
   /// @throws Failure  the symbol shows another unit.
   NumberFormat numberFormat(std::optional<std::string>& unitTypeId);
 
+  /// The display of `--display`, or of `--locale` and the other options.
+  /// @throws Failure  there can be none.
+  Units::ValueDisplay display(const NumberFormat& format);
+
  private:
+  void setSymbol(NumberFormat& format, std::optional<std::string>& unitTypeId);
+
   Definitions own_;  // loads nothing unless it is asked
 };
 

@@ -33,6 +33,7 @@ std::string shortestText(double value) {
 }
 
 std::string numberText(const Units::UnitsEngine& engine, double value, const NumberFormat& format) {
+  if (format.display) return format.display->show(value);
   const std::string* const symbol = format.symbol ? &*format.symbol : nullptr;
   if (format.fraction)
     return engine.formatFractional(value, static_cast<unsigned char>(*format.fraction), symbol);

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <TrelvonUnits/UnitsEngine.h>
+#include <TrelvonUnits/ValueDisplay.h>
 
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -14,6 +16,7 @@ struct NumberFormat {
   int mostPlaces = 12;          ///< With a symbol and no other wish, without zeros at the end.
   std::optional<std::string> symbol;  ///< Type id of the symbol to show.
   bool isTidy = false;                ///< 15 digits, which hide the rounding of the last ones.
+  std::shared_ptr<const Units::ValueDisplay> display = nullptr;  ///< Which then does it all.
 };
 
 /// The shortest decimal that reads back to the same double: 0.3048, 1e+20, inf, nan.

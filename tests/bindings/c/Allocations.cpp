@@ -194,6 +194,24 @@ std::vector<Row> rows() {
        [=](auto e, auto error) { return trelvon_add_bundle_file(e, text(longName), error); }},
       {"add_folder",
        [=](auto e, auto error) { return trelvon_add_folder(e, text(longName), error); }},
+      {"display",
+       [=](auto e, auto error) {
+         return with<trelvon_display>(
+             [&](auto made) {
+               return trelvon_display_create(e, t(R"({"symbol":"x:feetAndInches-1"})"), made,
+                                             error);
+             },
+             trelvon_display_free,
+             [&](auto made) {
+               double value = 0;
+               const auto status = writes([&](auto bytes, auto size) {
+                 return trelvon_display_show(made, 1e200, bytes, size, error);
+               });
+               return status == TRELVON_OK
+                          ? trelvon_display_read(made, text(longName), &value, error)
+                          : status;
+             });
+       }},
       listing("dependencies",
               [=](auto e, auto list, auto error) {
                 return trelvon_dependencies(e, t("height"), list, error);

@@ -52,6 +52,10 @@ static void nulls(void) {
   REFUSED(trelvon_names_create(engine, NULL, 1, (trelvon_names**)&list, NULL));
   REFUSED(trelvon_names_find(NULL, t("m"), &list, NULL));
   REFUSED(trelvon_units_with_powers(engine, NULL, 1, &list, NULL));
+  REFUSED(trelvon_display_create(NULL, t("{}"), (trelvon_display**)&list, NULL));
+  REFUSED(trelvon_display_show(NULL, 1, NULL, &size, NULL));
+  REFUSED(trelvon_display_read(NULL, t("1"), &value, NULL));
+  REFUSED(trelvon_display_locales(NULL, NULL));
   REFUSED(trelvon_answer_text(NULL, t("m")));
   REFUSED(trelvon_list_unit(NULL, 0, &unit, NULL));
   CHECK(value == 7 && size == 9 && list == NULL);
@@ -72,6 +76,32 @@ static void buffers(void) {
   CHECK(size == 5 && strcmp(bytes, "#######") == 0);
   CHECK(trelvon_format_fixed(engine, 12.5, 2, NULL, 0, bytes, &size, NULL) == TRELVON_OK);
   CHECK(strcmp(bytes, "12.50##") == 0);
+}
+
+static void displays(void) {
+  char bytes[99] = "";
+  size_t size = sizeof bytes, begin = 0, end = 0;
+  double value = 0;
+  trelvon_display* display;
+  trelvon_list* locales;
+  trelvon_error* error;
+  const trelvon_text json = t("{\"places\":1,\"groups\":true,\"locale\":\"de\"}");
+  CHECK(trelvon_display_create(engine, t("{\"places\":13}"), &display, NULL) == TRELVON_PRECISION);
+  CHECK(trelvon_display_create(engine, json, &display, NULL) == TRELVON_OK);
+  CHECK(trelvon_display_show(display, 1234.56, bytes, &size, NULL) == TRELVON_OK);
+  CHECK(size == 7 && strcmp(bytes, "1.234,6") == 0);
+  CHECK(trelvon_display_read(display, t(bytes), &value, NULL) == TRELVON_OK && value == 1234.6);
+  CHECK(trelvon_display_read(display, t(" 1.234"), &value, &error) == TRELVON_PARSE);
+  CHECK(trelvon_error_span(error, &begin, &end) && begin == 1 && end == 6 && value == 1234.6);
+  trelvon_error_free(error);
+  size = sizeof bytes;
+  CHECK(trelvon_display_json(display, bytes, &size, NULL) == TRELVON_OK);
+  CHECK(size == json.size && memcmp(bytes, json.data, size) == 0);
+  size = sizeof bytes;
+  CHECK(trelvon_display_read_json(display, t("7"), bytes, &size, NULL) == TRELVON_OK && size == 71);
+  CHECK(trelvon_display_unit(display, bytes, &size, NULL) == TRELVON_OK && size == 0);
+  CHECK(trelvon_display_locales(&locales, NULL) == TRELVON_OK && trelvon_list_count(locales) > 30);
+  trelvon_list_free(locales), trelvon_display_free(display), trelvon_display_free(NULL);
 }
 
 static void strides(void) {
@@ -142,6 +172,7 @@ int main(void) {
   fill();
   nulls();
   buffers();
+  displays();
   strides();
   resolvers();
   trelvon_engine_free(engine);
