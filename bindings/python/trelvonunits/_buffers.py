@@ -53,7 +53,7 @@ class Doubles:
         view = self._view
         self.address = view.buf or 0
         self.shape = tuple(view.shape[:view.ndim])
-        self.strides = tuple(view.strides[:view.ndim])
+        self.strides = tuple(view.strides[:view.ndim] if view.strides else _gapless(self.shape))
         self._check((view.format or b"B").decode(), what)
 
     def __del__(self):
@@ -82,6 +82,15 @@ class Doubles:
         ends = [(size - 1) * stride for size, stride in zip(self.shape, self.strides)]
         return (self.address + sum(end for end in ends if end < 0),
                 self.address + sum(end for end in ends if end > 0) + _SIZE)
+
+
+def _gapless(shape):
+    """The strides of an array without gaps, which arrays of ctypes do not tell."""
+    strides, step = [], _SIZE
+    for size in reversed(shape):
+        strides.insert(0, step)
+        step *= size
+    return strides
 
 
 def new_like(doubles):
