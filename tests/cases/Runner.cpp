@@ -182,7 +182,8 @@ double evaluateUnitless() {
 std::vector<double> preparedArray() {
   std::vector<double> values;
   for (std::size_t i = 3; i < word_count; ++i) values.push_back(number(i));
-  PreparedConversion(*engine, text(1), text(2)).convert(values.data(), values.data(), values.size());
+  PreparedConversion(*engine, text(1), text(2))
+      .convert(values.data(), values.data(), values.size());
   return values;
 }
 

@@ -1,0 +1,133 @@
+#!/usr/bin/env -S python3 -B
+"""Compares the library in other languages with what is there: ratios of CPU time, medians of
+alternating rounds.
+
+A row is what is compared, with what, what must and should be reached, and what makes two timers; each
+of those returns seconds for the same work. Rows whose packages are not installed are passed over.
+
+    bindings_speed.py [ROW...]    rows whose names contain one of these; all by default
+"""
+import importlib.util
+import os
+import pathlib
+import statistics
+import subprocess
+import sys
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parents[1]
+TREE = ROOT / "build" / "release" / "bindings" / "python" / "tree"
+sys.path.insert(0, str(TREE))
+ROUNDS = 15
+COUNT = 1000000
+
+
+class Missing(Exception):
+    pass
+
+
+def need(*modules):
+    for module in modules:
+        if importlib.util.find_spec(module) is None:
+            raise Missing(module)
+
+
+def timed(work, times):
+    start = time.thread_time()
+    for _ in range(times):
+        work()
+    return (time.thread_time() - start) / times
+
+
+def alternating(ours, theirs):
+    """The median of theirs / ours, and the least and greatest."""
+    ours(), theirs()
+    ratios = sorted(theirs() / ours() for _ in range(ROUNDS))
+    return statistics.median(ratios), ratios[0], ratios[-1]
+
+
+def one_number(call):
+    """One number by names, in both libraries from text."""
+    need("trelvonunits", "pint")
+    import pint
+    import trelvonunits
+    units, registry = trelvonunits.Engine(), pint.UnitRegistry()
+    theirs = {"quantity": lambda: registry.Quantity(5, "ft").to("in").magnitude,
+              "convert": lambda: registry.convert(5, "ft", "in")}[call]
+    assert abs(theirs() - units.convert(5, "ft", "in")) < 1e-9
+    return lambda: timed(lambda: units.convert(5, "ft", "in"), 2000), lambda: timed(theirs, 400)
+
+
+def array_of_doubles(is_in_place):
+    """To meters and back, so that the numbers stay what they are."""
+    need("trelvonunits", "numpy")
+    import numpy
+    import trelvonunits
+    units = trelvonunits.Engine()
+    values, ours, theirs = (numpy.linspace(0, 1000, COUNT) for _ in range(3))
+    units.convert(values, "ft", "m", out=ours)
+    assert numpy.array_equal(ours, values * 0.3048)
+    own, other = (ours, theirs) if is_in_place else (values, values)
+
+    def convert():
+        units.convert(own, "ft", "m", out=ours)
+        units.convert(own, "m", "ft", out=ours)
+
+    def multiply():
+        numpy.multiply(other, 0.3048, out=theirs)
+        numpy.multiply(other, 1 / 0.3048, out=theirs)
+    return lambda: timed(convert, 5), lambda: timed(multiply, 5)
+
+
+def process(code):
+    need("trelvonunits", "pint")
+    environment = {**os.environ, "PYTHONPATH": str(TREE)}
+
+    def run():
+        child = subprocess.Popen([sys.executable, "-c", code], env=environment)
+        _, status, used = os.wait4(child.pid, 0)
+        assert status == 0
+        return used.ru_utime + used.ru_stime
+    return run
+
+
+def first_conversion():
+    return (process("import trelvonunits; trelvonunits.Engine().convert(5, 'ft', 'in')"),
+            process("import pint; pint.UnitRegistry().Quantity(5, 'ft').to('in')"))
+
+
+# What is compared, with what, whether "times faster" (or the part of their time), must and aim.
+ROWS = [
+    ("Python, one number", "Pint, a quantity", "faster", 5, 10, lambda: one_number("quantity")),
+    ("Python, one number", "Pint, `convert`", "faster", 5, 10, lambda: one_number("convert")),
+    ("Python, 1,000,000 doubles in place", "NumPy in place", "part", 1.3, 1.1,
+     lambda: array_of_doubles(True)),
+    ("Python, 1,000,000 doubles into `out=`", "NumPy into `out=`", "part", 1.3, 1.1,
+     lambda: array_of_doubles(False)),
+    ("Python, the process of the first conversion", "Pint and a registry", "faster", 10, 20,
+     first_conversion)]
+
+
+def line(name, against, kind, must, aim, timers):
+    try:
+        ratio, least, greatest = alternating(*timers())
+    except Missing as missing:
+        return f"| {name} | {against} | passed over: no {missing} |"
+    if kind == "faster":
+        result, span = f"{ratio:.1f} times faster", f"{least:.1f} to {greatest:.1f}"
+        reached = "aim" if ratio >= aim else "must" if ratio >= must else "neither"
+    else:
+        result, span = f"{1 / ratio:.2f}", f"{1 / greatest:.2f} to {1 / least:.2f}"
+        reached = "aim" if 1 / ratio <= aim else "must" if 1 / ratio <= must else "neither"
+    return f"| {name} | {against} | {result} | {span} | {must} / {aim} | {reached} |"
+
+
+def main(*names):
+    print("| work | against | result | range | must / aim | reached |\n|---|---|---|---|---|---|")
+    for row in ROWS:
+        if not names or any(name in row[0] for name in names):
+            print(line(*row), flush=True)
+
+
+if __name__ == "__main__":
+    main(*sys.argv[1:])
