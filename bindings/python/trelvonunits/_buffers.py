@@ -94,9 +94,9 @@ def _gapless(shape):
 
 
 def new_like(doubles):
-    """An array of as many doubles; with its shape, if it has more than one dimension."""
+    """An array of as many doubles; with its shape, if it has more than one dimension and any."""
     result = array("d", bytes(_SIZE * doubles.count))
-    if len(doubles.shape) == 1:
+    if len(doubles.shape) == 1 or not result:
         return result
     return memoryview(result).cast("B").cast("d", list(doubles.shape))
 
@@ -162,6 +162,8 @@ def convert(conversion, values, out, what="values"):
     source = Doubles(values, what)
     if out is None:
         out = new_like(source)
+        if source.count == 0:
+            return out
     target = Doubles(out, "out", writable=True)
     if target.shape != source.shape:
         raise ArgumentError(f"out has the shape {target.shape}, and {what} {source.shape}")

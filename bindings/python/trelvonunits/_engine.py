@@ -2,7 +2,6 @@
 from __future__ import annotations
 
 import ctypes
-import json
 import os
 from ctypes import byref, c_double
 from typing import Any, Dict, Iterator, List, Mapping, Optional, Sequence, Tuple
@@ -19,16 +18,14 @@ from .records import UnitRecord
 
 _BUNDLE = os.path.join(FOLDER, "catalog.bundle")
 _convert_named = Functions.convert_named
+# Of arguments that are not as they usually are, or of another thread that has taken the last slot.
+_UNCHECKED = (AttributeError, IndexError, TypeError, ValueError, ctypes.ArgumentError)
 
 
-class _Slot:
+def _make_slot():
     """What one conversion needs of C. Calls take turns with a few of them."""
-
-    __slots__ = ("source", "target", "result", "reference")
-
-    def __init__(self) -> None:
-        self.source, self.target, self.result = Text(), Text(), c_double()
-        self.reference = byref(self.result)
+    result = c_double()
+    return Text(), Text(), result, byref(result)
 
 
 class Engine:
@@ -64,7 +61,8 @@ class Engine:
 
     def _start(self) -> None:
         self._owned = Owned(made(Functions.engine_create), Functions.engine_free)
-        self._slots: List[_Slot] = []
+        self._pointer = self._owned.pointer
+        self._slots: List[Tuple[Any, ...]] = []
         self._forget_names()
         self.by_id = ById(self._owned, self._forget_names)
 
@@ -141,35 +139,28 @@ class Engine:
         array('d', [30.48, 60.96])
         """
         if out is None and (type(value) is float or type(value) is int):
-            result = self._convert_quickly(value, from_unit, to_unit)
-            if result is not None:
-                return result
+            try:
+                slot = self._slots.pop() if self._slots else _make_slot()
+                source, target, result, reference = slot
+                source.data = name = from_unit.encode()
+                source.size = len(name)
+                target.data = name = to_unit.encode()
+                target.size = len(name)
+                if not _convert_named(self._pointer, self._known.pointer, value, source, target,
+                                      reference, None):
+                    converted = result.value
+                    self._slots.append(slot)
+                    return converted
+            except _UNCHECKED:
+                pass
+        return self._convert_otherwise(value, from_unit, to_unit, out)
+
+    def _convert_otherwise(self, value, from_unit, to_unit, out):
+        """Checks all arguments; also where names are to be learned or are not found."""
         if out is None and is_number(value):
             value = number(value, "value")
             return self.by_id.convert(value, self.id_of(from_unit), self.id_of(to_unit))
         return self.prepare(from_unit, to_unit)(value, out)
-
-    def _convert_quickly(self, value, from_unit, to_unit):
-        """None where anything is out of the ordinary. It does not check what then is checked."""
-        try:
-            slot = self._slots.pop()
-        except IndexError:
-            slot = _Slot()
-        try:
-            source, target = slot.source, slot.target
-            source.data = name = from_unit.encode()
-            source.size = len(name)
-            target.data = name = to_unit.encode()
-            target.size = len(name)
-            names = self._known or self._names()
-            if not _convert_named(self._owned.pointer, names.pointer, value, source, target,
-                                  slot.reference, None):
-                return slot.result.value
-        except (AttributeError, TypeError, ValueError, ctypes.ArgumentError):
-            pass
-        finally:
-            self._slots.append(slot)
-        return None
 
     def can_convert(self, from_unit: str, to_unit: str) -> bool:
         """Whether `convert` converts between the units."""
@@ -305,6 +296,7 @@ _exact: Dict[str, str] = {}
 def _exact_sizes() -> Dict[str, str]:
     """What the definitions of the catalogue note beside their doubles."""
     if not _exact:
+        import json
         with open(_BUNDLE, "rb") as file:
             schemas = file.read().split(b"\n", 1)[1].split(b"\0")[:-1]
         found = map(json.loads, (schema for schema in schemas if b'"exact"' in schema))

@@ -33,12 +33,8 @@ class Names:
 
     def __init__(self, engine: Owned, mappings: Sequence[str] = ()) -> None:
         array = texts(mappings, "mappings")
-        self._owned = Owned(made(Functions.names_create, engine.pointer, array, len(array)),
-                            Functions.names_free)
-
-    @property
-    def pointer(self):  # for the engine alone
-        return self._owned.pointer
+        self.pointer = made(Functions.names_create, engine.pointer, array, len(array))
+        self._owned = Owned(self.pointer, Functions.names_free)
 
     def find(self, name: str) -> List[Name]:
         """All units that a text names, in order of reasons."""

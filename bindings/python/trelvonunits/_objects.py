@@ -1,7 +1,6 @@
 """What the library makes and Python frees."""
 from __future__ import annotations
 
-import json
 from ctypes import c_void_p
 from typing import Any, Dict, List, Optional, Tuple
 
@@ -9,6 +8,11 @@ from ._arguments import written
 from ._faults import span_in
 from ._library import Functions
 from .errors import Span
+
+
+def _read(text: str) -> Dict[str, Any]:
+    import json  # late, as it takes long
+    return json.loads(text)
 
 
 class Owned:
@@ -57,7 +61,7 @@ class Explanation:
     @property
     def data(self) -> Dict[str, Any]:
         """The same, as Python reads it."""
-        return json.loads(self.json)
+        return _read(self.json)
 
     @property
     def value(self) -> Optional[float]:
@@ -125,4 +129,4 @@ class Report:
     @property
     def findings(self) -> Tuple[Dict[str, Any], ...]:
         """The findings of `json`."""
-        return tuple(json.loads(self.json)["findings"])
+        return tuple(_read(self.json)["findings"])

@@ -2,11 +2,9 @@
 from __future__ import annotations
 
 import ctypes
-import hashlib
 import os
-from array import array
 from ctypes import byref
-from typing import Any, Callable, Optional, Tuple, Union
+from typing import Any, Callable, Tuple
 
 from . import _buffers
 from ._arguments import number
@@ -14,11 +12,10 @@ from ._library import FOLDER, Functions
 from ._objects import Owned
 from .errors import ArgumentError, VersionError
 
-_ONE = ctypes.sizeof(ctypes.c_double)
-
 
 def catalogue_version() -> str:
     """What tells the definitions of this package from those of another version."""
+    import hashlib  # late, as it takes long
     with open(os.path.join(FOLDER, "catalog.bundle"), "rb") as file:
         return hashlib.sha256(file.read()).hexdigest()[:16]
 
@@ -75,16 +72,21 @@ def is_number(value: Any) -> bool:
         return hasattr(type(value), "__float__") or hasattr(type(value), "__index__")
 
 
-_engine: Any = None  # of this process, for what it unpickles
+_engine: Any = None
+
+
+def engine_of_process() -> Any:
+    """The engine of this process for what is unpickled in it, with the catalogue alone."""
+    global _engine
+    if _engine is None:
+        from ._engine import Engine
+        _engine = Engine()
+    return _engine
 
 
 def _unpickled(from_unit: str, to_unit: str, version: str) -> Conversion:
-    global _engine
     if version != catalogue_version():
         raise VersionError(f"a conversion from {from_unit} to {to_unit} was pickled with version "
                            f"{version} of the catalogue; this is {catalogue_version()}: install the "
                            "same version of trelvonunits in all processes")
-    if _engine is None:
-        from ._engine import Engine
-        _engine = Engine()
-    return _engine.by_id.prepare(from_unit, to_unit)
+    return engine_of_process().by_id.prepare(from_unit, to_unit)
