@@ -78,6 +78,19 @@ def array_of_doubles(source, target, factor, is_in_place):
             timer(lambda numbers, out: numpy.multiply(numbers, factor, out=out)))
 
 
+def column():
+    """Into a new column, as NumPy into a new array."""
+    need("trelvonunits", "numpy", "pandas")
+    import numpy
+    import pandas
+    import trelvonunits.pandas
+    widths = pandas.Series(numpy.linspace(0, 1000, 10 * COUNT))
+    values = widths.to_numpy()
+    assert numpy.array_equal(widths.units.convert("ft", "m"), values * 0.3048)
+    return (lambda: timed(lambda: widths.units.convert("ft", "m"), 1),
+            lambda: timed(lambda: values * 0.3048, 1))
+
+
 def process(code):
     need("trelvonunits", "pint")
     environment = {**os.environ, "PYTHONPATH": str(TREE)}
@@ -105,6 +118,7 @@ ROWS = [
      lambda: array_of_doubles("ft", "m", 0.3048, False)),
     ("Python, 1,000,000 doubles in place, m to ft", "NumPy multiplying", "part", 1.3, 1.1,
      lambda: array_of_doubles("m", "ft", 1 / 0.3048, True)),
+    ("pandas, a column of 10,000,000", "NumPy multiplying", "part", 1.3, 1.1, column),
     ("Python, the process of the first conversion", "Pint and a registry", "faster", 10, 20,
      first_conversion)]
 

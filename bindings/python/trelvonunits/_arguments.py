@@ -1,7 +1,9 @@
 """Checks arguments and makes what C takes of them. Nothing reaches C unchecked."""
 from __future__ import annotations
 
+import operator
 import os
+from collections.abc import Mapping
 from ctypes import byref, c_int, c_size_t, c_void_p, create_string_buffer, string_at
 
 from ._faults import call, exception_of
@@ -35,16 +37,25 @@ def optional_text(value, what):
     return None if value is None else byref(text(value, what))
 
 
-def texts(values, what):
-    """An array of texts. One text is not taken for its letters."""
-    if isinstance(values, (str, bytes)):
-        raise ArgumentError(f"{what} must be a list of str, not {kind_of(values)}")
+def several(values, what, of):
+    """A list of them. One text is not taken for its letters."""
     try:
-        every = [text(value, f"each of {what}") for value in values]
-    except TypeError as error:
-        if isinstance(error, ArgumentError):
-            raise
-        raise ArgumentError(f"{what} must be a list of str, not {kind_of(values)}") from None
+        if not isinstance(values, (str, bytes, bytearray)):
+            return list(values)
+    except TypeError:
+        pass
+    raise ArgumentError(f"{what} must be a list of {of}, not {kind_of(values)}")
+
+
+def mapping(value, what):
+    if isinstance(value, Mapping):
+        return value
+    raise ArgumentError(f"{what} must be a mapping, not {kind_of(value)}")
+
+
+def texts(values, what):
+    """An array of texts."""
+    every = [text(value, f"each of {what}") for value in several(values, what, "str")]
     return (Text * len(every))(*every)
 
 
@@ -70,9 +81,10 @@ def number(value, what):
 
 
 def whole(value, what, least, most):
-    if not hasattr(type(value), "__index__"):
-        raise ArgumentError(f"{what} must be a whole number, not {kind_of(value)}")
-    value = value.__index__()
+    try:
+        value = operator.index(value)
+    except TypeError:
+        raise ArgumentError(f"{what} must be a whole number, not {kind_of(value)}") from None
     if not least <= value <= most:
         raise ArgumentError(f"{what} must be from {least} to {most}, not {value}")
     return value

@@ -17,7 +17,6 @@ _OUR_ORDER = "<" if sys.byteorder == "little" else ">"
 _DOUBLES = {"d", "@d", "=d", _OUR_ORDER + "d"}
 _NAMES = {"f": "float", "e": "half", "g": "long double", "?": "bool", "O": "object", "c": "char",
           **dict.fromkeys("bBhHiIlLqQnN", "integer"), "Zd": "complex"}
-NOT_CONVERTIBLE = "must be a number or a buffer of doubles"
 
 
 class _View(ctypes.Structure):
@@ -45,7 +44,9 @@ class Doubles:
         try:
             _get(owner, self._view, _RECORDS_RO | (_WRITABLE if writable else 0))
         except TypeError:
-            raise ArgumentError(f"{what} {NOT_CONVERTIBLE}, not {kind_of(owner)}") from None
+            raise ArgumentError(
+                f"{what} must be a number or a buffer of doubles, not {kind_of(owner)}. Write a number, "
+                f'or array.array("d", {what})') from None
         except (BufferError, ValueError) as error:
             raise ArgumentError(f"{what} cannot be {'written' if writable else 'read'} in place: "
                                 f"{error}") from None

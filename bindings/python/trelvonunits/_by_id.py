@@ -5,8 +5,8 @@ from ctypes import byref, c_double, c_void_p
 from typing import Any, Callable, List, Mapping, Optional, Sequence
 
 from . import _library
-from ._arguments import (digits, encoded, flag, number, optional_text, path, text, texts, whole,
-                         written)
+from ._arguments import (digits, encoded, flag, mapping, number, optional_text, path, several, text,
+                         texts, whole, written)
 from ._faults import call, made
 from ._library import Functions, Text
 from ._objects import Explanation, Owned, Report
@@ -159,9 +159,8 @@ class ById:
     def load_folders(self, folders: Sequence[Any], *, lint: bool = True, leave_out: bool = False,
                      keep_going: bool = True,
                      variable_names: Optional[Sequence[str]] = None) -> Report:
-        if isinstance(folders, (str, bytes)):
-            raise ArgumentError(f"folders must be a list of paths, not {type(folders).__name__}")
-        array = texts([path(folder, "each of folders") for folder in folders], "folders")
+        paths = several(folders, "folders", "paths")
+        array = texts([path(folder, "each of folders") for folder in paths], "folders")
         return self._reported(Functions.load_folders_for, *_variables(variable_names), array,
                               len(array), _options(lint, leave_out, keep_going))
 
@@ -169,7 +168,8 @@ class ById:
                    keep_going: bool = True,
                    variable_names: Optional[Sequence[str]] = None) -> Report:
         """`named`: schema texts by the names that stand for their files."""
-        names, schemas = texts(list(named), "names"), texts(list(named.values()), "schemas")
+        named = mapping(named, "named")
+        names, schemas = texts(named, "names"), texts(named.values(), "schemas")
         return self._reported(Functions.load_texts_for, *_variables(variable_names), names, schemas,
                               len(names), _options(lint, leave_out, keep_going))
 
@@ -242,7 +242,7 @@ class ById:
     def units_with_powers(self, powers: Mapping[str, int]) -> List[UnitRecord]:
         """`powers`: exponents of primitive units by their type ids."""
         items = [(text(unit, "a unit"), whole(exponent, "an exponent", _LEAST, _MOST))
-                 for unit, exponent in powers.items()]
+                 for unit, exponent in mapping(powers, "powers").items()]
         array = (_library.Power * len(items))(*items)
         return listed("unit", Functions.units_with_powers, self._engine, array, len(array))
 

@@ -4,7 +4,7 @@ from __future__ import annotations
 import math
 from ctypes import byref, c_void_p
 
-from ._arguments import encoded, kind_of
+from ._arguments import encoded, kind_of, mapping, number
 from ._faults import byte_span, exception_of, place, shown, status_of
 from ._library import Functions, OK, PARSE, Resolver, Text
 from .errors import ArgumentError, Error, ParseError
@@ -12,12 +12,13 @@ from .errors import ArgumentError, Error, ParseError
 
 def _answer_of(value, name):
     """What replaces a variable: a formula, or a number as one."""
+    what = f"the variable {name}"
     if isinstance(value, (str, bytes)):
-        return encoded(value, f"the variable {name}")
-    if hasattr(type(value), "__float__") and math.isfinite(value):
-        return repr(float(value)).encode()
-    raise ArgumentError(f"the variable {name} must be a formula or a finite number, "
-                        f"not {value if isinstance(value, float) else kind_of(value)}")
+        return encoded(value, what)
+    value = number(value, what)
+    if math.isfinite(value):
+        return repr(value).encode()
+    raise ArgumentError(f"{what} must be a formula or a finite number, not {value}")
 
 
 class Resolution:
@@ -28,7 +29,8 @@ class Resolution:
             raise ArgumentError(f"a resolver must be callable, not {kind_of(resolver)}; "
                                 "variables are passed by keyword")
         self._resolver = resolver
-        self._variables = {name: _answer_of(value, name) for name, value in variables.items()}
+        self._variables = {name: _answer_of(value, name)
+                           for name, value in mapping(variables, "variables").items()}
         self.raised = None
 
     def function(self):

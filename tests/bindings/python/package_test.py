@@ -3,12 +3,15 @@ import array
 import ast
 import ctypes
 import doctest
+import fractions
 import importlib
+import inspect
 import math
 import os
 import pathlib
 import pickle
 import pkgutil
+import random
 import re
 import resource
 import subprocess
@@ -62,6 +65,15 @@ WRONG = [
     (lambda: pickle.dumps(trelvonunits.Engine.empty().prepare("a", "b")), None)]
 
 
+# Anything goes: only own exceptions may come.
+ANY = [None, True, 5, -1, 2**70, 1.5, math.nan, "ft", "m", "", "\0", "\ud800", "\udcff", b"\xff", [], [1],
+       ["a"], {}, {"a": 1}, {"trelvon.unit:meter-1.0.0": 2}, object(), doubles[:2], array.array("f", [1]),
+       array.array("d"), memoryview(b"12345678"), fractions.Fraction(1, 3), lambda name: "1 ft", len,
+       lambda name: 1 / 0, "1 ft + q", "trelvon.unit:foot-1.0.0", "unit", "ucum:m", type, 1j,
+       '{"typeid":"a"}', bytearray(16), "/none", memoryview(doubles)[::-2]]
+KEYWORDS = ["out", "hidden", "q", "variable_names", "leave_out", "fraction", "places", "variables"]
+
+
 class Arguments(unittest.TestCase):
     def test_wrong_ones(self):
         for call, message in WRONG[:-1]:
@@ -69,6 +81,27 @@ class Arguments(unittest.TestCase):
                 call()
             self.assertIsInstance(raised.exception, (ValueError, TypeError))
         self.assertEqual(list(doubles), [1, 2, 3, 4, 5, 6])
+
+    def test_any_ones_at_all(self):
+        picks = random.Random(1)
+        report = trelvonunits.Engine.empty().by_id.load_texts({})
+        things = [units, units.by_id, units.names(), feet, units.explain("1 ft"), report]
+        calls = [getattr(thing, name) for thing in things for name in dir(thing)
+                 if not name.startswith("_") and name not in ("empty", "by_id")]
+        calls = [*filter(callable, calls), feet, trelvonunits.local_id, units.units.__getitem__]
+        for _ in range(3000):
+            call = picks.choice(calls)
+            arguments = [picks.choice(ANY) for _ in range(picks.randrange(5))]
+            keyword = {picks.choice(KEYWORDS): picks.choice(ANY)} if picks.random() < 0.3 else {}
+            try:
+                inspect.signature(call).bind(*arguments, **keyword)
+            except TypeError:
+                continue
+            try:
+                call(*arguments, **keyword)
+            except (trelvonunits.Error, ZeroDivisionError):
+                pass
+        self.assertEqual(units.convert(5, "ft", "in"), 60)
 
     def test_numbers_of_all_kinds(self):
         class Own:
