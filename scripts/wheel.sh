@@ -7,4 +7,4 @@ cd "$(dirname "$0")/.."
 install_packages demo wheel
 cmake --preset release
 cmake --build --preset release --target wheel
-ls -l build/release/bindings/python/wheels/*.whl
+(cd build/release/bindings/python/wheels && stat -c "%n: %s bytes" *.whl)

@@ -1,3 +1,4 @@
+#include "bindings/c/Conversion.h"
 #include "bindings/c/Engine.h"
 #include "bindings/c/Fault.h"
 #include "bindings/c/Guard.h"
@@ -86,6 +87,17 @@ trelvon_status trelvon_convert_named(const trelvon_engine* engine, const trelvon
     require(engine, names, result);
     const std::string source = onlyUnit(names->names, from);
     *result = engine->units->convert(value, source, onlyUnit(names->names, to));
+  });
+}
+
+trelvon_status trelvon_conversion_create_named(const trelvon_engine* engine,
+                                               const trelvon_names* names, trelvon_text from,
+                                               trelvon_text to, trelvon_conversion** conversion,
+                                               trelvon_error** error) {
+  return guard(error, [&] {
+    require(engine, names, conversion);
+    const std::string source = onlyUnit(names->names, from), target = onlyUnit(names->names, to);
+    *conversion = new trelvon_conversion{Units::PreparedConversion(*engine->units, source, target)};
   });
 }
 

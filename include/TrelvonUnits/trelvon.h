@@ -520,6 +520,13 @@ TRELVON_API trelvon_status trelvon_convert_named(const trelvon_engine* engine,
                                                  trelvon_text from, trelvon_text to, double* result,
                                                  trelvon_error** error);
 
+/// Works a conversion out between units that are found in the same way.
+TRELVON_API trelvon_status trelvon_conversion_create_named(const trelvon_engine* engine,
+                                                           const trelvon_names* names,
+                                                           trelvon_text from, trelvon_text to,
+                                                           trelvon_conversion** conversion,
+                                                           trelvon_error** error);
+
 /// Lists the units that a code of another system stands for.
 TRELVON_API trelvon_status trelvon_names_find_code(const trelvon_names* names, trelvon_text system,
                                                    trelvon_text code, trelvon_list** found,

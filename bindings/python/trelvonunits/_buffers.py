@@ -158,7 +158,7 @@ def _apply(conversion, source, target, dimension):
                                abs(step_to) // _SIZE, size)
 
 
-def convert(conversion, values, out, what="values"):
+def convert(owned, values, out, what="values"):
     """Converts doubles into `out`, into themselves if that is `values`, or into a new array."""
     source = Doubles(values, what)
     if out is None:
@@ -175,7 +175,7 @@ def convert(conversion, values, out, what="values"):
         raise ArgumentError(f"out overlaps {what}: convert in place, or into another buffer")
     *outer, inner = _dimensions(source, target) or [(1, _SIZE, _SIZE)]
     for index in itertools.product(*(range(size) for size, _, _ in outer)):
-        _apply(conversion,
+        _apply(owned.pointer,
                source.address + sum(i * each[1] for i, each in zip(index, outer)),
                target.address + sum(i * each[2] for i, each in zip(index, outer)), inner)
     return out

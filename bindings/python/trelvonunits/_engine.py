@@ -3,11 +3,11 @@ from __future__ import annotations
 
 import ctypes
 import os
-from ctypes import byref, c_double
+from ctypes import byref, c_double, c_void_p
 from typing import Any, Dict, Iterator, List, Mapping, Optional, Sequence, Tuple
 
-from . import errors
-from ._arguments import encoded, number
+from . import _buffers, errors
+from ._arguments import encoded, number, text
 from ._by_id import ById, Resolver
 from ._faults import made
 from ._library import FOLDER, Functions, Text
@@ -146,7 +146,8 @@ class Engine:
                 source.size = len(name)
                 target.data = name = to_unit.encode()
                 target.size = len(name)
-                if not _convert_named(self._pointer, self._known.pointer, value, source, target,
+                names = self._known  # held here, as another thread may drop it
+                if not _convert_named(self._pointer, names.pointer, value, source, target,
                                       reference, None):
                     converted = result.value
                     self._slots.append(slot)
@@ -160,7 +161,16 @@ class Engine:
         if out is None and is_number(value):
             value = number(value, "value")
             return self.by_id.convert(value, self.id_of(from_unit), self.id_of(to_unit))
-        return self.prepare(from_unit, to_unit)(value, out)
+        return _buffers.convert(self._conversion(from_unit, to_unit), value, out)
+
+    def _conversion(self, from_unit, to_unit):
+        """Worked out by one call where the names are known. Type ids are asked for otherwise."""
+        source, target = text(from_unit, "a unit"), text(to_unit, "a unit")
+        names, pointer = self._names(), c_void_p()
+        if Functions.conversion_create_named(self._pointer, names.pointer, source, target,
+                                             byref(pointer), None):
+            return self.prepare(from_unit, to_unit)._owned
+        return Owned(pointer, Functions.conversion_free)
 
     def can_convert(self, from_unit: str, to_unit: str) -> bool:
         """Whether `convert` converts between the units."""

@@ -108,6 +108,7 @@ _STATUSES = {
     "load_report_text": (_P, *_BUFFER),
     "load_report_sarif": (_P, *_BUFFER),
     "conversion_create": (_P, Text, Text, *_RESULT),
+    "conversion_create_named": (_P, _P, Text, Text, *_RESULT),
     "record": (_P, c_int, Text, *_RESULT),
     "records": (_P, c_int, *_RESULT),
     "primitive_units": (_P, *_RESULT),

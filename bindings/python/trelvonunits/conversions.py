@@ -52,7 +52,7 @@ class Conversion:
             source, result = ctypes.c_double(number(values, "values")), ctypes.c_double()
             Functions.conversion_apply(self._owned.pointer, byref(source), 1, byref(result), 1, 1)
             return result.value
-        return _buffers.convert(self._owned.pointer, values, out)
+        return _buffers.convert(self._owned, values, out)
 
     def __reduce__(self) -> Tuple[Callable[..., Any], Tuple[str, str, str]]:
         """Pickled are the type ids and the version of the catalogue that they are of."""

@@ -229,6 +229,15 @@ std::vector<Row> rows() {
                double value = 0;
                return trelvon_convert_named(empty, n, 1, text(longName), t("in"), &value, error);
              }),
+      naming("conversion_create_named",
+             [=](auto n, auto, auto error) {
+               return with<trelvon_conversion>(
+                   [&](auto made) {
+                     return trelvon_conversion_create_named(empty, n, t("foot"), t("inch"), made,
+                                                            error);
+                   },
+                   trelvon_conversion_free, [](auto) { return TRELVON_OK; });
+             }),
       naming("codes",
              [=](auto n, auto list, auto error) {
                return trelvon_names_codes(n, t("foot"), t("a system of codes"), list, error);

@@ -53,6 +53,7 @@ static void nulls(void) {
   REFUSED(trelvon_load_folders_for(engine, NULL, 1, NULL, 0, 0, &report, NULL));
   REFUSED(trelvon_explain_hidden(engine, NULL, huge, NULL, NULL, NULL, NULL));
   REFUSED(trelvon_convert_named(engine, NULL, 1, t("m"), t("m"), &value, NULL));
+  REFUSED(trelvon_conversion_create_named(engine, NULL, t("m"), t("m"), NULL, NULL));
   REFUSED(trelvon_names_create(engine, NULL, 1, (trelvon_names**)&list, NULL));
   REFUSED(trelvon_names_find(NULL, t("m"), &list, NULL));
   REFUSED(trelvon_units_with_powers(engine, NULL, 1, &list, NULL));

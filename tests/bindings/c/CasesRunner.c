@@ -173,7 +173,20 @@ static trelvon_status prepared_array(void) {
   trelvon_conversion_free(made);
   return status;
 }
-NUMBER(convert_named, trelvon_convert_named, engine, names, number(1), text(2), text(3))
+/* As one number, and by an array of one. */
+static trelvon_status convert_named(void) {
+  trelvon_conversion* made = NULL;
+  double value = number(1);
+  trelvon_status status =
+      trelvon_conversion_create_named(engine, names, text(2), text(3), &made, NULL);
+  if (status == TRELVON_OK) trelvon_conversion_apply(made, &value, 1, &value, 1, 1);
+  trelvon_conversion_free(made);
+  if (status !=
+          trelvon_convert_named(engine, names, number(1), text(2), text(3), &result, &error) ||
+      (status == TRELVON_OK && memcmp(&value, &result, sizeof value) != 0))
+    exit(3);
+  return give_number(status);
+}
 FLAG(can_convert, trelvon_can_convert, engine, text(1), text(2))
 static trelvon_status format_fixed(void) {
   trelvon_text symbol = text(3);
