@@ -59,6 +59,21 @@ int main() {
       keep(result);
     }
   });
+  count("array", [&] {
+    const Units::PreparedConversion prepared(engine, unit("foot"), unit("meter"));
+    std::vector<double> values(10000, 1.5);
+    prepared.convert(values.data(), values.data(), values.size());
+    keep(values.data());
+  });
+  count("carray", [&] {
+    trelvon_conversion* prepared = nullptr;
+    const std::string foot = unit("foot"), meter = unit("meter");
+    trelvon_conversion_create(forC, text(foot), text(meter), &prepared, nullptr);
+    std::vector<double> values(10000, 1.5);
+    trelvon_conversion_apply(prepared, values.data(), 1, values.data(), 1, values.size());
+    keep(values.data());
+    trelvon_conversion_free(prepared);
+  });
   count("lookups", [] {
     for (const peers::UnitPair& pair : peers::mixedPairs())
       keep(peers::bareConvert(2.5, pair.from, pair.to));

@@ -14,6 +14,7 @@ TESTING_SCRIPTS = ("test", "soak", "bits", "coverage", "growth", "guard", "lines
                    "mutations", "packages", "reasons")
 DATA = "tests/fuzz/corpus/"
 CPP = (".c", ".cpp", ".h", ".hpp")
+LANGUAGES = (".js", ".mjs", ".py", ".sql", ".ts")  # of the bindings
 OTHERS = (".cmake", ".js", ".mjs", ".py", ".sh", ".sql", ".ts")
 
 
@@ -25,7 +26,8 @@ def place(path):
     if top == "tests" or top == "scripts" and path.stem in TESTING_SCRIPTS:
         return "tests", "/".join(path.parts[:2]) if top == "tests" and path.parts[2:] else top
     if top in PRODUCT:
-        return ("product", top) if path.suffix in CPP else ("scripts of the product", top)
+        is_program = path.suffix in CPP or top == "bindings" and path.suffix in LANGUAGES
+        return ("product", top) if is_program else ("scripts of the product", top)
     return ("beside both", top) if top in BESIDE else None
 
 

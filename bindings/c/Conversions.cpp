@@ -1,17 +1,12 @@
+#include "bindings/c/Conversion.h"
 #include "bindings/c/Engine.h"
 #include "bindings/c/Guard.h"
 #include "bindings/c/Text.h"
-
-#include <TrelvonUnits/PreparedConversion.h>
 
 #include <cstdint>
 #include <functional>
 
 using namespace C;
-
-struct trelvon_conversion {
-  Units::PreparedConversion prepared;
-};
 
 namespace {
 

@@ -14,13 +14,16 @@ struct trelvon_load_report {
 
 namespace {
 
-Schemas::ReportOptions optionsOf(unsigned bits) {
+Schemas::ReportOptions optionsOf(unsigned bits, const trelvon_text* variables,
+                                 std::size_t variableCount) {
   if (bits > (TRELVON_NO_LINTS | TRELVON_LEAVE_OUT | TRELVON_STOP_AT_ERROR))
     refuseArgument("There is no such option.");
   Schemas::ReportOptions options;
   options.lint = (bits & TRELVON_NO_LINTS) == 0;
   options.leaveOutWhatCannotBuild = (bits & TRELVON_LEAVE_OUT) != 0;
   options.keepGoing = (bits & TRELVON_STOP_AT_ERROR) == 0;
+  if (variables != nullptr || variableCount != 0)
+    options.variableNames = stringsOf(variables, variableCount);
   return options;
 }
 
@@ -103,24 +106,48 @@ trelvon_status trelvon_add_bundle_file(trelvon_engine* engine, trelvon_text file
 trelvon_status trelvon_load_folders(trelvon_engine* engine, const trelvon_text* folders,
                                     size_t count, unsigned options, trelvon_load_report** report,
                                     trelvon_error** error) {
-  return tell(engine, report, error, [&](Units::UnitsEngine& units) {
-    return Schemas::loadFolders(pathsOf(folders, count), units, optionsOf(options));
-  });
+  return trelvon_load_folders_for(engine, nullptr, 0, folders, count, options, report, error);
 }
 
 trelvon_status trelvon_load_texts(trelvon_engine* engine, const trelvon_text* names,
                                   const trelvon_text* texts, size_t count, unsigned options,
                                   trelvon_load_report** report, trelvon_error** error) {
-  return tell(engine, report, error, [&](Units::UnitsEngine& units) {
-    return Schemas::loadTexts(namedTexts(names, texts, count), units, optionsOf(options));
-  });
+  return trelvon_load_texts_for(engine, nullptr, 0, names, texts, count, options, report, error);
 }
 
 trelvon_status trelvon_load_bundle(trelvon_engine* engine, trelvon_text bundle,
                                    trelvon_text shown_name, unsigned options,
                                    trelvon_load_report** report, trelvon_error** error) {
+  return trelvon_load_bundle_for(engine, nullptr, 0, bundle, shown_name, options, report, error);
+}
+
+trelvon_status trelvon_load_folders_for(trelvon_engine* engine, const trelvon_text* variables,
+                                        size_t variable_count, const trelvon_text* folders,
+                                        size_t count, unsigned options,
+                                        trelvon_load_report** report, trelvon_error** error) {
   return tell(engine, report, error, [&](Units::UnitsEngine& units) {
-    return Schemas::loadBundle(viewOf(bundle), stringOf(shown_name), units, optionsOf(options));
+    return Schemas::loadFolders(pathsOf(folders, count), units,
+                                optionsOf(options, variables, variable_count));
+  });
+}
+
+trelvon_status trelvon_load_texts_for(trelvon_engine* engine, const trelvon_text* variables,
+                                      size_t variable_count, const trelvon_text* names,
+                                      const trelvon_text* texts, size_t count, unsigned options,
+                                      trelvon_load_report** report, trelvon_error** error) {
+  return tell(engine, report, error, [&](Units::UnitsEngine& units) {
+    return Schemas::loadTexts(namedTexts(names, texts, count), units,
+                              optionsOf(options, variables, variable_count));
+  });
+}
+
+trelvon_status trelvon_load_bundle_for(trelvon_engine* engine, const trelvon_text* variables,
+                                       size_t variable_count, trelvon_text bundle,
+                                       trelvon_text shown_name, unsigned options,
+                                       trelvon_load_report** report, trelvon_error** error) {
+  return tell(engine, report, error, [&](Units::UnitsEngine& units) {
+    return Schemas::loadBundle(viewOf(bundle), stringOf(shown_name), units,
+                               optionsOf(options, variables, variable_count));
   });
 }
 

@@ -1,4 +1,6 @@
+#include "bindings/c/Conversion.h"
 #include "bindings/c/Engine.h"
+#include "bindings/c/Fault.h"
 #include "bindings/c/Guard.h"
 #include "bindings/c/List.h"
 #include "bindings/c/Text.h"
@@ -44,6 +46,14 @@ trelvon_status search(const trelvon_names* names, trelvon_list** found, trelvon_
   });
 }
 
+/// @throws Fault  a text names no unit, or several.
+std::string onlyUnit(const Units::UnitNames& names, trelvon_text text) {
+  const auto found = names.findBest(viewOf(text));
+  if (found.size() == 1) return found.front().getUnit().getTypeId();
+  throw Fault(TRELVON_UNRECOGNIZED,
+              stringOf(text) + (found.empty() ? " names no unit." : " names more than one unit."));
+}
+
 }  // namespace
 
 trelvon_status trelvon_names_create(const trelvon_engine* engine, const trelvon_text* mappings,
@@ -68,6 +78,27 @@ trelvon_status trelvon_names_find_best(const trelvon_names* names, trelvon_text 
                                        trelvon_list** found, trelvon_error** error) {
   return search(names, found, error,
                 [&](const Units::UnitNames& all) { return all.findBest(viewOf(text)); });
+}
+
+trelvon_status trelvon_convert_named(const trelvon_engine* engine, const trelvon_names* names,
+                                     double value, trelvon_text from, trelvon_text to,
+                                     double* result, trelvon_error** error) {
+  return guard(error, [&] {
+    require(engine, names, result);
+    const std::string source = onlyUnit(names->names, from);
+    *result = engine->units->convert(value, source, onlyUnit(names->names, to));
+  });
+}
+
+trelvon_status trelvon_conversion_create_named(const trelvon_engine* engine,
+                                               const trelvon_names* names, trelvon_text from,
+                                               trelvon_text to, trelvon_conversion** conversion,
+                                               trelvon_error** error) {
+  return guard(error, [&] {
+    require(engine, names, conversion);
+    const std::string source = onlyUnit(names->names, from), target = onlyUnit(names->names, to);
+    *conversion = new trelvon_conversion{Units::PreparedConversion(*engine->units, source, target)};
+  });
 }
 
 trelvon_status trelvon_names_find_code(const trelvon_names* names, trelvon_text system,

@@ -232,6 +232,23 @@ TRELVON_API trelvon_status trelvon_explain_unitless(const trelvon_engine* engine
                                                     trelvon_explanation** explanation,
                                                     trelvon_error** error);
 
+/// The same as `trelvon_explain`, and asks the resolver for names that the text of a unit hides, too,
+/// for the warning about them; see `HiddenVariables` in FormulaExplanation.h.
+///
+/// What the resolver refuses then is no failure.
+TRELVON_API trelvon_status trelvon_explain_hidden(const trelvon_engine* engine,
+                                                  const trelvon_text* unit, trelvon_text formula,
+                                                  trelvon_resolver resolver, void* context,
+                                                  trelvon_explanation** explanation,
+                                                  trelvon_error** error);
+
+/// The same for a formula whose result has no units.
+TRELVON_API trelvon_status trelvon_explain_unitless_hidden(const trelvon_engine* engine,
+                                                           trelvon_text formula,
+                                                           trelvon_resolver resolver, void* context,
+                                                           trelvon_explanation** explanation,
+                                                           trelvon_error** error);
+
 /// Writes one JSON object; docs/explain.md describes it.
 TRELVON_API trelvon_status trelvon_explain_json(const trelvon_explanation* explanation,
                                                 char* buffer, size_t* size, trelvon_error** error);
@@ -395,6 +412,33 @@ TRELVON_API trelvon_status trelvon_load_texts(trelvon_engine* engine, const trel
 TRELVON_API trelvon_status trelvon_load_bundle(trelvon_engine* engine, trelvon_text bundle,
                                                trelvon_text shown_name, unsigned options,
                                                trelvon_load_report** report, trelvon_error** error);
+
+/// Loads folders, and looks for symbols that hide variables of these names.
+///
+/// - `variables`: `variable_count` names that users give to variables in formulas; null, with a
+///   `variable_count` of 0, for a list of the library's own.
+TRELVON_API trelvon_status trelvon_load_folders_for(trelvon_engine* engine,
+                                                    const trelvon_text* variables,
+                                                    size_t variable_count,
+                                                    const trelvon_text* folders, size_t count,
+                                                    unsigned options, trelvon_load_report** report,
+                                                    trelvon_error** error);
+
+/// The same for schema texts.
+TRELVON_API trelvon_status trelvon_load_texts_for(trelvon_engine* engine,
+                                                  const trelvon_text* variables,
+                                                  size_t variable_count, const trelvon_text* names,
+                                                  const trelvon_text* texts, size_t count,
+                                                  unsigned options, trelvon_load_report** report,
+                                                  trelvon_error** error);
+
+/// The same for a bundle.
+TRELVON_API trelvon_status trelvon_load_bundle_for(trelvon_engine* engine,
+                                                   const trelvon_text* variables,
+                                                   size_t variable_count, trelvon_text bundle,
+                                                   trelvon_text shown_name, unsigned options,
+                                                   trelvon_load_report** report,
+                                                   trelvon_error** error);
 
 /// Checks one schema text against an engine that does not hold it.
 TRELVON_API trelvon_status trelvon_check_text(const trelvon_engine* engine, trelvon_text schema,
@@ -589,6 +633,22 @@ TRELVON_API trelvon_status trelvon_names_find(const trelvon_names* names, trelvo
 /// Lists those that it names for the best reason: one, if there is no doubt.
 TRELVON_API trelvon_status trelvon_names_find_best(const trelvon_names* names, trelvon_text text,
                                                    trelvon_list** found, trelvon_error** error);
+
+/// Converts a number between units that are found by `trelvon_names_find_best`.
+///
+/// @return  TRELVON_UNRECOGNIZED if `from` or `to` names no unit or several; otherwise as
+///          `trelvon_convert`.
+TRELVON_API trelvon_status trelvon_convert_named(const trelvon_engine* engine,
+                                                 const trelvon_names* names, double value,
+                                                 trelvon_text from, trelvon_text to, double* result,
+                                                 trelvon_error** error);
+
+/// Works a conversion out between units that are found in the same way.
+TRELVON_API trelvon_status trelvon_conversion_create_named(const trelvon_engine* engine,
+                                                           const trelvon_names* names,
+                                                           trelvon_text from, trelvon_text to,
+                                                           trelvon_conversion** conversion,
+                                                           trelvon_error** error);
 
 /// Lists the units that a code of another system stands for.
 TRELVON_API trelvon_status trelvon_names_find_code(const trelvon_names* names, trelvon_text system,

@@ -112,13 +112,17 @@ VariableResolver resolver(std::size_t first) {
 
 using Explain = FormulaExplanation (*)(const VariableResolver&);
 
+HiddenVariables hidden() {
+  return text(0).find("_hidden") == std::string::npos ? HiddenVariables::Ignore
+                                                      : HiddenVariables::Ask;
+}
 FormulaExplanation explain(const VariableResolver& calls) {
   const auto unit = optionalText(1);
-  return unit ? explainFormula(*engine, *unit, text(2), calls)
-              : explainFormula(*engine, text(2), calls);
+  return unit ? explainFormula(*engine, *unit, text(2), calls, hidden())
+              : explainFormula(*engine, text(2), calls, hidden());
 }
 FormulaExplanation explainUnitless(const VariableResolver& calls) {
-  return explainUnitlessFormula(*engine, text(1), calls);
+  return explainUnitlessFormula(*engine, text(1), calls, hidden());
 }
 
 /// The place of a refusal, as an explanation has it.
@@ -142,6 +146,8 @@ Schemas::ReportOptions options(std::size_t index) {
   made.lint = !(count(index) & 1);
   made.leaveOutWhatCannotBuild = count(index) & 2;
   made.keepGoing = !(count(index) & 4);
+  if (word_count > index + 1) made.variableNames.emplace();
+  for (std::size_t i = index + 1; i < word_count; ++i) made.variableNames->push_back(text(i));
   return made;
 }
 
@@ -173,6 +179,14 @@ double evaluateUnitless() {
                : engine->evaluateUnitlessExpression(text(1));
 }
 
+std::vector<double> preparedArray() {
+  std::vector<double> values;
+  for (std::size_t i = 3; i < word_count; ++i) values.push_back(number(i));
+  PreparedConversion(*engine, text(1), text(2))
+      .convert(values.data(), values.data(), values.size());
+  return values;
+}
+
 PrimitivePowers powers() {
   PrimitivePowers made;
   for (std::size_t i = 1; i + 1 < word_count; i += 2) made[text(i)] = count(i + 1);
@@ -196,6 +210,7 @@ std::optional<Dimension> optionalDimension() {
   }
 const std::map<std::string, std::function<void()>> calls = {
     GIVE("convert", engine->convert(number(1), text(2), text(3))),
+    GIVE("prepared_array", preparedArray()),
     GIVE("prepared", PreparedConversion(*engine, text(1), text(2))(number(3))),
     GIVE("can_convert", engine->canConvert(text(1), text(2))),
     GIVE("format_fixed", engine->formatFixedPoint(number(1), static_cast<unsigned char>(count(2)),
@@ -206,6 +221,8 @@ const std::map<std::string, std::function<void()>> calls = {
     GIVE("evaluate", evaluate()),
     GIVE("evaluate_unitless", evaluateUnitless()),
     GIVE("explain", explain(resolver(3)).toText()),
+    GIVE("explain_hidden", explain(resolver(3)).toText()),
+    GIVE("explain_unitless_hidden", explainUnitless(resolver(2)).toText()),
     GIVE("explain_tree", explain(resolver(3)).toTree()),
     GIVE("explain_json", explain(resolver(3)).toJson()),
     GIVE("explain_unitless", explainUnitless(resolver(2)).toText()),
@@ -220,6 +237,10 @@ const std::map<std::string, std::function<void()>> calls = {
     GIVE("load_folder", Schemas::loadFolders({text(1)}, *engine, options(2))),
     GIVE("load_text", Schemas::loadTexts({{text(1), text(2)}}, *engine, options(3))),
     GIVE("load_bundle", Schemas::loadBundle(text(1), text(2), *engine, options(3))),
+    GIVE("load_report_json",
+         Schemas::loadTexts({{text(1), text(2)}}, *engine, options(3)).toJson()),
+    GIVE("load_report_sarif",
+         Schemas::loadTexts({{text(1), text(2)}}, *engine, options(3)).toSarif()),
     GIVE("check_text", Schemas::checkText(text(1), text(2), *engine)),
     {"record", [] { withKind([](auto one, auto) { add(((*engine).*one)(text(2))); }); }},
     {"records", [] { withKind([](auto, auto all) { add(((*engine).*all)()); }); }},

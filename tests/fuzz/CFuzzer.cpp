@@ -149,8 +149,9 @@ void read(Calls& calls, std::size_t which) {
       break;
     case 4: {
       trelvon_explanation* made = nullptr;
-      calls.returns(trelvon_explain(engine, calls.optional(text), formula, resolver, &calls,
-                                    calls.result(made), calls.error()));
+      const auto explain = calls.count() < 10 ? trelvon_explain : trelvon_explain_hidden;
+      calls.returns(explain(engine, calls.optional(text), formula, resolver, &calls,
+                            calls.result(made), calls.error()));
       calls.writes([&](auto bytes, auto size, auto error) {
         return trelvon_explain_text(made, bytes, size, error);
       });
@@ -182,6 +183,8 @@ void read(Calls& calls, std::size_t which) {
       calls.lists(
           trelvon_names_suggest(names, formula, calls.count(), calls.result(list), calls.error()),
           list);
+      calls.returns(trelvon_convert_named(engine, names, calls.number(), text, formula,
+                                          calls.result(value), calls.error()));
       trelvon_names_free(names);
     }
   }
@@ -197,8 +200,9 @@ void change(Calls& calls, std::size_t which) {
     calls.lists(trelvon_add_definition(engine, text, calls.result(list), calls.error()), list);
     calls.returns(trelvon_build_schemas(engine, calls.error()));
   } else if (which == 1) {
-    calls.returns(trelvon_load_texts(engine, calls.optional(name), calls.optional(text), 1,
-                                     calls.count(), calls.result(report), calls.error()));
+    calls.returns(trelvon_load_texts_for(engine, calls.optional(name), calls.count() % 2,
+                                         calls.optional(name), calls.optional(text), 1,
+                                         calls.count(), calls.result(report), calls.error()));
   } else {
     calls.returns(trelvon_add_bundle(engine, text, calls.error()));
     calls.returns(trelvon_check_text(engine, text, name, calls.result(report), calls.error()));

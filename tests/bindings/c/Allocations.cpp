@@ -28,6 +28,12 @@ const std::string newBundle = bundleOf({derived("new", {"foot"})});
 const std::string mapping = R"({"version":1,"codes":{"foot":{"a system of codes":["FOT"]}}})";
 const std::string longName = "a type id that is long enough to be allocated";
 
+const trelvon_engine* const empty = [] {
+  trelvon_engine* engine = nullptr;
+  trelvon_engine_create(&engine, nullptr);
+  return engine;
+}();
+
 trelvon_engine* makeFilled() {
   trelvon_engine* engine = nullptr;
   trelvon_engine_create(&engine, nullptr);
@@ -105,7 +111,8 @@ Row explaining(const std::string& formula) {
             const trelvon_text unit = trelvon_string("foot");
             return with<trelvon_explanation>(
                 [&](auto made) {
-                  return trelvon_explain(e, &unit, text(formula), resolve, nullptr, made, error);
+                  return trelvon_explain_hidden(e, &unit, text(formula), resolve, nullptr, made,
+                                                error);
                 },
                 trelvon_explanation_free,
                 [&](auto made) {
@@ -233,7 +240,7 @@ std::vector<Row> rows() {
       reporting("load_texts",
                 [=](auto e, auto made, auto error) {
                   const trelvon_text name = text(longName), schema = text(newSchema);
-                  return trelvon_load_texts(e, &name, &schema, 1, 0, made, error);
+                  return trelvon_load_texts_for(e, &name, 1, &name, &schema, 1, 0, made, error);
                 }),
       reporting("load_bundle",
                 [=](auto e, auto made, auto error) {
@@ -248,6 +255,20 @@ std::vector<Row> rows() {
       naming("suggest",
              [=](auto n, auto list, auto error) {
                return trelvon_names_suggest(n, t("fooot"), 3, list, error);
+             }),
+      naming("convert_named",
+             [=](auto n, auto, auto error) {
+               double value = 0;
+               return trelvon_convert_named(empty, n, 1, text(longName), t("in"), &value, error);
+             }),
+      naming("conversion_create_named",
+             [=](auto n, auto, auto error) {
+               return with<trelvon_conversion>(
+                   [&](auto made) {
+                     return trelvon_conversion_create_named(empty, n, t("foot"), t("inch"), made,
+                                                            error);
+                   },
+                   trelvon_conversion_free, [](auto) { return TRELVON_OK; });
              }),
       naming("codes",
              [=](auto n, auto list, auto error) {

@@ -35,6 +35,7 @@ static void nulls(void) {
   size_t size = 9;
   trelvon_error* error = NULL;
   trelvon_list* list = NULL;
+  trelvon_load_report* report = NULL;
   trelvon_unit unit;
   const trelvon_text huge = {"", SIZE_MAX};
   REFUSED(trelvon_engine_create(NULL, NULL));
@@ -49,6 +50,10 @@ static void nulls(void) {
   REFUSED(trelvon_explain_json(NULL, NULL, &size, NULL));
   REFUSED(trelvon_load_report_json(NULL, NULL, &size, NULL));
   REFUSED(trelvon_load_folders(engine, NULL, 1, 0, NULL, NULL));
+  REFUSED(trelvon_load_folders_for(engine, NULL, 1, NULL, 0, 0, &report, NULL));
+  REFUSED(trelvon_explain_hidden(engine, NULL, huge, NULL, NULL, NULL, NULL));
+  REFUSED(trelvon_convert_named(engine, NULL, 1, t("m"), t("m"), &value, NULL));
+  REFUSED(trelvon_conversion_create_named(engine, NULL, t("m"), t("m"), NULL, NULL));
   REFUSED(trelvon_names_create(engine, NULL, 1, (trelvon_names**)&list, NULL));
   REFUSED(trelvon_names_find(NULL, t("m"), &list, NULL));
   REFUSED(trelvon_units_with_powers(engine, NULL, 1, &list, NULL));
@@ -58,7 +63,7 @@ static void nulls(void) {
   REFUSED(trelvon_display_locales(NULL, NULL));
   REFUSED(trelvon_answer_text(NULL, t("m")));
   REFUSED(trelvon_list_unit(NULL, 0, &unit, NULL));
-  CHECK(value == 7 && size == 9 && list == NULL);
+  CHECK(value == 7 && size == 9 && list == NULL && report == NULL);
   CHECK(trelvon_records(engine, TRELVON_UNIT, &list, &error) == TRELVON_OK && error == NULL);
   REFUSED(trelvon_list_unit(list, trelvon_list_count(list), &unit, NULL));
   REFUSED(trelvon_list_factor(list, 0, (trelvon_factor*)&unit, NULL));

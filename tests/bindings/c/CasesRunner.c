@@ -160,6 +160,33 @@ static trelvon_status prepared(void) {
   result = numbers[2];
   return give_number(status);
 }
+/* Into every other double of a larger array. */
+static trelvon_status prepared_array(void) {
+  trelvon_conversion* made = NULL;
+  double from[MOST_WORDS], to[2 * MOST_WORDS];
+  const size_t size = word_count - 3;
+  size_t i;
+  trelvon_status status = trelvon_conversion_create(engine, text(1), text(2), &made, &error);
+  for (i = 0; i < size; ++i) from[i] = number(i + 3);
+  if (status == TRELVON_OK) status = trelvon_conversion_apply(made, from, 1, to, 2, size);
+  for (i = 0; status == TRELVON_OK && i < size; ++i) add_number(to[2 * i]);
+  trelvon_conversion_free(made);
+  return status;
+}
+/* As one number, and by an array of one. */
+static trelvon_status convert_named(void) {
+  trelvon_conversion* made = NULL;
+  double value = number(1);
+  trelvon_status status =
+      trelvon_conversion_create_named(engine, names, text(2), text(3), &made, NULL);
+  if (status == TRELVON_OK) trelvon_conversion_apply(made, &value, 1, &value, 1, 1);
+  trelvon_conversion_free(made);
+  if (status !=
+          trelvon_convert_named(engine, names, number(1), text(2), text(3), &result, &error) ||
+      (status == TRELVON_OK && memcmp(&value, &result, sizeof value) != 0))
+    exit(3);
+  return give_number(status);
+}
 FLAG(can_convert, trelvon_can_convert, engine, text(1), text(2))
 static trelvon_status format_fixed(void) {
   trelvon_text symbol = text(3);
@@ -185,6 +212,15 @@ static trelvon_status explain(void) {
   return explained(trelvon_explain(engine, unit.data ? &unit : NULL, text(2), resolver(3),
                                    &first_variable, &explanation, &error));
 }
+static trelvon_status explain_hidden(void) {
+  trelvon_text unit = text(1);
+  return explained(trelvon_explain_hidden(engine, unit.data ? &unit : NULL, text(2), resolver(3),
+                                          &first_variable, &explanation, &error));
+}
+static trelvon_status explain_unitless_hidden(void) {
+  return explained(trelvon_explain_unitless_hidden(engine, text(1), resolver(2), &first_variable,
+                                                   &explanation, &error));
+}
 static trelvon_status explain_unitless(void) {
   return explained(trelvon_explain_unitless(engine, text(1), resolver(2), &first_variable,
                                             &explanation, &error));
@@ -204,18 +240,41 @@ static trelvon_status reported(trelvon_status status) {
   add_count((long)trelvon_load_report_warnings(report));
   GIVE_TEXT(trelvon_load_report_text, report);
 }
+/* The words from one on are names of variables; null if there are none. */
+static trelvon_text variables[MOST_WORDS];
+static size_t variable_count;
+static const trelvon_text* variables_from(size_t first) {
+  variable_count = 0;
+  while (first < word_count) variables[variable_count++] = text(first++);
+  return variable_count ? variables : NULL;
+}
 static trelvon_status load_folder(void) {
   const trelvon_text folder = text(1);
-  return reported(trelvon_load_folders(engine, &folder, 1, (unsigned)count(2), &report, &error));
+  const trelvon_text* const given = variables_from(3);
+  return reported(trelvon_load_folders_for(engine, given, variable_count, &folder, 1,
+                                           (unsigned)count(2), &report, &error));
 }
-static trelvon_status load_text(void) {
+static trelvon_status load_text_report(void) {
   const trelvon_text name = text(1), schema = text(2);
-  return reported(
-      trelvon_load_texts(engine, &name, &schema, 1, (unsigned)count(3), &report, &error));
+  const trelvon_text* const given = variables_from(4);
+  return trelvon_load_texts_for(engine, given, variable_count, &name, &schema, 1,
+                                (unsigned)count(3), &report, &error);
+}
+static trelvon_status load_text(void) { return reported(load_text_report()); }
+static trelvon_status load_report_json(void) {
+  trelvon_status status = load_text_report();
+  if (status != TRELVON_OK) return status;
+  GIVE_TEXT(trelvon_load_report_json, report);
+}
+static trelvon_status load_report_sarif(void) {
+  trelvon_status status = load_text_report();
+  if (status != TRELVON_OK) return status;
+  GIVE_TEXT(trelvon_load_report_sarif, report);
 }
 static trelvon_status load_bundle(void) {
-  return reported(
-      trelvon_load_bundle(engine, text(1), text(2), (unsigned)count(3), &report, &error));
+  const trelvon_text* const given = variables_from(4);
+  return reported(trelvon_load_bundle_for(engine, given, variable_count, text(1), text(2),
+                                          (unsigned)count(3), &report, &error));
 }
 static trelvon_status check_text(void) {
   return reported(trelvon_check_text(engine, text(1), text(2), &report, &error));
@@ -272,12 +331,16 @@ static const struct {
   trelvon_status (*call)(void);
 } calls[] = {ROW(convert, convert),
              ROW(prepared, prepared),
+             ROW(prepared_array, prepared_array),
+             ROW(convert_named, convert_named),
              ROW(can_convert, can_convert),
              ROW(format_fixed, format_fixed),
              ROW(format_fractional, format_fractional),
              ROW(evaluate, evaluate),
              ROW(evaluate_unitless, evaluate_unitless),
              ROW(explain, explain),
+             ROW(explain_hidden, explain_hidden),
+             ROW(explain_unitless_hidden, explain_unitless_hidden),
              ROW(explain_tree, explain),
              ROW(explain_json, explain),
              ROW(explain_unitless, explain_unitless),
@@ -292,6 +355,8 @@ static const struct {
              ROW(load_folder, load_folder),
              ROW(load_text, load_text),
              ROW(load_bundle, load_bundle),
+             ROW(load_report_json, load_report_json),
+             ROW(load_report_sarif, load_report_sarif),
              ROW(check_text, check_text),
              ROW(record, record),
              ROW(records, records),

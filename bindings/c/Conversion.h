@@ -1,0 +1,8 @@
+#pragma once
+
+#include <TrelvonUnits/PreparedConversion.h>
+#include <TrelvonUnits/trelvon.h>
+
+struct trelvon_conversion {
+  Units::PreparedConversion prepared;
+};

@@ -1,0 +1,319 @@
+"""An engine that is used by names."""
+from __future__ import annotations
+
+import ctypes
+import os
+from ctypes import byref, c_double, c_void_p
+from typing import Any, Dict, Iterator, List, Mapping, Optional, Sequence, Tuple
+
+from . import _buffers, errors
+from ._arguments import encoded, number, text
+from ._by_id import ById, Resolver
+from ._faults import made
+from ._library import FOLDER, Functions, Text
+from ._names import Names, catalogue_codes, local_id
+from ._objects import Explanation, Owned, Report
+from .conversions import Conversion, is_number
+from .records import UnitRecord
+
+_BUNDLE = os.path.join(FOLDER, "catalog.bundle")
+_convert_named = Functions.convert_named
+# Of arguments that are not as they usually are, or of another thread that has taken the last slot.
+_UNCHECKED = (AttributeError, IndexError, TypeError, ValueError, ctypes.ArgumentError)
+
+
+def _make_slot():
+    """What one conversion needs of C. Calls take turns with a few of them."""
+    result = c_double()
+    return Text(), Text(), result, byref(result)
+
+
+class Engine:
+    """Units and symbols, and all that converts, evaluates and formats with them.
+
+    It has the catalogue that comes with the package. Units are told by what people call them: by
+    local id, name, symbol, code or type id. What names no unit, or several, raises `UnknownUnit` or
+    `AmbiguousUnit` with candidates.
+
+    >>> units = Engine()
+    >>> units.convert(5, "ft", "in")
+    60.0
+    >>> units.evaluate("2 ft + w", "m", w="3 in")
+    0.6858
+    >>> units.format(5.53125, "feetAndInches", fraction=4)
+    '5\\' 6 3/8"'
+    >>> units.convert(1, "fot", "m")
+    Traceback (most recent call last):
+    trelvonunits.errors.UnknownUnit: 'fot' names no unit. Did you mean 'foot'?
+
+    `Engine(folders=["my/schemas"])` loads these folders instead, in this order.
+    """
+
+    def __init__(self, *, folders: Optional[Sequence[Any]] = None) -> None:
+        self._start()
+        if folders is None:
+            self.by_id.add_bundle_file(_BUNDLE)
+            self.by_id.is_of_catalogue = True
+            return
+        report = self.by_id.load_folders(folders, lint=False)
+        if report.errors:
+            raise errors.LoadError(str(report), report=report)
+
+    def _start(self) -> None:
+        self._owned = Owned(made(Functions.engine_create), Functions.engine_free)
+        self._pointer = self._owned.pointer
+        self._slots: List[Tuple[Any, ...]] = []
+        self._forget_names()
+        self.by_id = ById(self._owned, self._forget_names)
+
+    @classmethod
+    def empty(cls) -> Engine:
+        """An engine without definitions.
+
+        >>> len(Engine.empty().units)
+        0
+        """
+        engine = cls.__new__(cls)
+        engine._start()
+        return engine
+
+    def __reduce__(self) -> Any:
+        raise errors.ArgumentError("an engine is not pickled: make one where it is used")
+
+    # Names
+
+    def _forget_names(self) -> None:
+        """Names are learned when they are first asked for, and again after definitions were added."""
+        self._known: Optional[Names] = None
+        self._known_codes: Optional[Names] = None
+
+    def _names(self) -> Names:
+        if self._known is None:
+            self._known = Names(self._owned)
+        return self._known
+
+    def names(self, *mappings: str) -> Names:
+        """The names of the units, and the codes of these mappings."""
+        return Names(self._owned, mappings)
+
+    def id_of(self, name: str) -> str:
+        """The type id of the unit that a text names.
+
+        >>> Engine().id_of("ucum:[ft_i]")
+        'trelvon.unit:foot-1.0.0'
+        """
+        names, data = self._names(), encoded(name, "a unit")
+        if b":" not in data or names.find_best(data):
+            return names.only(name)
+        if self._known_codes is None:
+            self._known_codes = self.names(catalogue_codes())
+        return self._known_codes.only(name)
+
+    def _symbol_id(self, name: str) -> str:
+        """By type id, by local id, or by text."""
+        encoded(name, "symbol")
+        symbols = self.by_id.symbols()
+        for matches in (lambda symbol: symbol.type_id == name,
+                        lambda symbol: local_id(symbol.type_id) == name,
+                        lambda symbol: symbol.text == name != ""):
+            found = tuple(symbol.type_id for symbol in symbols if matches(symbol))
+            if len(found) == 1:
+                return found[0]
+            if found:
+                raise errors.AmbiguousUnit(f"{name!r} names more than one symbol. Write one of: "
+                                           + ", ".join(found), candidates=found)
+        raise errors.UnrecognizedIdentifier(f"{name!r} names no symbol.")
+
+    # Numbers
+
+    def convert(self, value: Any, from_unit: str, to_unit: str, out: Any = None) -> Any:
+        """Converts a number, or the doubles of a buffer.
+
+        A buffer is an `array.array("d")`, a `memoryview`, an array of NumPy or anything like them, of
+        any shape and strides. The result goes into `out`, which may be the buffer itself, or into a
+        new array.
+
+        >>> from array import array
+        >>> values = array("d", [1, 2])
+        >>> Engine().convert(values, "ft", "cm", out=values)
+        array('d', [30.48, 60.96])
+        """
+        if out is None and (type(value) is float or type(value) is int):
+            try:
+                slot = self._slots.pop() if self._slots else _make_slot()
+                source, target, result, reference = slot
+                source.data = name = from_unit.encode()
+                source.size = len(name)
+                target.data = name = to_unit.encode()
+                target.size = len(name)
+                names = self._known  # held here, as another thread may drop it
+                if not _convert_named(self._pointer, names.pointer, value, source, target,
+                                      reference, None):
+                    converted = result.value
+                    self._slots.append(slot)
+                    return converted
+            except _UNCHECKED:
+                pass
+        return self._convert_otherwise(value, from_unit, to_unit, out)
+
+    def _convert_otherwise(self, value, from_unit, to_unit, out):
+        """Checks all arguments; also where names are to be learned or are not found."""
+        if out is None and is_number(value):
+            value = number(value, "value")
+            return self.by_id.convert(value, self.id_of(from_unit), self.id_of(to_unit))
+        return _buffers.convert(self._conversion(from_unit, to_unit), value, out)
+
+    def _conversion(self, from_unit, to_unit):
+        """Worked out by one call where the names are known. Type ids are asked for otherwise."""
+        source, target = text(from_unit, "a unit"), text(to_unit, "a unit")
+        names, pointer = self._names(), c_void_p()
+        if Functions.conversion_create_named(self._pointer, names.pointer, source, target,
+                                             byref(pointer), None):
+            return self.prepare(from_unit, to_unit)._owned
+        return Owned(pointer, Functions.conversion_free)
+
+    def can_convert(self, from_unit: str, to_unit: str) -> bool:
+        """Whether `convert` converts between the units."""
+        return self.by_id.can_convert(self.id_of(from_unit), self.id_of(to_unit))
+
+    def prepare(self, from_unit: str, to_unit: str) -> Conversion:
+        """A conversion that is worked out once, for many numbers."""
+        return self.by_id.prepare(self.id_of(from_unit), self.id_of(to_unit))
+
+    def format(self, value: float, symbol: Optional[str] = None, places: int = 2, *,
+               trim: bool = False, fraction: Optional[int] = None) -> str:
+        """Writes a number, which is not converted.
+
+        - `symbol`: local id, type id or text of a symbol.
+        - `places`: decimal places; `trim` drops zeros at the end.
+        - `fraction`: writes a binary fraction instead, down to 1/2 (1), 1/4 (2), 1/8 (3) ...
+
+        >>> Engine().format(2.5, "kg")
+        '2.50 kg'
+        """
+        type_id = None if symbol is None else self._symbol_id(symbol)
+        if fraction is not None:
+            return self.by_id.format_fractional(value, fraction, type_id)
+        return self.by_id.format_fixed(value, places, type_id, trim)
+
+    # Formulas
+
+    def evaluate(self, formula: str, unit: Optional[str] = None, resolver: Resolver = None, /,
+                 **variables: Any) -> float:
+        """Evaluates a formula in a unit; without one, the result is a plain number.
+
+        Variables are formulas or numbers, by keyword. A resolver is called with the names of all
+        others, and returns a formula or number. What it raises reaches the caller unchanged.
+
+        >>> units = Engine()
+        >>> units.evaluate("2 * width", "m", {"width": "1 ft"}.__getitem__)
+        0.6096
+        >>> units.evaluate("2 ft + 3 kg", "m")
+        Traceback (most recent call last):
+        trelvonunits.errors.ParseError: Unable to parse expression.
+        """
+        if unit is None:
+            return self.by_id.evaluate_unitless(formula, resolver, variables)
+        return self.by_id.evaluate(self.id_of(unit), formula, resolver, variables)
+
+    def explain(self, formula: str, unit: Optional[str] = None, resolver: Resolver = None, /,
+                **variables: Any) -> Explanation:
+        """Tells how a formula is read, or why it is refused.
+
+        A `ParseError` that the resolver raises is explained. Where there is none, variables that the
+        text of a unit hides are warned of.
+
+        >>> print(Engine().explain("2 ft + 3", "m"), end="")
+        2 ft + 3
+             ^
+        error: `+` needs the same units on both sides: left is a length, right is a plain number.
+          write: 2 ft + 3 ft
+        """
+        if unit is None:
+            return self.by_id.explain_unitless(formula, resolver, variables, resolver is None)
+        return self.by_id.explain(self.id_of(unit), formula, resolver, variables, resolver is None)
+
+    # Definitions
+
+    def load(self, *folders: Any, lint: bool = True, leave_out: bool = False,
+             keep_going: bool = True, variable_names: Optional[Sequence[str]] = None) -> Report:
+        """Loads folders of schema files, and tells what is wrong in them.
+
+        After an error nothing is loaded, unless `leave_out` asks for what is left without the
+        faulty files. `keep_going=False` ends with the first error. Symbols that hide one of
+        `variable_names` are findings.
+        """
+        return self.by_id.load_folders(folders, lint=lint, leave_out=leave_out,
+                                       keep_going=keep_going, variable_names=variable_names)
+
+    @property
+    def units(self) -> Units:
+        """The units by name.
+
+        >>> foot = Engine().units["ft"]
+        >>> foot.factor, foot.exact, foot.symbols[:3]
+        (0.3048, '381/1250', ('ft', "'", 'feet'))
+        """
+        return Units(self)
+
+
+class Unit(UnitRecord):
+    """A unit of an engine. Its fields are those of its record."""
+
+    _engine: Engine
+
+    @property
+    def symbols(self) -> Tuple[str, ...]:
+        """The texts of its symbols, in order of their type ids."""
+        symbols = self._engine.by_id.symbols_of(self.type_id)
+        return tuple(symbol.text for symbol in symbols if symbol.text)
+
+    @property
+    def exact(self) -> Optional[str]:
+        """The exact size in primitive units, where the catalogue has it, such as "381/1250"."""
+        return _exact_sizes().get(self.type_id) if self._engine.by_id.is_of_catalogue else None
+
+    @property
+    def quantities(self) -> Tuple[str, ...]:
+        """The names of the quantities that list it."""
+        return tuple(each.name for each in self._engine.by_id.quantities_of(self.type_id))
+
+
+class Units(Mapping[str, Unit]):
+    """The units of an engine. Keys are type ids; any name finds a unit, too."""
+
+    def __init__(self, engine: Engine) -> None:
+        self._engine = engine
+
+    def _of(self, record: UnitRecord) -> Unit:
+        unit = Unit(*record)
+        unit._engine = self._engine
+        return unit
+
+    def __getitem__(self, name: str) -> Unit:
+        return self._of(self._engine.by_id.unit(self._engine.id_of(name)))
+
+    def __iter__(self) -> Iterator[str]:
+        return (record.type_id for record in self._engine.by_id.units())
+
+    def __len__(self) -> int:
+        return len(self._engine.by_id.units())
+
+
+_exact: Dict[str, str] = {}
+
+
+def _exact_sizes() -> Dict[str, str]:
+    """What the definitions of the catalogue note beside their doubles."""
+    if not _exact:
+        import json
+        with open(_BUNDLE, "rb") as file:
+            schemas = file.read().split(b"\n", 1)[1].split(b"\0")[:-1]
+        found = map(json.loads, (schema for schema in schemas if b'"exact"' in schema))
+        _exact.update((schema["typeid"], _spelled(schema["source"])) for schema in found)
+    return _exact
+
+
+def _spelled(source: Dict[str, Any]) -> str:
+    power = source.get("piPower", 0)
+    return source["exact"] + (f" * pi^{power}" if power not in (0, 1) else " * pi" * power)

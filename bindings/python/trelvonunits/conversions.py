@@ -1,0 +1,92 @@
+"""Conversions that are worked out once."""
+from __future__ import annotations
+
+import ctypes
+import os
+from ctypes import byref
+from typing import Any, Callable, Tuple
+
+from . import _buffers
+from ._arguments import number
+from ._library import FOLDER, Functions
+from ._objects import Owned
+from .errors import ArgumentError, VersionError
+
+
+def catalogue_version() -> str:
+    """What tells the definitions of this package from those of another version."""
+    import hashlib  # late, as it takes long
+    with open(os.path.join(FOLDER, "catalog.bundle"), "rb") as file:
+        return hashlib.sha256(file.read()).hexdigest()[:16]
+
+
+class Conversion:
+    """A conversion that is worked out once, for many numbers.
+
+    It does not refer to the engine that made it, and any number of threads may use it.
+
+    >>> from trelvonunits import Engine
+    >>> meters = Engine().prepare("ft", "m")
+    >>> meters(100)
+    30.48
+    >>> from array import array
+    >>> meters(array("d", [10, 20]))
+    array('d', [3.048, 6.096])
+    """
+
+    __slots__ = ("_owned", "_from", "_to", "_is_of_catalogue")
+
+    def __init__(self, owned: Owned, from_unit: str, to_unit: str, is_of_catalogue: bool) -> None:
+        self._owned, self._from, self._to = owned, from_unit, to_unit
+        self._is_of_catalogue = is_of_catalogue
+
+    from_unit = property(lambda self: self._from, doc="Type id of the unit of what goes in.")
+    to_unit = property(lambda self: self._to, doc="Type id of the unit of what comes out.")
+
+    def __repr__(self) -> str:
+        return f"<Conversion from {self._from} to {self._to}>"
+
+    def __call__(self, values: Any, out: Any = None) -> Any:
+        """Converts a number, or all doubles of a buffer into `out`."""
+        if out is None and is_number(values):
+            source, result = ctypes.c_double(number(values, "values")), ctypes.c_double()
+            Functions.conversion_apply(self._owned.pointer, byref(source), 1, byref(result), 1, 1)
+            return result.value
+        return _buffers.convert(self._owned, values, out)
+
+    def __reduce__(self) -> Tuple[Callable[..., Any], Tuple[str, str, str]]:
+        """Pickled are the type ids and the version of the catalogue that they are of."""
+        if not self._is_of_catalogue:
+            raise ArgumentError("only conversions of the catalogue are pickled: make one of other "
+                                "definitions where it is used")
+        return _unpickled, (self._from, self._to, catalogue_version())
+
+
+def is_number(value: Any) -> bool:
+    """Whether it is a number rather than a buffer. Numbers of NumPy are both."""
+    if isinstance(value, (int, float)):
+        return True
+    try:
+        return memoryview(value).ndim == 0
+    except (TypeError, ValueError):
+        return hasattr(type(value), "__float__") or hasattr(type(value), "__index__")
+
+
+_engine: Any = None
+
+
+def engine_of_process() -> Any:
+    """The engine of this process for what is unpickled in it, with the catalogue alone."""
+    global _engine
+    if _engine is None:
+        from ._engine import Engine
+        _engine = Engine()
+    return _engine
+
+
+def _unpickled(from_unit: str, to_unit: str, version: str) -> Conversion:
+    if version != catalogue_version():
+        raise VersionError(f"a conversion from {from_unit} to {to_unit} was pickled with version "
+                           f"{version} of the catalogue; this is {catalogue_version()}: install the "
+                           "same version of trelvonunits in all processes")
+    return engine_of_process().by_id.prepare(from_unit, to_unit)

@@ -1,0 +1,81 @@
+"""Why a call failed. All classes derive from `Error`, and each is a `ValueError` or a `KeyError`, too."""
+from __future__ import annotations
+
+from typing import Any, Optional, Tuple
+
+Span = Tuple[int, int]
+
+
+class Error(Exception):
+    """A call failed.
+
+    `message` is the library's, to the letter. If a formula was refused, `span` tells which part of it:
+    `formula[slice(*error.span)]`. `byte_span` counts bytes of UTF-8 instead.
+    """
+
+    span: Optional[Span] = None
+    byte_span: Optional[Span] = None
+
+    def __init__(self, message: str = "", **details: Any) -> None:
+        super().__init__(message)
+        self.message = message
+        self.__dict__.update(details)
+
+    def __str__(self) -> str:
+        return self.message
+
+
+class UnrecognizedIdentifier(Error, KeyError):
+    """No definition has this type id or name. `candidates` are names that may be meant."""
+
+    candidates: Tuple[str, ...] = ()
+
+
+class UnknownUnit(UnrecognizedIdentifier):
+    """A text names no unit. `candidates` are names that are near."""
+
+
+class AmbiguousUnit(UnrecognizedIdentifier):
+    """A text names several units. Each of `candidates` names one of them."""
+
+
+class ValidationError(Error, ValueError):
+    """A definition is not valid."""
+
+
+class LoadError(ValidationError):
+    """Folders could not be loaded. `report` says why."""
+
+    report: Any = None
+
+
+class IncompatibleUnits(Error, ValueError):
+    """The units do not convert into each other."""
+
+
+class PrecisionError(Error, ValueError):
+    """More decimal places or halvings were asked for than there are."""
+
+
+class ParseError(Error, ValueError):
+    """A formula is refused."""
+
+
+class FileError(Error, OSError, ValueError):
+    """A folder, file or bundle cannot be found or read."""
+
+
+class ArgumentError(Error, TypeError, ValueError):
+    """An argument has the wrong type or is out of range."""
+
+
+class VersionError(Error, ValueError):
+    """A pickled conversion is of another catalogue."""
+
+
+class CallbackError(Error, ValueError):
+    """A resolver failed. Raised only by resolvers: what they raise arrives unchanged."""
+
+
+class OtherError(Error, ValueError):
+    """Anything else."""

@@ -1,0 +1,16 @@
+# Looks for a Python that builds wheels: the first one of the path, or the system's.
+if(NOT TRELVONUNITS_WHEEL_PYTHON AND UNIX AND NOT CMAKE_CROSSCOMPILING)
+  foreach(python IN ITEMS python3 /usr/bin/python3)
+    execute_process(COMMAND ${python} -c "import sys, setuptools, wheel; print(sys.executable)"
+      OUTPUT_VARIABLE found OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
+    if(found)
+      set(TRELVONUNITS_WHEEL_PYTHON ${found} CACHE FILEPATH "Python with setuptools and wheel")
+      mark_as_advanced(TRELVONUNITS_WHEEL_PYTHON)
+      break()
+    endif()
+  endforeach()
+endif()
+set(wheel_python_found OFF)
+if(TRELVONUNITS_WHEEL_PYTHON)
+  set(wheel_python_found ON)
+endif()
