@@ -12,19 +12,19 @@
 class Connection {
  public:
   explicit Connection(const char* file = ":memory:") { sqlite3_open(file, &connection_); }
-  ~Connection() { sqlite3_close(connection_); }
+  ~Connection() {
+    sqlite3_free(loadMessage);
+    sqlite3_close(connection_);
+  }
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
 
   /// Loads the extension; `keepLoading` leaves the connection free to load others.
   bool load(const char* extension, bool keepLoading = true) {
-    char* message = nullptr;
     sqlite3_enable_load_extension(connection_, 1);
-    const int status = sqlite3_load_extension(connection_, extension, nullptr, &message);
-    loadMessage = message == nullptr ? "" : message;
-    sqlite3_free(message);
+    lastStatus = sqlite3_load_extension(connection_, extension, nullptr, &loadMessage);
     sqlite3_enable_load_extension(connection_, keepLoading ? 1 : 0);
-    return (lastStatus = status) == SQLITE_OK;
+    return lastStatus == SQLITE_OK;
   }
 
   using Binding = std::function<void(sqlite3_stmt*)>;
@@ -47,21 +47,23 @@ class Connection {
   /// or `error: ` and the message.
   std::string all(std::string_view sql) {
     std::string text;
-    const int status = run(sql, {}, [&](sqlite3_stmt* statement) {
-      for (int column = 0; column < sqlite3_column_count(statement); ++column) {
-        const auto* const bytes = sqlite3_column_text(statement, column);
-        text += column > 0 ? "|" : text.empty() ? "" : " ";
-        text += bytes == nullptr ? "NULL" : reinterpret_cast<const char*>(bytes);
-      }
-    });
-    return status == SQLITE_OK ? text : "error: " + error();
+    run(sql, {}, [&](sqlite3_stmt* statement) { append(text, statement); });
+    return lastStatus == SQLITE_OK ? text : "error: " + error();
+  }
+
+  static void append(std::string& text, sqlite3_stmt* row) {
+    for (int column = 0; column < sqlite3_column_count(row); ++column) {
+      const auto* const bytes = sqlite3_column_text(row, column);
+      text += column > 0 ? "|" : text.empty() ? "" : " ";
+      text += bytes == nullptr ? "NULL" : reinterpret_cast<const char*>(bytes);
+    }
   }
 
   std::string error() const { return sqlite3_errmsg(connection_); }
   sqlite3* get() const { return connection_; }
 
   int lastStatus = SQLITE_OK;
-  std::string loadMessage;
+  char* loadMessage = nullptr;
 
  private:
   sqlite3* connection_ = nullptr;
