@@ -7,8 +7,8 @@ A file is {"folders": [...], "cases": [...]}: the folders of schemas/ that an en
 and calls in order. A case has a "call", its arguments "with", and what it "gives": a text, bits of a
 double, or a list of them; or else the "status" and "message" of its refusal, and in a formula the
 "span". "not" tells why a language cannot say it; left_out.json tells it by rules, which have a
-"reason" and regular expressions for the call, its arguments, the status or the file. A runner of a
-language that has messages alone says that a call is "REFUSED".
+"reason" and regular expressions for the "file", the "call", its arguments "with", the "status" or the
+"message". A runner of a language that has messages alone says that a call is "REFUSED".
 """
 import json
 import pathlib
@@ -74,6 +74,7 @@ def reason_to_leave_out(case, file, language, rules):
     if language in case.get("not", {}):
         return case["not"][language]
     of_case = {"file": file, "call": case["call"], "status": case.get("status", "OK"),
+               "message": case.get("message", ""),
                "with": "\t".join(map(escaped, case.get("with", [])))}
     for rule in rules.get(language, []):
         if all(re.search(pattern, of_case[key]) for key, pattern in rule.items()
