@@ -53,13 +53,13 @@ std::string Call::unit(int index) {
   return typeId;
 }
 
-double Call::number(int index, const std::optional<std::string>& unit) const {
+double Call::number(int index, const std::string* unit) const {
   const int type = sqlite3_value_type(value(index));
   if (type == SQLITE_FLOAT || type == SQLITE_INTEGER) return sqlite3_value_double(value(index));
   if (type != SQLITE_TEXT) refuseType("A value", "a number or a text", value(index));
   const trelvon_text formula = textOf(textOf(value(index), "A value"));
   double number = 0;
-  if (unit)
+  if (unit != nullptr)
     Sql::call(trelvon_evaluate, engine().get(), textOf(*unit), formula, nullptr, nullptr, &number);
   else
     Sql::call(trelvon_evaluate_unitless, engine().get(), formula, nullptr, nullptr, &number);

@@ -4,7 +4,6 @@
 #include "bindings/sqlite/Sqlite.h"
 
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -36,7 +35,9 @@ class Call {
 
   /// Reads a number. A text is a formula, whose plain numbers count in a unit; without a unit it must
   /// have none.
-  double number(int index, const std::optional<std::string>& unit) const;
+  double number(int index, const std::string& unit) const { return number(index, &unit); }
+  double number(int index) const { return number(index, nullptr); }
+  bool isReal(int index) const { return sqlite3_value_type(value(index)) == SQLITE_FLOAT; }
 
   void give(double number) { sqlite3_result_double(context_, number); }
   void give(bool truth) { sqlite3_result_int(context_, truth ? 1 : 0); }
@@ -57,6 +58,8 @@ class Call {
   }
 
  private:
+  double number(int index, const std::string* unit) const;
+
   sqlite3_context* context_;
   int count_;
   sqlite3_value** values_;
@@ -64,6 +67,7 @@ class Call {
 
 /// The bodies of the functions; Functions.cpp says what SQL calls them.
 void convert(Call& call);
+bool convertByKept(Call& call);  // the quick way for constant units; false if it is not open
 void canConvert(Call& call);
 void evaluate(Call& call);
 void format(Call& call);

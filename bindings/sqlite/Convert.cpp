@@ -5,26 +5,16 @@ namespace Sql {
 
 namespace {
 
-/// A conversion that is worked out once for all rows of a statement.
-struct Prepared {
-  std::string from;
-  Owned<trelvon_conversion> conversion;
-};
+using Shared = std::shared_ptr<const Prepared>;
 
-std::unique_ptr<Prepared> prepare(Call& call) {
-  Engine& engine = call.engine();
-  constexpr const char* what = "The name of a unit";
-  auto prepared = std::make_unique<Prepared>();
-  prepared->from = engine.unitCalled(textOf(call.value(1), what));
-  const std::string to = engine.unitCalled(textOf(call.value(2), what));
-  prepared->conversion = make<trelvon_conversion>(trelvon_conversion_create, engine.get(),
-                                                  textOf(prepared->from), textOf(to));
-  return prepared;
+/// The conversion is kept for the first unit. Something kept for the second one says that it, too, is
+/// a constant: SQLite drops at once what is kept for others.
+const Prepared* keptConversion(const Call& call) {
+  const auto* const conversion = call.kept<Shared>(1);
+  return conversion != nullptr && call.kept<bool>(2) != nullptr ? conversion->get() : nullptr;
 }
 
-void convert(Call& call, const Prepared& prepared) {
-  const bool isReal = sqlite3_value_type(call.value(0)) == SQLITE_FLOAT;
-  const double value = isReal ? sqlite3_value_double(call.value(0)) : call.number(0, prepared.from);
+void give(Call& call, const Prepared& prepared, double value) {
   double converted = 0;
   trelvon_conversion_apply(prepared.conversion.get(), &value, 1, &converted, 1, 1);
   call.give(converted);
@@ -32,13 +22,20 @@ void convert(Call& call, const Prepared& prepared) {
 
 }  // namespace
 
-/// The conversion is kept for the first unit. Something kept for the second one says that it, too, is
-/// a constant: SQLite drops at once what is kept for others.
+bool convertByKept(Call& call) {
+  const Prepared* const prepared = keptConversion(call);
+  if (prepared == nullptr || !call.isReal(0)) return false;
+  give(call, *prepared, sqlite3_value_double(call.value(0)));
+  return true;
+}
+
 void convert(Call& call) {
-  const auto* const known = call.kept<Prepared>(1);
-  if (known != nullptr && call.kept<bool>(2) != nullptr) return convert(call, *known);
-  std::unique_ptr<Prepared> prepared = prepare(call);
-  convert(call, *prepared);
+  if (const Prepared* const prepared = keptConversion(call))
+    return give(call, *prepared, call.number(0, prepared->from));
+  constexpr const char* what = "The name of a unit";
+  auto prepared = std::make_unique<Shared>(
+      call.engine().conversion(textOf(call.value(1), what), textOf(call.value(2), what)));
+  give(call, **prepared, call.number(0, (*prepared)->from));
   call.keep(2, std::make_unique<bool>(true));
   call.keep(1, std::move(prepared));
 }

@@ -84,6 +84,26 @@ void Engine::refuseUnit(std::string_view text) {
 }
 
 std::string Engine::unitCalled(std::string_view text) {
+  const std::string key(text);
+  if (const auto* const known = units_.find(key)) return *known;
+  std::string found = findUnit(text);
+  units_.keep(key, found);
+  return found;
+}
+
+std::shared_ptr<const Prepared> Engine::conversion(std::string_view from, std::string_view to) {
+  const std::string key = std::to_string(from.size()) + ' ' + std::string(from) + std::string(to);
+  if (const auto* const known = conversions_.find(key)) return *known;
+  auto made = std::make_shared<Prepared>();
+  made->from = unitCalled(from);
+  const std::string target = unitCalled(to);
+  made->conversion = make<trelvon_conversion>(trelvon_conversion_create, get(), textOf(made->from),
+                                              textOf(target));
+  conversions_.keep(key, made);
+  return made;
+}
+
+std::string Engine::findUnit(std::string_view text) {
   if (holds(engine_.get(), TRELVON_UNIT, text)) return std::string(text);
   const auto best = make<trelvon_list>(trelvon_names_find_best, names(), textOf(text));
   const std::size_t count = trelvon_list_count(best.get());
@@ -110,6 +130,8 @@ std::string Engine::load(std::string_view folder) {
                                                 std::size_t{1}, unsigned{TRELVON_NO_LINTS});
   names_.reset();
   symbols_.reset();
+  units_.clear();
+  conversions_.clear();
   if (trelvon_load_report_errors(report.get()) != 0)
     throw Fault{write(trelvon_load_report_text, report.get())};
   return write(trelvon_load_report_json, report.get());

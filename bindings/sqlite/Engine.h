@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bindings/sqlite/Cache.h"
 #include "bindings/sqlite/Catalog.h"
 #include "bindings/sqlite/Owned.h"
 #include "bindings/sqlite/SymbolNames.h"
@@ -9,6 +10,12 @@
 #include <string_view>
 
 namespace Sql {
+
+/// A conversion that is worked out once for many rows.
+struct Prepared {
+  std::string from;
+  Owned<trelvon_conversion> conversion;
+};
 
 /// The engine of a connection, with the names of what it holds.
 class Engine {
@@ -25,7 +32,10 @@ class Engine {
   /// @throws Fault  none is, or several are; the candidates are told.
   std::string unitCalled(std::string_view text);
 
-  /// The same for a symbol.
+  /// The conversion between units that are called so.
+  std::shared_ptr<const Prepared> conversion(std::string_view from, std::string_view to);
+
+  /// The same as `unitCalled` for a symbol.
   std::string symbolCalled(std::string_view text);
 
   /// Loads a folder of definitions, all or none, and returns the report as JSON.
@@ -33,12 +43,15 @@ class Engine {
   std::string load(std::string_view folder);
 
  private:
+  std::string findUnit(std::string_view text);
   [[noreturn]] void refuseUnit(std::string_view text);
 
   Owned<trelvon_engine> engine_;
   std::string codes_;
   Owned<trelvon_names> names_;
   std::unique_ptr<SymbolNames> symbols_;
+  Cache<std::string> units_;  // by what they are called
+  Cache<std::shared_ptr<const Prepared>> conversions_;
 };
 
 }  // namespace Sql

@@ -38,7 +38,7 @@ FoundSymbol symbolAt(Call& call, int index) {
 void format(Call& call) {
   const bool hasSymbol = call.count() > 2;
   const FoundSymbol symbol = hasSymbol ? symbolAt(call, 1) : FoundSymbol{};
-  const double value = call.number(0, hasSymbol ? std::optional(symbol.unit) : std::nullopt);
+  const double value = hasSymbol ? call.number(0, symbol.unit) : call.number(0);
   const unsigned places = countOf(call.value(hasSymbol ? 2 : 1), "Places", mostCounted);
   const int trim = call.count() > 3 && countOf(call.value(3), "Trimming", 1) != 0 ? 1 : 0;
   const trelvon_text typeId = textOf(symbol.typeId);
@@ -49,7 +49,7 @@ void format(Call& call) {
 void formatFraction(Call& call) {
   const bool hasSymbol = call.count() > 2;
   const FoundSymbol symbol = hasSymbol ? symbolAt(call, 1) : FoundSymbol{};
-  const double value = call.number(0, hasSymbol ? std::optional(symbol.unit) : std::nullopt);
+  const double value = hasSymbol ? call.number(0, symbol.unit) : call.number(0);
   const unsigned precision = countOf(call.value(hasSymbol ? 2 : 1), "A precision", mostCounted);
   const trelvon_text typeId = textOf(symbol.typeId);
   call.give(write(trelvon_format_fractional, call.engine().get(), value, precision,

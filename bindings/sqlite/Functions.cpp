@@ -8,14 +8,17 @@ namespace Sql {
 
 namespace {
 
+bool noQuickWay(Call&) { return false; }
+
 /// What SQLite calls. No exception may reach it.
-template <void (*body)(Call&)>
+template <void (*body)(Call&), bool (*quickWay)(Call&) = noQuickWay>
 void run(sqlite3_context* context, int count, sqlite3_value** values) noexcept {
+  Call call(context, count, values);
+  if (quickWay(call)) return;
   for (int index = 0; index < count; ++index)
     if (sqlite3_value_type(values[index]) == SQLITE_NULL) return sqlite3_result_null(context);
   try {
     try {
-      Call call(context, count, values);
       body(call);
     } catch (const Fault& fault) {
       const std::string message = shown(fault.message);
@@ -42,7 +45,7 @@ constexpr struct {
   int flags;
   void (*run)(sqlite3_context*, int, sqlite3_value**) noexcept;
 } functions[] = {
-    {"units_convert", 3, pure, run<convert>},
+    {"units_convert", 3, pure, run<convert, convertByKept>},
     {"units_can_convert", 2, pure, run<canConvert>},
     {"units_evaluate", any, pure, run<evaluate>},
     {"units_format", 2, pure, run<format>},
