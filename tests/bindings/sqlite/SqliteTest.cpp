@@ -52,6 +52,7 @@ void checkParameters(Connection& connection) {
 void checkLoading() {
   const FolderTree folder;
   folder.write("units/smoot.json", derived("my:smoot", {"trelvon.unit:inch-1.0.0"}));
+  folder.write("units/foot.json", derived("my:foot", {"trelvon.unit:inch-1.0.0"}));
   const std::string load = "SELECT units_load('" + folder.path().string() + "') ->> '$.errors'";
   Connection closed, connection;
   closed.load(TRELVON_EXTENSION, false);
@@ -65,10 +66,14 @@ void checkLoading() {
     checkEqual(connection.all(load),
                "error: units_load cannot change units while another statement runs.", "busy");
   });
-  checkAll(connection, {{"SELECT units_convert(1, 'smoot', 'in')",
+  checkAll(connection, {{"SELECT units_convert(1, 'foot', 'in')", "12.0"},
+                        {"SELECT units_convert(1, 'smoot', 'in')",
                          "error: Could not find unit with typeid smoot. Did you mean \"foot\"?"}});
   checkEqual(connection.all(load), "0", "a folder");
-  checkAll(connection, {{"SELECT units_convert(2, 'smoot', 'in')", "2.0"}});
+  checkAll(connection,
+           {{"SELECT units_convert(2, 'smoot', 'in')", "2.0"},
+            {"SELECT units_convert(1, 'foot', 'in')",
+             "error: \"foot\" names more than one unit. Write one of: \"my:foot\", \"'\"."}});
   check(closed.all("SELECT units_convert(1, 'smoot', 'in')").find("error") == 0, "It is shared.");
 }
 
