@@ -3,9 +3,9 @@ include(CMakePackageConfigHelpers)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/TrelvonUnits)
 set(schemas_dir ${CMAKE_INSTALL_DATADIR}/TrelvonUnits/schemas)
 
-# Five components, so that packages can hold them apart: Runtime (what programs load), Development
-# (what hosts are built with), C (the header that hosts in C need besides), Definitions (the catalog)
-# and Tool (the program trelvon).
+# Six components, so that packages can hold them apart: Runtime (what programs load), Development
+# (what hosts are built with), C (the header that hosts in C need besides), Definitions (the catalog),
+# Tool (the program trelvon) and SQLite (the extension that SQLite loads).
 install(TARGETS TrelvonUnits EXPORT TrelvonUnitsTargets
   RUNTIME COMPONENT Runtime
   LIBRARY COMPONENT Runtime NAMELINK_COMPONENT Development
@@ -25,9 +25,10 @@ string(APPEND library_file /$<TARGET_FILE_NAME:TrelvonUnits>)
 set(header_file ${CMAKE_INSTALL_INCLUDEDIR}/TrelvonUnits/TrelvonUnits.h)
 set(c_header_file ${CMAKE_INSTALL_INCLUDEDIR}/TrelvonUnits/trelvon.h)
 set(tool_file ${CMAKE_INSTALL_BINDIR}/trelvon${CMAKE_EXECUTABLE_SUFFIX})
+set(sqlite_file ${CMAKE_INSTALL_LIBDIR}/TrelvonUnits/mod_trelvonunits.so)
 configure_package_config_file(cmake/TrelvonUnitsConfig.cmake.in ${PROJECT_BINARY_DIR}/Config.cmake
   INSTALL_DESTINATION ${package_dir}
-  PATH_VARS library_file header_file c_header_file schemas_dir tool_file)
+  PATH_VARS library_file header_file c_header_file schemas_dir tool_file sqlite_file)
 file(GENERATE OUTPUT TrelvonUnitsConfig.cmake INPUT ${PROJECT_BINARY_DIR}/Config.cmake)
 write_basic_package_version_file(TrelvonUnitsConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES

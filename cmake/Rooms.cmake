@@ -46,6 +46,11 @@ foreach(folder IN LISTS room_folders folders)
          AND (bracket STREQUAL "\"" OR seen IN_LIST rooms OR seen STREQUAL rapidjson OR seen STREQUAL CLI))
         message(SEND_ERROR "${file}: forbidden: ${include}")
       endif()
+      # Languages other than C have the C interface alone.
+      if(file MATCHES "^bindings/" AND NOT file MATCHES "^bindings/c/" AND seen STREQUAL TrelvonUnits
+         AND NOT include MATCHES "<TrelvonUnits/trelvon[.]h>")
+        message(SEND_ERROR "${file}: only trelvon.h: ${include}")
+      endif()
       # Of libraries of the program, one file each includes the header.
       if((seen STREQUAL CLI AND NOT file STREQUAL tools/trelvon/Arguments.cpp) OR
          (seen STREQUAL histedit.h AND NOT file STREQUAL tools/trelvon/prompt/LineEditor.cpp))

@@ -17,7 +17,8 @@ VERSIONED = (("debian/changelog", f"trelvonunits ({VERSION}) "),
              ("packaging/conan/conanfile.py", f'version = "{VERSION}"'),
              ("packaging/vcpkg/vcpkg.json", f'"version": "{VERSION}"'))
 PACKAGES = {"libtrelvonunits1": ["Runtime"], "libtrelvonunits-dev": ["Development", "C"],
-            "trelvonunits-definitions": ["Definitions"], "trelvon": ["Tool"]}
+            "trelvonunits-definitions": ["Definitions"], "trelvon": ["Tool"],
+            "libsqlite3-mod-trelvonunits": ["SQLite"]}
 # What is missing, what a host asks for, and what it is told.
 ASKED = (
     ("", "COMPONENTS Tool", "has: TrelvonUnits trelvon schemas."),
@@ -29,7 +30,7 @@ ASKED = (
     (f"{LIBDIR}/{LIBRARY}", "COMPONENTS Definitions OPTIONAL_COMPONENTS Runtime Paint",
      "has: trelvon schemas."),
     ("", "COMPONENTS Definitions Paint",
-     "no component Paint. It has Runtime, Development, C, Definitions and Tool."),
+     "no component Paint. It has Runtime, Development, C, Definitions, Tool and SQLite."),
     ("include/TrelvonUnits/trelvon.h", "COMPONENTS Runtime C", "/trelvon.h is missing."))
 HOST = """cmake_minimum_required(VERSION 3.25)
 project(Host LANGUAGES NONE)
