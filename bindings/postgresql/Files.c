@@ -7,6 +7,7 @@
 
 #include <common/cryptohash.h>
 #include <common/sha2.h>
+#include <utils/resowner.h>
 
 /* More is no bundle, or one for another machine. */
 enum { MOST_OF_FILE = 1 << 28 };
@@ -40,18 +41,29 @@ trelvon_text read_whole_file(const char* path) {
   return (trelvon_text){bytes, size};
 }
 
-static bool has_digest(trelvon_text of, const char* digest) {
-  uint8 bytes[PG_SHA256_DIGEST_LENGTH];
-  char digits[2 * PG_SHA256_DIGEST_LENGTH + 1];
-  pg_cryptohash_ctx* const hash = pg_cryptohash_create(PG_SHA256);
-  const bool done = hash != NULL && pg_cryptohash_init(hash) == 0 &&
-                    pg_cryptohash_update(hash, (const uint8*)of.data, of.size) == 0 &&
-                    pg_cryptohash_final(hash, bytes, sizeof bytes) == 0;
-  pg_cryptohash_free(hash);
+static bool hash(trelvon_text bytes, uint8* digest, size_t size) {
+  pg_cryptohash_ctx* const context = pg_cryptohash_create(PG_SHA256);
+  const bool done = context != NULL && pg_cryptohash_init(context) == 0 &&
+                    pg_cryptohash_update(context, (const uint8*)bytes.data, bytes.size) == 0 &&
+                    pg_cryptohash_final(context, digest, size) == 0;
+  pg_cryptohash_free(context);
+  return done;
+}
+
+/* Hashing needs an owner, which the server's first process does not have. */
+static bool has_digest(trelvon_text bytes, const char* expected) {
+  uint8 digest[PG_SHA256_DIGEST_LENGTH];
+  char digits[2 * PG_SHA256_DIGEST_LENGTH + 1] = "";
+  const ResourceOwner caller = CurrentResourceOwner;
+  const ResourceOwner owner = ResourceOwnerCreate(caller, "trelvonunits");
+  bool done;
+  CurrentResourceOwner = owner;
+  done = hash(bytes, digest, sizeof digest);
+  CurrentResourceOwner = caller;
+  ResourceOwnerDelete(owner);
   if (!done) ereport(ERROR, errcode(ERRCODE_INTERNAL_ERROR), errmsg("SHA-256 cannot be computed"));
-  hex_encode((const char*)bytes, sizeof bytes, digits);
-  digits[sizeof digits - 1] = '\0';
-  return strcmp(digits, digest) == 0;
+  hex_encode((const char*)digest, sizeof digest, digits);
+  return strcmp(digits, expected) == 0;
 }
 
 trelvon_text read_catalog(const char* path) {

@@ -147,6 +147,7 @@ static trelvon_text find_record(trelvon_kind kind, const char* shown_kind, trelv
   status = trelvon_records(get_engine(), kind, &all->list, &all->error);
   if (status != TRELVON_OK) refuse(status, all);
   found = called(all->list, name);
+  if (found == NIL && kind == TRELVON_SYMBOL) return copied(name);
   if (found == NIL) refuse(TRELVON_UNRECOGNIZED, one);
   if (list_length(found) > 1) {
     StringInfoData candidates;

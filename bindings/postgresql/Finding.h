@@ -10,7 +10,8 @@
 /* By type id, or as UnitNames finds it. */
 trelvon_text find_unit(trelvon_text name);
 
-/* By type id, local id, or the text that is shown. */
+/* By type id, local id, or the text that is shown. A name of no symbol is returned as it is: the engine
+   refuses it when its turn comes. */
 trelvon_text find_symbol(trelvon_text name);
 
 /* By type id, local id, or name. */

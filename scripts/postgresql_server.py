@@ -12,8 +12,6 @@ import subprocess
 import tempfile
 import time
 
-import psycopg2
-
 RUN_AS = "postgres"
 LEFT_OUT = shutil.ignore_patterns("bitcode", "pgxs", "man", "*.mo")
 
@@ -78,12 +76,12 @@ class Server:
             self.process = subprocess.Popen([self.installation.bin / "postgres", "-D", self.data],
                                             stdout=log, stderr=log, cwd=self.installation.folder,
                                             **as_user())
-        for _ in range(600):
-            with contextlib.suppress(psycopg2.OperationalError):
-                self.connect().close()
-                return
+        for _ in range(1200):
             if self.process.poll() is not None:
                 break
+            if subprocess.run([self.installation.bin / "pg_isready", "-q", "-h", self.sockets, "-p",
+                               str(self.port)], check=False).returncode == 0:
+                return
             time.sleep(0.05)
         raise SystemExit(f"no server:\n{self.log.read_text()}")
 
@@ -98,7 +96,13 @@ class Server:
     def where(self, database="postgres", user="owner"):
         return {"host": str(self.sockets), "port": self.port, "dbname": database, "user": user}
 
+    def environment(self, database="postgres"):
+        """The variables with which libpq finds this server, and the shell its programs."""
+        return {"PGHOST": str(self.sockets), "PGPORT": str(self.port), "PGUSER": "owner",
+                "PGDATABASE": database, "PATH": f"{self.installation.bin}:{os.environ['PATH']}"}
+
     def connect(self, database="postgres", user="owner"):
+        import psycopg2  # which the demo does not need
         connection = psycopg2.connect(**self.where(database, user))
         connection.autocommit = True
         return connection
