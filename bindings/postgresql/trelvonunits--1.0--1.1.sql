@@ -2,15 +2,15 @@
 
 CREATE FUNCTION units_explain_text(formula text) RETURNS text
   AS 'MODULE_PATHNAME', 'units_explain_text_plain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 2000;
-CREATE FUNCTION units_explain_text(formula text, unit text) RETURNS text
+CREATE FUNCTION units_explain_text(formula text, unit units_name) RETURNS text
   AS 'MODULE_PATHNAME', 'units_explain_text' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 2000;
 CREATE FUNCTION units_explain_text(formula text, variables jsonb) RETURNS text
   AS 'MODULE_PATHNAME', 'units_explain_text_plain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 2000;
-CREATE FUNCTION units_explain_text(formula text, unit text, variables jsonb) RETURNS text
+CREATE FUNCTION units_explain_text(formula text, unit units_name, variables jsonb) RETURNS text
   AS 'MODULE_PATHNAME', 'units_explain_text' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 2000;
 
 -- All units that a text names, and why.
-CREATE FUNCTION units_find(name text) RETURNS TABLE (
+CREATE FUNCTION units_find(name units_name) RETURNS TABLE (
     text text, unit text, kind text, is_exact boolean)
   AS 'MODULE_PATHNAME', 'units_find' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 100 ROWS 2;
 

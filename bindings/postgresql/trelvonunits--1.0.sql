@@ -1,53 +1,71 @@
 \echo Use "CREATE EXTENSION trelvonunits" to load this file. \quit
 
--- Units are given by type id, local id, name, symbol text or code; symbols by type id, local id or text.
+-- A text that names a unit, symbol or quantity. It is a type of its own because it has no collation: a
+-- call whose names are constants can so be sent to other servers by postgres_fdw.
+CREATE TYPE units_name;
+CREATE FUNCTION units_name_in(cstring) RETURNS units_name
+  AS 'textin' LANGUAGE internal IMMUTABLE STRICT PARALLEL SAFE;
+CREATE FUNCTION units_name_out(units_name) RETURNS cstring
+  AS 'textout' LANGUAGE internal IMMUTABLE STRICT PARALLEL SAFE;
+CREATE FUNCTION units_name_recv(internal) RETURNS units_name
+  AS 'textrecv' LANGUAGE internal STABLE STRICT PARALLEL SAFE;
+CREATE FUNCTION units_name_send(units_name) RETURNS bytea
+  AS 'textsend' LANGUAGE internal STABLE STRICT PARALLEL SAFE;
+CREATE TYPE units_name (
+  INPUT = units_name_in, OUTPUT = units_name_out, RECEIVE = units_name_recv,
+  SEND = units_name_send, LIKE = text, CATEGORY = 'S');
+CREATE CAST (text AS units_name) WITHOUT FUNCTION AS IMPLICIT;
+CREATE CAST (varchar AS units_name) WITHOUT FUNCTION AS IMPLICIT;
+CREATE CAST (units_name AS text) WITHOUT FUNCTION AS ASSIGNMENT;
+
+-- Units are given by type id, local id, name, symbol units_name or code; symbols by type id, local id or text.
 -- COST counts operators on numbers; docs/postgresql.md says what was measured.
 
-CREATE FUNCTION units_convert(value float8, from_unit text, to_unit text) RETURNS float8
+CREATE FUNCTION units_convert(value float8, from_unit units_name, to_unit units_name) RETURNS float8
   AS 'MODULE_PATHNAME', 'units_convert' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 2;
-CREATE FUNCTION units_can_convert(from_unit text, to_unit text) RETURNS boolean
+CREATE FUNCTION units_can_convert(from_unit units_name, to_unit units_name) RETURNS boolean
   AS 'MODULE_PATHNAME', 'units_can_convert' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 20;
 
 -- The result is a number of the unit, or without one a plain number.
 CREATE FUNCTION units_evaluate(formula text) RETURNS float8
   AS 'MODULE_PATHNAME', 'units_evaluate_plain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 100;
-CREATE FUNCTION units_evaluate(formula text, unit text) RETURNS float8
+CREATE FUNCTION units_evaluate(formula text, unit units_name) RETURNS float8
   AS 'MODULE_PATHNAME', 'units_evaluate' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 100;
 CREATE FUNCTION units_evaluate(formula text, variables jsonb) RETURNS float8
   AS 'MODULE_PATHNAME', 'units_evaluate_plain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 150;
-CREATE FUNCTION units_evaluate(formula text, unit text, variables jsonb) RETURNS float8
+CREATE FUNCTION units_evaluate(formula text, unit units_name, variables jsonb) RETURNS float8
   AS 'MODULE_PATHNAME', 'units_evaluate' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 150;
 
 CREATE FUNCTION units_format(value float8, places integer, trim_zeros boolean DEFAULT false) RETURNS text
   AS 'MODULE_PATHNAME', 'units_format_plain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
-CREATE FUNCTION units_format(value float8, symbol text, places integer, trim_zeros boolean DEFAULT false) RETURNS text
+CREATE FUNCTION units_format(value float8, symbol units_name, places integer, trim_zeros boolean DEFAULT false) RETURNS text
   AS 'MODULE_PATHNAME', 'units_format' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 CREATE FUNCTION units_format_fraction(value float8, fraction integer) RETURNS text
   AS 'MODULE_PATHNAME', 'units_format_fraction_plain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
-CREATE FUNCTION units_format_fraction(value float8, symbol text, fraction integer) RETURNS text
+CREATE FUNCTION units_format_fraction(value float8, symbol units_name, fraction integer) RETURNS text
   AS 'MODULE_PATHNAME', 'units_format_fraction' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 
 CREATE FUNCTION units_explain(formula text) RETURNS jsonb
   AS 'MODULE_PATHNAME', 'units_explain_plain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 2000;
-CREATE FUNCTION units_explain(formula text, unit text) RETURNS jsonb
+CREATE FUNCTION units_explain(formula text, unit units_name) RETURNS jsonb
   AS 'MODULE_PATHNAME', 'units_explain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 2000;
 CREATE FUNCTION units_explain(formula text, variables jsonb) RETURNS jsonb
   AS 'MODULE_PATHNAME', 'units_explain_plain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 2000;
-CREATE FUNCTION units_explain(formula text, unit text, variables jsonb) RETURNS jsonb
+CREATE FUNCTION units_explain(formula text, unit units_name, variables jsonb) RETURNS jsonb
   AS 'MODULE_PATHNAME', 'units_explain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 2000;
 
 CREATE FUNCTION units_list() RETURNS TABLE (
     type_id text, local_id text, name text, system text, kind text, dimension text,
     factor float8, "offset" float8, parents jsonb, factors jsonb)
   AS 'MODULE_PATHNAME', 'units_list_all' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 20000 ROWS 1000;
-CREATE FUNCTION units_list(quantity text) RETURNS TABLE (
+CREATE FUNCTION units_list(quantity units_name) RETURNS TABLE (
     type_id text, local_id text, name text, system text, kind text, dimension text,
     factor float8, "offset" float8, parents jsonb, factors jsonb)
   AS 'MODULE_PATHNAME', 'units_list' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 500 ROWS 20;
-CREATE FUNCTION units_convertible(unit text) RETURNS TABLE (
+CREATE FUNCTION units_convertible(unit units_name) RETURNS TABLE (
     type_id text, local_id text, name text, system text, kind text, dimension text,
     factor float8, "offset" float8, parents jsonb, factors jsonb)
   AS 'MODULE_PATHNAME', 'units_convertible' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 1000 ROWS 20;
-CREATE FUNCTION units_symbols(unit text) RETURNS TABLE (
+CREATE FUNCTION units_symbols(unit units_name) RETURNS TABLE (
     type_id text, local_id text, unit text, text text, placement text, has_space boolean)
   AS 'MODULE_PATHNAME', 'units_symbols' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 100 ROWS 3;

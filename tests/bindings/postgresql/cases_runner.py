@@ -25,7 +25,7 @@ def variables(words):
 def formula(function, unit, text, words):
     """A call with the arguments that there are."""
     given = [text] + ([unit] if unit else []) + ([variables(words)] if words else [])
-    types = ["text"] + (["text"] if unit else []) + (["jsonb"] if words else [])
+    types = ["text"] + (["units_name"] if unit else []) + (["jsonb"] if words else [])
     return (f"SELECT {function}({', '.join(f'%s::{kind}' for kind in types)})", given)
 
 
