@@ -1,18 +1,18 @@
 \echo Use "ALTER EXTENSION trelvonunits UPDATE" to load this file. \quit
 
 CREATE FUNCTION units_explain_text(formula text) RETURNS text
-  AS 'MODULE_PATHNAME', 'units_explain_text_plain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 2000;
+  AS 'MODULE_PATHNAME', 'units_explain_text_plain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 1700;
 CREATE FUNCTION units_explain_text(formula text, unit units_name) RETURNS text
-  AS 'MODULE_PATHNAME', 'units_explain_text' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 2000;
+  AS 'MODULE_PATHNAME', 'units_explain_text' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 1700;
 CREATE FUNCTION units_explain_text(formula text, variables jsonb) RETURNS text
-  AS 'MODULE_PATHNAME', 'units_explain_text_plain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 2000;
+  AS 'MODULE_PATHNAME', 'units_explain_text_plain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 1700;
 CREATE FUNCTION units_explain_text(formula text, unit units_name, variables jsonb) RETURNS text
-  AS 'MODULE_PATHNAME', 'units_explain_text' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 2000;
+  AS 'MODULE_PATHNAME', 'units_explain_text' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 1700;
 
 -- All units that a text names, and why.
 CREATE FUNCTION units_find(name units_name) RETURNS TABLE (
     text text, unit text, kind text, is_exact boolean)
-  AS 'MODULE_PATHNAME', 'units_find' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 100 ROWS 2;
+  AS 'MODULE_PATHNAME', 'units_find' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 1200 ROWS 2;
 
 -- The versions of the extension and the library, and the SHA-256 of the catalog.
 CREATE FUNCTION units_version() RETURNS jsonb
