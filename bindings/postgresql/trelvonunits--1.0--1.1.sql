@@ -22,12 +22,15 @@ CREATE FUNCTION units_version() RETURNS jsonb
 -- to be looked at when a definition changes.
 CREATE FUNCTION units_dependents() RETURNS TABLE (type text, identity text)
   LANGUAGE SQL STABLE PARALLEL SAFE AS $$
+  WITH members AS (
+    SELECT d.classid, d.objid
+    FROM pg_catalog.pg_depend d JOIN pg_catalog.pg_extension e ON e.oid = d.refobjid
+    WHERE d.refclassid = 'pg_catalog.pg_extension'::regclass AND d.deptype = 'e'
+      AND e.extname = 'trelvonunits')
   SELECT DISTINCT found.type, found.identity
-  FROM pg_catalog.pg_extension e
-    JOIN pg_catalog.pg_depend member ON member.refclassid = 'pg_catalog.pg_extension'::regclass
-      AND member.refobjid = e.oid AND member.deptype = 'e'
-    JOIN pg_catalog.pg_depend used ON used.refclassid = member.classid AND used.refobjid = member.objid,
-    pg_catalog.pg_identify_object(used.classid, used.objid, used.objsubid) found
-  WHERE e.extname = 'trelvonunits' AND used.deptype <> 'e'
+  FROM members m
+    JOIN pg_catalog.pg_depend d ON d.refclassid = m.classid AND d.refobjid = m.objid,
+    pg_catalog.pg_identify_object(d.classid, d.objid, d.objsubid) found
+  WHERE d.deptype NOT IN ('e', 'i') AND (d.classid, d.objid) NOT IN (SELECT * FROM members)
   ORDER BY 1, 2
 $$;
