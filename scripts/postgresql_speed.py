@@ -24,6 +24,18 @@ WORKERS = ("SET parallel_leader_participation = off; SET min_parallel_table_scan
            "SET max_parallel_workers_per_gather = ")
 
 
+OPERATOR = "x * 1.1 * 1.2 * 1.3 * 1.4 * 1.5 * 1.6 * 1.7 * 1.8 * 1.9 * 2.0"
+CALLS = [  # with how many rows
+    ("units_convert(x, 'ft', 'm')", 300000), ("units_convert(x, unit, 'm')", 300000),
+    ("units_can_convert(unit, 'm')", 100000), ("units_evaluate(formula, 'm')", 100000),
+    ("units_evaluate('2 * width', 'm', jsonb_build_object('width', formula))", 30000),
+    ("units_format(x, 'kg', 2)", 100000), ("units_explain(formula, 'm')", 2000),
+    ("units_explain_text(formula, 'm')", 2000), ("(SELECT count(*) FROM units_list() WHERE x > 0)", 10),
+    ("(SELECT count(*) FROM units_symbols('ft') WHERE x > 0)", 1000)]
+LONG = ["repeat('1 ft + ', 149000) || '1 ft', 'm'", "repeat('1 + ', 262000) || '1'",
+        "repeat('(', 1048576)", "repeat('1+', 524288)", "repeat('2^', 524287) || '1'"]
+
+
 def cpu(connection):
     """Seconds that the process has computed."""
     about = pathlib.Path(f"/proc/{connection.get_backend_pid()}/schedstat").read_text("ascii")
@@ -73,6 +85,34 @@ def first_call(one):
     return f"{statistics.median(differences):.1f} ms ({min(differences):.1f} to {max(differences):.1f})"
 
 
+def costs(connection):
+    """Prints nanoseconds of calls for each row, and those of an operator on numbers."""
+    rows(connection, "CREATE TABLE few AS SELECT i::float8 AS x, i || ' ft' AS formula, "
+                     "(ARRAY['ft', 'in'])[i % 2 + 1] AS unit FROM generate_series(1, 300000) i")
+    rows(connection, "VACUUM ANALYZE few")
+    rows(connection, "SET jit = off")
+
+    def nanoseconds(expression, count):
+        statement = f"SELECT count({expression}) FROM few WHERE x <= {count}"
+        beside = f"SELECT count(x) FROM few WHERE x <= {count}"
+        return statistics.median(took(cpu, connection, statement) - took(cpu, connection, beside)
+                                 for _ in range(ROUNDS)) / count * 1e9
+    print(f"an operator on numbers: {nanoseconds(OPERATOR, 300000) / 10:.1f} ns")
+    for call, count in CALLS:
+        print(f"{call}: {nanoseconds(call, count):.0f} ns")
+
+
+def long_formulas(connection):
+    """Prints the milliseconds of formulas of 1 MiB."""
+    for formula in LONG:
+        start, outcome = cpu(connection), "done"
+        try:
+            rows(connection, f"SELECT units_evaluate({formula})")
+        except Exception as error:
+            outcome = error.diag.message_primary
+        print(f"{formula}: {1000 * (cpu(connection) - start):.0f} ms, {outcome}")
+
+
 def memory(connection):
     text = pathlib.Path(f"/proc/{connection.get_backend_pid()}/status").read_text("ascii")
     return next(line.split(":")[1].strip() for line in text.split("\n") if line.startswith("RssAnon"))
@@ -92,6 +132,8 @@ def main(build=str(ROOT / "build/release"), count="10000000"):
             rows(connection, f"SET jit = {jit}")
             print(f"sum of conversions, of sum(x * 0.3048), jit {jit}: "
                   f"{compare(connection, OURS, MULTIPLY)}")
+        costs(connection)
+        long_formulas(connection)
         rows(connection, "RESET jit")
         print(f"the extension unit, of units_convert: {compare(connection, OTHER, OURS)}")
         before = memory(connection)

@@ -18,15 +18,19 @@ static void bundle_changed(const char* value, void* extra) {
    server starts nevertheless, and calls say why. */
 static void make_engine_for_all(void) {
   const MemoryContext caller = CurrentMemoryContext;
+  const MemoryContext scratch =
+      AllocSetContextCreate(caller, "trelvonunits", ALLOCSET_DEFAULT_SIZES);
+  MemoryContextSwitchTo(scratch);
   PG_TRY();
   { get_names(false); }
   PG_CATCH();
   {
-    MemoryContextSwitchTo(caller);
     EmitErrorReport();
     FlushErrorState();
   }
   PG_END_TRY();
+  MemoryContextSwitchTo(caller);
+  MemoryContextDelete(scratch);
 }
 
 void _PG_init(void) {
