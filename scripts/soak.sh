@@ -100,7 +100,7 @@ fuzz_targets() {
   done
 }
 
-install_packages demo test soak site
+install_packages demo test soak site postgresql servers
 step "Building the release preset" build release
 programs=build/release/tests/robustness
 

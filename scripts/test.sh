@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds and tests everything, with g++ as we ship it and with clang++ under the sanitizers. Run it
-# before you submit a change. scripts/soak.sh runs what takes longer.
+# before you submit a change: scripts/test.sh [all]
+# With `all`, servers of databases are tried, too. scripts/soak.sh runs what takes longer.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/setup.sh
@@ -17,8 +18,13 @@ build_and_test() {  # PRESET
 }
 
 install_packages demo test
+if [ "${1-}" = all ]; then install_packages postgresql servers; fi
 
 build_and_test release  # includes the small hosts, built against an installation and the sources
+if [ "${1-}" = all ]; then
+  heading "release: test servers of databases"
+  ctest --test-dir build/release --label-regex servers --no-tests=error --output-on-failure
+fi
 heading "Formatting of the sources"
 cmake --build build/release --target format-check
 build_and_test asan-clang

@@ -1,0 +1,7 @@
+# Writes a header with what tells the catalog from others: cmake -D BUNDLE=... -D HEADER=... -P Catalog.cmake
+file(SHA256 ${BUNDLE} digest)
+file(SIZE ${BUNDLE} size)
+file(WRITE ${HEADER} "/* Of the catalog that is installed with the extension. */
+enum { CATALOG_SIZE = ${size} };
+#define CATALOG_SHA256 \"${digest}\"
+")

@@ -1,0 +1,47 @@
+#include "bindings/postgresql/Text.h"
+
+trelvon_text utf8_of_bytes(const char* bytes, size_t size, size_t most, const char* what) {
+  char* converted;
+  if (size > most)
+    ereport(ERROR, errcode(ERRCODE_PROGRAM_LIMIT_EXCEEDED),
+            errmsg("%s of %zu bytes is too long", what, size),
+            errdetail("At most %zu bytes are read.", most));
+  converted = pg_server_to_any(bytes, (int)size, PG_UTF8);
+  if (converted == bytes) return (trelvon_text){bytes, size};
+  return (trelvon_text){converted, strlen(converted)};
+}
+
+trelvon_text utf8_of(const text* read, size_t most, const char* what) {
+  return utf8_of_bytes(VARDATA_ANY(read), VARSIZE_ANY_EXHDR(read), most, what);
+}
+
+/* Messages may hold a part of a character. */
+static char* valid_utf8(trelvon_text from) {
+  StringInfoData shown;
+  size_t at = 0;
+  initStringInfo(&shown);
+  while (at < from.size) {
+    const int rest = (int)(from.size - at);
+    const int valid = pg_encoding_verifymbstr(PG_UTF8, from.data + at, rest);
+    appendBinaryStringInfo(&shown, from.data + at, valid);
+    at += (size_t)valid;
+    if (valid < rest) appendStringInfo(&shown, "\\x%02X", (unsigned char)from.data[at++]);
+  }
+  return shown.data;
+}
+
+char* server_string(trelvon_text from) {
+  char* const utf8 = valid_utf8(from);
+  return pg_any_to_server(utf8, (int)strlen(utf8), PG_UTF8);
+}
+
+text* server_text(trelvon_text from) { return cstring_to_text(server_string(from)); }
+
+trelvon_text copied(trelvon_text from) {
+  char* const copy = palloc(from.size + 1);
+  if (from.size != 0) memcpy(copy, from.data, from.size);
+  copy[from.size] = '\0';
+  return (trelvon_text){copy, from.size};
+}
+
+Datum jsonb_of(const char* json) { return DirectFunctionCall1(jsonb_in, CStringGetDatum(json)); }

@@ -1,0 +1,28 @@
+/* Variables of formulas, from a JSON object of texts and numbers. */
+#ifndef TRELVON_POSTGRESQL_VARIABLES_H
+#define TRELVON_POSTGRESQL_VARIABLES_H
+
+#include "bindings/postgresql/Postgres.h"
+
+typedef struct {
+  trelvon_text name;
+  trelvon_text value;
+} variable;
+
+typedef struct {
+  variable* all; /**< In order of their names. */
+  size_t count;
+} variables;
+
+/* Reads an object into the current memory context. */
+variables* read_variables(Jsonb* object);
+
+/* A resolver, whose context is `variables`. The engine calls it from C++, so it calls nothing of the
+   server that may fail. A statement that was cancelled ends here with TRELVON_CALLBACK, for formulas
+   whose variables refer to each other take as long as they like. */
+trelvon_status resolve_variable(void* context, trelvon_text name, trelvon_answer* answer);
+
+/* Whether the statement is to end, as far as the server lets it. */
+bool is_cancelled(void);
+
+#endif
