@@ -1,5 +1,5 @@
 import {UnitField} from "./combobox.mjs";
-import {byId, element, fill} from "./elements.mjs";
+import {byId, element, fill, sentence} from "./elements.mjs";
 import {linkTo} from "./link.mjs";
 import {exactly, tidy} from "./numbers.mjs";
 
@@ -42,14 +42,13 @@ export class ConvertView {
     try {
       return this.catalog.ask("evaluate", this.source, text, null);
     } catch (error) {
-      const {sentence} = this.catalog.explain(this.source, text, null);
-      this.saysOfValue(sentence ?? error.message);
+      this.saysOfValue(this.catalog.explain(this.source, text, null).sentence ?? error.message);
       return null;
     }
   }
 
   saysOfValue(message) {
-    byId("value-says").textContent = message;
+    fill(byId("value-says"), sentence(message));
     this.value.setAttribute("aria-invalid", message !== "");
   }
 
@@ -72,32 +71,35 @@ export class ConvertView {
            element("strong", {}, catalog.written(tidy(converted), target)),
            digits && element("span", {class: "digits"}, `all digits: ${digits}`));
     } catch (error) {
-      this.to.say(`${catalog.nameOf(source)} is ${this.measure(source)}, ${catalog.nameOf(target)} is ` +
-                  `${this.measure(target)}: neither converts to the other.`);
+      this.to.say(`${catalog.label(source)} measures ${this.measure(source)}, ${catalog.label(target)} ` +
+                  `measures ${this.measure(target)}: they do not convert.`);
     }
   }
 
-  measure(unit) { return this.catalog.quantities(unit)[0] ?? "of no quantity"; }
+  measure(unit) { return this.catalog.quantities(unit)[0] ?? "something else"; }
 
-  /** The same value in other units: those of a quantity in its order, then all others. */
+  /**
+   * The same value in other units. Those of the same quantity come first, and among them those in
+   * which the value is neither large nor small.
+   */
   table(number) {
     const {catalog, source} = this;
-    const convertible = catalog.ask("convertible_units", source).map(unit => unit.typeId);
-    const listed = catalog.ask("quantities_of", source)[0]?.units.filter(unit => convertible.includes(unit)) ?? [];
-    const units = [...new Set([...listed, ...convertible])].filter(unit => unit !== source);
-    const rows = units.map(unit => this.row(number, unit));
+    const alike = new Set(catalog.ask("quantities_of", source)[0]?.units);
+    const remoteness = ({typeId, value}) =>
+      (alike.has(typeId) ? 0 : 1000) + (value === 0 ? 0 : Math.abs(Math.log10(Math.abs(value))));
+    const rows = catalog.ask("convertible_units", source).filter(unit => unit.typeId !== source)
+      .map(({typeId}) => ({typeId, value: catalog.ask("convert", number, source, typeId)}))
+      .sort((one, other) => remoteness(one) - remoteness(other) || 0).map(row => this.row(row));
     return [element("h2", {}, "In other units"), tableOf(rows.slice(0, mostRows)),
             rows.length > mostRows ? element("details", {}, element("summary", {}, `${rows.length - mostRows} more`),
                                              tableOf(rows.slice(mostRows))) : null];
   }
 
-  row(number, unit) {
-    const {catalog, source} = this;
-    const to = catalog.textFor(unit);
-    const link = linkTo("convert", {...this.values, to});
-    return element("tr", {}, element("td", {class: "number"}, tidy(catalog.ask("convert", number, source, unit))),
-                   element("th", {scope: "row"}, catalog.label(unit)),
-                   element("td", {}, element("a", {href: link}, catalog.nameOf(unit))));
+  row({typeId, value}) {
+    const {catalog} = this, link = linkTo("convert", {...this.values, to: catalog.textFor(typeId)});
+    return element("tr", {}, element("td", {class: "number"}, tidy(value)),
+                   element("th", {scope: "row"}, catalog.label(typeId)),
+                   element("td", {}, element("a", {href: link}, catalog.nameOf(typeId))));
   }
 }
 

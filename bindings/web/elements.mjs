@@ -7,15 +7,20 @@ export function element(tag, properties = {}, ...children) {
     if (typeof value === "function") made.addEventListener(name, value);
     else if (value !== undefined && value !== false) made.setAttribute(name, value);
   }
-  made.append(...children.flat().filter(child => child !== null && child !== undefined));
+  fill(made, ...children);
   return made;
 }
 
 export const byId = id => document.getElementById(id);
 
+/** Replaces what is in an element. */
 export function fill(parent, ...children) {
-  parent.replaceChildren(...children.flat().filter(child => child !== null && child !== undefined));
+  parent.replaceChildren(...children.flat(Infinity).filter(child => child !== null && child !== undefined));
 }
+
+/** A sentence of the library, whose parts between backquotes are code. */
+export const sentence = text => text.split("`").map((part, index) =>
+  index % 2 === 1 ? element("code", {}, part) : part);
 
 /** A list of terms and what is said about each; those with nothing are left out. */
 export function facts(rows) {

@@ -1,6 +1,6 @@
 import {UnitField} from "./combobox.mjs";
 import {Editor, marked, offsets} from "./editor.mjs";
-import {byId, element, fill} from "./elements.mjs";
+import {byId, element, fill, sentence} from "./elements.mjs";
 import {TrelvonError} from "./library.mjs";
 import {exactly, power, tidy} from "./numbers.mjs";
 
@@ -74,7 +74,7 @@ export class FormulaView {
 
   outcome(explained, unit) {
     if (explained.reason !== "done")
-      return [element("span", {class: "error"}, explained.sentence), this.spellings(explained.spellings)];
+      return [element("span", {class: "error"}, sentence(explained.sentence)), this.spellings(explained.spellings)];
     const value = Number(explained.value), digits = exactly(value);
     return [element("strong", {}, "= " + (unit ? this.catalog.written(tidy(value), unit)
                                                : this.inPrimitives(value, explained.powers))),
@@ -99,8 +99,8 @@ export class FormulaView {
   }
 
   warnings({warnings}) {
-    const items = warnings.map(({sentence, spelling}) =>
-      element("li", {}, element("span", {}, sentence), this.spellings([spelling])));
+    const items = warnings.map(({sentence: said, spelling}) =>
+      element("li", {}, element("span", {}, sentence(said)), this.spellings([spelling])));
     fill(byId("warnings"), items.length > 0 ? element("ul", {class: "card surprises"}, items) : null);
   }
 
@@ -130,8 +130,9 @@ export class FormulaView {
     fill(byId("tree"), heading, element("ul", {class: "tree card"}, made.at(-1)));
   }
 
-  node({reached, value, powers}, token) {
-    return [element("code", {class: "token " + token.kind}, token.text),
+  node({kind, reached, value, powers}, token) {
+    const text = kind === "parentheses" ? "( )" : token.text;
+    return [element("code", {class: "token " + token.kind}, text),
             element("span", {class: "quiet"}, reached ? " = " + this.inPrimitives(value, powers) : " is not reached")];
   }
 }

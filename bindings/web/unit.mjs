@@ -42,7 +42,7 @@ export class UnitView {
         ["Kind", `${unitKinds[unit.kind]}, ${systems[unit.system]}`],
         ["Type id", element("code", {}, unit.typeId)]])),
       element("h3", {}, "Made of"), element("ul", {class: "tree card"}, this.tree(unit)),
-      element("h3", {}, "Converts to"), this.links(unit.typeId),
+      this.links(unit.typeId),
       element("details", {}, element("summary", {}, "Definition"),
               element("pre", {}, catalog.ask("definition", unit.typeId)))];
   }
@@ -71,7 +71,8 @@ export class UnitView {
       {href: linkTo("convert", {value: "1", from: catalog.textFor(unit), to: catalog.textFor(other.typeId)})},
       other.name));
     const units = catalog.ask("convertible_units", unit).filter(({typeId}) => typeId !== unit);
-    return element("ul", {class: "links"}, units.map(link));
+    return element("details", {}, element("summary", {}, `Converts to ${units.length} units`),
+                   element("ul", {class: "links"}, units.map(link)));
   }
 
   /** What a unit is made of, down to primitive units; what was shown before is not shown again. */
