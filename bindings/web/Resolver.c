@@ -1,6 +1,7 @@
 /* Lets the script of the page answer what replaces an identifier: it cannot make a pointer to a
    function of its own. */
 #include <TrelvonUnits/trelvon.h>
+
 #include <emscripten.h>
 
 /* What the script gives for this import is in library.mjs. */

@@ -26,22 +26,29 @@ export class Catalog {
   }
 
   /** The packs that are built in, but not loaded. */
-  get otherPacks() { return Object.keys(this.data.packs).filter(pack => !this.packs.includes(pack)); }
+  get otherPacks() {
+    return Object.keys(this.data.packs).filter(pack => !this.packs.includes(pack));
+  }
 
   /** Learns the names of all units. */
   learn() {
     this.library.free("names", this.names);
     const codes = this.packs.map(pack => this.data.codes[pack]).filter(text => text);
     this.names = this.library.call("names_create", this.engine, codes);
-    this.units = new Map(this.ask("records", kinds.indexOf("unit")).map(unit => [unit.typeId, unit]));
+    this.units =
+        new Map(this.ask("records", kinds.indexOf("unit")).map(unit => [unit.typeId, unit]));
     this.labels = new Map();
   }
 
   /** Calls a function that takes the engine first. */
-  ask(name, ...values) { return this.library.call(name, this.engine, ...values); }
+  ask(name, ...values) {
+    return this.library.call(name, this.engine, ...values);
+  }
 
   /** Calls a function that takes the names first. */
-  name(name, ...values) { return this.library.call("names_" + name, this.names, ...values); }
+  name(name, ...values) {
+    return this.library.call("names_" + name, this.names, ...values);
+  }
 
   /** What an explanation or a report gives by one of its functions; it is freed. */
   read(made, what, use) {
@@ -53,21 +60,29 @@ export class Catalog {
   }
 
   explain(unit, formula, variables) {
-    return this.read(this.ask("explain", unit, formula, variables), "explanation",
-                     made => JSON.parse(this.library.call("explain_json", made)));
+    return this.read(
+        this.ask("explain", unit, formula, variables), "explanation",
+        made => JSON.parse(this.library.call("explain_json", made)));
   }
 
   report(made) {
-    return this.read(made, "load_report", report => JSON.parse(this.library.call("load_report_json", report)));
+    return this.read(
+        made, "load_report", report => JSON.parse(this.library.call("load_report_json", report)));
   }
 
-  localId(typeId) { return this.library.call("local_id", typeId); }
+  localId(typeId) {
+    return this.library.call("local_id", typeId);
+  }
 
-  /** The texts of a unit's symbols, best first; that of its own symbol stands before its aliases. */
+  /**
+   * The texts of a unit's symbols, best first; that of its own symbol stands before its aliases.
+   */
   symbols(unit) {
-    const texts = this.ask("symbols_of", unit).filter(symbol => !symbol.isComposite && symbol.text)
-      .sort((one, other) => one.typeId.includes("Alias:") - other.typeId.includes("Alias:"))
-      .map(symbol => symbol.text);
+    const texts =
+        this.ask("symbols_of", unit)
+            .filter(symbol => !symbol.isComposite && symbol.text)
+            .sort((one, other) => one.typeId.includes("Alias:") - other.typeId.includes("Alias:"))
+            .map(symbol => symbol.text);
     return [...new Set(texts)];
   }
 
@@ -83,9 +98,13 @@ export class Catalog {
     return number + (/^[°'"′″%]+$/.test(label) ? "" : " ") + label;
   }
 
-  nameOf(unit) { return this.units.get(unit)?.name || this.localId(unit); }
+  nameOf(unit) {
+    return this.units.get(unit)?.name || this.localId(unit);
+  }
 
-  quantities(unit) { return this.ask("quantities_of", unit).map(quantity => quantity.name); }
+  quantities(unit) {
+    return this.ask("quantities_of", unit).map(quantity => quantity.name);
+  }
 
   /** The one unit that a text names; throws with what to say if it names none, or several. */
   find(text) {
@@ -100,7 +119,9 @@ export class Catalog {
   }
 
   /** What to write for a unit: a text that names no other. */
-  textFor(unit) { return this.name("unambiguous", unit); }
+  textFor(unit) {
+    return this.name("unambiguous", unit);
+  }
 
   /** Units that fit and whose names begin with a text, or else are near to it, each once. */
   complete(text, count, fits) {

@@ -16,11 +16,23 @@ export class UnitField {
     Object.assign(this, {catalog, fits, change, marked: -1, offers: []});
     this.input = byId(id);
     this.says = byId(id + "-says");
-    this.list = element("ul", {id: id + "-list", role: "listbox", hidden: "",
-                               "aria-label": this.input.labels[0].textContent});
-    const attributes = {type: "text", role: "combobox", "aria-expanded": "false", "aria-controls": id + "-list",
-                        "aria-autocomplete": "list", "aria-describedby": id + "-says", autocomplete: "off",
-                        autocapitalize: "none", spellcheck: "false"};
+    this.list = element("ul", {
+      id: id + "-list",
+      role: "listbox",
+      hidden: "",
+      "aria-label": this.input.labels[0].textContent
+    });
+    const attributes = {
+      type: "text",
+      role: "combobox",
+      "aria-expanded": "false",
+      "aria-controls": id + "-list",
+      "aria-autocomplete": "list",
+      "aria-describedby": id + "-says",
+      autocomplete: "off",
+      autocapitalize: "none",
+      spellcheck: "false"
+    };
     for (const [name, value] of Object.entries(attributes)) this.input.setAttribute(name, value);
     const frame = element("div", {class: "combobox"});
     this.input.replaceWith(frame);
@@ -31,7 +43,9 @@ export class UnitField {
     this.input.addEventListener("blur", () => this.close());
   }
 
-  get text() { return this.input.value.trim(); }
+  get text() {
+    return this.input.value.trim();
+  }
 
   set text(text) {
     this.input.value = text;
@@ -71,11 +85,17 @@ export class UnitField {
 
   option(name, index) {
     const {catalog} = this;
-    return element("li", {role: "option", id: `${this.list.id}-${index}`, "aria-selected": "false",
-                          pointerdown: event => event.preventDefault(), click: () => this.take(index)},
-                   element("span", {class: "symbol"}, catalog.label(name.unit)),
-                   element("span", {}, catalog.nameOf(name.unit)),
-                   element("span", {class: "quiet"}, catalog.quantities(name.unit)[0]));
+    return element(
+        "li", {
+          role: "option",
+          id: `${this.list.id}-${index}`,
+          "aria-selected": "false",
+          pointerdown: event => event.preventDefault(),
+          click: () => this.take(index)
+        },
+        element("span", {class: "symbol"}, catalog.label(name.unit)),
+        element("span", {}, catalog.nameOf(name.unit)),
+        element("span", {class: "quiet"}, catalog.quantities(name.unit)[0]));
   }
 
   close() {
@@ -87,7 +107,8 @@ export class UnitField {
 
   mark(index) {
     this.marked = index;
-    [...this.list.children].forEach((option, at) => option.setAttribute("aria-selected", at === index));
+    [...this.list.children].forEach(
+        (option, at) => option.setAttribute("aria-selected", at === index));
     const option = this.list.children[index];
     if (option) {
       this.input.setAttribute("aria-activedescendant", option.id);
@@ -108,7 +129,8 @@ export class UnitField {
       ArrowDown: () => isOpen ? this.mark((this.marked + 1) % count) : this.open(),
       ArrowUp: () => isOpen ? this.mark((this.marked > 0 ? this.marked : count) - 1) : this.open(),
       Enter: () => isOpen && this.marked >= 0 ? this.take(this.marked) : this.close(),
-      Escape: () => this.close()};
+      Escape: () => this.close()
+    };
     if (actions[event.key] && !event.altKey && !event.ctrlKey && !event.isComposing) {
       if (event.key !== "Escape" || isOpen) event.preventDefault();
       if (isOpen || event.key !== "Escape") actions[event.key]();

@@ -58,11 +58,17 @@ export class DefinitionsView {
     const report = this.catalog.report(this.catalog.ask("check_text", text, shownName));
     this.tell(report, new Map([[shownName, text]]), "It can be loaded.");
     const at = offsets(text);
-    this.editor.paint(report.findings.filter(finding => finding.begin).map(({begin, end, severity}) =>
-      ({begin: at(begin.offset), end: at(end.offset), class: severity === "error" ? "fault" : "surprise"})));
+    this.editor.paint(report.findings.filter(finding => finding.begin)
+                          .map(({begin, end, severity}) => ({
+                                 begin: at(begin.offset),
+                                 end: at(end.offset),
+                                 class: severity === "error" ? "fault" : "surprise"
+                               })));
   }
 
-  loadPasted() { this.load([[shownName, this.editor.text]]); }
+  loadPasted() {
+    this.load([[shownName, this.editor.text]]);
+  }
 
   async loadFiles(files) {
     if (files.length === 0) {
@@ -73,50 +79,79 @@ export class DefinitionsView {
   }
 
   load(files) {
-    const made = this.catalog.ask("load_texts", files.map(([name]) => name), files.map(([, text]) => text), leaveOut);
+    const made = this.catalog.ask(
+        "load_texts", files.map(([name]) => name), files.map(([, text]) => text), leaveOut);
     const report = this.catalog.report(made);
     this.catalog.learn();
     const loaded = report.files.filter(({fate}) => fate === "loaded").length;
-    this.tell(report, new Map(files), `${loaded} of ${counted(files.length, "definition")} loaded.`);
+    this.tell(
+        report, new Map(files), `${loaded} of ${counted(files.length, "definition")} loaded.`);
     fill(byId("packs"), this.loadedUnits(report.files));
   }
 
   loadedUnits(files) {
-    const units = files.filter(({fate, typeid}) => fate === "loaded" && this.catalog.units.has(typeid));
-    return units.length === 0 ? [] : [element("h2", {}, "Units that can be used now"),
-      element("ul", {class: "links"}, units.slice(0, mostFindings).map(({typeid}) => element("li", {},
-        element("a", {href: linkTo("unit", {of: this.catalog.textFor(typeid)})}, this.catalog.nameOf(typeid)))))];
+    const units =
+        files.filter(({fate, typeid}) => fate === "loaded" && this.catalog.units.has(typeid));
+    return units.length === 0 ? [] : [
+      element("h2", {}, "Units that can be used now"),
+      element(
+          "ul", {class: "links"},
+          units.slice(0, mostFindings)
+              .map(
+                  ({typeid}) => element(
+                      "li", {},
+                      element(
+                          "a", {href: linkTo("unit", {of: this.catalog.textFor(typeid)})},
+                          this.catalog.nameOf(typeid)))))
+    ];
   }
 
   tell({findings, errors, warnings, files}, texts, sound) {
-    const said = errors + warnings === 0 ? [] : [`${counted(errors, "error")}, ${counted(warnings, "warning")}.`];
-    byId("summary").textContent = [...said, errors === 0 || files.length > 1 ? sound : ""].join(" ");
-    fill(byId("findings"), findings.length > 0 ? element("ol", {class: "plain"},
-      findings.slice(0, mostFindings).map(finding => this.finding(finding, texts.get(finding.file)))) : null,
-         findings.length > mostFindings ? element("p", {}, `and ${findings.length - mostFindings} more`) : null);
+    const said = errors + warnings === 0 ?
+        [] :
+        [`${counted(errors, "error")}, ${counted(warnings, "warning")}.`];
+    byId("summary").textContent =
+        [...said, errors === 0 || files.length > 1 ? sound : ""].join(" ");
+    fill(
+        byId("findings"),
+        findings.length > 0 ?
+            element(
+                "ol", {class: "plain"},
+                findings.slice(0, mostFindings)
+                    .map(finding => this.finding(finding, texts.get(finding.file)))) :
+            null,
+        findings.length > mostFindings ?
+            element("p", {}, `and ${findings.length - mostFindings} more`) :
+            null);
   }
 
   finding({severity, id, file, begin, end, sentence, advice}, text) {
     const place = begin ? `${file}:${begin.line}:${begin.columnPoint}` : file;
     const go = () => this.editor.select(offsets(text)(begin.offset), offsets(text)(end.offset));
-    return element("li", {class: "card finding"},
-                   begin && file === shownName ? element("button", {type: "button", class: "place", click: go}, place)
-                                               : element("span", {class: "place"}, place),
-                   element("strong", {class: severity}, severity), element("span", {}, ` ${sentence} `),
-                   element("span", {class: "quiet"}, `[${id}]`),
-                   begin && text !== undefined ? this.excerpt(text, begin.offset, end.offset, severity) : null,
-                   advice ? element("p", {}, advice) : null);
+    return element(
+        "li", {class: "card finding"},
+        begin && file === shownName ?
+            element("button", {type: "button", class: "place", click: go}, place) :
+            element("span", {class: "place"}, place),
+        element("strong", {class: severity}, severity), element("span", {}, ` ${sentence} `),
+        element("span", {class: "quiet"}, `[${id}]`),
+        begin && text !== undefined ? this.excerpt(text, begin.offset, end.offset, severity) : null,
+        advice ? element("p", {}, advice) : null);
   }
 
   /** The line of a place, cut where it is long. */
   excerpt(text, begin, end, severity) {
     const whole = typeof text === "string" ? text : decoder.decode(text);
     const at = typeof text === "string" ? offsets(text) : offsets(whole, text);
-    const from = at(begin), line = whole.lastIndexOf("\n", from - 1) + 1, next = whole.indexOf("\n", from);
+    const from = at(begin), line = whole.lastIndexOf("\n", from - 1) + 1,
+          next = whole.indexOf("\n", from);
     const first = Math.max(line, from - mostAround);
     const last = Math.min(next < 0 ? whole.length : next, first + 2 * mostAround);
-    const mark = {begin: from - first, end: Math.min(at(end), last) - first,
-                  class: severity === "error" ? "fault" : "surprise"};
+    const mark = {
+      begin: from - first,
+      end: Math.min(at(end), last) - first,
+      class: severity === "error" ? "fault" : "surprise"
+    };
     return element("pre", {}, first > line ? "…" : "", marked(whole.slice(first, last), [mark]));
   }
 
@@ -150,7 +185,11 @@ export class DefinitionsView {
       this.offerPacks();
     };
     const packs = this.catalog.otherPacks;
-    fill(byId("packs"), packs.length === 0 ? null : [element("h2", {}, "More of the catalog"),
-      element("p", {class: "buttons"}, packs.map(pack => element("button", {type: "button", click: add(pack)}, `Load ${pack}`)))]);
+    fill(byId("packs"), packs.length === 0 ? null : [
+      element("h2", {}, "More of the catalog"),
+      element(
+          "p", {class: "buttons"},
+          packs.map(pack => element("button", {type: "button", click: add(pack)}, `Load ${pack}`)))
+    ]);
   }
 }

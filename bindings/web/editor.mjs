@@ -2,8 +2,8 @@ import {element, fill} from "./elements.mjs";
 import {decoder, encoder} from "./library.mjs";
 
 /**
- * A function from offsets in the UTF-8 of a text, which the library counts, to those of a string. It is
- * quick for offsets that grow.
+ * A function from offsets in the UTF-8 of a text, which the library counts, to those of a string.
+ * It is quick for offsets that grow.
  */
 export function offsets(text, bytes = encoder.encode(text)) {
   let seen = 0, length = 0;
@@ -18,14 +18,16 @@ export function offsets(text, bytes = encoder.encode(text)) {
 
 /**
  * A text in pieces, each with the classes of the marks that cover it.
- * @param marks  objects with `begin`, `end` and `class`. One of no length marks the character there,
+ * @param marks  objects with `begin`, `end` and `class`. One of no length marks the character
+ *     there,
  *               or a space behind the end.
  */
 export function marked(text, marks) {
   const wide = marks.map(mark => ({...mark, end: Math.max(mark.end, mark.begin + 1)}));
   const shown = wide.some(mark => mark.end > text.length) ? text + " " : text;
   const cuts = [...new Set([0, shown.length, ...wide.flatMap(mark => [mark.begin, mark.end])])]
-    .filter(at => at <= shown.length).sort((one, other) => one - other);
+                   .filter(at => at <= shown.length)
+                   .sort((one, other) => one - other);
   const begun = [...wide].sort((one, other) => one.begin - other.begin);
   let active = [];
   return cuts.slice(0, -1).map((at, index) => {
@@ -37,24 +39,33 @@ export function marked(text, marks) {
   });
 }
 
-/** A field with colors: the text lies below it once more, in pieces, where the field is transparent. */
+/**
+ * A field with colors: the text lies below it once more, in pieces, where the field is
+ * transparent.
+ */
 export class Editor {
   constructor(field) {
     this.field = field;
     this.below = element("pre", {"aria-hidden": "true"});
-    for (const [name, value] of Object.entries({autocomplete: "off", autocapitalize: "none",
-                                                spellcheck: "false", wrap: "soft"}))
+    for (const [name, value] of Object.entries(
+             {autocomplete: "off", autocapitalize: "none", spellcheck: "false", wrap: "soft"}))
       field.setAttribute(name, value);
     const frame = element("div", {class: "editor"});
     field.replaceWith(frame);
     frame.append(this.below, field);
   }
 
-  get text() { return this.field.value; }
+  get text() {
+    return this.field.value;
+  }
 
-  set text(text) { this.field.value = text; }
+  set text(text) {
+    this.field.value = text;
+  }
 
-  paint(marks) { fill(this.below, marked(this.text, marks), "\n"); }
+  paint(marks) {
+    fill(this.below, marked(this.text, marks), "\n");
+  }
 
   select(begin, end) {
     this.field.focus();

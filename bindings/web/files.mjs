@@ -5,8 +5,9 @@ const mostFiles = 20000;
 const isDefinition = name => name.endsWith(".json");
 
 /** Files of a list, by the path below the folder that was chosen. */
-export const chosen = list => [...list].map(file => [file.webkitRelativePath || file.name, file])
-  .filter(([path]) => isDefinition(path));
+export const chosen = list => [...list]
+                                  .map(file => [file.webkitRelativePath || file.name, file])
+                                  .filter(([path]) => isDefinition(path));
 
 const asked = call => new Promise((resolve, reject) => call(resolve, reject));
 
@@ -31,7 +32,7 @@ export async function dropped(items) {
 
 /** Names and bytes, in the order of a loader. */
 export async function contents(files) {
-  const read = await Promise.all(files.map(async ([path, file]) =>
-    [path, new Uint8Array(await file.arrayBuffer())]));
+  const read = await Promise.all(
+      files.map(async ([path, file]) => [path, new Uint8Array(await file.arrayBuffer())]));
   return read.sort(([one], [other]) => one < other ? -1 : 1);
 }

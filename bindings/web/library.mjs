@@ -1,6 +1,6 @@
 /**
- * The C interface, as it is compiled to WebAssembly, for scripts. It needs no script of the compiler:
- * all that the module imports is here.
+ * The C interface, as it is compiled to WebAssembly, for scripts. It needs no script of the
+ * compiler: all that the module imports is here.
  *
  *   const library = await Library.load(bytes);
  *   const engine = library.call("engine_create");
@@ -12,8 +12,10 @@
  * strings, or the bytes of one; lists are arrays of objects. A failure is thrown.
  */
 
-const statuses = ["OK", "UNRECOGNIZED", "VALIDATION", "INCOMPATIBLE", "PRECISION", "PARSE", "MEMORY",
-                  "FILE", "CALLBACK", "ARGUMENT", "OTHER"];
+const statuses = [
+  "OK", "UNRECOGNIZED", "VALIDATION", "INCOMPATIBLE", "PRECISION", "PARSE", "MEMORY", "FILE",
+  "CALLBACK", "ARGUMENT", "OTHER"
+];
 
 /** Why a call failed: `status` is a word, `span` the bytes of a formula or null. */
 export class TrelvonError extends Error {
@@ -28,12 +30,29 @@ export const layouts = {
   text: {text: "text"},
   dimension: {typeId: "text"},
   factor: {typeId: "text", factor: "double", parents: "powers"},
-  unit: {typeId: "text", name: "text", system: "int", kind: "int", dimension: "text", parent: "text",
-         offset: "double", factor: "double", parents: "powers", parentFactors: "powers"},
-  symbol: {typeId: "text", unit: "text", isComposite: "int", isPrefix: "int", hasSpace: "int",
-           text: "text"},
+  unit: {
+    typeId: "text",
+    name: "text",
+    system: "int",
+    kind: "int",
+    dimension: "text",
+    parent: "text",
+    offset: "double",
+    factor: "double",
+    parents: "powers",
+    parentFactors: "powers"
+  },
+  symbol: {
+    typeId: "text",
+    unit: "text",
+    isComposite: "int",
+    isPrefix: "int",
+    hasSpace: "int",
+    text: "text"
+  },
   quantity: {typeId: "text", name: "text", units: "texts"},
-  name: {text: "text", unit: "text", kind: "int", isExact: "int"}};
+  name: {text: "text", unit: "text", kind: "int", isExact: "int"}
+};
 
 export const kinds = ["dimension", "factor", "unit", "symbol", "quantity"];
 
@@ -89,7 +108,8 @@ const functions = {
   names_unambiguous: ["ht", "text"],
   local_id: ["t", "text"],
   names_systems: ["h", "list of text"],
-  names_codes: ["htt", "list of text"]};
+  names_codes: ["htt", "list of text"]
+};
 
 const bytesOfPower = 12, bytesOfText = 8;
 
@@ -99,35 +119,49 @@ const members = {
   double: [8, 8, (library, at) => library.view.getFloat64(at, true)],
   text: [8, 4, (library, at) => library.textAt(at)],
   texts: [8, 4, (library, at) => library.arrayAt(at, bytesOfText, each => library.textAt(each))],
-  powers: [8, 4, (library, at) => library.arrayAt(at, bytesOfPower, each =>
-    [library.textAt(each), library.view.getInt32(each + bytesOfText, true)])]};
+  powers: [
+    8, 4,
+    (library, at) => library.arrayAt(
+        at, bytesOfPower,
+        each => [library.textAt(each), library.view.getInt32(each + bytesOfText, true)])
+  ]
+};
 
 export const decoder = new TextDecoder("utf-8", {ignoreBOM: true});
 export const encoder = new TextEncoder();
 
-/** The memory of one call, and what its arguments are in it. */
+const bytesOfStack = 1 << 16;
+
+/** The memory of one call, and what its arguments are in it. Calls within calls end first. */
 class Frame {
   constructor(library) {
-    Object.assign(this, {library, blocks: [], variables: null, length: 0});
+    this.library = library;
+    this.top = library.top;
+    this.blocks = [];
+    this.variables = null;
+    this.length = 0;
   }
 
+  /** Takes memory from a stack, or what does not fit there, from the heap. */
   take(size) {
-    const block = this.library.exports.malloc(Math.max(size, 8));
+    const {library} = this, at = library.top, end = at + Math.ceil(size / 8) * 8;
+    if (end <= library.stack + bytesOfStack) {
+      library.top = end;
+      return at;
+    }
+    const block = library.exports.malloc(size);
     if (block === 0) throw new TrelvonError("MEMORY", "out of memory");
     this.blocks.push(block);
-    this.library.bytes.fill(0, block, block + size);
     return block;
   }
 
-  /** Writes a text's pointer and size; null is no text, and refused by the library. */
+  /** Writes a text's pointer and size; null is no text, which the library refuses. */
   write(text, at) {
-    if (text === null) this.library.view.setUint32(at + 4, 1, true);
-    if (text === null) return at;
     const bytes = typeof text === "string" ? encoder.encode(text) : text;
-    const copy = this.take(bytes.length);
-    this.library.bytes.set(bytes, copy);
+    const copy = bytes === null ? 0 : this.take(bytes.length);
+    if (bytes !== null) this.library.bytes.set(bytes, copy);
     this.library.view.setUint32(at, copy, true);
-    this.library.view.setUint32(at + 4, bytes.length, true);
+    this.library.view.setUint32(at + 4, bytes === null ? 1 : bytes.length, true);
     return at;
   }
 
@@ -145,10 +179,14 @@ class Frame {
 
   argument(letter, next) {
     switch (letter) {
-      case "c": return [this.length];
-      case "t": return [this.write(next(), this.take(bytesOfText))];
-      case "a": return [this.array(next(), bytesOfText, (text, at) => this.write(text, at))];
-      case "p": return [this.array(next(), bytesOfPower, (power, at) => this.power(power, at))];
+      case "c":
+        return [this.length];
+      case "t":
+        return [this.write(next(), this.take(bytesOfText))];
+      case "a":
+        return [this.array(next(), bytesOfText, (text, at) => this.write(text, at))];
+      case "p":
+        return [this.array(next(), bytesOfPower, (power, at) => this.power(power, at))];
       case "o": {
         const text = next();
         return [text === null ? 0 : this.write(text, this.take(bytesOfText))];
@@ -156,11 +194,13 @@ class Frame {
       case "r":
         this.variables = next();
         return [this.variables ? this.library.exports.page_resolver() : 0, 0];
-      default: return [next()];
+      default:
+        return [next()];
     }
   }
 
   release() {
+    this.library.top = this.top;
     for (const block of this.blocks) this.library.exports.free(block);
   }
 }
@@ -171,13 +211,14 @@ export class Library {
     const library = new Library();
     const module = await WebAssembly.compile(bytes);
     const imports = {};
-    // There are no files, clocks or streams: the C library is told so by the number of ENOSYS, which
-    // is negative where Linux would be asked.
+    // There are no files, clocks or streams: the C library is told so by the number of ENOSYS,
+    // which is negative where Linux would be asked.
     for (const {module: from, name} of WebAssembly.Module.imports(module))
       (imports[from] ??= {})[name] = () => from === "env" ? -52 : 52;
     imports.env.page_resolve = (name, size, answer) => library.resolve(name, size, answer);
     library.exports = (await WebAssembly.instantiate(module, imports)).exports;
     library.exports._initialize();
+    library.stack = library.top = library.exports.malloc(bytesOfStack);
     return library;
   }
 
@@ -194,14 +235,18 @@ export class Library {
     return this.viewed;
   }
 
-  textOf(data, size) { return decoder.decode(this.bytes.subarray(data, data + size)); }
+  textOf(data, size) {
+    return decoder.decode(this.bytes.subarray(data, data + size));
+  }
 
-  textAt(at) { return this.textOf(this.view.getUint32(at, true), this.view.getUint32(at + 4, true)); }
+  textAt(at) {
+    return this.textOf(this.view.getUint32(at, true), this.view.getUint32(at + 4, true));
+  }
 
   arrayAt(at, size, read) {
     const first = this.view.getUint32(at, true);
-    return Array.from({length: this.view.getUint32(at + 4, true)},
-                      (_, index) => read(first + index * size));
+    return Array.from(
+        {length: this.view.getUint32(at + 4, true)}, (_, index) => read(first + index * size));
   }
 
   /** Calls a function of the table above. */
@@ -214,7 +259,7 @@ export class Library {
       this.variables = frame.variables;
       const out = frame.take(8), error = frame.take(4);
       const run = (...results) =>
-        this.check(this.exports["trelvon_" + name](...words, ...results, error), error);
+          this.check(this.exports["trelvon_" + name](...words, ...results, error), error);
       if (gives === "nothing") return void run();
       if (gives === "text") return this.text(frame, out, run);
       run(out);
@@ -236,8 +281,10 @@ export class Library {
       const message = frame.take(bytesOfText), span = frame.take(8);
       this.exports.trelvon_error_message(message, error);
       const isOfFormula = this.exports.trelvon_error_span(error, span, span + 4);
-      throw new TrelvonError(statuses[status], this.textAt(message), isOfFormula ?
-        [this.view.getUint32(span, true), this.view.getUint32(span + 4, true)] : null);
+      throw new TrelvonError(
+          statuses[status], this.textAt(message),
+          isOfFormula ? [this.view.getUint32(span, true), this.view.getUint32(span + 4, true)] :
+                        null);
     } finally {
       this.exports.trelvon_error_free(error);
       frame.release();
@@ -281,7 +328,7 @@ export class Library {
   resolve(name, size, answer) {
     const frame = new Frame(this);
     const say = text =>
-      this.exports.trelvon_answer_text(answer, frame.write(text, frame.take(bytesOfText)));
+        this.exports.trelvon_answer_text(answer, frame.write(text, frame.take(bytesOfText)));
     try {
       return say(this.variables(this.textOf(name, size)));
     } catch (error) {
@@ -307,8 +354,12 @@ export class Library {
   }
 
   /** Frees an "engine", "names", "conversion", "explanation" or "load_report". */
-  free(what, handle) { this.exports[`trelvon_${what}_free`](handle); }
+  free(what, handle) {
+    this.exports[`trelvon_${what}_free`](handle);
+  }
 
   /** The number of "errors" or "warnings" of a report. */
-  count(what, report) { return this.exports["trelvon_load_report_" + what](report); }
+  count(what, report) {
+    return this.exports["trelvon_load_report_" + what](report);
+  }
 }

@@ -17,14 +17,21 @@ async function unpacked(id) {
 class Pages {
   constructor(catalog) {
     const changed = () => this.keep();
-    this.views = {convert: new ConvertView(catalog, changed), formula: new FormulaView(catalog, changed),
-                  unit: new UnitView(catalog, changed), definitions: new DefinitionsView(catalog, changed)};
+    this.views = {
+      convert: new ConvertView(catalog, changed),
+      formula: new FormulaView(catalog, changed),
+      unit: new UnitView(catalog, changed),
+      definitions: new DefinitionsView(catalog, changed)
+    };
     this.write = calmly(() => history.replaceState(null, "", this.link()), 250);
     window.addEventListener("hashchange", () => this.follow(true));
-    for (const form of document.forms) form.addEventListener("submit", event => event.preventDefault());
+    for (const form of document.forms)
+      form.addEventListener("submit", event => event.preventDefault());
   }
 
-  link() { return linkTo(this.name, this.views[this.name].values); }
+  link() {
+    return linkTo(this.name, this.views[this.name].values);
+  }
 
   keep() {
     for (const item of document.querySelectorAll("nav a")) {
@@ -41,8 +48,10 @@ class Pages {
     const shown = this.views[this.name];
     for (const name of Object.keys(this.views)) byId(name).hidden = name !== this.name;
     for (const item of document.querySelectorAll("nav a"))
-      if (readLink(item.getAttribute("href")).view === this.name) item.setAttribute("aria-current", "page");
-      else item.removeAttribute("aria-current");
+      if (readLink(item.getAttribute("href")).view === this.name)
+        item.setAttribute("aria-current", "page");
+      else
+        item.removeAttribute("aria-current");
     document.title = `${shown.title} – Units`;
     const said = Object.keys(values).length > 0 ? values : shown.values;
     const isBlank = Object.values(said).every(text => text === "");

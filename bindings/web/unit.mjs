@@ -14,7 +14,9 @@ export class UnitView {
     this.field = new UnitField("of", catalog, {change: () => this.update()});
   }
 
-  get values() { return {of: this.field.text}; }
+  get values() {
+    return {of: this.field.text};
+  }
 
   show({of = ""}) {
     this.field.text = of;
@@ -31,20 +33,29 @@ export class UnitView {
     const {catalog} = this, notes = catalog.notes(unit.typeId);
     const pi = notes.piPower ? " " + power("π", notes.piPower) : "";
     return [
-      element("h2", {}, unit.name, " ", element("span", {class: "symbol"}, catalog.label(unit.typeId))),
-      element("div", {class: "card"}, facts([
-        ["Symbols", catalog.symbols(unit.typeId).join("   ")],
-        ["Measures", catalog.quantities(unit.typeId).join(", ")],
-        ["Is", this.inPrimitives(unit.typeId)],
-        ["Exactly", notes.exact && `${notes.exact}${pi}, ${notes.exactness ?? "exact"}`],
-        ["Source", (notes.document ?? []).map(key => this.source(key)).join("; ")],
-        ["Codes", this.codes(unit.typeId)],
-        ["Kind", `${unitKinds[unit.kind]}, ${systems[unit.system]}`],
-        ["Type id", element("code", {}, unit.typeId)]])),
+      element(
+          "h2", {}, unit.name, " ", element("span", {class: "symbol"}, catalog.label(unit.typeId))),
+      element(
+          "div", {class: "card"}, facts([
+            ["Symbols", catalog.symbols(unit.typeId).join("   ")],
+            ["Measures", catalog.quantities(unit.typeId).join(", ")],
+            ["In base units", this.inPrimitives(unit.typeId)],
+            [
+              "Exact value",
+              notes.exact &&
+                  notes.exact + pi + (notes.exactness === "exact" ? "" : ` (${notes.exactness})`)
+            ],
+            ["Source", (notes.document ?? []).map(key => this.source(key)).join("; ")],
+            ["Codes", this.codes(unit.typeId)],
+            ["Kind", `${unitKinds[unit.kind]}, ${systems[unit.system]}`],
+            ["Type id", element("code", {}, unit.typeId)]
+          ])),
       element("h3", {}, "Made of"), element("ul", {class: "tree card"}, this.tree(unit)),
       this.links(unit.typeId),
-      element("details", {}, element("summary", {}, "Definition"),
-              element("pre", {}, catalog.ask("definition", unit.typeId)))];
+      element(
+          "details", {}, element("summary", {}, "Definition"),
+          element("pre", {}, catalog.ask("definition", unit.typeId)))
+    ];
   }
 
   inPrimitives(unit) {
@@ -61,18 +72,27 @@ export class UnitView {
   }
 
   codes(unit) {
-    return this.catalog.name("systems").flatMap(system =>
-      this.catalog.name("codes", unit, system).map(code => `${system}:${code}`)).join("   ");
+    return this.catalog.name("systems")
+        .flatMap(
+            system => this.catalog.name("codes", unit, system).map(code => `${system}:${code}`))
+        .join("   ");
   }
 
   links(unit) {
     const {catalog} = this;
-    const link = other => element("li", {}, element("a",
-      {href: linkTo("convert", {value: "1", from: catalog.textFor(unit), to: catalog.textFor(other.typeId)})},
-      other.name));
+    const link = other => element(
+        "li", {},
+        element(
+            "a", {
+              href: linkTo(
+                  "convert",
+                  {value: "1", from: catalog.textFor(unit), to: catalog.textFor(other.typeId)})
+            },
+            other.name));
     const units = catalog.ask("convertible_units", unit).filter(({typeId}) => typeId !== unit);
-    return element("details", {}, element("summary", {}, `Converts to ${units.length} units`),
-                   element("ul", {class: "links"}, units.map(link)));
+    return element(
+        "details", {}, element("summary", {}, `Converts to ${units.length} units`),
+        element("ul", {class: "links"}, units.map(link)));
   }
 
   /** What a unit is made of, down to primitive units; what was shown before is not shown again. */
@@ -97,17 +117,26 @@ export class UnitView {
     return top;
   }
 
-  parents(unit) { return unit.parent ? [[unit.parent, 1]] : unit.parents; }
+  parents(unit) {
+    return unit.parent ? [[unit.parent, 1]] : unit.parents;
+  }
 
   branch({unit, exponent}, isNew) {
-    const factors = unit.parentFactors.map(([typeId, of]) => power(this.catalog.localId(typeId), of));
+    const factors =
+        unit.parentFactors.map(([typeId, of]) => power(this.catalog.localId(typeId), of));
     const isMade = unit.kind === 1 && (unit.factor !== 1 || factors.length > 0);
-    const said = [unit.kind === 0 ? "primitive" + (unit.dimension ? ": " + this.catalog.localId(unit.dimension) : "") : "",
-                  isMade ? "= " + [tidy(unit.factor), ...factors].join(" · ") + " of" : "",
-                  unit.kind === 2 ? `counted from ${tidy(unit.offset)} of` : "",
-                  isNew ? "" : "as above"].filter(text => text);
-    return [element("a", {href: linkTo("unit", {of: this.catalog.textFor(unit.typeId)})},
-                    power(unit.name, exponent)),
-            element("span", {class: "quiet"}, " " + said.join(", "))];
+    const said = [
+      unit.kind === 0 ?
+          "primitive" + (unit.dimension ? ": " + this.catalog.localId(unit.dimension) : "") :
+          "",
+      isMade ? "= " + [tidy(unit.factor), ...factors].join(" · ") + " of" : "",
+      unit.kind === 2 ? `counted from ${tidy(unit.offset)} of` : "", isNew ? "" : "as above"
+    ].filter(text => text);
+    return [
+      element(
+          "a", {href: linkTo("unit", {of: this.catalog.textFor(unit.typeId)})},
+          power(unit.name, exponent)),
+      element("span", {class: "quiet"}, " " + said.join(", "))
+    ];
   }
 }

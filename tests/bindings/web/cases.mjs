@@ -23,13 +23,17 @@ function variables(pairs) {
   return name => {
     const pair = pairs.find(text => text.startsWith(name + "="));
     if (pair === undefined) throw new TrelvonError("CALLBACK", "no such variable");
-    const text = pair.slice(name.length + 1), [, status, message] = /^!(\w+) (.*)$/s.exec(text) ?? [];
+    const text = pair.slice(name.length + 1),
+          [, status, message] = /^!(\w+) (.*)$/s.exec(text) ?? [];
     if (status) throw new TrelvonError(status, message);
     return text;
   };
 }
 
-/** Calls in the words of the table that are not functions by the same name, or take other arguments. */
+/**
+ * Calls in the words of the table that are not functions by the same name, or take other
+ * arguments.
+ */
 export class Cases {
   /** @param bundles  what the engine is filled with. */
   constructor(library, bundles) {
@@ -39,38 +43,59 @@ export class Cases {
     this.learn([]);
   }
 
-  learn(mappings) { this.names = this.library.call("names_create", this.engine, mappings); }
-
-  ask(name, ...values) { return this.library.call(name, this.engine, ...values); }
-
-  list(of, items) { return items.flatMap(item => flat(item, of)); }
-
-  explained(made, how = "explain_text") { return [this.library.call(how, made)]; }
-
-  reported(report) {
-    return [...["errors", "warnings"].map(what => String(this.library.count(what, report))),
-            this.library.call("load_report_text", report)];
+  learn(mappings) {
+    this.names = this.library.call("names_create", this.engine, mappings);
   }
 
-  names_(name, values, of = "name") { return this.list(of, this.library.call("names_" + name, this.names, ...values)); }
+  ask(name, ...values) {
+    return this.library.call(name, this.engine, ...values);
+  }
 
-  text(name, value) { return [this.library.call("names_" + name, this.names, value)]; }
+  list(of, items) {
+    return items.flatMap(item => flat(item, of));
+  }
+
+  explained(made, how = "explain_text") {
+    return [this.library.call(how, made)];
+  }
+
+  reported(report) {
+    return [
+      ...["errors", "warnings"].map(what => String(this.library.count(what, report))),
+      this.library.call("load_report_text", report)
+    ];
+  }
+
+  names_(name, values, of = "name") {
+    return this.list(of, this.library.call("names_" + name, this.names, ...values));
+  }
+
+  text(name, value) {
+    return [this.library.call("names_" + name, this.names, value)];
+  }
 
   run([call, ...values]) {
     const [first, second, third, fourth] = values, of = kinds.indexOf(first);
     const units = name => this.list("unit", this.ask(name, ...values));
     const calls = {
       convert: () => [bits(this.ask("convert", number(first), second, third))],
-      prepared: () => [bits(this.library.apply(this.ask("conversion_create", first, second), [number(third)])[0])],
+      prepared: () => [bits(
+          this.library.apply(this.ask("conversion_create", first, second), [number(third)])[0])],
       can_convert: () => [String(this.ask("can_convert", first, second))],
-      format_fixed: () => [this.ask("format_fixed", number(first), Number(second), third, Number(fourth))],
-      format_fractional: () => [this.ask("format_fractional", number(first), Number(second), third)],
+      format_fixed:
+          () => [this.ask("format_fixed", number(first), Number(second), third, Number(fourth))],
+      format_fractional:
+          () => [this.ask("format_fractional", number(first), Number(second), third)],
       evaluate: () => [bits(this.ask("evaluate", first, second, variables(values.slice(2))))],
-      evaluate_unitless: () => [bits(this.ask("evaluate_unitless", first, variables(values.slice(1))))],
+      evaluate_unitless:
+          () => [bits(this.ask("evaluate_unitless", first, variables(values.slice(1))))],
       explain: () => this.explained(this.ask("explain", first, second, variables(values.slice(2)))),
-      explain_tree: () => this.explained(this.ask("explain", first, second, variables(values.slice(2))), call),
-      explain_json: () => this.explained(this.ask("explain", first, second, variables(values.slice(2))), call),
-      explain_unitless: () => this.explained(this.ask("explain_unitless", first, variables(values.slice(1)))),
+      explain_tree: () =>
+          this.explained(this.ask("explain", first, second, variables(values.slice(2))), call),
+      explain_json: () =>
+          this.explained(this.ask("explain", first, second, variables(values.slice(2))), call),
+      explain_unitless: () =>
+          this.explained(this.ask("explain_unitless", first, variables(values.slice(1)))),
       add_definition: () => this.ask("add_definition", first),
       build_schemas: () => this.ask("build_schemas") ?? [],
       definition: () => [this.ask("definition", first)],
@@ -85,8 +110,13 @@ export class Cases {
       primitive_units: () => units(call),
       primitive_units_of: () => units(call),
       convertible_units: () => units(call),
-      units_with_powers: () => this.list("unit", this.ask(call, values.flatMap((typeId, index) =>
-        index % 2 === 0 ? [[typeId, Number(values[index + 1])]] : []))),
+      units_with_powers: () => this.list(
+          "unit",
+          this.ask(
+              call,
+              values.flatMap(
+                  (typeId, index) =>
+                      index % 2 === 0 ? [[typeId, Number(values[index + 1])]] : []))),
       symbols_of: () => this.list("symbol", this.ask(call, first)),
       quantities_of: () => this.list("quantity", this.ask(call, first)),
       learn_names: () => this.learn([first]) ?? [],
@@ -100,7 +130,8 @@ export class Cases {
       unambiguous: () => this.text(call, first),
       local_id: () => [this.library.call(call, first)],
       systems: () => this.names_(call, [], "text"),
-      codes: () => this.names_(call, values, "text")};
+      codes: () => this.names_(call, values, "text")
+    };
     return calls[call]();
   }
 
