@@ -63,7 +63,7 @@ export const kinds = ["dimension", "factor", "unit", "symbol", "quantity"];
  *   p powers, as an array of [type id, exponent]    r variables: null, or a function from a name to
  *   a text, which refuses by throwing a TrelvonError
  */
-const functions = {
+export const functions = {
   engine_create: ["", "handle"],
   convert: ["hntt", "double"],
   can_convert: ["htt", "int"],

@@ -1,5 +1,5 @@
 /** Answers the calls of tests/cases by the module of the page, for Node and for a browser. */
-import {kinds, layouts, TrelvonError} from "../../../bindings/web/library.mjs";
+import {functions, kinds, layouts, TrelvonError} from "../../../bindings/web/library.mjs";
 
 /** The bits of a double as the cases have them. */
 function bits(value) {
@@ -9,7 +9,12 @@ function bits(value) {
   return view.getBigUint64(0).toString(16).padStart(16, "0");
 }
 
-const number = text => ({inf: Infinity, "-inf": -Infinity, nan: NaN})[text] ?? Number(text);
+/** Numbers, and kinds of records: -1 if there is no such kind. */
+const number = text => ({inf: Infinity, "-inf": -Infinity, nan: NaN})[text] ??
+    (Number.isNaN(Number(text)) ? kinds.indexOf(text) : Number(text));
+
+const pairs = words =>
+    words.flatMap((typeId, index) => index % 2 === 0 ? [[typeId, Number(words[index + 1])]] : []);
 
 /** The texts that a record consists of. */
 const flat = (record, of) => Object.entries(layouts[of]).flatMap(([member, type]) => {
@@ -18,22 +23,18 @@ const flat = (record, of) => Object.entries(layouts[of]).flatMap(([member, type]
 });
 
 /** Variables are NAME=TEXT, or NAME=!STATUS MESSAGE for a resolver that fails. */
-function variables(pairs) {
-  if (pairs.length === 0) return null;
+function variables(words) {
+  if (words.length === 0) return null;
   return name => {
-    const pair = pairs.find(text => text.startsWith(name + "="));
-    if (pair === undefined) throw new TrelvonError("CALLBACK", "no such variable");
-    const text = pair.slice(name.length + 1),
-          [, status, message] = /^!(\w+) (.*)$/s.exec(text) ?? [];
+    const word = words.find(text => text.startsWith(name + "="));
+    if (word === undefined) throw new TrelvonError("CALLBACK", "no such variable");
+    const text = word.slice(name.length + 1);
+    const [, status, message] = /^!(\w+) (.*)$/s.exec(text) ?? [];
     if (status) throw new TrelvonError(status, message);
     return text;
   };
 }
 
-/**
- * Calls in the words of the table that are not functions by the same name, or take other
- * arguments.
- */
 export class Cases {
   /** @param bundles  what the engine is filled with. */
   constructor(library, bundles) {
@@ -45,94 +46,56 @@ export class Cases {
 
   learn(mappings) {
     this.names = this.library.call("names_create", this.engine, mappings);
+    return [];
   }
 
-  ask(name, ...values) {
-    return this.library.call(name, this.engine, ...values);
+  /** Calls a function with words, as its row in `functions` takes them, and gives words. */
+  plain(name, words) {
+    const [takes, gives] = functions[name], rest = [...words];
+    const next = {
+      h: () => name.startsWith("names_") ? this.names : this.engine,
+      n: () => number(rest.shift()),
+      a: () => [rest.shift()],
+      p: () => pairs(rest.splice(0)),
+      r: () => variables(rest.splice(0))
+    };
+    const values = [...takes]
+                       .filter(letter => letter !== "c")
+                       .map(letter => (next[letter] ?? (() => rest.shift()))());
+    const result = this.library.call(name, ...values);
+    if (gives === "handle") return result;
+    if (gives === "double") return [bits(result)];
+    const of = gives.replace("list of ", "").replace("kind", words[0]);
+    return Array.isArray(result) ? result.flatMap(item => flat(item, of)) :
+                                   [result].filter(text => text !== undefined).map(String);
   }
 
-  list(of, items) {
-    return items.flatMap(item => flat(item, of));
-  }
-
-  explained(made, how = "explain_text") {
-    return [this.library.call(how, made)];
+  explained(how, words, by = "explain") {
+    return [this.library.call(how, this.plain(by, words))];
   }
 
   reported(report) {
-    return [
-      ...["errors", "warnings"].map(what => String(this.library.count(what, report))),
-      this.library.call("load_report_text", report)
-    ];
+    const counts = ["errors", "warnings"].map(what => String(this.library.count(what, report)));
+    return [...counts, this.library.call("load_report_text", report)];
   }
 
-  names_(name, values, of = "name") {
-    return this.list(of, this.library.call("names_" + name, this.names, ...values));
-  }
-
-  text(name, value) {
-    return [this.library.call("names_" + name, this.names, value)];
-  }
-
-  run([call, ...values]) {
-    const [first, second, third, fourth] = values, of = kinds.indexOf(first);
-    const units = name => this.list("unit", this.ask(name, ...values));
-    const calls = {
-      convert: () => [bits(this.ask("convert", number(first), second, third))],
-      prepared: () => [bits(
-          this.library.apply(this.ask("conversion_create", first, second), [number(third)])[0])],
-      can_convert: () => [String(this.ask("can_convert", first, second))],
-      format_fixed:
-          () => [this.ask("format_fixed", number(first), Number(second), third, Number(fourth))],
-      format_fractional:
-          () => [this.ask("format_fractional", number(first), Number(second), third)],
-      evaluate: () => [bits(this.ask("evaluate", first, second, variables(values.slice(2))))],
-      evaluate_unitless:
-          () => [bits(this.ask("evaluate_unitless", first, variables(values.slice(1))))],
-      explain: () => this.explained(this.ask("explain", first, second, variables(values.slice(2)))),
-      explain_tree: () =>
-          this.explained(this.ask("explain", first, second, variables(values.slice(2))), call),
-      explain_json: () =>
-          this.explained(this.ask("explain", first, second, variables(values.slice(2))), call),
-      explain_unitless: () =>
-          this.explained(this.ask("explain_unitless", first, variables(values.slice(1)))),
-      add_definition: () => this.ask("add_definition", first),
-      build_schemas: () => this.ask("build_schemas") ?? [],
-      definition: () => [this.ask("definition", first)],
-      dependencies: () => this.ask("dependencies", first),
-      is_registered: () => [String(this.ask("is_registered", first))],
-      add_bundle: () => this.ask("add_bundle", first) ?? [],
-      load_text: () => this.reported(this.ask("load_texts", [first], [second], Number(third))),
-      load_bundle: () => this.reported(this.ask("load_bundle", first, second, Number(third))),
-      check_text: () => this.reported(this.ask("check_text", first, second)),
-      record: () => this.list(first, this.ask("record", of, second)),
-      records: () => this.list(first, this.ask("records", of)),
-      primitive_units: () => units(call),
-      primitive_units_of: () => units(call),
-      convertible_units: () => units(call),
-      units_with_powers: () => this.list(
-          "unit",
-          this.ask(
-              call,
-              values.flatMap(
-                  (typeId, index) =>
-                      index % 2 === 0 ? [[typeId, Number(values[index + 1])]] : []))),
-      symbols_of: () => this.list("symbol", this.ask(call, first)),
-      quantities_of: () => this.list("quantity", this.ask(call, first)),
-      learn_names: () => this.learn([first]) ?? [],
-      find: () => this.names_(call, values),
-      find_best: () => this.names_(call, values),
-      find_code: () => this.names_(call, values),
-      suggest: () => this.names_(call, [first, Number(second)]),
-      completions: () => this.names_(call, [first, Number(second)]),
-      names_of: () => this.names_("of", values),
-      why_not: () => this.text(call, first),
-      unambiguous: () => this.text(call, first),
-      local_id: () => [this.library.call(call, first)],
-      systems: () => this.names_(call, [], "text"),
-      codes: () => this.names_(call, values, "text")
+  run([call, ...words]) {
+    const others = {
+      prepared: () => {
+        const made = this.plain("conversion_create", words);
+        return this.library.apply(made, [number(words[2]), 0]).slice(0, 1).map(bits);
+      },
+      explain: () => this.explained("explain_text", words),
+      explain_tree: () => this.explained(call, words),
+      explain_json: () => this.explained(call, words),
+      explain_unitless: () => this.explained("explain_text", words, call),
+      load_text: () => this.reported(this.plain("load_texts", words)),
+      load_bundle: () => this.reported(this.plain(call, words)),
+      check_text: () => this.reported(this.plain(call, words)),
+      learn_names: () => this.learn(words)
     };
-    return calls[call]();
+    if (call in others) return others[call]();
+    return this.plain(call in functions ? call : "names_" + call, words);
   }
 
   /** The words of an answer: a status, and what came of the call. */
