@@ -2,7 +2,7 @@
 import {kinds} from "./library.mjs";
 
 const usualPacks = ["core", "symbols", "aliases"];
-const mostCompletions = 5000;
+const mostCompletions = 1500;
 
 export class Catalog {
   /** @param data  what is built into the page: bundles and codes by pack, and sources by key. */
@@ -106,14 +106,17 @@ export class Catalog {
     return this.ask("quantities_of", unit).map(quantity => quantity.name);
   }
 
-  /** The one unit that a text names; throws with what to say if it names none, or several. */
-  find(text) {
-    const found = this.name("find_best", text);
-    const units = [...new Set(found.map(name => name.unit))];
+  /**
+   * The one unit that a text names, or that fits, of several; throws with what to say if there is
+   * none.
+   */
+  find(text, fits) {
+    const named = [...new Set(this.name("find_best", text).map(name => name.unit))];
+    const units = named.length > 1 && named.some(fits) ? named.filter(fits) : named;
     if (units.length === 1) return units[0];
     if (units.length > 1) {
       const candidates = units.map(unit => `${this.nameOf(unit)} (${this.textFor(unit)})`);
-      throw new Error(`“${text}” names several units: ${candidates.join(", ")}.`);
+      throw new Error("`" + text + "` names several units: " + candidates.join(", ") + ".");
     }
     throw new Error(this.name("why_not", text));
   }

@@ -1,4 +1,4 @@
-import {byId, element, fill} from "./elements.mjs";
+import {byId, element, fill, sentence} from "./elements.mjs";
 
 /**
  * A text field that completes names of units, after the pattern "combobox" of ARIA: the arrows walk
@@ -57,7 +57,7 @@ export class UnitField {
     this.say("");
     if (this.text === "") return null;
     try {
-      return this.catalog.find(this.text);
+      return this.catalog.find(this.text, this.fits);
     } catch (error) {
       this.say(error.message);
       return null;
@@ -65,7 +65,7 @@ export class UnitField {
   }
 
   say(message) {
-    this.says.textContent = message;
+    fill(this.says, sentence(message));
     this.input.setAttribute("aria-invalid", message !== "");
   }
 

@@ -60,6 +60,11 @@ class Pages {
   }
 }
 
+function complain(message) {
+  fill(byId("loading"), message);
+  byId("loading").hidden = false;
+}
+
 async function start() {
   const library = await Library.load(await (await unpacked("module")).arrayBuffer());
   const catalog = new Catalog(library, await (await unpacked("data")).json());
@@ -70,4 +75,6 @@ async function start() {
 
 export const started = start();
 
-started.catch(error => fill(byId("loading"), `This browser cannot run the page: ${error.message}`));
+started.catch(error => complain(`This browser cannot run the page: ${error.message}`));
+window.addEventListener(
+    "error", ({message}) => complain(`The page is at fault, please load it again: ${message}`));

@@ -77,6 +77,8 @@ const rows = [
   [[type("#to", "xyzzy")], () => text("#to-says").includes("xyzzy"), true],
   [[go("#convert?value=0&from=degC&to=degF")], () => text("#result strong"), "32 °F"],
   [[], () => document.activeElement.id, "convert-title"],
+  [[type("#to", "K")], () => text("#result strong"), "273.15 K"],
+  [[click("#swap")], () => text("#from-says").startsWith("K names several units: kelvin ("), true],
 
   // The keyboard alone.
   [
