@@ -90,7 +90,7 @@ export class UnitField {
           role: "option",
           id: `${this.list.id}-${index}`,
           "aria-selected": "false",
-          pointerdown: event => event.preventDefault(),
+          mousedown: event => event.preventDefault(),
           click: () => this.take(index)
         },
         element("span", {class: "symbol"}, catalog.label(name.unit)),

@@ -155,17 +155,17 @@ export class DefinitionsView {
     return element("pre", {}, first > line ? "…" : "", marked(whole.slice(first, last), [mark]));
   }
 
+  /** Files that are dropped elsewhere must not take the place of the page; texts may be dropped. */
   acceptDrops(zone) {
-    const hint = isOver => event => {
+    const onFiles = (target, name, act) => target.addEventListener(name, event => {
+      if (!event.dataTransfer?.types.includes("Files")) return;
       event.preventDefault();
-      zone.classList.toggle("over", isOver);
-    };
-    zone.addEventListener("dragover", hint(true));
-    zone.addEventListener("dragleave", hint(false));
-    zone.addEventListener("drop", async event => {
-      hint(false)(event);
-      this.loadFiles(await dropped(event.dataTransfer.items));
+      act(event);
     });
+    const hint = isOver => zone.classList.toggle("over", isOver);
+    onFiles(window, "dragover", event => hint(zone.contains(event.target)));
+    onFiles(window, "drop", () => hint(false));
+    onFiles(zone, "drop", async event => this.loadFiles(await dropped(event.dataTransfer.items)));
   }
 
   reset() {

@@ -2,6 +2,7 @@
  * Tests the page in a browser, and writes what differs into it: the calls of tests/cases by the
  * module that is built in, and rows that act as a user does.
  */
+import {contents, dropped} from "../../../bindings/web/files.mjs";
 import {started} from "../../../bindings/web/main.mjs";
 
 import {caseFiles} from "./case_files.mjs";
@@ -55,6 +56,21 @@ const unit = (name, parent = "trelvon.unit:foot-1.0.0") => JSON.stringify({
     {id: "parentUnits", value: {[parent]: 1}}
   ]
 });
+
+/** A folder as browsers give it when it is dropped: its entries come in parts. */
+const folder = (fullPath, ...entries) => {
+  const parts = [entries, []];
+  return {createReader: () => ({readEntries: done => done(parts.shift())}), fullPath};
+};
+const file = fullPath =>
+    ({isFile: true, fullPath, name: fullPath, file: done => done(new File([], fullPath))});
+const drop = async () => {
+  const top =
+      folder("/d", file("/d/b.json"), folder("/d/e", file("/d/e/a.json"), file("/d/e/x.txt")));
+  const found = await contents(
+      await dropped([{webkitGetAsEntry: () => top}, {webkitGetAsEntry: () => null}]));
+  return found.map(([path]) => path).join(" ");
+};
 
 /** What is done, where to look after it, and what must be there. */
 const rows = [
@@ -181,6 +197,7 @@ const rows = [
     ],
     () => text("#summary"), "1 error, 2 warnings. 1 of 2 definitions loaded."
   ],
+  [[], drop, "d/b.json d/e/a.json"],
   [
     [click("#reset"), go("#convert?value=2&from=cubit&to=ft")], () => text("#from-says") !== "",
     true
