@@ -14,7 +14,7 @@ endif()
 
 set(sources)
 foreach(folder IN ITEMS include src tools bindings tests examples benchmarks)
-  file(GLOB_RECURSE found ${ROOT}/${folder}/*.h ${ROOT}/${folder}/*.c ${ROOT}/${folder}/*.cpp)
+  file(GLOB_RECURSE found ${ROOT}/${folder}/*.h ${ROOT}/${folder}/*.c ${ROOT}/${folder}/*.cpp ${ROOT}/${folder}/*.mjs)
   list(APPEND sources ${found})
 endforeach()
 

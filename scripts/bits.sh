@@ -8,6 +8,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/setup.sh
+. scripts/compare_bits.sh
 
 count=${1:-1000000}
 work=$PWD/build/bits
@@ -30,26 +31,6 @@ for_machine() {  # NAME
   build "$1" -O2 --toolchain "$PWD/cmake/toolchains/$1.cmake"
 }
 
-# compare TITLE NAME [PREFIX...]: runs the program of a build, as an argument of the command PREFIX.
-compare() {
-  local title=$1 program=("${@:3}" "$work/$2/tests/bits/bits") kind functions differing
-  local start=$SECONDS
-  "${program[@]}" "$count" >"$work/sums"
-  echo "$title: $count operations, $((SECONDS - start)) s"
-  if [ -z "${first:-}" ]; then
-    first=$work/$2/tests/bits/bits
-    tee "$work/first.sums" <"$work/sums"
-  fi
-  while read -r kind _ functions; do
-    [ "$kind" != all ] || continue
-    diff <("$first" "$count" --show "$kind") <("${program[@]}" "$count" --show "$kind") \
-      >"$work/differences" || true
-    differing=$(grep -c '^>' "$work/differences")
-    echo "  $kind: $differing of $((count / 16)) differ (${functions:-no function of the C library})"
-    [ -n "$functions" ] || { head -n 4 "$work/differences"; failures=$((failures + 1)); }
-  done < <(diff "$work/first.sums" "$work/sums" | sed -n 's/^> //p')
-}
-
 install_packages demo test bits
 
 # RapidJSON is header-only: the headers of this machine serve all builds, without other headers from
@@ -61,17 +42,22 @@ heading "Compilers"
 for compiler in g++ clang++; do
   for level in -O2 -O0 -O3; do
     build "$compiler$level" "$level" -D CMAKE_CXX_COMPILER="$compiler"
-    compare "$compiler $level" "$compiler$level"
+    program=$work/$compiler$level/tests/bits/bits
+    if [ -z "${first:-}" ]; then
+      sums_of_first "$compiler $level" "$program"
+    else
+      compare "$compiler $level" "$program"
+    fi
   done
 done
 
 heading "Machines"
-compare "without fused products in the C library" g++-O2 \
-  env GLIBC_TUNABLES=glibc.cpu.hwcaps=-AVX2,-FMA,-FMA4
+compare "without fused products in the C library" \
+  env GLIBC_TUNABLES=glibc.cpu.hwcaps=-AVX2,-FMA,-FMA4 "$first"
 for machine in i686:i386 aarch64:aarch64 s390x:s390x; do
   name=${machine%:*}-linux-gnu
   for_machine "$name"
-  compare "$name" "$name" "qemu-${machine#*:}" -L "/usr/$name"
+  compare "$name" "qemu-${machine#*:}" -L "/usr/$name" "$work/$name/tests/bits/bits"
 done
 
 heading "Windows"

@@ -10,8 +10,8 @@ import pathlib
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 PRODUCT = ("include", "src", "tools", "bindings")
 BESIDE = ("examples", "benchmarks", "scripts", "cmake")
-TESTING_SCRIPTS = ("test", "soak", "bits", "coverage", "growth", "guard", "lines", "mutants",
-                   "mutations", "packages", "reasons")
+TESTING_SCRIPTS = ("test", "soak", "bits", "compare_bits", "coverage", "growth", "guard", "lines",
+                   "mutants", "mutations", "packages", "reasons")
 DATA = "tests/fuzz/corpus/"
 CPP = (".c", ".cpp", ".h", ".hpp")
 LANGUAGES = (".js", ".mjs", ".py", ".sql", ".ts")  # of the bindings

@@ -54,6 +54,11 @@ packages() {
   tail -12 "$work/packages"
 }
 
+web() {
+  scripts/web.sh >"$work/web" 2>&1 || { tail -50 "$work/web"; return 1; }
+  grep -A 20 '==== The page in a browser' "$work/web"
+}
+
 memcheck() {
   # Deep inputs and failing allocations would take hours here; other steps cover them.
   valgrind --quiet --error-exitcode=1 --leak-check=full --errors-for-leak-kinds=definite,indirect \
@@ -126,6 +131,7 @@ step "All programs, benchmarks too, without precompiled headers" build plain
 step "Hosts built with the other compiler" hosts
 step "The same bits with every compiler and on every machine" scripts/bits.sh
 
+step "The page: the table of cases and its own rows, under Node and in a browser" web
 step "The site of the pages and the reference" scripts/site.sh
 step "Coverage" coverage
 step "Mutation test" scripts/mutants.py --samples 300
