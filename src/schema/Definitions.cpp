@@ -16,11 +16,6 @@ namespace Units {
 
 namespace {
 
-template <class Record>
-void takePending(KindRegistry<Record>& kind) noexcept {
-  kind.built = std::move(kind.pending);
-}
-
 [[noreturn]] void throwUnknownTypeId(const std::string& typeId) {
   throw UnrecognizedIdentifierException("Could not find any object with typeid " + typeId + ".");
 }
@@ -30,22 +25,19 @@ void takePending(KindRegistry<Record>& kind) noexcept {
 std::set<std::string> addDefinition(const std::string& text, Registries& registries) {
   const SchemaHeader header =
       readSchemaHeader(std::make_shared<ValidationExceptionFactory>(), text);
-  checkTypeId(header.typeId, registries);
+  const HashedText typeId(header.typeId);
+  checkTypeId(typeId, registries);
   return readKind(header, [&](const auto& data) {
-    SchemaIds ids(header.typeId, registries);
-    addPending(data, ids, registries);
+    SchemaIds ids(typeId, registries);
+    addPending(data, ids);
     return ids.takeUnregistered();
   });
 }
 
 void buildSchemas(Registries& registries) {
   const BuiltDropper dropper{registries};
-  WaitingSchemas waiting = std::move(registries.waiting);
-  registries.awaitedIds = {};
-  takePending(registries.dimensions);
-  takePending(registries.factors);
-  takePending(registries.units);
-  buildDefinitions(waiting, registries);
+  PendingSchemas pending = std::exchange(registries.pending, {});
+  buildDefinitions(pending, registries);
   commit(registries);
 }
 
