@@ -23,8 +23,9 @@ namespace {
 }  // namespace
 
 std::set<std::string> addDefinition(const std::string& text, Registries& registries) {
-  const SchemaHeader header =
-      readSchemaHeader(std::make_shared<ValidationExceptionFactory>(), text);
+  ValidationExceptionFactory exceptions;  // outlives the header
+  const std::shared_ptr<ExceptionFactory> notOwned(std::shared_ptr<void>(), &exceptions);
+  const SchemaHeader header = readSchemaHeader(notOwned, text);
   const HashedText typeId(header.typeId);
   checkTypeId(typeId, registries);
   return readKind(header, [&](const auto& data) {
