@@ -35,6 +35,9 @@ conversion, formula, text, definition or character. Every result is verified bef
 - The arrays are converted from feet to yards. UDUNITS-2 multiplies once, which rounds otherwise. The
   plain loop does the same arithmetic as ours in the same order, division included, with the wider
   instructions of the processor.
+- Resident memory is that of a process that only loads: in the median of nine processes, all of it,
+  shared libraries included, and by how much it grew. 4,009 bytes is the whole process when it was
+  first measured.
 - Only reading the files walks the same folders in the same way. The files are in the system's
   cache.
 

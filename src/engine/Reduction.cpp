@@ -52,8 +52,8 @@ void saturateFrom(Powers& powers, std::size_t first) {
     power->exponent = saturate(power->exponent);
 }
 
-}  // namespace
-
+/// Whether a unit is relative and has few parents, all of them simple. Reducing it is as fast as
+/// storing it, and needs no path.
 bool isShallow(const RecordNode<Unit>& unit) {
   constexpr std::size_t maxParents = 8;                                              // tuning
   const bool isLong = unit.parents.size() + unit.parentFactors.size() > maxParents;  // tuning
@@ -61,6 +61,8 @@ bool isShallow(const RecordNode<Unit>& unit) {
          std::all_of(unit.parents.begin(), unit.parents.end(),
                      [](const auto& power) { return power.parent->isSimple; });
 }
+
+}  // namespace
 
 ReducedUnit Reducer::reduce(const RecordNode<Unit>& unit) {
   ReducedUnit reduced{1.0, 0.0, {}};

@@ -16,10 +16,6 @@ struct ReducedUnit {
   Powers powers;
 };
 
-/// Whether a unit is relative and has few parents, all of them simple. Reducing it is as fast as
-/// storing it, and needs no path.
-bool isShallow(const RecordNode<Unit>& unit);
-
 /// Reduces stored units to primitive terms.
 ///
 /// It stores what it has reduced. It lives for one call to the engine. If definitions share

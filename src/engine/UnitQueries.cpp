@@ -1,6 +1,7 @@
 #include "engine/UnitQueries.h"
 
 #include "engine/Conversion.h"
+#include "engine/PowerSums.h"
 #include "model/CompatiblePowers.h"
 #include "model/RecordAccess.h"
 
@@ -29,47 +30,23 @@ RecordMap<Unit> selectUnits(const RecordStore<Unit>& units, Predicate accepts) {
   return selected;
 }
 
-std::uint64_t addressOf(const RecordNode<Unit>* unit) {
-  return reinterpret_cast<std::uintptr_t>(unit);
-}
-
-/// The sum, modulo 2^64, of a unit's exponents multiplied by the addresses of their primitive units,
-/// if it takes no search. Units with equal powers have equal sums.
-std::optional<std::uint64_t> quickSum(const RecordNode<Unit>& unit) {
-  constexpr int largest = 1000;  // so that no exponent, or sum of them, is clamped
-  const auto isLarge = [](const auto& power) {
-    return power.exponent > largest || power.exponent < -largest;
-  };
-  if (!isShallow(unit)) return std::nullopt;
-  std::uint64_t sum = 0;
-  for (const auto& power : unit.parents) {
-    for (const auto& own : power.parent->parents) {
-      if (isLarge(power) || isLarge(own)) return std::nullopt;
-      sum += addressOf(own.parent) * static_cast<std::uint64_t>(power.exponent * own.exponent);
-    }
-  }
-  return sum;
-}
-
 /// Finds units by their powers.
 class PowersSearch {
  public:
-  explicit PowersSearch(const Powers& wanted) : wanted_(wanted) {
-    for (const auto& [unit, exponent] : wanted)
-      sum_ += addressOf(unit) * static_cast<std::uint64_t>(exponent);
-  }
+  explicit PowersSearch(const Powers& wanted) : wanted_(wanted), sum_(PowerSums::of(wanted)) {}
 
   /// Whether the powers of a unit are those wanted, or all reciprocal, in which case `inverted` is
   /// set. Their sum rejects most units, which are then not reduced.
   bool accepts(const RecordNode<Unit>& unit, bool& inverted) {
-    const auto sum = quickSum(unit);
+    const auto sum = sums_.of(unit);
     if (sum && *sum != sum_ && *sum != 0 - sum_) return false;  // tuning
     return arePowersCompatible(wanted_, reducer_.reduce(unit).powers, inverted);
   }
 
  private:
   const Powers& wanted_;
-  std::uint64_t sum_ = 0;
+  const std::uint64_t sum_;
+  PowerSums sums_;
   Reducer reducer_{Reducer::Purpose::Listing};
 };
 

@@ -66,7 +66,7 @@ JSON& JSON::operator=(JSON&& other) noexcept = default;
 JSON::~JSON() = default;
 
 JSON JSON::parse(std::shared_ptr<ExceptionFactory> factory, const std::string& text) {
-  auto document = std::make_unique<Document>();
+  std::unique_ptr<Document> document(new Document);  // does not clear what it has for the pool
   document->exceptionFactory = std::move(factory);
   ExceptionFactory& errors = *document->exceptionFactory;
   const auto refuse = [&errors](std::size_t offset, const char* reason) {

@@ -10,8 +10,8 @@ rapidjson::ParseResult asDefaultParse(const rapidjson::ParseResult& result, std:
 
 rapidjson::ParseResult parseInPlace(RapidDocument& document, std::string& text) {
   boundExponents(text);
-  rapidjson::InsituStringStream stream(text.data());
+  TextStream stream(text);
   const rapidjson::ParseResult result =
-      document.ParseStream<parseFlags, rapidjson::UTF8<>, rapidjson::InsituStringStream>(stream);
+      document.ParseStream<parseFlags, rapidjson::UTF8<>, TextStream>(stream);
   return asDefaultParse(result, text.size());
 }

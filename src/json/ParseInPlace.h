@@ -1,7 +1,7 @@
 #pragma once
 
 #include "json/LongExponents.h"
-#include "json/RapidJson.h"
+#include "json/TextStream.h"
 
 #include <rapidjson/reader.h>
 
@@ -21,11 +21,6 @@ rapidjson::ParseResult asDefaultParse(const rapidjson::ParseResult& result, std:
 ///              document's strings point into it, and it is no longer JSON.
 rapidjson::ParseResult parseInPlace(RapidDocument& document, std::string& text);
 
-/// A stream that events can ask for the offset. Of its base class RapidJSON makes local copies.
-struct AskableStream : rapidjson::InsituStringStream {
-  using rapidjson::InsituStringStream::InsituStringStream;
-};
-
 /// Parses `text` in the same way, but gives the events to a handler.
 ///
 /// @param text     as above. The strings of the events point into it.
@@ -35,7 +30,7 @@ struct AskableStream : rapidjson::InsituStringStream {
 template <class Handler>
 rapidjson::ParseResult walkInPlace(std::string& text, Handler& handler) {
   boundExponents(text);
-  AskableStream stream(text.data());
+  TextStream stream(text);
   handler.source = &stream;
   rapidjson::GenericReader<rapidjson::UTF8<>, rapidjson::UTF8<>, ThrowingAllocator> reader;
   return asDefaultParse(reader.template Parse<parseFlags>(stream, handler), text.size());

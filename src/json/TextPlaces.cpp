@@ -15,7 +15,7 @@ struct TextPlaces::Walk {
 
   TextPlaces& places;
   const std::string_view original;
-  AskableStream* source = nullptr;
+  TextStream* source = nullptr;
 
   std::size_t behind = 0;  // what the last event was about
   std::size_t parent = none;

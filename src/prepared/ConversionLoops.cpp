@@ -57,9 +57,11 @@ bool isWorthStreaming(const double* values, const double* converted, std::size_t
 #endif
 }
 
-/// The number of values before the first that is aligned for streaming.
-std::size_t countBeforeAligned(const double* converted) {
-  return (0 - addressOf(converted)) % 64 / sizeof(double);
+/// The number of values before the first that is aligned to a vector. Streaming needs that, and a
+/// vector that is stored into two lines of the cache takes longer.
+std::size_t countBeforeAligned(const double* converted, std::size_t count) {
+  constexpr std::size_t minCount = 1024;  // tuning: fewer values are converted as fast as that
+  return count < minCount ? 0 : (0 - addressOf(converted)) % 64 / sizeof(double);
 }
 
 }  // namespace
@@ -77,7 +79,7 @@ void convertProven(const double* values, double* converted, std::size_t count,
   if (by.division == Division::Plain || overwritesValues(values, converted, count))
     return divideAll(values, converted, count, steps);
   const bool isStreamed = isWorthStreaming(values, converted, count);
-  std::size_t done = isStreamed ? countBeforeAligned(converted) : 0;
+  std::size_t done = countBeforeAligned(converted, count);
   divideAll(values, converted, done, steps);
   done += lanes->convert(values + done, converted + done, count - done, steps, by, isStreamed);
   divideAll(values + done, converted + done, count - done, steps);

@@ -4,7 +4,7 @@
 #include "registry/Commit.h"
 #include "registry/RecordChecks.h"
 
-#include <string>
+#include <string_view>
 
 namespace Units {
 
@@ -12,7 +12,7 @@ namespace {
 
 template <class Record>
 void store(const Record& record, KindRegistry<Record>& kind, Registries& registries) {
-  checkTypeId(RecordAccess::typeId(record), registries);
+  checkTypeId(std::string_view(RecordAccess::typeId(record)), registries);
   const BuiltDropper dropper{registries};
   kind.built.add(record);
   commit(registries);

@@ -34,10 +34,10 @@ void checkPrimitive(const Unit& unit, const PrimitiveUnitComponent& primitive,
 
 }  // namespace
 
-void checkTypeId(std::string_view typeId, const Registries& registries) {
-  if (typeId.empty()) throw ValidationException("Typeid must not be empty.");
+void checkTypeId(const HashedText& typeId, const Registries& registries) {
+  if (typeId.text.empty()) throw ValidationException("Typeid must not be empty.");
   if (isRegistered(typeId, registries))
-    throw ValidationException("Schema with typeid " + std::string(typeId) +
+    throw ValidationException("Schema with typeid " + std::string(typeId.text) +
                               " is already registered.");
 }
 

@@ -12,7 +12,7 @@
 namespace Units {
 
 /// The type id is not empty and not registered yet.
-void checkTypeId(std::string_view typeId, const Registries& registries);
+void checkTypeId(const HashedText& typeId, const Registries& registries);
 
 /// No exponent is 0.
 template <class Powers>

@@ -17,33 +17,23 @@ struct TypeIdSearch {
     if (const Record* const record = records.find(typeId))
       found = &RecordAccess::sharedTypeId(*record);
   }
-
-  template <class Schema>
-  void in(const IndexedMap<Schema>& schemas) {
-    if (found) return;
-    if (const Schema* const schema = schemas.find(typeId)) found = &schema->typeId;
-  }
-
-  template <class Record>
-  void in(const KindRegistry<Record>& kind) {
-    in(kind.objects);
-    in(kind.pending);
-  }
 };
 
 }  // namespace
 
-const SharedText* findRegistered(const HashedText& typeId, const Registries& registries) {
+const SharedText* findStored(const HashedText& typeId, const Registries& registries) {
   TypeIdSearch search{typeId};
-  search.in(registries.units);  // first, since most references are to units
-  search.in(registries.dimensions);
-  search.in(registries.factors);
-  search.in(registries.symbols);
-  search.in(registries.quantities);
-  search.in(registries.waiting.units);
-  search.in(registries.waiting.symbols);
-  search.in(registries.waiting.quantities);
+  search.in(registries.units.objects);  // first, since most references are to units
+  search.in(registries.dimensions.objects);
+  search.in(registries.factors.objects);
+  search.in(registries.symbols.objects);
+  search.in(registries.quantities.objects);
   return search.found;
+}
+
+bool isRegistered(const HashedText& typeId, const Registries& registries) {
+  const PendingSchema* const pending = registries.pending.find(typeId);
+  return (pending && pending->isRegistered()) || findStored(typeId, registries);
 }
 
 }  // namespace Units

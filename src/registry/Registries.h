@@ -2,7 +2,7 @@
 
 #include "model/SymbolTexts.h"
 #include "registry/KindRegistry.h"
-#include "registry/WaitingSchemas.h"
+#include "registry/PendingSchemas.h"
 
 #include <string_view>
 
@@ -17,17 +17,17 @@ struct Registries {
   KindRegistry<Unit> units;
   KindRegistry<Symbol> symbols;
   KindRegistry<Quantity> quantities;
-  WaitingSchemas waiting;             // pending, too
-  IndexedMap<SharedText> awaitedIds;  // that pending schemas refer to and that came first
-  SymbolTexts symbolTexts;            // index of symbols.objects
+  PendingSchemas pending;   // read, waiting for a build
+  SymbolTexts symbolTexts;  // index of symbols.objects
 };
 
-/// The type id of a stored record or a pending schema; null if there is none.
-const SharedText* findRegistered(const HashedText& typeId, const Registries& registries);
+/// The type id of a stored record; null if there is none.
+const SharedText* findStored(const HashedText& typeId, const Registries& registries);
 
 /// Whether a type id belongs to a stored record or a pending schema.
+bool isRegistered(const HashedText& typeId, const Registries& registries);
 inline bool isRegistered(std::string_view typeId, const Registries& registries) {
-  return findRegistered(typeId, registries) != nullptr;
+  return isRegistered(HashedText(typeId), registries);
 }
 
 }  // namespace Units

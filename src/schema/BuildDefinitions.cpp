@@ -9,7 +9,9 @@
 #include "schema/SymbolSchema.h"
 #include "schema/UnitSchema.h"
 
+#include <memory>
 #include <string>
+#include <variant>
 
 namespace Units {
 
@@ -18,23 +20,29 @@ namespace {
 using FactorRegistry = KindRegistry<Factor>;
 using UnitRegistry = KindRegistry<Unit>;
 
-/// Frees each schema as soon as its record is built, so that the next record can reuse the memory.
-template <class Schema, class Record>
-void buildEach(IndexedMap<Schema>& schemas, RecordStore<Record>& built,
-               const Registries& registries) {
-  built.reserve(schemas.entries().size());
-  auto waiting = schemas.release();
-  while (!waiting.empty()) {
-    const auto next = waiting.begin();
-    built.add(build(next->second, registries));
-    waiting.erase(next);
-  }
-}
+/// Builds the record of a schema, which gives up what it holds.
+struct RecordBuilder {
+  const SharedText& typeId;
+  Registries& registries;
 
-void buildRecords(WaitingSchemas& waiting, Registries& registries) {
-  buildEach(waiting.units, registries.units.built, registries);
-  buildEach(waiting.symbols, registries.symbols.built, registries);
-  buildEach(waiting.quantities, registries.quantities.built, registries);
+  void operator()(PendingSchema::OnlyAwaited) const {}
+  void operator()(const Dimension& dimension) const { registries.dimensions.built.add(dimension); }
+  void operator()(const Factor& factor) const { registries.factors.built.add(factor); }
+  void operator()(const Unit& unit) const { registries.units.built.add(unit); }
+  void operator()(const std::unique_ptr<DimensionalUnitSchema>& schema) const {
+    registries.units.built.add(build(typeId, *schema, registries));
+  }
+  void operator()(SymbolSchema& schema) const {
+    registries.symbols.built.add(build(typeId, schema, registries));
+  }
+  void operator()(const std::unique_ptr<QuantitySchema>& schema) const {
+    registries.quantities.built.add(build(typeId, *schema, registries));
+  }
+};
+
+void buildRecords(PendingSchemas& pending, Registries& registries) {
+  for (PendingSchema* const schema : pending.inOrder())
+    std::visit(RecordBuilder{schema->typeId, registries}, schema->contents);
 }
 
 void checkBuiltFactors(const FactorRegistry& factors) {
@@ -94,8 +102,8 @@ void checkBuiltUnits(const FactorRegistry& factors, const UnitRegistry& units) {
 
 }  // namespace
 
-void buildDefinitions(WaitingSchemas& waiting, Registries& registries) {
-  buildRecords(waiting, registries);
+void buildDefinitions(PendingSchemas& pending, Registries& registries) {
+  buildRecords(pending, registries);
   checkBuiltFactors(registries.factors);
   checkBuiltUnits(registries.factors, registries.units);
 }

@@ -16,11 +16,6 @@ namespace Units {
 
 namespace {
 
-template <class Record>
-void takePending(KindRegistry<Record>& kind) noexcept {
-  kind.built = std::move(kind.pending);
-}
-
 [[noreturn]] void throwUnknownTypeId(const std::string& typeId) {
   throw UnrecognizedIdentifierException("Could not find any object with typeid " + typeId + ".");
 }
@@ -28,24 +23,22 @@ void takePending(KindRegistry<Record>& kind) noexcept {
 }  // namespace
 
 std::set<std::string> addDefinition(const std::string& text, Registries& registries) {
-  const SchemaHeader header =
-      readSchemaHeader(std::make_shared<ValidationExceptionFactory>(), text);
-  checkTypeId(header.typeId, registries);
+  ValidationExceptionFactory exceptions;  // outlives the header
+  const std::shared_ptr<ExceptionFactory> notOwned(std::shared_ptr<void>(), &exceptions);
+  const SchemaHeader header = readSchemaHeader(notOwned, text);
+  const HashedText typeId(header.typeId);
+  checkTypeId(typeId, registries);
   return readKind(header, [&](const auto& data) {
-    SchemaIds ids(header.typeId, registries);
-    addPending(data, ids, registries);
+    SchemaIds ids(typeId, registries);
+    addPending(data, ids);
     return ids.takeUnregistered();
   });
 }
 
 void buildSchemas(Registries& registries) {
   const BuiltDropper dropper{registries};
-  WaitingSchemas waiting = std::move(registries.waiting);
-  registries.awaitedIds = {};
-  takePending(registries.dimensions);
-  takePending(registries.factors);
-  takePending(registries.units);
-  buildDefinitions(waiting, registries);
+  PendingSchemas pending = std::exchange(registries.pending, {});
+  buildDefinitions(pending, registries);
   commit(registries);
 }
 

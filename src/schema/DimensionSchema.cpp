@@ -10,8 +10,8 @@ std::optional<DimensionSchemaData> readDimensionSchema(const SchemaHeader& heade
   return DimensionSchemaData();
 }
 
-void addPending(const DimensionSchemaData&, SchemaIds& ids, Registries& registries) {
-  registries.dimensions.pending.add(RecordAccess::make<Dimension>(ids.typeId()));
+void addPending(const DimensionSchemaData&, SchemaIds& ids) {
+  ids.addPending(RecordAccess::make<Dimension>(ids.typeId()));
 }
 
 std::string writeDimensionSchema(const Dimension& dimension) {

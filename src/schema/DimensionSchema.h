@@ -16,7 +16,7 @@ namespace Units {
 std::optional<DimensionSchemaData> readDimensionSchema(const SchemaHeader& header);
 
 /// Stores a schema as pending. If it throws, nothing changes. The same for the other kinds.
-void addPending(const DimensionSchemaData& data, SchemaIds& ids, Registries& registries);
+void addPending(const DimensionSchemaData& data, SchemaIds& ids);
 
 std::string writeDimensionSchema(const Dimension& dimension);
 

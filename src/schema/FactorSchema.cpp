@@ -29,9 +29,9 @@ FactorComponent makeFactorComponent(const FactorSchemaData& data, SchemaIds& ids
   return RecordAccess::make<FactorComponent>(data.factor, ids.refer(data.parentFactors));
 }
 
-void addPending(const FactorSchemaData& data, SchemaIds& ids, Registries& registries) {
+void addPending(const FactorSchemaData& data, SchemaIds& ids) {
   const FactorComponent component = makeFactorComponent(data, ids);
-  registries.factors.pending.add(RecordAccess::make<Factor>(ids.typeId(), component));
+  ids.addPending(RecordAccess::make<Factor>(ids.typeId(), component));
 }
 
 void collectParentFactors(const std::vector<ParentPower<Factor>>& parents, References& out) {

@@ -26,7 +26,7 @@ std::optional<FactorSchemaData> readFactorSchema(const SchemaHeader& header);
 /// The value of a factor. Does not check the parents, which may be added later.
 FactorComponent makeFactorComponent(const FactorSchemaData& data, SchemaIds& ids);
 
-void addPending(const FactorSchemaData& data, SchemaIds& ids, Registries& registries);
+void addPending(const FactorSchemaData& data, SchemaIds& ids);
 
 /// Adds the given parent factors of a stored record and all of their ancestors.
 void collectParentFactors(const std::vector<ParentPower<Factor>>& parents, References& out);

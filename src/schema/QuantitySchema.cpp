@@ -6,6 +6,7 @@
 #include "schema/SchemaWriter.h"
 #include "schema/UnitSchema.h"
 
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -20,19 +21,20 @@ std::optional<QuantitySchemaData> readQuantitySchema(const SchemaHeader& header)
                             readConstant<TypeIds>(header, "units", TypeIds(), readTypedValueArray)};
 }
 
-void addPending(const QuantitySchemaData& data, SchemaIds& ids, Registries& registries) {
-  QuantitySchema schema{ids.typeId(), std::string(data.name), {}};
-  schema.units.reserve(data.units.size());
-  for (const std::string_view unit : data.units) schema.units.push_back(ids.refer(unit));
-  registries.waiting.quantities.emplace(ids.typeId().str(), std::move(schema));
+void addPending(const QuantitySchemaData& data, SchemaIds& ids) {
+  auto schema = std::make_unique<QuantitySchema>();
+  schema->name = data.name;
+  schema->units.reserve(data.units.size());
+  for (const std::string_view unit : data.units) schema->units.push_back(ids.refer(unit));
+  ids.addPending(std::move(schema));
 }
 
-Quantity build(QuantitySchema& schema, const Registries& registries) {
+Quantity build(const SharedText& typeId, QuantitySchema& schema, const Registries& registries) {
   std::vector<Unit> found;
   found.reserve(schema.units.size());
   for (const SharedText& unit : schema.units)
-    found.push_back(findDependency(registries.units, unit, schema.typeId));
-  return RecordAccess::make<Quantity>(schema.typeId, std::move(schema.name), std::move(found));
+    found.push_back(findDependency(registries.units, unit, typeId));
+  return RecordAccess::make<Quantity>(typeId, std::move(schema.name), std::move(found));
 }
 
 void collectQuantityReferences(const Quantity& quantity, References& out,

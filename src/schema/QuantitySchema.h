@@ -19,11 +19,11 @@ namespace Units {
 /// @throws ValidationException  a constant is missing or has the wrong type.
 std::optional<QuantitySchemaData> readQuantitySchema(const SchemaHeader& header);
 
-void addPending(const QuantitySchemaData& data, SchemaIds& ids, Registries& registries);
+void addPending(const QuantitySchemaData& data, SchemaIds& ids);
 
 /// Makes the record of a schema, which gives up what it holds.
 /// @throws ValidationException  a unit is neither stored nor built: the first one in the list.
-Quantity build(QuantitySchema& schema, const Registries& registries);
+Quantity build(const SharedText& typeId, QuantitySchema& schema, const Registries& registries);
 
 /// Adds the quantity's units and all that they depend on.
 void collectQuantityReferences(const Quantity& quantity, References& out,

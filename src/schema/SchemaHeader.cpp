@@ -90,6 +90,17 @@ std::string_view readBaseTypeId(JsonView document, ExceptionFactory& factory, Re
   return first;
 }
 
+KindWords kindWordsOf(std::string_view baseTypeId) {
+  constexpr std::string_view version = "-1.";
+  KindWords words;
+  for (auto colon = baseTypeId.find(':'); colon != baseTypeId.npos; colon = baseTypeId.find(':')) {
+    baseTypeId.remove_prefix(colon + 1);
+    const std::string_view word = baseTypeId.substr(0, baseTypeId.find('-'));
+    if (baseTypeId.substr(word.size(), version.size()) == version) words.push_back(word);
+  }
+  return words;
+}
+
 }  // namespace
 
 SchemaHeader readSchemaHeader(std::shared_ptr<ExceptionFactory> shared, const std::string& text,
@@ -102,19 +113,7 @@ SchemaHeader readSchemaHeader(std::shared_ptr<ExceptionFactory> shared, const st
   Properties constants = readPropertyArray(document, factory, "constants", trace);
   resolveValues(constants, factory, trace);
   readPropertyArray(document, factory, "properties", trace);  // only checked
-  return {std::move(document), typeId, baseTypeId, std::move(constants), trace};
-}
-
-bool isOfKind(const SchemaHeader& header, std::string_view kindWord) {
-  constexpr std::string_view version = "-1.";
-  std::string_view base = header.baseTypeId;
-  for (auto colon = base.find(':'); colon != base.npos; colon = base.find(':')) {
-    base.remove_prefix(colon + 1);
-    if (base.substr(0, kindWord.size()) == kindWord &&
-        base.substr(kindWord.size(), version.size()) == version)
-      return true;
-  }
-  return false;
+  return {std::move(document), typeId, kindWordsOf(baseTypeId), std::move(constants), trace};
 }
 
 }  // namespace Units

@@ -1,31 +1,17 @@
 #include "schema/SchemaIds.h"
 
-#include <utility>
-
 namespace Units {
 
-namespace {
-
-SharedText textOf(std::string_view typeId, const Registries& registries) {
-  const SharedText* const awaited = registries.awaitedIds.find(typeId);
-  return awaited ? *awaited : SharedText(std::string(typeId));
-}
-
-}  // namespace
-
-SchemaIds::SchemaIds(std::string_view typeId, Registries& registries)
-    : registries_(registries), typeId_(textOf(typeId, registries)) {}
+SchemaIds::SchemaIds(const HashedText& typeId, Registries& registries)
+    : registries_(registries), own_(typeId), typeId_(registries.pending.share(typeId).typeId) {}
 
 SharedText SchemaIds::refer(std::string_view typeId) {
-  if (typeId == typeId_.str()) return typeId_;
+  if (typeId == own_.text) return typeId_;
   const HashedText searched(typeId);
-  if (const SharedText* const registered = findRegistered(searched, registries_))
-    return *registered;
-  unregistered_.emplace(typeId);
-  if (const SharedText* const awaited = registries_.awaitedIds.find(searched)) return *awaited;
-  const SharedText text{std::string(typeId)};
-  registries_.awaitedIds.emplace(text.str(), text);
-  return text;
+  if (const SharedText* const stored = findStored(searched, registries_)) return *stored;
+  const PendingSchema& pending = registries_.pending.share(searched);
+  if (!pending.isRegistered()) unregistered_.emplace(typeId);
+  return pending.typeId;
 }
 
 ParentList SchemaIds::refer(const ParentViews& parents) {

@@ -46,15 +46,13 @@ std::optional<SymbolSchemaData> readSymbolSchema(const SchemaHeader& header) {
   return SymbolSchemaData{unit, PrefixOrSuffixSchemaData{text, placement, space}};
 }
 
-void addPending(const SymbolSchemaData& data, SchemaIds& ids, Registries& registries) {
-  registries.waiting.symbols.emplace(
-      ids.typeId().str(),
-      SymbolSchema{ids.typeId(), ids.refer(data.unit), makePrefixOrSuffix(data)});
+void addPending(const SymbolSchemaData& data, SchemaIds& ids) {
+  ids.addPending(SymbolSchema{ids.refer(data.unit), makePrefixOrSuffix(data)});
 }
 
-Symbol build(SymbolSchema& schema, const Registries& registries) {
-  const Unit& unit = findDependency(registries.units, schema.unit, schema.typeId);
-  return RecordAccess::make<Symbol>(schema.typeId, unit, schema.prefixOrSuffix);
+Symbol build(const SharedText& typeId, SymbolSchema& schema, const Registries& registries) {
+  const Unit& unit = findDependency(registries.units, schema.unit, typeId);
+  return RecordAccess::make<Symbol>(typeId, unit, schema.prefixOrSuffix);
 }
 
 void collectSymbolReferences(const Symbol& symbol, References& out,

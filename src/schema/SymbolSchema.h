@@ -24,11 +24,11 @@ namespace Units {
 ///                              composite symbol has no composite form's key (checked last).
 std::optional<SymbolSchemaData> readSymbolSchema(const SchemaHeader& header);
 
-void addPending(const SymbolSchemaData& data, SchemaIds& ids, Registries& registries);
+void addPending(const SymbolSchemaData& data, SchemaIds& ids);
 
 /// Makes the record of a schema, which gives up what it holds.
 /// @throws ValidationException  the unit is neither stored nor built.
-Symbol build(SymbolSchema& schema, const Registries& registries);
+Symbol build(const SharedText& typeId, SymbolSchema& schema, const Registries& registries);
 
 /// Adds the symbol's unit and all that it depends on.
 void collectSymbolReferences(const Symbol& symbol, References& out, const RecordStore<Unit>& units);

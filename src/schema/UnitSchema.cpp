@@ -6,6 +6,7 @@
 #include "schema/FindDependency.h"
 #include "schema/SchemaWriter.h"
 
+#include <memory>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -79,7 +80,6 @@ namespace {
 struct PendingUnit {
   const UnitSchemaData& unit;
   SchemaIds& ids;
-  Registries& registries;
 
   void operator()(const AbsoluteUnitSchemaData& data) const {
     add(RecordAccess::make<AbsoluteUnitComponent>(ids.refer(data.parentUnit), data.offset));
@@ -89,29 +89,28 @@ struct PendingUnit {
     add(RecordAccess::make<DerivedUnitComponent>(ids.refer(data.parentUnits), factor));
   }
   void operator()(const DimensionalPrimitiveUnitSchemaData& data) const {
-    registries.waiting.units.emplace(
-        ids.typeId().str(), DimensionalUnitSchema{ids.typeId(), std::string(unit.name),
-                                                  unit.unitSystem, ids.refer(data.dimension)});
+    ids.addPending(std::unique_ptr<DimensionalUnitSchema>(new DimensionalUnitSchema{
+        std::string(unit.name), unit.unitSystem, ids.refer(data.dimension)}));
   }
   void operator()(const PrimitiveUnitSchemaData&) const { add(PrimitiveUnitComponent()); }
 
   template <class UnitComponent>
   void add(const UnitComponent& component) const {
-    registries.units.pending.add(
+    ids.addPending(
         RecordAccess::make<Unit>(ids.typeId(), std::string(unit.name), unit.unitSystem, component));
   }
 };
 
 }  // namespace
 
-void addPending(const UnitSchemaData& data, SchemaIds& ids, Registries& registries) {
-  std::visit(PendingUnit{data, ids, registries}, data.component);
+void addPending(const UnitSchemaData& data, SchemaIds& ids) {
+  std::visit(PendingUnit{data, ids}, data.component);
 }
 
-Unit build(DimensionalUnitSchema& schema, const Registries& registries) {
+Unit build(const SharedText& typeId, DimensionalUnitSchema& schema, const Registries& registries) {
   const PrimitiveUnitComponent component(
-      findDependency(registries.dimensions, schema.dimension, schema.typeId));
-  return RecordAccess::make<Unit>(schema.typeId, std::move(schema.name), schema.unitSystem,
+      findDependency(registries.dimensions, schema.dimension, typeId));
+  return RecordAccess::make<Unit>(typeId, std::move(schema.name), schema.unitSystem,
                                   component);
 }
 

@@ -27,11 +27,11 @@ namespace Units {
 std::optional<UnitSchemaData> readUnitSchema(const SchemaHeader& header);
 
 /// Does not check the parents, which may be added later.
-void addPending(const UnitSchemaData& data, SchemaIds& ids, Registries& registries);
+void addPending(const UnitSchemaData& data, SchemaIds& ids);
 
 /// Makes the record of a schema, which gives up what it holds.
 /// @throws ValidationException  the dimension is neither stored nor built.
-Unit build(DimensionalUnitSchema& schema, const Registries& registries);
+Unit build(const SharedText& typeId, DimensionalUnitSchema& schema, const Registries& registries);
 
 /// Adds all units, factors and dimensions that a stored unit depends on, directly or indirectly.
 void collectUnitReferences(const RecordNode<Unit>& unit, References& out);

@@ -29,7 +29,7 @@ Registries filled() {
           registries);
   addSymbol(Symbol("symbol", meter, PrefixOrSuffix("m", Placement::Suffix, true)), registries);
   addQuantity(Quantity("quantity", "length", {meter}), registries);
-  registries.dimensions.pending.add(Dimension("pending"));
+  registries.pending.share(std::string_view("pending")).contents.emplace<Dimension>("pending");
   return registries;
 }
 

@@ -132,12 +132,6 @@ const Refusal refusals[] = {
      "Expected an array of typedValue objects."},
     {quantity("x", {"u", "", "v"}), emptyTyped}};
 
-std::size_t countPending(const Registries& all) {
-  return all.dimensions.pending.size() + all.factors.pending.size() + all.units.pending.size() +
-         all.waiting.units.entries().size() + all.waiting.symbols.entries().size() +
-         all.waiting.quantities.entries().size();
-}
-
 TEST(AddDefinition, RefusesFaultyTextsAndLeavesNoTraceOfThem) {
   Registries registries;
   addDefinition(dimension("taken"), registries);
@@ -146,7 +140,7 @@ TEST(AddDefinition, RefusesFaultyTextsAndLeavesNoTraceOfThem) {
     EXPECT_EQ(
         messageOf<ValidationException>([&, &text = faulty] { addDefinition(text, registries); }),
         message);
-    EXPECT_EQ(countPending(registries), 1u);
+    EXPECT_EQ(registries.pending.inOrder().size(), 1u);
     EXPECT_TRUE(isRegistered("taken", registries));
   }
 }
@@ -167,7 +161,7 @@ TEST(AddDefinition, NamesWhatIsNotRegistered) {
     buildSchemas(registries);
     addDefinition(factor("pending", {}), registries);
     EXPECT_EQ(addDefinition(schemaText, registries), unknown) << schemaText;
-    EXPECT_EQ(countPending(registries), 2u) << schemaText;
+    EXPECT_EQ(registries.pending.inOrder().size(), 2u) << schemaText;
   }
 }
 

@@ -20,11 +20,9 @@ const Texts stored = {dimension("d0"), factor("f0", {}), primitive("u0"), absolu
 
 /// How much there is of everything.
 std::vector<std::size_t> sizes(const Registries& all) {
-  std::vector<std::size_t> result = {
-      all.waiting.units.entries().size(), all.waiting.symbols.entries().size(),
-      all.waiting.quantities.entries().size(), all.awaitedIds.entries().size()};
+  std::vector<std::size_t> result = {all.pending.size()};
   const auto add = [&](const auto& kind) {
-    for (const auto* const records : {&kind.objects, &kind.pending, &kind.built})
+    for (const auto* const records : {&kind.objects, &kind.built})
       result.push_back(records->records().size());
   };
   add(all.dimensions), add(all.factors), add(all.units), add(all.symbols), add(all.quantities);
