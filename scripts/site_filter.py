@@ -12,6 +12,8 @@ from make_reference import anchor
 
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 FENCED = re.compile(r"(^```.*?^```$)", re.M | re.S)
+TABS = re.compile(r"^<!-- tabs.*?-->\n(.*?)^<!-- end of tabs -->\n", re.M | re.S)
+TAB = re.compile(r"^### (.*)\n", re.M)
 SPAN = re.compile(r"(?<!`)`([^`\n]+)`(?!`)")
 LINK = re.compile(r"(?<!!)\[((?:`[^`]*`|[^]`])+)\]\(([^)#:]*)(?:#([^)]+))?\)")
 HEADING = re.compile(r"^(##+ (.*))$", re.M)
@@ -39,7 +41,23 @@ def code(span):
     if not any(mark in text for mark in "'\"\\"):
         return span[0]
     text = html.escape(re.sub(r"([\\@#%*_\[\]])", r"\\\1", text)).replace("&#x27;", "&apos;")
-    return f"<code>{text.replace('--', chr(92) + '--')}</code>"
+    return f"<code>{re.sub('--|::', lambda found: chr(92) + found[0], text)}</code>"
+
+
+def raw(text):
+    return f"\n@htmlonly[block]\n{text}\n@endhtmlonly\n\n"
+
+
+def tabs(found):
+    """Sections as tabs: radio buttons, which the style sheet shows as such."""
+    parts = TAB.split(found[1])[1:]
+    shown = ""
+    for number, (title, content) in enumerate(zip(parts[::2], parts[1::2])):
+        name, checked = f"tab-{number}", "" if number else " checked"
+        shown += raw(f'<input type="radio" name="tabs" id="{name}"{checked}/>'
+                     f'<label for="{name}">{html.escape(title)}</label><div>')
+        shown += content + raw("</div>")
+    return raw('<div class="tabs-of-code">') + shown + raw("</div>")
 
 
 def page(path, text):
@@ -58,7 +76,7 @@ def page(path, text):
     def named(heading):
         return f"{heading[1]} {{#{place_of(label, heading[2])}}}"
 
-    parts = FENCED.split(text)
+    parts = FENCED.split(TABS.sub(tabs, text))
     parts[::2] = [HEADING.sub(named, LINK.sub(reference, SPAN.sub(code, part)))
                   for part in parts[::2]]
     return re.sub(r"^# (.*)", rf"# \1 {{#{label}}}", "".join(parts), count=1)
