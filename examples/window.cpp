@@ -50,7 +50,8 @@ int main(int count, char** arguments) {
   for (int index = 2; index < count; ++index) {
     field.input.value(arguments[index]);
     field.enter();
-    std::cout << field.input.value() << ' ' << field.message.label() << '\n';
+    const std::string wrong = field.message.label();
+    std::cout << field.input.value() << (wrong.empty() ? "" : ": ") << wrong << '\n';
   }
   if (count > 2) return 0;
   field.window.show();

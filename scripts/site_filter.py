@@ -62,7 +62,7 @@ def tabs(found):
 
 def page(path, text):
     """A page with its label, and its links as references, with titles for names of files."""
-    label = label_of(path)
+    label, below = label_of(path), set()
 
     def reference(link):
         target = (ROOT / path.parent / link[2]).resolve().relative_to(ROOT) if link[2] else path
@@ -70,6 +70,9 @@ def page(path, text):
             return f"[{link[1]}](@ref {place_of(label_of(target), link[3])})"
         if target.suffix != ".md":
             return f"[{link[1]}](@ref {target.name})"
+        if path.name == "units.md" and path.parent.name == "docs" and target not in below:
+            below.add(target)  # the first link places the page below this one
+            return f'@subpage {label_of(target)} "{link[1]}"'
         title = (ROOT / target).read_text(encoding="utf-8").partition("\n")[0].lstrip("# ")
         return f"[{title if link[1].endswith('.md') else link[1]}](@ref {label_of(target)})"
 
