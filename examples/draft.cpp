@@ -25,13 +25,14 @@ int main(int, char** arguments) {
     Schemas::SchemaUtility::addDefinitionsFromFolder(schemas + pack, *engine);
 
   for (const double feet : {5.53125, 5.999, -0.5, 11.9999}) {
-    std::cout << feet << " ft: " << engine->formatFractional(feet, 4, &feetAndInches) << ", rounded "
-              << engine->formatFractional(rounded(feet, 12 * 16), 4, &feetAndInches) << '\n';
+    std::cout << feet << " ft: " << engine->formatFractional(feet, 4, &feetAndInches)
+              << ", rounded " << engine->formatFractional(rounded(feet, 12 * 16), 4, &feetAndInches)
+              << '\n';
   }
   for (const double degrees : {30.2575, 29.99999}) {
     std::cout << degrees << " degrees: " << engine->formatFixedPoint(degrees, 0, &angle, false)
-              << ", rounded "
-              << engine->formatFixedPoint(rounded(degrees, 3600), 0, &angle, false) << '\n';
+              << ", rounded " << engine->formatFixedPoint(rounded(degrees, 3600), 0, &angle, false)
+              << '\n';
   }
   const Units::PreparedConversion toMillimeters(*engine, "trelvon.unit:foot-1.0.0",
                                                 "trelvon.unit:millimeter-1.0.0");

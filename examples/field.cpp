@@ -46,7 +46,7 @@ int main(int, char** arguments) {
     Schemas::SchemaUtility::addDefinitionsFromFolder(schemas + pack, *engine);
 
   double meters = 0;
-  for (const char* typed : {"12", "5' 6 1/2\" + 3 cm", "2 * width", "10 m - 35 cm", "2 * wdth",
-                            "1,5 m", "2 ft + 3 kg"})
+  for (const char* typed :
+       {"12", "5' 6 1/2\" + 3 cm", "2 * width", "10 m - 35 cm", "2 * wdth", "1,5 m", "2 ft + 3 kg"})
     enter(*engine, typed, meters);
 }

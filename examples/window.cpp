@@ -8,7 +8,6 @@
 #include <FL/Fl_Box.H>
 #include <FL/Fl_Input.H>
 #include <FL/Fl_Window.H>
-
 #include <iostream>
 #include <memory>
 #include <string>
