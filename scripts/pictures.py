@@ -16,6 +16,8 @@ import sys
 import tempfile
 import textwrap
 
+import railroad
+
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 FOLDER = ROOT / "docs" / "pictures"
 WIDTH = 720
@@ -334,8 +336,73 @@ def performance(_program):
     return drawing.svg()
 
 
+def conversion(program):
+    """A conversion as its steps: the offset and factor of one unit, then those of the other."""
+    drawing = Drawing(150, "The steps from 212 degrees Fahrenheit to 100 degrees Celsius")
+    value, steps = 212.0, [("212 °F", "")]
+
+    def step(after, says, unit):
+        steps.append((f"{after:.6g} {unit}", says))
+        return after
+
+    def ends(name):
+        shown = ask(program, "show", name)
+        parent = next(iter(shown["parents"]))
+        return shown["offset"], ask(program, "convert", "1", parent, "kelvin")["value"]
+
+    offset, factor = ends("degF")
+    value = step(value + offset, f"+ offset {offset:g}", "degrees")
+    value = step(value * factor, f"× factor {factor:.6g}", "K")
+    offset, factor = ends("degC")
+    value = step(value / factor, f"÷ factor {factor:g}", "degrees")
+    step(value - offset, f"- offset {offset:g}", "°C")
+    width = (WIDTH - 40) / len(steps)
+    for number, (text, says) in enumerate(steps):
+        x = 20 + width * number
+        drawing.box(x, 65, width - 22, 40, "unit" if number in (0, 4) else "number")
+        drawing.text(x + (width - 22) / 2, 90, text, "", 6.4)
+        if says:
+            drawing.text(x - 11, 45, says, "", 6)
+            drawing.path([(x - 21, 85), (x - 1, 85)])
+    return drawing.svg()
+
+
+def tree(program):
+    """The tree of a formula, with what each node gives."""
+    explained = ask(program, "explain", "sqrt(width^2 + (30 cm)^2)", "--to", "m", "--set",
+                    "width=40 cm")
+    every = explained["nodes"]
+
+    def below(index):
+        return below(every[index]["operands"][0]) if every[index]["kind"] == "parentheses" else index
+
+    nodes, edges = {}, {}
+    for index in reversed(range(len(every))):
+        node = every[index]
+        if below(index) == index:
+            text = explained["tokens"][node["token"]]["text"]
+            value = f"{node['value']:g} {powers_of(node)}".strip()
+            nodes[index] = [text, value] if value != text else [text]
+            edges.update({(index, below(operand)): "" for operand in node["operands"]})
+    drawing = Drawing(330, "The tree of sqrt(width^2 + (30 cm)^2)")
+    draw_graph(drawing, nodes, edges, 35, 85)
+    return drawing.svg()
+
+
+def grammar(number):
+    """The railroad diagrams of a block of docs/grammar.md."""
+    def drawn(_):
+        page = (ROOT / "docs" / "grammar.md").read_text(encoding="utf-8")
+        rules = railroad.blocks_of(page)[number]
+        drawing = Drawing(railroad.height_of(rules), f"The grammar of {', '.join(rules)}")
+        railroad.draw_rules(drawing, rules)
+        return drawing.svg()
+    return drawn
+
+
 PICTURES = {"rooms": rooms, "reduction": reduction, "formula": formula, "schema-file": life,
-            "scale": scale, "performance": performance}
+            "scale": scale, "performance": performance, "conversion": conversion, "tree": tree,
+            "grammar-formula": grammar(0), "grammar-literal": grammar(1)}
 
 
 def main(program, *options):

@@ -12,6 +12,8 @@ from make_reference import anchor
 
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 FENCED = re.compile(r"(^```.*?^```$)", re.M | re.S)
+TABS = re.compile(r"^<!-- tabs.*?-->\n(.*?)^<!-- end of tabs -->\n", re.M | re.S)
+TAB = re.compile(r"^### (.*)\n", re.M)
 SPAN = re.compile(r"(?<!`)`([^`\n]+)`(?!`)")
 LINK = re.compile(r"(?<!!)\[((?:`[^`]*`|[^]`])+)\]\(([^)#:]*)(?:#([^)]+))?\)")
 HEADING = re.compile(r"^(##+ (.*))$", re.M)
@@ -39,12 +41,28 @@ def code(span):
     if not any(mark in text for mark in "'\"\\"):
         return span[0]
     text = html.escape(re.sub(r"([\\@#%*_\[\]])", r"\\\1", text)).replace("&#x27;", "&apos;")
-    return f"<code>{text.replace('--', chr(92) + '--')}</code>"
+    return f"<code>{re.sub('--|::', lambda found: chr(92) + found[0], text)}</code>"
+
+
+def raw(text):
+    return f"\n@htmlonly[block]\n{text}\n@endhtmlonly\n\n"
+
+
+def tabs(found):
+    """Sections as tabs: radio buttons, which the style sheet shows as such."""
+    parts = TAB.split(found[1])[1:]
+    shown = ""
+    for number, (title, content) in enumerate(zip(parts[::2], parts[1::2])):
+        name, checked = f"tab-{number}", "" if number else " checked"
+        shown += raw(f'<input type="radio" name="tabs" id="{name}"{checked}/>'
+                     f'<label for="{name}">{html.escape(title)}</label><div>')
+        shown += content + raw("</div>")
+    return raw('<div class="tabs-of-code">') + shown + raw("</div>")
 
 
 def page(path, text):
     """A page with its label, and its links as references, with titles for names of files."""
-    label = label_of(path)
+    label, below = label_of(path), set()
 
     def reference(link):
         target = (ROOT / path.parent / link[2]).resolve().relative_to(ROOT) if link[2] else path
@@ -52,13 +70,16 @@ def page(path, text):
             return f"[{link[1]}](@ref {place_of(label_of(target), link[3])})"
         if target.suffix != ".md":
             return f"[{link[1]}](@ref {target.name})"
+        if path.name == "units.md" and path.parent.name == "docs" and target not in below:
+            below.add(target)  # the first link places the page below this one
+            return f'@subpage {label_of(target)} "{link[1]}"'
         title = (ROOT / target).read_text(encoding="utf-8").partition("\n")[0].lstrip("# ")
         return f"[{title if link[1].endswith('.md') else link[1]}](@ref {label_of(target)})"
 
     def named(heading):
         return f"{heading[1]} {{#{place_of(label, heading[2])}}}"
 
-    parts = FENCED.split(text)
+    parts = FENCED.split(TABS.sub(tabs, text))
     parts[::2] = [HEADING.sub(named, LINK.sub(reference, SPAN.sub(code, part)))
                   for part in parts[::2]]
     return re.sub(r"^# (.*)", rf"# \1 {{#{label}}}", "".join(parts), count=1)
