@@ -74,6 +74,8 @@ void checkLoading() {
            {{"SELECT units_convert(2, 'smoot', 'in')", "2.0"},
             {"SELECT units_convert(1, 'foot', 'in')",
              "error: \"foot\" names more than one unit. Write one of: \"my:foot\", \"'\"."}});
+  check(connection.load(TRELVON_EXTENSION), "It cannot be loaded again.");
+  check(connection.all("SELECT units_convert(1, 'smoot', 'in')").find("error") == 0, "Not anew.");
   check(closed.all("SELECT units_convert(1, 'smoot', 'in')").find("error") == 0, "It is shared.");
 }
 
