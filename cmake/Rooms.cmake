@@ -3,8 +3,7 @@
 cmake_minimum_required(VERSION 3.25)
 
 # Every module may include itself, include/TrelvonUnits and only these:
-set(rooms model registry json text formula schema engine reporting loading prepared naming display
-  parameters)
+set(rooms model registry json text formula schema engine reporting loading prepared naming display parameters)
 set(registry_sees model)
 set(json_sees rapidjson)
 set(text_sees model)

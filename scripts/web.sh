@@ -45,14 +45,7 @@ browser() {
 }
 
 case_files() {
-  local file
-  echo 'const caseFiles = {'
-  for file in tests/cases/*.json; do
-    echo "\"$(basename "$file")\":"
-    cat "$file"
-    echo ,
-  done
-  echo '};'
+  echo "const caseFiles = $(PYTHONUTF8=1 python3 -B tests/cases/cases.py --json wasm);"
 }
 
 # Prints what the page of tests has written into itself.

@@ -3,6 +3,7 @@
     cases.py LANGUAGE RUNNER...             fails on a difference
     cases.py LANGUAGE RUNNER... --update    writes what came of the calls into the files
     cases.py --page [--update]              compares or writes the tables of docs/languages.md
+    cases.py --json LANGUAGE                prints the files, without what the language leaves out
 
 A file is {"folders": [...], "cases": [...]}: the folders of schemas/ that an engine is filled with,
 and calls in order. A case has a "call", its arguments "with", and what it "gives": a text, bits of a
@@ -100,6 +101,9 @@ class LeftOut:
                 return rule["reason"]
         return None
 
+    def sayable(self, language, path, file):
+        return [case for case in file["cases"] if self.reason(language, path, case) is None]
+
     def unfounded(self, files):
         """What is left out without a reason, or for a language that is none."""
         told = [(f"{path.name}: {json.dumps(without(case))}", *left)
@@ -154,6 +158,10 @@ def main(language, *words):
     wrong = left_out.unfounded(files)
     if wrong:
         raise SystemExit("left out without a reason:\n" + "\n".join(wrong))
+    if language == "--json":
+        print(json.dumps({path.name: {**file, "cases": left_out.sayable(words[0], path, file)}
+                          for path, file in files.items()}))
+        return 0
     if language == "--page":
         return check_page(ROOT / "docs" / "languages.md", files, left_out, "--update" in words)
     return replay_all(language, files, left_out, [word for word in words if word != "--update"],
