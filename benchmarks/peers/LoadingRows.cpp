@@ -145,7 +145,8 @@ Sides resident(double Resident::*kind, const std::string& folder = TRELVON_SCHEM
   for (int time = 0; time < 9; ++time) bytes.push_back(residentWith(folder).*kind);
   std::sort(bytes.begin(), bytes.end());
   const double median = bytes[bytes.size() / 2];
-  return {{}, {},
+  return {{},
+          {},
           Reached{median / before, median, before, "bytes", bytes.front() / before,
                   bytes.back() / before}};
 }
@@ -183,8 +184,8 @@ std::vector<Row> loadingRows() {
       {"memory per definition", "1,000 bytes", Bound::AtMost, 0.8, 0.5, memory},
       {"resident memory per definition, core pack, whole process", "4,009 bytes", Bound::AtMost,
        0.7, 0.5, [] { return resident(&Resident::process); }},
-      {"resident memory per definition, core pack, growth by loading", "4,009 bytes",
-       Bound::AtMost, 0.7, 0.5, [] { return resident(&Resident::growth); }},
+      {"resident memory per definition, core pack, growth by loading", "4,009 bytes", Bound::AtMost,
+       0.7, 0.5, [] { return resident(&Resident::growth); }},
       {"resident memory per definition, whole catalog, growth by loading", "4,009 bytes",
        Bound::AtMost, 0.7, 0.5, [] { return resident(&Resident::growth, TRELVON_SCHEMAS); }},
   };

@@ -1,12 +1,50 @@
 #include "registry/PendingSchemas.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <new>
 
 namespace Units {
 
 namespace {
+
+/// What all texts that were added begin with.
+class SharedPrefix {
+ public:
+  void add(std::string_view text) {
+    if (!prefix_) prefix_ = text;
+    const std::size_t most = std::min(prefix_->size(), text.size());
+    std::size_t length = 0;
+    while (length < most && (*prefix_)[length] == text[length]) ++length;
+    prefix_ = prefix_->substr(0, length);
+  }
+
+  /// The bytes of a text behind the prefix as a number, in the order of the texts.
+  std::uint64_t behind(std::string_view text) const {
+    text.remove_prefix(prefix_->size());
+    std::uint64_t number = 0;
+    for (std::size_t place = 0; place < sizeof number; ++place)
+      number = number << 8 | (place < text.size() ? static_cast<unsigned char>(text[place]) : 0u);
+    return number;
+  }
+
+ private:
+  std::optional<std::string_view> prefix_;
+};
+
+/// A schema in the order of kinds and type ids. Most type ids are told apart without a look at them.
+struct Rank {
+  std::size_t kind;
+  std::uint64_t start;
+  PendingSchema* schema;
+
+  bool operator<(const Rank& other) const {
+    if (kind != other.kind) return kind < other.kind;
+    if (start != other.start) return start < other.start;
+    return schema->typeId.str() < other.schema->typeId.str();
+  }
+};
 
 std::uint32_t shortened(std::size_t hash) { return static_cast<std::uint32_t>(hash); }
 
@@ -66,14 +104,19 @@ void PendingSchemas::grow() {
 }
 
 std::vector<PendingSchema*> PendingSchemas::inOrder() {
+  std::vector<Rank> ranks;
+  ranks.reserve(schemas_.size());
+  std::array<SharedPrefix, std::variant_size_v<PendingSchema::Contents>> prefixes;
+  for (PendingSchema& schema : schemas_) {
+    if (!schema.isRegistered()) continue;
+    prefixes[schema.contents.index()].add(schema.typeId.str());
+    ranks.push_back({schema.contents.index(), 0, &schema});
+  }
+  for (Rank& rank : ranks) rank.start = prefixes[rank.kind].behind(rank.schema->typeId.str());
+  std::sort(ranks.begin(), ranks.end());
   std::vector<PendingSchema*> ordered;
-  ordered.reserve(schemas_.size());
-  for (PendingSchema& schema : schemas_)
-    if (schema.isRegistered()) ordered.push_back(&schema);
-  std::sort(ordered.begin(), ordered.end(), [](const PendingSchema* a, const PendingSchema* b) {
-    const auto kindOf = [](const PendingSchema* schema) { return schema->contents.index(); };
-    return kindOf(a) != kindOf(b) ? kindOf(a) < kindOf(b) : a->typeId.str() < b->typeId.str();
-  });
+  ordered.reserve(ranks.size());
+  for (const Rank& rank : ranks) ordered.push_back(rank.schema);
   return ordered;
 }
 
