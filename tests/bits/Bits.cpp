@@ -184,6 +184,26 @@ Operation display(Random& random, bool isFixed) {
   });
 }
 
+/// A value that is shown in any way, in any locale, and read back.
+Operation displays(Random& random) {
+  static const std::vector<std::string> locales = Units::ValueDisplay::locales();
+  Units::DisplayOptions options;
+  options.symbol = random.oneIn(2) ? random.oneOf(oddSymbols) : plain(random, "of length");
+  if (random.oneIn(3)) options.unit = plain(random, "length");
+  options.locale = random.oneOf(locales);
+  options.groups = random.oneIn(2);
+  const int rounding = random.between(0, 3), digits = random.between(0, 18);
+  if (rounding == 0) options.places = digits;
+  if (rounding == 1) options.denominator = 1 << digits % 11;
+  if (rounding == 2) options.significant = digits;
+  const double value = random.number();
+  return operation(written(value) + " " + options.symbol + " " + options.locale, [&] {
+    const Units::ValueDisplay display(engine(), options);
+    const std::string text = display.show(value);
+    return text + " " + display.read(text).toJson();
+  });
+}
+
 /// A schema text that is read, with a byte that is wrong at times, and a number that is written.
 Operation schemas(Random& random) {
   std::string text = schema("read", "factor", {value("factor", random.decimal())});
@@ -231,6 +251,7 @@ const Kind kinds[] = {
     {"literals", literals},
     {"fixed", [](Random& random) { return display(random, true); }},
     {"fractional", [](Random& random) { return display(random, false); }},
+    {"displays", displays},
     {"schemas", schemas},
     {"powers",
      [](Random& random) {

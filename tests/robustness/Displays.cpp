@@ -191,7 +191,7 @@ std::vector<Displays> allDisplays(const Units::UnitsEngine& engine) {
         options.hasNoBreakSpaces = options.trims;
         if (rounding >= 0) options.places = places[rounding];
         if (rounding == -1) options.significant = 5;
-        if (rounding == -2) options.denominator = options.trims ? 2 : 64;
+        if (rounding == -2) options.denominator = options.trims ? 2 : 512;
         if (options.denominator && layout.ratios != std::vector<int>{12} && !layout.ratios.empty())
           continue;
         if (options.denominator) options.trims = false;
@@ -312,9 +312,10 @@ void readAllSymbols(const Units::UnitsEngine& engine, Random& random) {
   }
 }
 
-/// Plain symbols show what the engine shows.
+/// Plain symbols show what the engine shows. Of feet, it now and then shows 12 inches.
 void compareWithEngine(const Units::UnitsEngine& engine, Random& random, long count) {
-  const std::string kilogram = layouts[1].symbol;
+  const std::string kilogram = layouts[1].symbol, feetAndInches = layouts[3].symbol;
+  long full = 0;
   for (int digits = 0; digits < 10; ++digits) {
     DisplayOptions options;
     options.symbol = kilogram;
@@ -329,11 +330,15 @@ void compareWithEngine(const Units::UnitsEngine& engine, Random& random, long co
       if (std::fabs(value) < std::ldexp(1.0, 49) / std::pow(10.0, digits))
         checkEqual(places.show(value), engine.formatFixedPoint(value, precision, &kilogram, false),
                    "places");
-      if (std::fabs(value) < 0x1p20)  // the engine's fractions have a tolerance of their own
+      if (std::fabs(value) < std::ldexp(1.0, 49 - digits))
         checkEqual(fractions.show(value), engine.formatFractional(value, precision, &kilogram),
                    "fractions");
+      full += engine.formatFixedPoint(value, precision, &feetAndInches, false).find("' 12") !=
+              std::string::npos;
     }
   }
+  check(full > 0, "the engine shows no 12 inches");
+  report("the engine shows 12 inches ", full, " times");
 }
 
 }  // namespace
