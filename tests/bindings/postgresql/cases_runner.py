@@ -15,6 +15,7 @@ import cases  # noqa: E402
 STATUSES = {"TU001": "UNRECOGNIZED", "TU003": "INCOMPATIBLE", "TU004": "PRECISION", "TU005": "PARSE"}
 # As a column, so that nothing is known when the statement is planned.
 CONVERT = "SELECT units_convert(x, a, b) FROM (SELECT %s::float8 x, %s a, %s b OFFSET 0) v"
+ARRAY = "SELECT units_convert(x, {}, {}) FROM unnest(ARRAY[0] || %s::float8[]) x OFFSET 1"
 PREPARED = "SELECT units_convert(x, {}, {}) FROM (VALUES (0), (%s::float8)) v (x) OFFSET 1"
 
 
@@ -42,6 +43,9 @@ def quoted(word):
 CALLS = {
     "convert": lambda value, start, end: (CONVERT, [value, start, end]),
     "prepared": lambda start, end, value: (PREPARED.format(quoted(start), quoted(end)), [value]),
+    "prepared_array": lambda start, end, *values: (
+        ARRAY.format(quoted(start), quoted(end)), [list(values)]),
+    "convert_named": lambda value, start, end: (CONVERT, [value, start, end]),
     "can_convert": lambda start, end: ("SELECT units_can_convert(%s, %s)::int", [start, end]),
     "format_fixed": lambda value, places, symbol, trim:
         display("units_format", value, places, symbol, trim),
