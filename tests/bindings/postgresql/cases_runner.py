@@ -12,7 +12,8 @@ import psycopg2
 sys.path.insert(0, "tests/cases")
 import cases  # noqa: E402
 
-STATUSES = {"TU001": "UNRECOGNIZED", "TU003": "INCOMPATIBLE", "TU004": "PRECISION", "TU005": "PARSE"}
+STATUSES = {"TU001": "UNRECOGNIZED", "TU002": "UNRECOGNIZED", "TU003": "INCOMPATIBLE",
+            "TU004": "PRECISION", "TU005": "PARSE"}
 # As a column, so that nothing is known when the statement is planned.
 CONVERT = "SELECT units_convert(x, a, b) FROM (SELECT %s::float8 x, %s a, %s b OFFSET 0) v"
 ARRAY = "SELECT units_convert(x, {}, {}) FROM unnest(ARRAY[0] || %s::float8[]) x OFFSET 1"
