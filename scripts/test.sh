@@ -23,6 +23,8 @@ if [ "${1-}" = all ]; then install_packages postgresql servers; fi
 build_and_test release  # includes the small hosts, built against an installation and the sources
 if [ "${1-}" = all ]; then
   heading "release: test servers of databases"
+  cmake --preset release -D TRELVONUNITS_POSTGRESQL=ON  # it may be off from an earlier build
+  cmake --build --preset release --parallel "$jobs"
   ctest --test-dir build/release --label-regex servers --no-tests=error --output-on-failure
 fi
 heading "Formatting of the sources"

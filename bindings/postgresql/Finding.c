@@ -55,7 +55,7 @@ static pg_attribute_noreturn() void refuse_unknown(trelvon_text name, held* fail
 static pg_attribute_noreturn() void refuse_ambiguous(const char* kind, trelvon_text name,
                                                      const char* candidates) {
   ereport(ERROR, errcode(ERRCODE_UNITS_AMBIGUOUS),
-          errmsg("\"%s\" names more than one %s", server_string(name), kind),
+          errmsg("%s names more than one %s.", server_string(name), kind),
           errhint("Write %s.", candidates));
 }
 

@@ -1,13 +1,13 @@
 \echo Use "ALTER EXTENSION trelvonunits UPDATE" to load this file. \quit
 
 CREATE FUNCTION units_explain_text(formula text) RETURNS text
-  AS 'MODULE_PATHNAME', 'units_explain_text_plain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 1700;
+  AS 'MODULE_PATHNAME', 'units_explain_text_plain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 600;
 CREATE FUNCTION units_explain_text(formula text, unit units_name) RETURNS text
-  AS 'MODULE_PATHNAME', 'units_explain_text' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 1700;
+  AS 'MODULE_PATHNAME', 'units_explain_text' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 600;
 CREATE FUNCTION units_explain_text(formula text, variables jsonb) RETURNS text
-  AS 'MODULE_PATHNAME', 'units_explain_text_plain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 1700;
+  AS 'MODULE_PATHNAME', 'units_explain_text_plain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 600;
 CREATE FUNCTION units_explain_text(formula text, unit units_name, variables jsonb) RETURNS text
-  AS 'MODULE_PATHNAME', 'units_explain_text' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 1700;
+  AS 'MODULE_PATHNAME', 'units_explain_text' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 600;
 
 -- All units that a text names, and why.
 CREATE FUNCTION units_find(name units_name) RETURNS TABLE (

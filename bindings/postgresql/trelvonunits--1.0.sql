@@ -48,13 +48,13 @@ CREATE FUNCTION units_format_fraction(value float8, symbol units_name, fraction 
   RETURNS text AS 'MODULE_PATHNAME', 'units_format_fraction' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 
 CREATE FUNCTION units_explain(formula text) RETURNS jsonb
-  AS 'MODULE_PATHNAME', 'units_explain_plain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 3500;
+  AS 'MODULE_PATHNAME', 'units_explain_plain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 2200;
 CREATE FUNCTION units_explain(formula text, unit units_name) RETURNS jsonb
-  AS 'MODULE_PATHNAME', 'units_explain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 3500;
+  AS 'MODULE_PATHNAME', 'units_explain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 2200;
 CREATE FUNCTION units_explain(formula text, variables jsonb) RETURNS jsonb
-  AS 'MODULE_PATHNAME', 'units_explain_plain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 3500;
+  AS 'MODULE_PATHNAME', 'units_explain_plain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 2200;
 CREATE FUNCTION units_explain(formula text, unit units_name, variables jsonb) RETURNS jsonb
-  AS 'MODULE_PATHNAME', 'units_explain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 3500;
+  AS 'MODULE_PATHNAME', 'units_explain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 2200;
 
 CREATE FUNCTION units_list() RETURNS TABLE (
     type_id text, local_id text, name text, system text, kind text, dimension text,

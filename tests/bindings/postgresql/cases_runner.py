@@ -12,9 +12,16 @@ import psycopg2
 sys.path.insert(0, "tests/cases")
 import cases  # noqa: E402
 
-STATUSES = {"TU001": "UNRECOGNIZED", "TU003": "INCOMPATIBLE", "TU004": "PRECISION", "TU005": "PARSE"}
+STATUSES = {"TU001": "UNRECOGNIZED", "TU002": "UNRECOGNIZED", "TU003": "INCOMPATIBLE",
+            "TU004": "PRECISION", "TU005": "PARSE"}
 # As a column, so that nothing is known when the statement is planned.
 CONVERT = "SELECT units_convert(x, a, b) FROM (SELECT %s::float8 x, %s a, %s b OFFSET 0) v"
+ARRAY = "SELECT units_convert(x, {}, {}) FROM unnest(ARRAY[0] || %s::float8[]) x OFFSET 1"
+UNITS = ("SELECT type_id, name, (system = 'imperial')::int, array_position(ARRAY['primitive', "
+         "'derived', 'absolute'], kind) - 1, coalesce(dimension, ''), CASE kind WHEN 'absolute' THEN "
+         "(SELECT min(key) FROM jsonb_each(parents)) ELSE '' END, coalesce(\"offset\", 0), "
+         "coalesce(factor, 0), CASE kind WHEN 'derived' THEN parents ELSE '{}' END, "
+         "coalesce(factors, '{}') FROM units_convertible(%s)")
 PREPARED = "SELECT units_convert(x, {}, {}) FROM (VALUES (0), (%s::float8)) v (x) OFFSET 1"
 
 
@@ -24,8 +31,8 @@ def variables(words):
 
 def formula(function, unit, text, words):
     """A call with the arguments that there are."""
-    given = [text] + ([unit] if unit else []) + ([variables(words)] if words else [])
-    types = ["text"] + (["units_name"] if unit else []) + (["jsonb"] if words else [])
+    given = ([text] + ([] if unit is None else [unit]) + ([variables(words)] if words else []))
+    types = ["text"] + ([] if unit is None else ["units_name"]) + (["jsonb"] if words else [])
     return (f"SELECT {function}({', '.join(f'%s::{kind}' for kind in types)})", given)
 
 
@@ -42,6 +49,9 @@ def quoted(word):
 CALLS = {
     "convert": lambda value, start, end: (CONVERT, [value, start, end]),
     "prepared": lambda start, end, value: (PREPARED.format(quoted(start), quoted(end)), [value]),
+    "prepared_array": lambda start, end, *values: (
+        ARRAY.format(quoted(start), quoted(end)), [list(values)]),
+    "convert_named": lambda value, start, end: (CONVERT, [value, start, end]),
     "can_convert": lambda start, end: ("SELECT units_can_convert(%s, %s)::int", [start, end]),
     "format_fixed": lambda value, places, symbol, trim:
         display("units_format", value, places, symbol, trim),
@@ -54,7 +64,7 @@ CALLS = {
     "find": lambda text: (
         "SELECT text, unit, array_position(ARRAY['type id', 'local id', 'name', 'symbol', 'code', "
         "'expression'], kind) - 1, is_exact::int FROM units_find(%s)", [text]),
-    "convertible_units": lambda unit: ("SELECT type_id FROM units_convertible(%s)", [unit]),
+    "convertible_units": lambda unit: (UNITS, [unit]),
     "symbols_of": lambda unit: (
         "SELECT type_id, unit, (placement = 'composite')::int, (placement = 'prefix')::int, "
         "has_space::int, text FROM units_symbols(%s)", [unit])}
@@ -65,7 +75,10 @@ def words_of(cursor):
         for value, column in zip(row, cursor.description):
             if column.type_code == 701:  # float8
                 value = "nan" if value != value else struct.pack(">d", value).hex()
-            yield str(value)
+            if isinstance(value, dict):  # of type ids and exponents
+                yield from (str(part) for item in sorted(value.items()) for part in item)
+            else:
+                yield str(value)
 
 
 def answer(cursor, call, *words):

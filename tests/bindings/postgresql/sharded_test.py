@@ -11,10 +11,11 @@ from postgresql_server import rows  # noqa: E402
 
 # Sums of doubles depend on the order of the rows, here and elsewhere, so the query names it.
 QUERY = ("SELECT site, count(*), sum(units_convert(x, 'ft', 'm') ORDER BY id), "
-         "min(units_convert(x, 'degF', 'degC')), max(units_evaluate(formula, 'm')) FROM {} WHERE units_convert(x, 'ft', 'm') > 3 "
-         "GROUP BY site")
-TOTAL = ("SELECT sum(meters ORDER BY site), sum(rows) FROM (SELECT site, sum(units_convert(x, 'ft', 'm') ORDER BY id) meters, "
-         "count(*) rows FROM {} GROUP BY site) sites")
+         "min(units_convert(x, 'degF', 'degC')), max(units_evaluate(formula, 'm')) FROM {} "
+         "WHERE units_convert(x, 'ft', 'm') > 3 GROUP BY site")
+TOTAL = ("SELECT sum(meters ORDER BY site), sum(rows) FROM (SELECT site, count(*) rows, "
+         "sum(units_convert(x, 'ft', 'm') ORDER BY id) meters FROM {} GROUP BY site) sites")
+KILL = "SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE application_name = 'postgres_fdw'"
 
 
 def connect_servers(here, there):
@@ -40,9 +41,9 @@ def main(build, count="100000"):
             rows(connection, "CREATE EXTENSION trelvonunits")
         rows(there, "CREATE TABLE shard (id int, site int, x float8, formula text)")
         connect_servers(here, far)
-        rows(here, f"CREATE TABLE one AS SELECT i AS id, i % 5 AS site, i / 7::float8 AS x, i || ' ft + 1 in' AS formula FROM "
-                   f"generate_series(1, {count}) i; INSERT INTO shards SELECT * FROM one;"
-                   "ANALYZE one; ANALYZE shards")
+        rows(here, f"CREATE TABLE one AS SELECT i AS id, i % 5 AS site, i / 7::float8 AS x, "
+                   f"i || ' ft + 1 in' AS formula FROM generate_series(1, {count}) i;"
+                   "INSERT INTO shards SELECT * FROM one; ANALYZE one; ANALYZE shards")
         far_count = rows(there, "SELECT count(*) FROM shard")[0][0]
         assert 0 < far_count < int(count)
         plan = "\n".join(row[0] for row in rows(here, "EXPLAIN (VERBOSE) " + QUERY.format("shards")))
@@ -51,6 +52,7 @@ def main(build, count="100000"):
         assert "sum(public.units_convert(x, 'ft'" in remote and "GROUP BY 1" in remote, remote
         assert "WHERE ((public.units_convert(x" in remote, remote
         for query in QUERY, TOTAL:
+            assert rows(there, KILL) == [(True,)]  # the next query connects again
             assert (sorted(rows(here, query.format("shards"))) ==
                     sorted(rows(here, query.format("one")))), query
         try:
