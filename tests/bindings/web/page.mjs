@@ -145,6 +145,7 @@ const rows = [
   ],
   [[], () => text("#tree li > code"), "* | 2 | ( ) | + | 3 in | 1 in"],
   [[type("#variables", "w = 3 in + 1 kg")], () => text("#readings .fault"), "+"],
+  [[], () => text("#formula .editor .fault"), "w"],
   [
     [type("#text", "2 * (3"), type("#in", "")], () => text("#outcome span.error"),
     "( is never closed."
