@@ -33,12 +33,22 @@ function(trelvon_precompile target)
   endif()
 endfunction()
 
-# Compiles several sources at once, where a build is for tests alone: they share what their headers
-# instantiate. Locals of one source may then hide names of another, so -Wshadow is left to other builds.
+# Compiles up to eight sources of a room at once, where a build is for tests alone: they share what
+# their headers instantiate. Locals of one source may then hide names of another, so -Wshadow is left
+# to other builds.
 function(trelvon_unite target)
-  if(TRELVONUNITS_UNITE)
-    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
+  if(NOT TRELVONUNITS_UNITE)
+    return()
   endif()
+  get_target_property(sources ${target} SOURCES)
+  foreach(source IN LISTS sources)
+    cmake_path(GET source PARENT_PATH room)
+    cmake_path(GET room FILENAME room)
+    math(EXPR count_${room} "0${count_${room}} + 1")
+    math(EXPR group "${count_${room}} / 8")
+    set_source_files_properties(${source} PROPERTIES UNITY_GROUP ${room}${group})
+  endforeach()
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
 endfunction()
 
 # Compiles tests without optimization, which would take half of the compiler's time.
