@@ -1,20 +1,19 @@
-/// Values as a draftsman writes them. A value is rounded to the step that is shown before it is laid
-/// out, so that no text says 12 inches.
+/// Values as a draftsman writes them, and back: rounded to the step that is shown before they are
+/// laid out, so that no text says 12 inches.
 #include <TrelvonUnits/TrelvonUnits.h>
 
-#include <cmath>
 #include <iostream>
 #include <memory>
-#include <string>
 
 namespace {
 
-const std::string feetAndInches = "trelvon.symbol:feetAndInches-1.0.0";
-const std::string millimeter = "trelvon.symbol:millimeter-1.0.0";
-const std::string angle = "trelvon.symbol:degreesMinutesSeconds-1.0.0";
-
-/// The nearest multiple of 1/steps.
-double rounded(double value, double steps) { return std::round(value * steps) / steps; }
+/// Shows values, and reads what is shown.
+void tryOut(const Units::ValueDisplay& display, std::initializer_list<double> values) {
+  for (const double value : values) {
+    const std::string text = display.show(value);
+    std::cout << value << ": " << text << ", read as " << display.read(text).value() << '\n';
+  }
+}
 
 }  // namespace
 
@@ -24,17 +23,23 @@ int main(int, char** arguments) {
   for (const char* pack : {"/core", "/symbols"})
     Schemas::SchemaUtility::addDefinitionsFromFolder(schemas + pack, *engine);
 
-  for (const double feet : {5.53125, 5.999, -0.5, 11.9999}) {
-    std::cout << feet << " ft: " << engine->formatFractional(feet, 4, &feetAndInches)
-              << ", rounded " << engine->formatFractional(rounded(feet, 12 * 16), 4, &feetAndInches)
-              << '\n';
-  }
-  for (const double degrees : {30.2575, 29.99999}) {
-    std::cout << degrees << " degrees: " << engine->formatFixedPoint(degrees, 0, &angle, false)
-              << ", rounded " << engine->formatFixedPoint(rounded(degrees, 3600), 0, &angle, false)
-              << '\n';
-  }
-  const Units::PreparedConversion toMillimeters(*engine, "trelvon.unit:foot-1.0.0",
-                                                "trelvon.unit:millimeter-1.0.0");
-  std::cout << engine->formatFixedPoint(toMillimeters(5.53125), 1, &millimeter, false) << '\n';
+  Units::DisplayOptions drawing;
+  drawing.symbol = "trelvon.symbol:feetAndInches-1.0.0";
+  drawing.denominator = 16;
+  tryOut(Units::ValueDisplay(*engine, drawing), {5.53125, 5.999, -0.5, 11.9999});
+  const std::string text = engine->formatFractional(5.999, 4, &drawing.symbol);
+  std::cout << "Without a display: " << text << '\n';
+
+  Units::DisplayOptions angle;
+  angle.symbol = "trelvon.symbol:degreesMinutesSeconds-1.0.0";
+  angle.places = 0;
+  tryOut(Units::ValueDisplay(*engine, angle), {30.2575, 29.99999});
+
+  Units::DisplayOptions plan;
+  plan.unit = "trelvon.unit:meter-1.0.0";
+  plan.symbol = "trelvon.symbol:millimeter-1.0.0";
+  plan.places = 1;
+  plan.groups = true;
+  plan.locale = "de";
+  tryOut(Units::ValueDisplay(*engine, plan), {1.6859, 12.3456});
 }
