@@ -5,14 +5,16 @@ from ctypes import byref, c_double, c_void_p
 from typing import Any, Callable, List, Mapping, Optional, Sequence
 
 from . import _library
-from ._arguments import (digits, encoded, flag, mapping, number, optional_text, path, several, text,
-                         texts, whole, written)
+from ._arguments import (digits, encoded, flag, json_of, mapping, number, optional_text, path,
+                         several, text, texts, whole, written)
 from ._faults import call, made
 from ._library import Functions, Text
 from ._objects import Explanation, Owned, Report
 from ._resolution import Resolution, resolved
 from .conversions import Conversion
+from .displays import Display
 from .errors import ArgumentError
+from .parameters import Parameters
 from .records import Dimension, Factor, KINDS, Quantity, Symbol, UnitRecord, listed
 
 Resolver = Optional[Callable[[str], Any]]
@@ -85,6 +87,12 @@ class ById:
         return written(Functions.format_fractional, self._engine, number(value, "value"),
                        digits(precision, "precision"), optional_text(symbol, "symbol"))
 
+    def display(self, options: Any = {}) -> Display:
+        """`options`: JSON as docs/display.md describes it, or a mapping of that form."""
+        return Display(Owned(made(Functions.display_create, self._engine,
+                                  json_of(options, "options")), Functions.display_free),
+                       self.is_of_catalogue)
+
     # Formulas
 
     def evaluate(self, unit: str, formula: str, resolver: Resolver = None,
@@ -119,6 +127,10 @@ class ById:
         function = Functions.explain_unitless_hidden if hidden else Functions.explain_unitless
         return Explanation(resolved(function, (self._engine, Text(data, len(data))), data,
                                     Resolution(resolver, variables), c_void_p()), data)
+
+    def parameters(self) -> Parameters:
+        """An empty table."""
+        return Parameters(self._owned, lambda unit: unit)
 
     # Definitions
 

@@ -4,16 +4,18 @@ from __future__ import annotations
 import ctypes
 import os
 from ctypes import byref, c_double, c_void_p
-from typing import Any, Dict, Iterator, List, Mapping, Optional, Sequence, Tuple
+from typing import Any, Dict, Iterator, List, Mapping, Optional, Sequence, Tuple, Union, overload
 
 from . import _buffers, errors
-from ._arguments import encoded, number, text
+from ._arguments import encoded, number, several, text, whole
 from ._by_id import ById, Resolver
 from ._faults import made
 from ._library import FOLDER, Functions, Text
 from ._names import Names, catalogue_codes, local_id
 from ._objects import Explanation, Owned, Report
 from .conversions import Conversion, is_number
+from .displays import Display
+from .parameters import Parameters
 from .records import UnitRecord
 
 _BUNDLE = os.path.join(FOLDER, "catalog.bundle")
@@ -110,21 +112,24 @@ class Engine:
         return self._known_codes.only(name)
 
     def _symbol_id(self, name: str) -> str:
-        """By type id, by local id, or by text."""
-        encoded(name, "symbol")
-        symbols = self.by_id.symbols()
-        for matches in (lambda symbol: symbol.type_id == name,
-                        lambda symbol: local_id(symbol.type_id) == name,
-                        lambda symbol: symbol.text == name != ""):
-            found = tuple(symbol.type_id for symbol in symbols if matches(symbol))
-            if len(found) == 1:
-                return found[0]
-            if found:
-                raise errors.AmbiguousUnit(f"{name!r} names more than one symbol. Write one of: "
-                                           + ", ".join(found), candidates=found)
-        raise errors.UnrecognizedIdentifier(f"{name!r} names no symbol.")
+        return _only(self.by_id.symbols(), name, "symbol", lambda symbol: symbol.text)
+
+    def _best(self, best, least):
+        """The units to choose from, as JSON has them: a quantity, or a list of symbols."""
+        if isinstance(best, (str, bytes)):
+            units = {"quantity": _only(self.by_id.quantities(), best, "quantity",
+                                       lambda quantity: quantity.name)}
+        else:
+            units = {"symbols": [self._symbol_id(each) for each in several(best, "best", "symbols")]}
+        return units if least is None else {**units, "least": number(least, "least")}
 
     # Numbers
+
+    @overload
+    def convert(self, value: float, from_unit: str, to_unit: str) -> float: ...
+
+    @overload
+    def convert(self, value: Any, from_unit: str, to_unit: str, out: Any = None) -> Any: ...
 
     def convert(self, value: Any, from_unit: str, to_unit: str, out: Any = None) -> Any:
         """Converts a number, or the doubles of a buffer.
@@ -196,6 +201,39 @@ class Engine:
             return self.by_id.format_fractional(value, fraction, type_id)
         return self.by_id.format_fixed(value, places, type_id, trim)
 
+    def display(self, symbol: Optional[str] = None, *, unit: Optional[str] = None,
+                places: Optional[int] = None, denominator: Optional[int] = None,
+                significant: Optional[int] = None, trims: bool = False, groups: bool = False,
+                locale: str = "en", shows_unit: bool = True, decimal_mark: Optional[str] = None,
+                group_mark: Optional[str] = None, minus: str = "locale",
+                no_break_spaces: bool = False, best: Union[str, Sequence[str], None] = None,
+                least: Optional[float] = None) -> Display:
+        """Shows and reads values as people write them, as docs/display.md describes it.
+
+        - `symbol`: local id, type id or text of a symbol.
+        - `unit`: what values are counted in, if that is not the symbol's unit.
+        - `best`: symbols to choose the best unit from, or a quantity that has the units.
+
+        >>> mm = Engine().display("mm", places=1, groups=True, locale="de", best="length")
+        >>> mm(376.275), mm(2500), mm.parse("1.234,5 mm")
+        ('376,3 mm', '2,5 m', 1234.5)
+
+        Options that are stored as JSON go to `by_id.display`.
+        """
+        if least is not None and best is None:
+            raise errors.ArgumentError("least goes with best")
+        counts = {"places": places, "denominator": denominator, "significant": significant}
+        given = {"unit": None if unit is None else self.id_of(unit),
+                 "symbol": None if symbol is None else self._symbol_id(symbol),
+                 **{name: None if count is None else whole(count, name, 0, 10**9 - 1)
+                    for name, count in counts.items()},
+                 "trims": bool(trims), "groups": bool(groups), "locale": locale,
+                 "showsUnit": bool(shows_unit), "decimalMark": decimal_mark,
+                 "groupMark": group_mark, "minus": minus, "noBreakSpaces": bool(no_break_spaces),
+                 "best": None if best is None else self._best(best, least)}
+        return self.by_id.display({name: value for name, value in given.items()
+                                   if value is not None})
+
     # Formulas
 
     def evaluate(self, formula: str, unit: Optional[str] = None, resolver: Resolver = None, /,
@@ -233,6 +271,16 @@ class Engine:
             return self.by_id.explain_unitless(formula, resolver, variables, resolver is None)
         return self.by_id.explain(self.id_of(unit), formula, resolver, variables, resolver is None)
 
+    def parameters(self) -> Parameters:
+        """A table of formulas that refer to each other by name, which is empty.
+
+        >>> table = Engine().parameters()
+        >>> table.update(width="2 m", area="width^2")
+        >>> table.value("area", "m²")
+        4.0
+        """
+        return Parameters(self._owned, self.id_of)
+
     # Definitions
 
     def load(self, *folders: Any, lint: bool = True, leave_out: bool = False,
@@ -255,6 +303,21 @@ class Engine:
         (0.3048, '381/1250', ('ft', "'", 'feet'))
         """
         return Units(self)
+
+
+def _only(records, name, what, text_of):
+    """Type id of the only record with this type id, local id or text."""
+    encoded(name, what)
+    for matches in (lambda record: record.type_id == name,
+                    lambda record: local_id(record.type_id) == name,
+                    lambda record: text_of(record) == name != ""):
+        found = tuple(record.type_id for record in records if matches(record))
+        if len(found) == 1:
+            return found[0]
+        if found:
+            raise errors.AmbiguousUnit(f"{name!r} names more than one {what}. Write one of: "
+                                       + ", ".join(found), candidates=found)
+    raise errors.UnrecognizedIdentifier(f"{name!r} names no {what}.")
 
 
 class Unit(UnitRecord):

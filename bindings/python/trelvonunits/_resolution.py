@@ -10,15 +10,19 @@ from ._library import Functions, OK, PARSE, Resolver, Text
 from .errors import ArgumentError, Error, ParseError
 
 
-def _answer_of(value, name):
-    """What replaces a variable: a formula, or a number as one."""
-    what = f"the variable {name}"
+def formula_of(value, what):
+    """A formula, or a number as one."""
     if isinstance(value, (str, bytes)):
         return encoded(value, what)
     value = number(value, what)
     if math.isfinite(value):
         return repr(value).encode()
     raise ArgumentError(f"{what} must be a formula or a finite number, not {value}")
+
+
+def _answer_of(value, name):
+    """What replaces a variable."""
+    return formula_of(value, f"the variable {name}")
 
 
 class Resolution:
