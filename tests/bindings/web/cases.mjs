@@ -74,6 +74,14 @@ export class Cases {
     return [this.library.call(how, this.plain(by, words))];
   }
 
+  /** Where names of variables follow the other words, they go first. */
+  loaded(how, words) {
+    const names = words.slice(3);
+    if (names.length === 0) return this.plain(how, words);
+    const first = how === "load_texts" ? [[words[0]], [words[1]]] : words.slice(0, 2);
+    return this.library.call(how + "_for", this.engine, names, ...first, number(words[2]));
+  }
+
   reported(report) {
     const counts = ["errors", "warnings"].map(what => String(this.library.count(what, report)));
     return [...counts, this.library.call("load_report_text", report)];
@@ -85,12 +93,20 @@ export class Cases {
         const made = this.plain("conversion_create", words);
         return this.library.apply(made, [number(words[2]), 0]).slice(0, 1).map(bits);
       },
+      prepared_array: () => {
+        const made = this.plain("conversion_create", words);
+        return this.library.apply(made, words.slice(2).map(number)).map(bits);
+      },
       explain: () => this.explained("explain_text", words),
       explain_tree: () => this.explained(call, words),
       explain_json: () => this.explained(call, words),
       explain_unitless: () => this.explained("explain_text", words, call),
-      load_text: () => this.reported(this.plain("load_texts", words)),
-      load_bundle: () => this.reported(this.plain(call, words)),
+      explain_hidden: () => this.explained("explain_text", words, call),
+      explain_unitless_hidden: () => this.explained("explain_text", words, call),
+      load_text: () => this.reported(this.loaded("load_texts", words)),
+      load_report_json: () => [this.library.call(call, this.loaded("load_texts", words))],
+      load_report_sarif: () => [this.library.call(call, this.loaded("load_texts", words))],
+      load_bundle: () => this.reported(this.loaded(call, words)),
       check_text: () => this.reported(this.plain(call, words)),
       learn_names: () => this.learn(words)
     };
