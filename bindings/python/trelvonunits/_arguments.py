@@ -57,8 +57,9 @@ def json_of(value, what):
     if isinstance(value, (str, bytes)):
         return text(value, what)
     import json
+    members = dict(mapping(value, what))
     try:
-        return text(json.dumps(dict(mapping(value, what))), what)
+        return text(json.dumps(members), what)
     except (TypeError, ValueError, RecursionError) as error:
         raise ArgumentError(f"{what} cannot be written as JSON: {error}") from None
 

@@ -139,8 +139,7 @@ class ById:
         return listed("text", Functions.add_definition, self._engine, text(schema, "schema"))
 
     def build_schemas(self) -> None:
-        self._changed()
-        call(Functions.build_schemas, self._engine)
+        self._change(Functions.build_schemas)
 
     def definition(self, type_id: str) -> str:
         return written(Functions.definition, self._engine, text(type_id, "type_id"))
@@ -153,18 +152,20 @@ class ById:
 
     def add_folder(self, folder: Any) -> None:
         data = path(folder, "folder")
-        self._changed()
-        call(Functions.add_folder, self._engine, Text(data, len(data)))
+        self._change(Functions.add_folder, Text(data, len(data)))
 
     def add_bundle(self, bundle: bytes) -> None:
-        data = text(bundle, "bundle")
-        self._changed()
-        call(Functions.add_bundle, self._engine, data)
+        self._change(Functions.add_bundle, text(bundle, "bundle"))
 
     def add_bundle_file(self, file: Any) -> None:
         data = path(file, "file")
-        self._changed()
-        call(Functions.add_bundle_file, self._engine, Text(data, len(data)))
+        self._change(Functions.add_bundle_file, Text(data, len(data)))
+
+    def _change(self, function, *arguments, then=call) -> Any:
+        try:
+            return then(function, self._engine, *arguments)
+        finally:
+            self._changed()  # not before, as another thread may learn the names in between
 
     # Loading with a report
 
@@ -197,8 +198,7 @@ class ById:
                            text(shown_name, "shown_name")))
 
     def _reported(self, function, *arguments) -> Report:
-        self._changed()
-        return Report(made(function, self._engine, *arguments))
+        return Report(self._change(function, *arguments, then=made))
 
     # Records
 

@@ -86,13 +86,25 @@ class Engine:
 
     def _forget_names(self) -> None:
         """Names are learned when they are first asked for, and again after definitions were added."""
+        self._definitions = object()  # tells what was there before from what is there now
         self._known: Optional[Names] = None
         self._known_codes: Optional[Names] = None
+        self._known_symbols: Optional[_Index] = None
+        self._known_quantities: Optional[_Index] = None
+
+    def _learned(self, attribute, learn):
+        """Without a lock, which a child of `fork` may find locked: another thread may add meanwhile."""
+        known = getattr(self, attribute)
+        while known is None:
+            definitions = self._definitions
+            known = learn()
+            setattr(self, attribute, known)
+            if definitions is not self._definitions:
+                known = None
+        return known
 
     def _names(self) -> Names:
-        if self._known is None:
-            self._known = Names(self._owned)
-        return self._known
+        return self._learned("_known", lambda: Names(self._owned))
 
     def names(self, *mappings: str) -> Names:
         """The names of the units, and the codes of these mappings."""
@@ -107,18 +119,23 @@ class Engine:
         names, data = self._names(), encoded(name, "a unit")
         if b":" not in data or names.find_best(data):
             return names.only(name)
-        if self._known_codes is None:
-            self._known_codes = self.names(catalogue_codes())
-        return self._known_codes.only(name)
+        codes = self._learned("_known_codes", lambda: self.names(catalogue_codes()))
+        return codes.only(name)
 
     def _symbol_id(self, name: str) -> str:
-        return _only(self.by_id.symbols(), name, "symbol", lambda symbol: symbol.text)
+        index = self._learned("_known_symbols", lambda: _Index(
+            "symbol", {symbol.type_id: symbol.text for symbol in self.by_id.symbols()}))
+        return index.only(name)
+
+    def _quantity_id(self, name: str) -> str:
+        index = self._learned("_known_quantities", lambda: _Index(
+            "quantity", {quantity.type_id: quantity.name for quantity in self.by_id.quantities()}))
+        return index.only(name)
 
     def _best(self, best, least):
         """The units to choose from, as JSON has them: a quantity, or a list of symbols."""
         if isinstance(best, (str, bytes)):
-            units = {"quantity": _only(self.by_id.quantities(), best, "quantity",
-                                       lambda quantity: quantity.name)}
+            units = {"quantity": self._quantity_id(best)}
         else:
             units = {"symbols": [self._symbol_id(each) for each in several(best, "best", "symbols")]}
         return units if least is None else {**units, "least": number(least, "least")}
@@ -305,25 +322,38 @@ class Engine:
         return Units(self)
 
 
-def _only(records, name, what, text_of):
-    """Type id of the only record with this type id, local id or text."""
-    encoded(name, what)
-    for matches in (lambda record: record.type_id == name,
-                    lambda record: local_id(record.type_id) == name,
-                    lambda record: text_of(record) == name != ""):
-        found = tuple(record.type_id for record in records if matches(record))
+class _Index:
+    """Finds records by type id, else by local id, else by text."""
+
+    def __init__(self, what, texts):
+        self._what, self._type_ids = what, frozenset(texts)
+        self._by_local_id: Dict[str, List[str]] = {}
+        self._by_text: Dict[str, List[str]] = {}
+        for type_id, text_of_it in texts.items():
+            self._by_local_id.setdefault(local_id(type_id), []).append(type_id)
+            if text_of_it:
+                self._by_text.setdefault(text_of_it, []).append(type_id)
+
+    def only(self, name):
+        encoded(name, self._what)
+        if name in self._type_ids:
+            return name
+        found = tuple(self._by_local_id.get(name) or self._by_text.get(name) or ())
         if len(found) == 1:
             return found[0]
         if found:
-            raise errors.AmbiguousUnit(f"{name!r} names more than one {what}. Write one of: "
+            raise errors.AmbiguousUnit(f"{name!r} names more than one {self._what}. Write one of: "
                                        + ", ".join(found), candidates=found)
-    raise errors.UnrecognizedIdentifier(f"{name!r} names no {what}.")
+        raise errors.UnrecognizedIdentifier(f"{name!r} names no {self._what}.")
 
 
 class Unit(UnitRecord):
-    """A unit of an engine. Its fields are those of its record."""
+    """A unit of an engine. Its fields are those of its record, as which it is pickled."""
 
     _engine: Engine
+
+    def __reduce__(self) -> Any:
+        return UnitRecord, tuple(self)
 
     @property
     def symbols(self) -> Tuple[str, ...]:
@@ -368,12 +398,13 @@ _exact: Dict[str, str] = {}
 
 def _exact_sizes() -> Dict[str, str]:
     """What the definitions of the catalogue note beside their doubles."""
+    global _exact
     if not _exact:
         import json
         with open(_BUNDLE, "rb") as file:
             schemas = file.read().split(b"\n", 1)[1].split(b"\0")[:-1]
         found = map(json.loads, (schema for schema in schemas if b'"exact"' in schema))
-        _exact.update((schema["typeid"], _spelled(schema["source"])) for schema in found)
+        _exact = {schema["typeid"]: _spelled(schema["source"]) for schema in found}
     return _exact
 
 

@@ -7,7 +7,7 @@ from typing import Any, Dict, List, Optional, Tuple
 from ._arguments import read_json, written
 from ._faults import span_in
 from ._library import Functions
-from .errors import Span
+from .errors import ArgumentError, Span
 
 
 class Owned:
@@ -21,6 +21,10 @@ class Owned:
 
     def __del__(self) -> None:
         self._free(self.pointer)
+
+    def __reduce__(self) -> Any:
+        raise ArgumentError("what the library holds is neither copied nor pickled: make it where it is "
+                            "used")
 
 
 class Explanation:

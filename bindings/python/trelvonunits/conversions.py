@@ -81,7 +81,7 @@ def is_number(value: Any) -> bool:
         return True
     try:
         return memoryview(value).ndim == 0
-    except (TypeError, ValueError):
+    except (BufferError, TypeError, ValueError):
         return hasattr(type(value), "__float__") or hasattr(type(value), "__index__")
 
 
