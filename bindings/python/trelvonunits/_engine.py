@@ -55,7 +55,7 @@ class Engine:
         self._start()
         if folders is None:
             self.by_id.add_bundle_file(_BUNDLE)
-            self.by_id.is_of_catalogue = True
+            self.by_id.is_of_catalogue = self.by_id.is_catalogue_alone = True
             return
         report = self.by_id.load_folders(folders, lint=False)
         if report.errors:

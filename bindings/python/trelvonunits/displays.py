@@ -47,10 +47,10 @@ class Display:
     '`12` must be less than 12.'
     """
 
-    __slots__ = ("_owned", "_is_of_catalogue")
+    __slots__ = ("_owned", "_is_of_catalogue_alone")
 
-    def __init__(self, owned: Owned, is_of_catalogue: bool) -> None:
-        self._owned, self._is_of_catalogue = owned, is_of_catalogue
+    def __init__(self, owned: Owned, is_of_catalogue_alone: bool) -> None:
+        self._owned, self._is_of_catalogue_alone = owned, is_of_catalogue_alone
 
     def __repr__(self) -> str:
         return f"<Display {self.json}>"
@@ -109,8 +109,9 @@ class Display:
 
     def __reduce__(self) -> Tuple[Callable[..., Any], Tuple[str, str]]:
         """Pickled are the options and the version of the catalogue that they are of."""
-        if not self._is_of_catalogue:
-            raise ArgumentError("only displays of the catalogue are pickled: make one of other "
+        if not self._is_of_catalogue_alone:
+            # Among more definitions, the symbol or the best units may be other ones.
+            raise ArgumentError("only displays of the catalogue alone are pickled: make one of other "
                                 "definitions where it is used")
         return _unpickled, (self.json, catalogue_version())
 

@@ -223,7 +223,8 @@ class Faults(unittest.TestCase):
 
 class Tables(unittest.TestCase):
     def test_readings_are_of_characters(self):
-        shown = pickle.loads(pickle.dumps(units.display("mm", places=1, locale="de")))
+        shown = trelvonunits.Engine().display("mm", places=1, locale="de")
+        shown = pickle.loads(pickle.dumps(shown))
         reading = shown.read("−1.234 mm")
         self.assertEqual((reading.value, reading.span, reading.readings), (None, (1, 6), (1.234, 1234)))
         self.assertEqual(reading.pieces, (("sign", (0, 1)),))
@@ -278,6 +279,11 @@ class Engines(unittest.TestCase):
         with self.assertRaisesRegex(trelvonunits.ArgumentError, "only conversions of the catalogue"):
             pickle.dumps(trelvonunits.Engine(folders=[ROOT / "schemas" / "core"]).prepare(
                 "foot", "inch"))
+
+        engine = trelvonunits.Engine()
+        engine.by_id.load_texts({})
+        with self.assertRaisesRegex(trelvonunits.ArgumentError, "displays of the catalogue alone"):
+            pickle.dumps(engine.display("mm"))
 
     def test_forks_and_threads_while_another_loads(self):
         engine, stop, wrong = trelvonunits.Engine(), threading.Event(), []
