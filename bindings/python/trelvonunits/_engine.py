@@ -93,14 +93,17 @@ class Engine:
         self._known_quantities: Optional[_Index] = None
 
     def _learned(self, attribute, learn):
-        """Without a lock, which a child of `fork` may find locked: another thread may add meanwhile."""
+        """Kept until definitions are added, also if another thread adds some while it is learned.
+
+        There is no lock, which a child of `fork` may find locked.
+        """
         known = getattr(self, attribute)
-        while known is None:
+        if known is None:
             definitions = self._definitions
             known = learn()
             setattr(self, attribute, known)
             if definitions is not self._definitions:
-                known = None
+                setattr(self, attribute, None)
         return known
 
     def _names(self) -> Names:
