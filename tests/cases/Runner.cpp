@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <sstream>
 
 using namespace Units;
 
@@ -77,6 +78,7 @@ void add(const UnitName& name) {
   add(static_cast<int>(name.getKind()));
   add(name.isExact());
 }
+void add(const ParameterProblem& problem) { add(problem.message); }
 void add(const Schemas::SchemaReport& report) {
   add(static_cast<int>(report.getErrorCount()));
   add(static_cast<int>(report.getWarningCount()));
@@ -204,6 +206,38 @@ std::optional<Dimension> optionalDimension() {
   return Dimension(*typeId);
 }
 
+/// What a display refuses to read.
+struct Unread {
+  DisplayReading reading;
+};
+
+ValueDisplay display() { return ValueDisplay::fromJson(*engine, text(1)); }
+
+double displayRead() {
+  const DisplayReading reading = display().read(text(2));
+  if (!reading.isRead()) throw Unread{reading};
+  return reading.value();
+}
+
+/// A table that is filled by words: "set|NAME|FORMULA|UNIT", "rename|NAME|NAME" or "remove|NAME".
+std::unique_ptr<ParameterTable> table() {
+  auto made = std::make_unique<ParameterTable>(*engine);
+  for (std::size_t i = 3; i < word_count; ++i) {
+    std::vector<std::string> parts(4);
+    std::istringstream step(text(i));
+    for (std::string& part : parts) std::getline(step, part, '|');
+    if (parts[0] == "set") made->set(parts[1], parts[2], parts[3]);
+    if (parts[0] == "rename") made->rename(parts[1], parts[2]);
+    if (parts[0] == "remove") made->remove(parts[1]);
+  }
+  return made;
+}
+
+double parameterValue() {
+  const auto unit = optionalText(2);
+  return unit ? table()->value(text(1), *unit) : table()->value(text(1));
+}
+
 #define GIVE(name, result)    \
   {                           \
     name, [] { add(result); } \
@@ -218,6 +252,22 @@ const std::map<std::string, std::function<void()>> calls = {
     GIVE("format_fractional",
          engine->formatFractional(number(1), static_cast<unsigned char>(count(2)),
                                   symbolOf(optionalText(3)))),
+    GIVE("display_show", display().show(number(2))),
+    GIVE("display_read", displayRead()),
+    GIVE("display_read_json", display().read(text(2)).toJson()),
+    GIVE("display_json", display().toJson()),
+    GIVE("display_unit", display().unitTypeId()),
+    GIVE("display_locales", ValueDisplay::locales()),
+    GIVE("parameters_value", parameterValue()),
+    GIVE("parameters_evaluate", static_cast<int>(table()->evaluate())),
+    GIVE("parameters_formula", table()->formula(text(1))),
+    GIVE("parameters_unit", table()->unitTypeId(text(1))),
+    GIVE("parameters_names", table()->names()),
+    GIVE("parameters_references", table()->references(text(1))),
+    GIVE("parameters_dependents", table()->dependents(text(1))),
+    GIVE("parameters_problems", table()->problems()),
+    GIVE("parameters_explain_text", table()->explainText(text(1))),
+    GIVE("parameters_explain_json", table()->explainJson(text(1))),
     GIVE("evaluate", evaluate()),
     GIVE("evaluate_unitless", evaluateUnitless()),
     GIVE("explain", explain(resolver(3)).toText()),
@@ -287,6 +337,9 @@ void answer() {
     print("PRECISION", error.what());
   } catch (const ParseException& error) {
     print("PARSE", error.what());
+  } catch (const Unread& unread) {
+    print("PARSE", unread.reading.sentence());
+    std::printf("\t%zu\t%zu", unread.reading.span().begin, unread.reading.span().end);
   } catch (const std::logic_error& error) {
     print(text(0) == "learn_names" ? "PARSE" : "FILE", error.what());
   } catch (const Refusal& refusal) {

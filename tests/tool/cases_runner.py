@@ -10,10 +10,12 @@ import shlex
 import struct
 import subprocess
 import sys
+import tempfile
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "cases"))
 from cases import escaped, unescaped  # noqa: E402 (after the path)
 
+TEXTS = ("format_fixed", "format_fractional", "display_show")
 STATUSES = {"ParseException": "PARSE", "UnrecognizedIdentifierException": "UNRECOGNIZED"}
 
 
@@ -26,11 +28,22 @@ def formula(command, unit, text, *variables):
     return [command, text] + (["--to", unit] if unit else []) + named
 
 
+def displayed(options, text, *more):
+    """The options lie in a file, as a stored display does."""
+    file = pathlib.Path(FOLDER.name, f"{abs(hash(options))}.json")
+    file.write_text(options, encoding="utf-8")
+    return ["format", text, "--display", str(file), *more]
+
+
+FOLDER = tempfile.TemporaryDirectory()
 COMMANDS = {
     "convert": lambda value, source, target: ["convert", value, source, target],
     "prepared": lambda source, target, value: ["convert", value, source, target],
     "format_fixed": lambda value, places, symbol, _: formatted(value, "--places", places, symbol),
     "format_fractional": lambda value, power, symbol: formatted(value, "--fraction", power, symbol),
+    "convert_named": lambda value, source, target: ["convert", value, source, target],
+    "display_show": displayed,
+    "display_read": lambda options, text: displayed(options, text, "--read"),
     "evaluate": lambda *words: formula("eval", *words),
     "evaluate_unitless": lambda *words: formula("eval", None, *words),
     "explain_json": lambda *words: formula("explain", *words)}
@@ -53,11 +66,12 @@ def answer(call, printed, explained):
     if "error" not in told:
         value = told["readings"][0]["value"] if "readings" in told else told.get("value")
         return ["OK", printed if call == "explain_json" else
-                told["text"] if call.startswith("format") else bits(value)]
+                told["text"] if call in TEXTS else bits(value)]
     reason = json.loads(explained)
     if "exception" in reason:
         return [STATUSES[reason["exception"]], reason["message"], *span(reason)]
-    return ["REFUSED", told["error"]["message"]]
+    message = told["error"]["message"]
+    return ["REFUSED", message.split("\n")[-1] if call == "display_read" else message]
 
 
 def main():

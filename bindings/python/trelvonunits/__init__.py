@@ -19,14 +19,17 @@ from ._library import VERSION as __version__
 from ._names import Names, local_id
 from ._objects import Explanation, Report
 from .conversions import Conversion, catalogue_version
+from .displays import Display, Piece, Reading
 from .errors import (AmbiguousUnit, ArgumentError, CallbackError, Error, FileError,
                      IncompatibleUnits, LoadError, OtherError, ParseError, PrecisionError,
                      UnknownUnit, UnrecognizedIdentifier, ValidationError, VersionError)
+from .parameters import Parameters
 from .records import Dimension, Factor, Name, Quantity, Symbol, UnitRecord
 
 __all__ = [
-    "AmbiguousUnit", "ArgumentError", "ById", "CallbackError", "Conversion", "Dimension", "Engine",
-    "Error", "Explanation", "Factor", "FileError", "IncompatibleUnits", "LoadError", "Name", "Names",
-    "OtherError", "ParseError", "PrecisionError", "Quantity", "Report", "Symbol", "Unit",
-    "UnitRecord", "Units", "UnknownUnit", "UnrecognizedIdentifier", "ValidationError",
-    "VersionError", "__version__", "catalogue_version", "local_id"]
+    "AmbiguousUnit", "ArgumentError", "ById", "CallbackError", "Conversion", "Dimension", "Display",
+    "Engine", "Error", "Explanation", "Factor", "FileError", "IncompatibleUnits", "LoadError",
+    "Name", "Names", "OtherError", "Parameters", "ParseError", "Piece", "PrecisionError",
+    "Quantity", "Reading", "Report", "Symbol", "Unit", "UnitRecord", "Units", "UnknownUnit",
+    "UnrecognizedIdentifier", "ValidationError", "VersionError", "__version__", "catalogue_version",
+    "local_id"]

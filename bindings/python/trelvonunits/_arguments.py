@@ -47,6 +47,23 @@ def several(values, what, of):
     raise ArgumentError(f"{what} must be a list of {of}, not {kind_of(values)}")
 
 
+def read_json(text):
+    import json  # late, as it takes long
+    return json.loads(text)
+
+
+def json_of(value, what):
+    """A text of JSON as it is, and a mapping as such a text."""
+    if isinstance(value, (str, bytes)):
+        return text(value, what)
+    import json
+    members = dict(mapping(value, what))
+    try:
+        return text(json.dumps(members), what)
+    except (TypeError, ValueError, RecursionError) as error:
+        raise ArgumentError(f"{what} cannot be written as JSON: {error}") from None
+
+
 def mapping(value, what):
     if isinstance(value, Mapping):
         return value

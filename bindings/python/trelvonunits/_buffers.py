@@ -36,11 +36,13 @@ _release.restype = None
 
 
 class Doubles:
-    """A view of doubles, which their owner neither moves nor frees as long as it is."""
+    """A view of doubles, which their owner neither moves nor frees until the end of a `with`.
+
+    An exception keeps what its frames have, so the view is not given back by `__del__` alone.
+    """
 
     def __init__(self, owner, what, writable=False):
         self._view = _View()
-        self._is_held = False
         try:
             _get(owner, self._view, _RECORDS_RO | (_WRITABLE if writable else 0))
         except TypeError:
@@ -50,16 +52,21 @@ class Doubles:
         except (BufferError, ValueError) as error:
             raise ArgumentError(f"{what} cannot be {'written' if writable else 'read'} in place: "
                                 f"{error}") from None
-        self._is_held = True
-        view = self._view
-        self.address = view.buf or 0
-        self.shape = tuple(view.shape[:view.ndim])
-        self.strides = tuple(view.strides[:view.ndim] if view.strides else _gapless(self.shape))
-        self._check((view.format or b"B").decode(), what)
-
-    def __del__(self):
-        if self._is_held:
+        try:
+            view = self._view
+            self.address = view.buf or 0
+            self.shape = tuple(view.shape[:view.ndim])
+            self.strides = tuple(view.strides[:view.ndim] if view.strides else _gapless(self.shape))
+            self._check((view.format or b"B").decode("latin-1"), what)
+        except BaseException:
             _release(self._view)
+            raise
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        _release(self._view)
 
     def _check(self, form, what):
         if form not in _DOUBLES:
@@ -160,22 +167,26 @@ def _apply(conversion, source, target, dimension):
 
 def convert(owned, values, out, what="values"):
     """Converts doubles into `out`, into themselves if that is `values`, or into a new array."""
-    source = Doubles(values, what)
-    if out is None:
-        out = new_like(source)
-        if source.count == 0:
-            return out
-    target = Doubles(out, "out", writable=True)
+    with Doubles(values, what) as source:
+        if out is None:
+            out = new_like(source)
+            if source.count == 0:
+                return out
+        with Doubles(out, "out", writable=True) as target:
+            _convert(owned.pointer, source, target, what)
+    return out
+
+
+def _convert(conversion, source, target, what):
     if target.shape != source.shape:
         raise ArgumentError(f"out has the shape {target.shape}, and {what} {source.shape}")
     if source.count == 0:
-        return out
+        return
     same = (source.address, source.strides) == (target.address, target.strides)
     if not same and _may_share(source, target):
         raise ArgumentError(f"out overlaps {what}: convert in place, or into another buffer")
     *outer, inner = _dimensions(source, target) or [(1, _SIZE, _SIZE)]
     for index in itertools.product(*(range(size) for size, _, _ in outer)):
-        _apply(owned.pointer,
+        _apply(conversion,
                source.address + sum(i * each[1] for i, each in zip(index, outer)),
                target.address + sum(i * each[2] for i, each in zip(index, outer)), inner)
-    return out

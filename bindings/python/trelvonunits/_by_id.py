@@ -5,14 +5,16 @@ from ctypes import byref, c_double, c_void_p
 from typing import Any, Callable, List, Mapping, Optional, Sequence
 
 from . import _library
-from ._arguments import (digits, encoded, flag, mapping, number, optional_text, path, several, text,
-                         texts, whole, written)
+from ._arguments import (digits, encoded, flag, json_of, mapping, number, optional_text, path,
+                         several, text, texts, whole, written)
 from ._faults import call, made
 from ._library import Functions, Text
 from ._objects import Explanation, Owned, Report
 from ._resolution import Resolution, resolved
 from .conversions import Conversion
+from .displays import Display
 from .errors import ArgumentError
+from .parameters import Parameters
 from .records import Dimension, Factor, KINDS, Quantity, Symbol, UnitRecord, listed
 
 Resolver = Optional[Callable[[str], Any]]
@@ -54,7 +56,7 @@ class ById:
         self._owned = owned
         self._engine = owned.pointer
         self._changed = changed
-        self.is_of_catalogue = False
+        self.is_of_catalogue = self.is_catalogue_alone = False
 
     # Numbers
 
@@ -84,6 +86,12 @@ class ById:
     def format_fractional(self, value: float, precision: int, symbol: Optional[str] = None) -> str:
         return written(Functions.format_fractional, self._engine, number(value, "value"),
                        digits(precision, "precision"), optional_text(symbol, "symbol"))
+
+    def display(self, options: Any = {}) -> Display:
+        """`options`: JSON as docs/display.md describes it, or a mapping of that form."""
+        return Display(Owned(made(Functions.display_create, self._engine,
+                                  json_of(options, "options")), Functions.display_free),
+                       self.is_catalogue_alone)
 
     # Formulas
 
@@ -120,6 +128,10 @@ class ById:
         return Explanation(resolved(function, (self._engine, Text(data, len(data))), data,
                                     Resolution(resolver, variables), c_void_p()), data)
 
+    def parameters(self) -> Parameters:
+        """An empty table."""
+        return Parameters(self._owned, lambda unit: unit)
+
     # Definitions
 
     def add_definition(self, schema: str) -> List[str]:
@@ -127,8 +139,7 @@ class ById:
         return listed("text", Functions.add_definition, self._engine, text(schema, "schema"))
 
     def build_schemas(self) -> None:
-        self._changed()
-        call(Functions.build_schemas, self._engine)
+        self._change(Functions.build_schemas)
 
     def definition(self, type_id: str) -> str:
         return written(Functions.definition, self._engine, text(type_id, "type_id"))
@@ -141,18 +152,21 @@ class ById:
 
     def add_folder(self, folder: Any) -> None:
         data = path(folder, "folder")
-        self._changed()
-        call(Functions.add_folder, self._engine, Text(data, len(data)))
+        self._change(Functions.add_folder, Text(data, len(data)))
 
     def add_bundle(self, bundle: bytes) -> None:
-        data = text(bundle, "bundle")
-        self._changed()
-        call(Functions.add_bundle, self._engine, data)
+        self._change(Functions.add_bundle, text(bundle, "bundle"))
 
     def add_bundle_file(self, file: Any) -> None:
         data = path(file, "file")
-        self._changed()
-        call(Functions.add_bundle_file, self._engine, Text(data, len(data)))
+        self._change(Functions.add_bundle_file, Text(data, len(data)))
+
+    def _change(self, function, *arguments, then=call) -> Any:
+        try:
+            return then(function, self._engine, *arguments)
+        finally:
+            self.is_catalogue_alone = False
+            self._changed()  # not before, as another thread may learn the names in between
 
     # Loading with a report
 
@@ -185,8 +199,7 @@ class ById:
                            text(shown_name, "shown_name")))
 
     def _reported(self, function, *arguments) -> Report:
-        self._changed()
-        return Report(made(function, self._engine, *arguments))
+        return Report(self._change(function, *arguments, then=made))
 
     # Records
 

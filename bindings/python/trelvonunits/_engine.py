@@ -4,16 +4,18 @@ from __future__ import annotations
 import ctypes
 import os
 from ctypes import byref, c_double, c_void_p
-from typing import Any, Dict, Iterator, List, Mapping, Optional, Sequence, Tuple
+from typing import Any, Dict, Iterator, List, Mapping, Optional, Sequence, Tuple, Union, overload
 
 from . import _buffers, errors
-from ._arguments import encoded, number, text
+from ._arguments import encoded, number, several, text, whole
 from ._by_id import ById, Resolver
 from ._faults import made
 from ._library import FOLDER, Functions, Text
 from ._names import Names, catalogue_codes, local_id
 from ._objects import Explanation, Owned, Report
 from .conversions import Conversion, is_number
+from .displays import Display
+from .parameters import Parameters
 from .records import UnitRecord
 
 _BUNDLE = os.path.join(FOLDER, "catalog.bundle")
@@ -53,7 +55,7 @@ class Engine:
         self._start()
         if folders is None:
             self.by_id.add_bundle_file(_BUNDLE)
-            self.by_id.is_of_catalogue = True
+            self.by_id.is_of_catalogue = self.by_id.is_catalogue_alone = True
             return
         report = self.by_id.load_folders(folders, lint=False)
         if report.errors:
@@ -84,13 +86,28 @@ class Engine:
 
     def _forget_names(self) -> None:
         """Names are learned when they are first asked for, and again after definitions were added."""
+        self._definitions = object()  # tells what was there before from what is there now
         self._known: Optional[Names] = None
         self._known_codes: Optional[Names] = None
+        self._known_symbols: Optional[_Index] = None
+        self._known_quantities: Optional[_Index] = None
+
+    def _learned(self, attribute, learn):
+        """Kept until definitions are added, also if another thread adds some while it is learned.
+
+        There is no lock, which a child of `fork` may find locked.
+        """
+        known = getattr(self, attribute)
+        if known is None:
+            definitions = self._definitions
+            known = learn()
+            setattr(self, attribute, known)
+            if definitions is not self._definitions:
+                setattr(self, attribute, None)
+        return known
 
     def _names(self) -> Names:
-        if self._known is None:
-            self._known = Names(self._owned)
-        return self._known
+        return self._learned("_known", lambda: Names(self._owned))
 
     def names(self, *mappings: str) -> Names:
         """The names of the units, and the codes of these mappings."""
@@ -105,26 +122,34 @@ class Engine:
         names, data = self._names(), encoded(name, "a unit")
         if b":" not in data or names.find_best(data):
             return names.only(name)
-        if self._known_codes is None:
-            self._known_codes = self.names(catalogue_codes())
-        return self._known_codes.only(name)
+        codes = self._learned("_known_codes", lambda: self.names(catalogue_codes()))
+        return codes.only(name)
 
     def _symbol_id(self, name: str) -> str:
-        """By type id, by local id, or by text."""
-        encoded(name, "symbol")
-        symbols = self.by_id.symbols()
-        for matches in (lambda symbol: symbol.type_id == name,
-                        lambda symbol: local_id(symbol.type_id) == name,
-                        lambda symbol: symbol.text == name != ""):
-            found = tuple(symbol.type_id for symbol in symbols if matches(symbol))
-            if len(found) == 1:
-                return found[0]
-            if found:
-                raise errors.AmbiguousUnit(f"{name!r} names more than one symbol. Write one of: "
-                                           + ", ".join(found), candidates=found)
-        raise errors.UnrecognizedIdentifier(f"{name!r} names no symbol.")
+        index = self._learned("_known_symbols", lambda: _Index(
+            "symbol", {symbol.type_id: symbol.text for symbol in self.by_id.symbols()}))
+        return index.only(name)
+
+    def _quantity_id(self, name: str) -> str:
+        index = self._learned("_known_quantities", lambda: _Index(
+            "quantity", {quantity.type_id: quantity.name for quantity in self.by_id.quantities()}))
+        return index.only(name)
+
+    def _best(self, best, least):
+        """The units to choose from, as JSON has them: a quantity, or a list of symbols."""
+        if isinstance(best, (str, bytes)):
+            units = {"quantity": self._quantity_id(best)}
+        else:
+            units = {"symbols": [self._symbol_id(each) for each in several(best, "best", "symbols")]}
+        return units if least is None else {**units, "least": number(least, "least")}
 
     # Numbers
+
+    @overload
+    def convert(self, value: float, from_unit: str, to_unit: str) -> float: ...
+
+    @overload
+    def convert(self, value: Any, from_unit: str, to_unit: str, out: Any = None) -> Any: ...
 
     def convert(self, value: Any, from_unit: str, to_unit: str, out: Any = None) -> Any:
         """Converts a number, or the doubles of a buffer.
@@ -196,6 +221,39 @@ class Engine:
             return self.by_id.format_fractional(value, fraction, type_id)
         return self.by_id.format_fixed(value, places, type_id, trim)
 
+    def display(self, symbol: Optional[str] = None, *, unit: Optional[str] = None,
+                places: Optional[int] = None, denominator: Optional[int] = None,
+                significant: Optional[int] = None, trims: bool = False, groups: bool = False,
+                locale: str = "en", shows_unit: bool = True, decimal_mark: Optional[str] = None,
+                group_mark: Optional[str] = None, minus: str = "locale",
+                no_break_spaces: bool = False, best: Union[str, Sequence[str], None] = None,
+                least: Optional[float] = None) -> Display:
+        """Shows and reads values as people write them, as docs/display.md describes it.
+
+        - `symbol`: local id, type id or text of a symbol.
+        - `unit`: what values are counted in, if that is not the symbol's unit.
+        - `best`: symbols to choose the best unit from, or a quantity that has the units.
+
+        >>> mm = Engine().display("mm", places=1, groups=True, locale="de", best="length")
+        >>> mm(376.275), mm(2500), mm.parse("1.234,5 mm")
+        ('376,3 mm', '2,5 m', 1234.5)
+
+        Options that are stored as JSON go to `by_id.display`.
+        """
+        if least is not None and best is None:
+            raise errors.ArgumentError("least goes with best")
+        counts = {"places": places, "denominator": denominator, "significant": significant}
+        given = {"unit": None if unit is None else self.id_of(unit),
+                 "symbol": None if symbol is None else self._symbol_id(symbol),
+                 **{name: None if count is None else whole(count, name, 0, 10**9 - 1)
+                    for name, count in counts.items()},
+                 "trims": bool(trims), "groups": bool(groups), "locale": locale,
+                 "showsUnit": bool(shows_unit), "decimalMark": decimal_mark,
+                 "groupMark": group_mark, "minus": minus, "noBreakSpaces": bool(no_break_spaces),
+                 "best": None if best is None else self._best(best, least)}
+        return self.by_id.display({name: value for name, value in given.items()
+                                   if value is not None})
+
     # Formulas
 
     def evaluate(self, formula: str, unit: Optional[str] = None, resolver: Resolver = None, /,
@@ -233,6 +291,16 @@ class Engine:
             return self.by_id.explain_unitless(formula, resolver, variables, resolver is None)
         return self.by_id.explain(self.id_of(unit), formula, resolver, variables, resolver is None)
 
+    def parameters(self) -> Parameters:
+        """A table of formulas that refer to each other by name, which is empty.
+
+        >>> table = Engine().parameters()
+        >>> table.update(width="2 m", area="width^2")
+        >>> table.value("area", "m²")
+        4.0
+        """
+        return Parameters(self._owned, self.id_of)
+
     # Definitions
 
     def load(self, *folders: Any, lint: bool = True, leave_out: bool = False,
@@ -257,10 +325,38 @@ class Engine:
         return Units(self)
 
 
+class _Index:
+    """Finds records by type id, else by local id, else by text."""
+
+    def __init__(self, what, texts):
+        self._what, self._type_ids = what, frozenset(texts)
+        self._by_local_id: Dict[str, List[str]] = {}
+        self._by_text: Dict[str, List[str]] = {}
+        for type_id, text_of_it in texts.items():
+            self._by_local_id.setdefault(local_id(type_id), []).append(type_id)
+            if text_of_it:
+                self._by_text.setdefault(text_of_it, []).append(type_id)
+
+    def only(self, name):
+        encoded(name, self._what)
+        if name in self._type_ids:
+            return name
+        found = tuple(self._by_local_id.get(name) or self._by_text.get(name) or ())
+        if len(found) == 1:
+            return found[0]
+        if found:
+            raise errors.AmbiguousUnit(f"{name!r} names more than one {self._what}. Write one of: "
+                                       + ", ".join(found), candidates=found)
+        raise errors.UnrecognizedIdentifier(f"{name!r} names no {self._what}.")
+
+
 class Unit(UnitRecord):
-    """A unit of an engine. Its fields are those of its record."""
+    """A unit of an engine. Its fields are those of its record, as which it is pickled."""
 
     _engine: Engine
+
+    def __reduce__(self) -> Any:
+        return UnitRecord, tuple(self)
 
     @property
     def symbols(self) -> Tuple[str, ...]:
@@ -305,12 +401,13 @@ _exact: Dict[str, str] = {}
 
 def _exact_sizes() -> Dict[str, str]:
     """What the definitions of the catalogue note beside their doubles."""
+    global _exact
     if not _exact:
         import json
         with open(_BUNDLE, "rb") as file:
             schemas = file.read().split(b"\n", 1)[1].split(b"\0")[:-1]
         found = map(json.loads, (schema for schema in schemas if b'"exact"' in schema))
-        _exact.update((schema["typeid"], _spelled(schema["source"])) for schema in found)
+        _exact = {schema["typeid"]: _spelled(schema["source"]) for schema in found}
     return _exact
 
 

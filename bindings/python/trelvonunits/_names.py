@@ -33,8 +33,9 @@ class Names:
 
     def __init__(self, engine: Owned, mappings: Sequence[str] = ()) -> None:
         array = texts(mappings, "mappings")
-        self.pointer = made(Functions.names_create, engine.pointer, array, len(array))
-        self._owned = Owned(self.pointer, Functions.names_free)
+        self._owned = Owned(made(Functions.names_create, engine.pointer, array, len(array)),
+                            Functions.names_free)
+        self.pointer = self._owned.pointer
 
     def find(self, name: str) -> List[Name]:
         """All units that a text names, in order of reasons."""

@@ -4,15 +4,10 @@ from __future__ import annotations
 from ctypes import c_void_p
 from typing import Any, Dict, List, Optional, Tuple
 
-from ._arguments import written
+from ._arguments import read_json, written
 from ._faults import span_in
 from ._library import Functions
-from .errors import Span
-
-
-def _read(text: str) -> Dict[str, Any]:
-    import json  # late, as it takes long
-    return json.loads(text)
+from .errors import ArgumentError, Span
 
 
 class Owned:
@@ -26,6 +21,10 @@ class Owned:
 
     def __del__(self) -> None:
         self._free(self.pointer)
+
+    def __reduce__(self) -> Any:
+        raise ArgumentError("what the library holds is neither copied nor pickled: make it where it is "
+                            "used")
 
 
 class Explanation:
@@ -61,7 +60,7 @@ class Explanation:
     @property
     def data(self) -> Dict[str, Any]:
         """The same, as Python reads it."""
-        return _read(self.json)
+        return read_json(self.json)
 
     @property
     def value(self) -> Optional[float]:
@@ -129,4 +128,4 @@ class Report:
     @property
     def findings(self) -> Tuple[Dict[str, Any], ...]:
         """The findings of `json`."""
-        return tuple(_read(self.json)["findings"])
+        return tuple(read_json(self.json)["findings"])

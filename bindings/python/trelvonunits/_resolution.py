@@ -10,15 +10,19 @@ from ._library import Functions, OK, PARSE, Resolver, Text
 from .errors import ArgumentError, Error, ParseError
 
 
-def _answer_of(value, name):
-    """What replaces a variable: a formula, or a number as one."""
-    what = f"the variable {name}"
+def formula_of(value, what):
+    """A formula, or a number as one."""
     if isinstance(value, (str, bytes)):
         return encoded(value, what)
     value = number(value, what)
     if math.isfinite(value):
         return repr(value).encode()
     raise ArgumentError(f"{what} must be a formula or a finite number, not {value}")
+
+
+def _answer_of(value, name):
+    """What replaces a variable."""
+    return formula_of(value, f"the variable {name}")
 
 
 class Resolution:
@@ -45,12 +49,26 @@ class Resolution:
         return _answer_of(self._resolver(name), name)
 
 
+def _said(raised):
+    """What an explanation shows of an exception."""
+    try:
+        return str(raised).encode("utf-8", "surrogateescape")
+    except Exception:  # of its own `__str__`, or half a surrogate pair
+        return b"the resolver refused"
+
+
+def _is_interrupt(raised):
+    """Whether it must arrive even where a refusal is no failure, as for names that a unit hides."""
+    return raised is not None and not isinstance(raised, Exception)
+
+
 def _resolve(resolution, name, answer):
     try:
         status, reply = OK, resolution.answer(shown(name))
     except BaseException as raised:  # must not end in C
-        resolution.raised = raised
-        status, reply = status_of(raised), str(raised).encode("utf-8", "surrogateescape")
+        if not _is_interrupt(resolution.raised):
+            resolution.raised = raised
+        status, reply = status_of(raised), _said(raised)
     return Functions.answer_text(answer, Text(reply, len(reply))) or status
 
 
@@ -62,9 +80,9 @@ def resolved(function, arguments, formula, resolution, result):
     """Calls a function that takes a resolver. What the resolver raised reaches the caller."""
     error = c_void_p()
     status = function(*arguments, resolution.function(), resolution, byref(result), byref(error))
-    if not status:
-        return result
     raised = resolution.raised
+    if not status and not _is_interrupt(raised):
+        return result
     if raised is None:
         raise exception_of(status, error, formula)
     if isinstance(raised, Error):

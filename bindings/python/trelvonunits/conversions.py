@@ -4,7 +4,7 @@ from __future__ import annotations
 import ctypes
 import os
 from ctypes import byref
-from typing import Any, Callable, Tuple
+from typing import Any, Callable, Tuple, overload
 
 from . import _buffers
 from ._arguments import number
@@ -40,11 +40,24 @@ class Conversion:
         self._owned, self._from, self._to = owned, from_unit, to_unit
         self._is_of_catalogue = is_of_catalogue
 
-    from_unit = property(lambda self: self._from, doc="Type id of the unit of what goes in.")
-    to_unit = property(lambda self: self._to, doc="Type id of the unit of what comes out.")
+    @property
+    def from_unit(self) -> str:
+        """Type id of the unit of what goes in."""
+        return self._from
+
+    @property
+    def to_unit(self) -> str:
+        """Type id of the unit of what comes out."""
+        return self._to
 
     def __repr__(self) -> str:
         return f"<Conversion from {self._from} to {self._to}>"
+
+    @overload
+    def __call__(self, values: float) -> float: ...
+
+    @overload
+    def __call__(self, values: Any, out: Any = None) -> Any: ...
 
     def __call__(self, values: Any, out: Any = None) -> Any:
         """Converts a number, or all doubles of a buffer into `out`."""
@@ -68,7 +81,7 @@ def is_number(value: Any) -> bool:
         return True
     try:
         return memoryview(value).ndim == 0
-    except (TypeError, ValueError):
+    except (BufferError, TypeError, ValueError):
         return hasattr(type(value), "__float__") or hasattr(type(value), "__index__")
 
 
@@ -84,9 +97,15 @@ def engine_of_process() -> Any:
     return _engine
 
 
-def _unpickled(from_unit: str, to_unit: str, version: str) -> Conversion:
+def engine_of_version(version: str, what: str) -> Any:
+    """The same, if its catalogue has this version."""
     if version != catalogue_version():
-        raise VersionError(f"a conversion from {from_unit} to {to_unit} was pickled with version "
-                           f"{version} of the catalogue; this is {catalogue_version()}: install the "
-                           "same version of trelvonunits in all processes")
-    return engine_of_process().by_id.prepare(from_unit, to_unit)
+        raise VersionError(f"{what} was pickled with version {version} of the catalogue; this is "
+                           f"{catalogue_version()}: install the same version of trelvonunits in all "
+                           "processes")
+    return engine_of_process()
+
+
+def _unpickled(from_unit: str, to_unit: str, version: str) -> Conversion:
+    engine = engine_of_version(version, f"a conversion from {from_unit} to {to_unit}")
+    return engine.by_id.prepare(from_unit, to_unit)

@@ -48,6 +48,9 @@ class LoadError(ValidationError):
 
     report: Any = None
 
+    def __reduce__(self) -> Any:
+        return LoadError, (self.message,)  # without the report, which is the library's
+
 
 class IncompatibleUnits(Error, ValueError):
     """The units do not convert into each other."""

@@ -198,6 +198,23 @@ static trelvon_status format_fractional(void) {
   GIVE_TEXT(trelvon_format_fractional, engine, number(1), (unsigned)count(2),
             symbol.data ? &symbol : NULL);
 }
+static trelvon_display* display;
+static trelvon_status made_display(void) {
+  return trelvon_display_create(engine, text(1), &display, &error);
+}
+#define OF(make, kind, name, function, ...)                                 \
+  kind(name##_of, function, __VA_ARGS__) static trelvon_status name(void) { \
+    trelvon_status status = make();                                         \
+    return status == TRELVON_OK ? name##_of() : status;                     \
+  }
+OF(made_display, TEXT, display_show, trelvon_display_show, display, number(2))
+OF(made_display, NUMBER, display_read, trelvon_display_read, display, text(2))
+OF(made_display, TEXT, display_read_json, trelvon_display_read_json, display, text(2))
+OF(made_display, TEXT, display_json, trelvon_display_json, display)
+OF(made_display, TEXT, display_unit, trelvon_display_unit, display)
+static trelvon_status display_locales(void) {
+  return give_list(trelvon_display_locales(&list, &error));
+}
 NUMBER(evaluate, trelvon_evaluate, engine, text(1), text(2), resolver(3), &first_variable)
 NUMBER(evaluate_unitless, trelvon_evaluate_unitless, engine, text(1), resolver(2), &first_variable)
 static trelvon_explanation* explanation;
@@ -225,6 +242,55 @@ static trelvon_status explain_unitless(void) {
   return explained(trelvon_explain_unitless(engine, text(1), resolver(2), &first_variable,
                                             &explanation, &error));
 }
+static trelvon_parameters* table;
+/* One of the parts of a word, which are separated by "|". */
+static trelvon_text part(size_t index, int number) {
+  const char* const end = words[index].data + words[index].size;
+  trelvon_text made = {words[index].data, words[index].size};
+  const char* bar;
+  for (;;) {
+    bar = memchr(made.data, '|', (size_t)(end - made.data));
+    made.size = (size_t)((bar ? bar : end) - made.data);
+    if (number-- == 0) return made;
+    if (!bar) return trelvon_string("");
+    made.data = bar + 1;
+  }
+}
+/* Fills a table by words: "set|NAME|FORMULA|UNIT", "rename|NAME|NAME" or "remove|NAME". */
+static trelvon_status made_table(void) {
+  trelvon_status status = trelvon_parameters_create(engine, &table, &error);
+  size_t i;
+  for (i = 3; status == TRELVON_OK && i < word_count; ++i) {
+    const trelvon_text name = part(i, 1), other = part(i, 2), unit = part(i, 3);
+    status = words[i].data[0] == 's'
+                 ? trelvon_parameters_set(table, name, other, unit.size ? &unit : NULL, &error)
+             : words[i].data[2] == 'n' ? trelvon_parameters_rename(table, name, other, &error)
+                                       : trelvon_parameters_remove(table, name, &error);
+  }
+  return status;
+}
+static trelvon_status parameters_value(void) {
+  const trelvon_text unit = text(2);
+  trelvon_status status = made_table();
+  if (status != TRELVON_OK) return status;
+  return give_number(
+      trelvon_parameters_value(table, text(1), unit.data ? &unit : NULL, &result, &error));
+}
+static trelvon_status parameters_evaluate(void) {
+  size_t evaluated = 0;
+  trelvon_status status = made_table();
+  if (status == TRELVON_OK) status = trelvon_parameters_evaluate(table, &evaluated, &error);
+  if (status == TRELVON_OK) add_count((long)evaluated);
+  return status;
+}
+OF(made_table, TEXT, parameters_formula, trelvon_parameters_formula, table, text(1))
+OF(made_table, TEXT, parameters_unit, trelvon_parameters_unit, table, text(1))
+OF(made_table, LIST, parameters_names, trelvon_parameters_names, table)
+OF(made_table, LIST, parameters_references, trelvon_parameters_references, table, text(1))
+OF(made_table, LIST, parameters_dependents, trelvon_parameters_dependents, table, text(1))
+OF(made_table, LIST, parameters_problems, trelvon_parameters_problems, table)
+OF(made_table, TEXT, parameters_explain_text, trelvon_parameters_explain_text, table, text(1))
+OF(made_table, TEXT, parameters_explain_json, trelvon_parameters_explain_json, table, text(1))
 LIST(add_definition, trelvon_add_definition, engine, text(1))
 PLAIN(build_schemas, trelvon_build_schemas, engine)
 TEXT(definition, trelvon_definition, engine, text(1))
@@ -336,6 +402,22 @@ static const struct {
              ROW(can_convert, can_convert),
              ROW(format_fixed, format_fixed),
              ROW(format_fractional, format_fractional),
+             ROW(display_show, display_show),
+             ROW(display_read, display_read),
+             ROW(display_read_json, display_read_json),
+             ROW(display_json, display_json),
+             ROW(display_unit, display_unit),
+             ROW(display_locales, display_locales),
+             ROW(parameters_value, parameters_value),
+             ROW(parameters_evaluate, parameters_evaluate),
+             ROW(parameters_formula, parameters_formula),
+             ROW(parameters_unit, parameters_unit),
+             ROW(parameters_names, parameters_names),
+             ROW(parameters_references, parameters_references),
+             ROW(parameters_dependents, parameters_dependents),
+             ROW(parameters_problems, parameters_problems),
+             ROW(parameters_explain_text, parameters_explain_text),
+             ROW(parameters_explain_json, parameters_explain_json),
              ROW(evaluate, evaluate),
              ROW(evaluate_unitless, evaluate_unitless),
              ROW(explain, explain),
@@ -411,6 +493,8 @@ static int answer(void) {
   trelvon_error_free(error);
   trelvon_explanation_free(explanation), explanation = NULL;
   trelvon_load_report_free(report), report = NULL;
+  trelvon_display_free(display), display = NULL;
+  trelvon_parameters_free(table), table = NULL;
   return 1;
 }
 

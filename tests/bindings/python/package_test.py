@@ -1,6 +1,7 @@
 """What the table of cases cannot say of the package for Python, which is installed where this runs."""
 import array
 import ast
+import copy
 import ctypes
 import doctest
 import fractions
@@ -61,6 +62,14 @@ WRONG = [
     (lambda: units.by_id.units_with_powers({"x": 2**31}), "from -2147483648"),
     (lambda: units.names(5), "each of mappings"),
     (lambda: units.names().suggest("ft", -1), "from 0"),
+    (lambda: units.display("mm", places=2.5), "places must be a whole number"),
+    (lambda: units.display("mm", best=["m", 5]), "symbol must be a str"),
+    (lambda: units.display("mm", least=1), "least goes with best"),
+    (lambda: units.by_id.display({"symbol": b"x"}), "options cannot be written as JSON"),
+    (lambda: units.by_id.display(5), "options must be a mapping"),
+    (lambda: units.display("mm")("5"), "value must be a number"),
+    (lambda: units.parameters().set("x", None), "formula must be a number"),
+    (lambda: copy.deepcopy(units.parameters()), "neither copied nor pickled"),
     (lambda: pickle.dumps(units), "not pickled"),
     (lambda: pickle.dumps(trelvonunits.Engine.empty().prepare("a", "b")), None)]
 
@@ -85,9 +94,11 @@ class Arguments(unittest.TestCase):
     def test_any_ones_at_all(self):
         picks = random.Random(1)
         report = trelvonunits.Engine.empty().by_id.load_texts({})
-        things = [units, units.by_id, units.names(), feet, units.explain("1 ft"), report]
+        things = [units, units.by_id, units.names(), feet, units.explain("1 ft"), report,
+                  units.display("mm"), units.parameters()]
+        left_out = {"empty", "by_id", "popitem", "update"}  # the last two are of Python
         calls = [getattr(thing, name) for thing in things for name in dir(thing)
-                 if not name.startswith("_") and name not in ("empty", "by_id")]
+                 if not name.startswith("_") and name not in left_out]
         calls = [*filter(callable, calls), feet, trelvonunits.local_id, units.units.__getitem__]
         for _ in range(3000):
             call = picks.choice(calls)
@@ -138,6 +149,17 @@ class Buffers(unittest.TestCase):
         self.assertIs(feet(values, out=values), values)
         self.assertEqual(values[2], feet(2))
 
+    def test_an_error_that_is_kept_holds_no_buffer(self):
+        floats, values, kept = array.array("f", [1]), array.array("d", [1, 2]), []
+        for source, out in [(floats, None), (values, floats), (values, doubles), (values, 5)]:
+            try:
+                units.convert(source, "ft", "m", out=out)
+            except trelvonunits.ArgumentError as error:
+                kept.append(error)  # with its frames
+            floats.append(1)
+            values.append(1)
+        self.assertEqual(len(kept), 4)
+
 
 class Faults(unittest.TestCase):
     def test_classes_and_candidates(self):
@@ -172,6 +194,22 @@ class Faults(unittest.TestCase):
             self.assertIs(raised.exception, error)
         self.assertEqual(error.span, (6, 7))
 
+    def test_what_a_resolver_raises_is_no_text_or_an_interrupt(self):
+        class Mute(Exception):
+            def __str__(self):
+                raise RuntimeError
+
+        def refuse(name):
+            raise error
+        for error in (Mute(), ValueError("\ud800")):
+            with self.assertRaises(type(error)):
+                units.evaluate("1 m + q", "m", refuse)
+        error = KeyError("no")
+        self.assertIsNone(units.by_id.explain(None, "h1 + 1", refuse, hidden=True).value)
+        error = KeyboardInterrupt()
+        with self.assertRaises(KeyboardInterrupt):
+            units.by_id.explain(None, "h1 + 1", refuse, hidden=True)
+
     def test_a_resolver_uses_the_engine(self):
         engine = trelvonunits.Engine()
 
@@ -181,6 +219,39 @@ class Faults(unittest.TestCase):
             return engine.convert(3, "yd", "in") / 3
         self.assertEqual(engine.evaluate("q1 + q2", None, resolve), 72)
         self.assertEqual(engine.by_id.factor("q1").factor, 2)
+
+
+class Tables(unittest.TestCase):
+    def test_readings_are_of_characters(self):
+        shown = trelvonunits.Engine().display("mm", places=1, locale="de")
+        shown = pickle.loads(pickle.dumps(shown))
+        reading = shown.read("−1.234 mm")
+        self.assertEqual((reading.value, reading.span, reading.readings), (None, (1, 6), (1.234, 1234)))
+        self.assertEqual(reading.pieces, (("sign", (0, 1)),))
+        with self.assertRaises(trelvonunits.ParseError) as raised:
+            shown.parse("−1.234 mm")
+        self.assertEqual((raised.exception.span, str(raised.exception)), ((1, 6), reading.sentence))
+        self.assertEqual(shown.read("−1,5 mm")[:3], (-1.5, (0, 7), ""))
+        self.assertEqual(shown.options, {"symbol": "trelvon.symbol:millimeter-1.0.0", "places": 1,
+                                         "locale": "de"})
+
+    def test_options_are_told_by_name(self):
+        shown = units.display("mm", unit="ft", significant=3, groups=True, decimal_mark=",",
+                              group_mark=" ", minus="sign", no_break_spaces=True, least=0.5,
+                              best=["mm", "trelvon.symbol:meter-1.0.0"])
+        self.assertEqual(shown(-20), "−6,10\xa0m")
+        self.assertEqual(units.display(places=1, trims=True)(2), "2")
+        self.assertEqual(units.display("kg", shows_unit=False).unit, units.id_of("kg"))
+
+    def test_parameters_are_a_mapping_and_keep_the_engine(self):
+        table = trelvonunits.Engine().parameters()
+        table.set("x", 2, "ft")
+        table.update(y="x + 1 ft", x="3")
+        self.assertEqual((dict(table), len(table), table.value("y", "ft")),
+                         ({"x": "3", "y": "x + 1 ft"}, 2, 4))
+        self.assertEqual((table.pop("x"), "x" in table, table.unit("y")), ("3", False, None))
+        with self.assertRaises(KeyError):
+            del table["x"]
 
 
 class Engines(unittest.TestCase):
@@ -199,8 +270,8 @@ class Engines(unittest.TestCase):
         self.assertEqual(raised.exception.report.errors, 36)
 
     def test_pickles(self):
-        copy = pickle.loads(pickle.dumps(feet))
-        self.assertEqual((copy(7), copy.from_unit, copy.to_unit),
+        again = pickle.loads(pickle.dumps(feet))
+        self.assertEqual((again(7), again.from_unit, again.to_unit),
                          (feet(7), feet.from_unit, feet.to_unit))
         make, (source, target, _) = feet.__reduce__()
         with self.assertRaisesRegex(trelvonunits.VersionError, "0123.*same version"):
@@ -208,6 +279,11 @@ class Engines(unittest.TestCase):
         with self.assertRaisesRegex(trelvonunits.ArgumentError, "only conversions of the catalogue"):
             pickle.dumps(trelvonunits.Engine(folders=[ROOT / "schemas" / "core"]).prepare(
                 "foot", "inch"))
+
+        engine = trelvonunits.Engine()
+        engine.by_id.load_texts({})
+        with self.assertRaisesRegex(trelvonunits.ArgumentError, "displays of the catalogue alone"):
+            pickle.dumps(engine.display("mm"))
 
     def test_forks_and_threads_while_another_loads(self):
         engine, stop, wrong = trelvonunits.Engine(), threading.Event(), []
@@ -240,15 +316,31 @@ class Engines(unittest.TestCase):
         self.assertEqual(wrong, [])
         self.assertFalse(engine.by_id.is_registered("of the child"))
 
+    def test_names_are_learned_again_if_another_thread_adds_meanwhile(self):
+        learned = []
+
+        def learn():
+            learned.append(1)
+            if len(learned) == 1:
+                units._forget_names()
+            return list(learned)
+        self.assertEqual([len(units._learned("_known_codes", learn)) for _ in range(3)], [1, 2, 2])
+        units._forget_names()
+
     def test_nothing_is_left_behind(self):
+        shown, table = units.display("mm"), units.parameters()
+
         def work(times):
             for _ in range(times):
                 for call in (lambda: units.convert(1, "fot", "m"), lambda: units.explain("1 +").json,
                              lambda: units.evaluate("q", "m", lambda name: 1 / 0),
-                             lambda: units.prepare("ft", "m")(doubles), lambda: units.units["ft"]):
+                             lambda: units.prepare("ft", "m")(doubles), lambda: units.units["ft"],
+                             lambda: shown.read("1,5"), lambda: units.by_id.display(shown.json)(2),
+                             lambda: shown.parse("x"), lambda: table.set("x", "y + 1"),
+                             table.problems, lambda: units.parameters().value("x")):
                     try:
                         call()
-                    except (KeyError, ZeroDivisionError):
+                    except (KeyError, ZeroDivisionError, trelvonunits.ParseError):
                         pass
         work(50)
         before = resource.getrusage(resource.RUSAGE_SELF).ru_maxrss

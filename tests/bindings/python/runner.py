@@ -99,6 +99,25 @@ def learn_names(mapping):
     names = engine.names(mapping)
 
 
+def table_of(words):
+    """Filled by words: "set|NAME|FORMULA|UNIT", "rename|NAME|NAME" or "remove|NAME"."""
+    table = units.parameters()
+    for word in words:
+        change, *rest = word.split("|")
+        getattr(table, change)(*rest)
+    return table
+
+
+def of_table(name):
+    """The words are a parameter, a unit and what fills the table, and null where there is none."""
+    return lambda parameter, unit, *words: getattr(table_of(words), name)(
+        *(word for word in (parameter, unit) if word is not None))
+
+
+def of_display(name, kind=str):
+    return lambda options, *words: getattr(units.display(options), name)(*map(kind, words))
+
+
 def in_bytes(text):
     return text.encode("utf-8", "surrogateescape")
 
@@ -112,6 +131,17 @@ CALLS = {
         float(value), int(places), symbol, trim != "0"),
     "format_fractional": lambda value, precision, symbol: units.format_fractional(
         float(value), int(precision), symbol),
+    "display_show": of_display("show", float),
+    "display_read": of_display("parse"),
+    "display_read_json": of_display("read_json"),
+    "display_json": lambda options: units.display(options).json,
+    "display_unit": lambda options: units.display(options).unit or "",
+    "display_locales": trelvonunits.Display.locales,
+    **{"parameters_" + call: of_table(name) for call, name in [
+        ("value", "value"), ("evaluate", "evaluate"), ("formula", "formula"), ("names", "__iter__"),
+        ("references", "references"), ("dependents", "dependents"), ("problems", "problems"),
+        ("explain_text", "explain"), ("explain_json", "explain_json")]},
+    "parameters_unit": lambda *words: of_table("unit")(*words) or "",
     "evaluate": lambda unit, formula, *rest: units.evaluate(unit, formula, resolver(*rest)),
     "evaluate_unitless": lambda formula, *rest: units.evaluate_unitless(formula, resolver(*rest)),
     "explain": lambda unit, formula, *rest: units.explain(unit, formula, resolver(*rest)),

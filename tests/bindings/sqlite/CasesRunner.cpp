@@ -29,6 +29,7 @@ namespace {
 const std::map<std::string, const char*> statements = {
     {"convert", "SELECT units_convert(@1, ?2, ?3)"},
     {"prepared", "SELECT units_convert(column1, ?1, ?2) FROM (VALUES (0), (@3)) LIMIT 1 OFFSET 1"},
+    {"convert_named", "SELECT units_convert(@1, ?2, ?3)"},
     {"can_convert", "SELECT units_can_convert(?1, ?2)"},
     {"format_fixed", "SELECT units_format(@1, ?3, $2, $4)"},
     {"format_fixed null", "SELECT units_format(@1, $2)"},
@@ -37,9 +38,11 @@ const std::map<std::string, const char*> statements = {
     {"evaluate_unitless", "SELECT units_evaluate(?1)"},
     {"explain", "SELECT units_explain_text(?2, ?1)"},
     {"explain null", "SELECT units_explain_text(?2)"},
+    {"explain_hidden", "SELECT units_explain_text(?2, ?1)"},
     {"explain_tree", "SELECT units_explain_tree(?2, ?1)"},
     {"explain_tree null", "SELECT units_explain_tree(?2)"},
     {"explain_json", "SELECT units_explain(?2, ?1)"},
+    {"explain_json null", "SELECT units_explain(?2)"},
     {"record unit", UNITS " FROM units_units WHERE type_id = ?2"},
     {"record symbol", SYMBOLS " FROM units_symbols WHERE type_id = ?2"},
     {"record quantity", QUANTITIES " FROM units_quantities WHERE type_id = ?2"},
@@ -68,10 +71,19 @@ std::string evaluation() {
   return sql + ")";
 }
 
+/// Of the words from the third on, as rows; NULL stays NULL, of which nothing is printed.
+std::string conversions() {
+  std::string sql = "SELECT units_convert(column1, ?1, ?2) FROM (VALUES (NULL)";
+  for (std::size_t index = 3; index < word_count; ++index)
+    sql += ", (@" + std::to_string(index) + ")";
+  return sql + ")";
+}
+
 /// By the call, with what stands for a null or names a kind of records.
 std::string statement() {
   const std::string call = words[0].data;
   if (call == "evaluate") return evaluation();
+  if (call == "prepared_array") return conversions();
   for (std::size_t index = 1; index < word_count; ++index) {
     const auto found =
         statements.find(call + " " + (words[index].data == nullptr ? "null" : words[index].data));
