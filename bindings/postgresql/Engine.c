@@ -43,7 +43,7 @@ static void add_bundle_of_site(trelvon_engine* to, const char* path) {
     WRITE_TEXT(told, 4096, trelvon_load_report_text, loaded->report);
     ereport(ERROR, errcode(ERRCODE_UNITS_DEFINITIONS),
             errmsg("bundle \"%s\" has definitions that cannot be used", path),
-            errdetail_internal("%s", server_string(told)));
+            errdetail_internal("%s", shown_string(told)));
   }
   release(loaded);
 }

@@ -27,7 +27,7 @@ int sqlstate_of(trelvon_status status) {
 char* message_of(const trelvon_error* error) {
   trelvon_text message = trelvon_error_message(error);
   if (message.size > MOST_OF_MESSAGE) message.size = MOST_OF_MESSAGE;
-  return server_string(message);
+  return shown_string(message);
 }
 
 void refuse(trelvon_status status, held* failed) {

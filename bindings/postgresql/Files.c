@@ -26,11 +26,13 @@ trelvon_text read_whole_file(const char* path) {
   struct stat about;
   char* bytes;
   size_t size;
-  FILE* const file = AllocateFile(path, PG_BINARY_R);
+  FILE* file;
+  if (stat(path, &about) == 0 && !S_ISREG(about.st_mode)) /* To open a pipe would wait. */
+    refuse_file(path, "is no regular file");
+  file = AllocateFile(path, PG_BINARY_R);
   if (file == NULL || fstat(fileno(file), &about) != 0)
     ereport(ERROR, errcode(ERRCODE_UNITS_DEFINITIONS),
             errmsg("could not open file \"%s\": %m", path));
-  if (!S_ISREG(about.st_mode)) refuse_file(path, "is no regular file");
   if (about.st_size > MOST_OF_FILE) refuse_file(path, "is too large");
   bytes = palloc((size_t)about.st_size + 1);
   size = fread(bytes, 1, (size_t)about.st_size, file);

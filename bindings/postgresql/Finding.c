@@ -22,7 +22,7 @@ static trelvon_name name_at(const trelvon_list* names, size_t index) {
 
 static void quote(StringInfo to, const char* between, trelvon_text name) {
   if (to->len != 0) appendStringInfoString(to, between);
-  appendStringInfo(to, "\"%s\"", server_string(name));
+  appendStringInfo(to, "\"%s\"", shown_string(name));
 }
 
 /* What may be meant by a name of no unit, or why an expression of codes is none; or null. */
@@ -41,7 +41,7 @@ static char* hint_for(trelvon_text name) {
   if (texts.len != 0) return psprintf("Did you mean %s?", texts.data);
   if (memchr(name.data, ':', name.size) == NULL) return NULL;
   WRITE_TEXT(why, 256, trelvon_names_why_not, get_names(true), name);
-  return why.size != 0 ? server_string(why) : NULL;
+  return why.size != 0 ? shown_string(why) : NULL;
 }
 
 static pg_attribute_noreturn() void refuse_unknown(trelvon_text name, held* failed) {
@@ -55,7 +55,7 @@ static pg_attribute_noreturn() void refuse_unknown(trelvon_text name, held* fail
 static pg_attribute_noreturn() void refuse_ambiguous(const char* kind, trelvon_text name,
                                                      const char* candidates) {
   ereport(ERROR, errcode(ERRCODE_UNITS_AMBIGUOUS),
-          errmsg("%s names more than one %s.", server_string(name), kind),
+          errmsg("%s names more than one %s.", shown_string(name), kind),
           errhint("Write %s.", candidates));
 }
 

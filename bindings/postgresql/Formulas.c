@@ -83,7 +83,7 @@ static Datum explanation(const formula* of) {
   trelvon_text json;
   WRITE_TEXT(json, 8192, trelvon_explain_json, made->explanation);
   release(made);
-  return jsonb_of(server_string(json));
+  return jsonb_of(shown_string(json));
 }
 
 static char* string_of(const JsonbValue* value) {
@@ -156,7 +156,7 @@ static Datum explained_in_text(FunctionCallInfo fcinfo, bool is_plain) {
   trelvon_text told;
   WRITE_TEXT(told, 8192, trelvon_explain_text, made->explanation);
   release(made);
-  return PointerGetDatum(server_text(told));
+  return PointerGetDatum(cstring_to_text(shown_string(told)));
 }
 
 Datum units_evaluate(PG_FUNCTION_ARGS) { return evaluated(fcinfo, false); }

@@ -8,6 +8,7 @@ void release(held* it) {
   trelvon_explanation_free(it->explanation);
   trelvon_load_report_free(it->report);
   trelvon_list_free(it->list);
+  trelvon_display_free(it->display);
   it->engine = NULL;
   it->error = NULL;
   it->conversion = NULL;
@@ -15,6 +16,7 @@ void release(held* it) {
   it->explanation = NULL;
   it->report = NULL;
   it->list = NULL;
+  it->display = NULL;
 }
 
 static void release_later(void* it) { release(it); }

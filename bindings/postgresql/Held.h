@@ -15,6 +15,7 @@ typedef struct {
   trelvon_explanation* explanation;
   trelvon_load_report* report;
   trelvon_list* list;
+  trelvon_display* display;
 } held;
 
 /* Made empty, in the current memory context. */

@@ -2,6 +2,7 @@
 #ifndef TRELVON_POSTGRESQL_PLAN_H
 #define TRELVON_POSTGRESQL_PLAN_H
 
+#include "bindings/postgresql/Held.h"
 #include "bindings/postgresql/Names.h"
 
 typedef struct {
@@ -9,6 +10,7 @@ typedef struct {
   bool is_constant;     // whether the arguments with names are constants of the statement
   const trelvon_conversion* conversion;
   const char* type_id;
+  held* display;  // lives as long as the plan
 } plan;
 
 /* Makes an empty plan, or one whose names have changed meanwhile empty. */

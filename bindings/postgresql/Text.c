@@ -1,5 +1,7 @@
 #include "bindings/postgresql/Text.h"
 
+#include <catalog/namespace.h>
+
 trelvon_text utf8_of_bytes(const char* bytes, size_t size, size_t most, const char* what) {
   char* converted;
   if (size > most)
@@ -33,6 +35,29 @@ static char* valid_utf8(trelvon_text from) {
 char* server_string(trelvon_text from) {
   char* const utf8 = valid_utf8(from);
   return pg_any_to_server(utf8, (int)strlen(utf8), PG_UTF8);
+}
+
+char* shown_string(trelvon_text from) {
+  const int encoding = GetDatabaseEncoding();
+  char* const utf8 = valid_utf8(from);
+  StringInfoData shown;
+  const char* at;
+  Oid convert;
+  if (encoding == PG_UTF8 || encoding == PG_SQL_ASCII) return utf8;
+  convert = FindDefaultConversionProc(PG_UTF8, encoding);
+  if (!OidIsValid(convert)) return pg_any_to_server(utf8, (int)strlen(utf8), PG_UTF8);
+  initStringInfo(&shown);
+  for (at = utf8; *at != '\0'; at += pg_utf_mblen((const unsigned char*)at)) {
+    unsigned char bytes[MAX_MULTIBYTE_CHAR_LEN * MAX_CONVERSION_GROWTH + 1];
+    const int size = pg_utf_mblen((const unsigned char*)at);
+    if (pg_do_encoding_conversion_buf(convert, PG_UTF8, encoding,
+                                      (unsigned char*)unconstify(char*, at), size, bytes,
+                                      sizeof bytes, true) == size)
+      appendStringInfoString(&shown, (const char*)bytes);
+    else
+      appendStringInfo(&shown, "<U+%04X>", utf8_to_unicode((const unsigned char*)at));
+  }
+  return shown.data;
 }
 
 text* server_text(trelvon_text from) { return cstring_to_text(server_string(from)); }

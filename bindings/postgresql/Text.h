@@ -19,6 +19,10 @@ char* server_string(trelvon_text from);
 
 text* server_text(trelvon_text from);
 
+/* The same as `server_string` for messages and explanations: what the encoding does not have is shown as
+   <U+NNNN>, so that nothing hides what is told. */
+char* shown_string(trelvon_text from);
+
 /* A copy of a text of the library, in the current memory context. */
 trelvon_text copied(trelvon_text from);
 

@@ -41,7 +41,7 @@ variables* read_variables(Jsonb* object) {
     variable* const now = &read->all[read->count];
     if (token == WJB_KEY) {
       now->name = text_of(&value, left);
-      left -= now->name.size;
+      left -= Min(left, now->name.size);
     } else if (token == WJB_VALUE) {
       now->value = text_of(&value, left);
       left -= Min(left, now->value.size);

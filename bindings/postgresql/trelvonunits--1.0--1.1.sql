@@ -9,6 +9,13 @@ CREATE FUNCTION units_explain_text(formula text, variables jsonb) RETURNS text
 CREATE FUNCTION units_explain_text(formula text, unit units_name, variables jsonb) RETURNS text
   AS 'MODULE_PATHNAME', 'units_explain_text' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 600;
 
+-- Text as a display shows a number, and the number that such a text says. The display has the members of
+-- DisplayOptions.
+CREATE FUNCTION units_show(value float8, display jsonb) RETURNS text
+  AS 'MODULE_PATHNAME', 'units_show' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
+CREATE FUNCTION units_read(text text, display jsonb) RETURNS float8
+  AS 'MODULE_PATHNAME', 'units_read' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 100;
+
 -- All units that a text names, and why.
 CREATE FUNCTION units_find(name units_name) RETURNS TABLE (
     text text, unit text, kind text, is_exact boolean)
@@ -21,7 +28,7 @@ CREATE FUNCTION units_version() RETURNS jsonb
 -- What keeps results: indexes, generated columns, constraints, partition keys, views and all else that is
 -- to be looked at when a definition changes.
 CREATE FUNCTION units_dependents() RETURNS TABLE (type text, identity text)
-  LANGUAGE SQL STABLE PARALLEL SAFE AS $$
+  LANGUAGE SQL STABLE PARALLEL SAFE SET search_path = pg_catalog, pg_temp AS $$
   WITH members AS (
     SELECT d.classid, d.objid
     FROM pg_catalog.pg_depend d JOIN pg_catalog.pg_extension e ON e.oid = d.refobjid

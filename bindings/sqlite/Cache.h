@@ -7,7 +7,8 @@
 
 namespace Sql {
 
-/// What was found for a text, for the rows to come. It forgets all when it has become large.
+/// What was found for a text, for the rows to come. It forgets all when it has become large, and keeps
+/// nothing for long texts.
 template <class Value>
 class Cache {
  public:
@@ -18,6 +19,7 @@ class Cache {
   }
 
   void keep(const std::string& text, Value value) {
+    if (text.size() > longest) return;
     if (values_.size() == most) values_.clear();
     values_.emplace(text, std::move(value));
   }
@@ -25,7 +27,7 @@ class Cache {
   void clear() { values_.clear(); }
 
  private:
-  static constexpr std::size_t most = 1000;
+  static constexpr std::size_t most = 1000, longest = 256;
 
   std::unordered_map<std::string, Value> values_;
 };

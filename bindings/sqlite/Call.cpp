@@ -29,12 +29,15 @@ const char* typeOf(sqlite3_value* value) {
 
 }  // namespace
 
-std::string_view textOf(sqlite3_value* value, const char* what) {
+std::string_view textOf(sqlite3_value* value, const char* what, std::size_t most) {
   if (sqlite3_value_type(value) != SQLITE_TEXT) refuseType(what, "a text", value);
   const unsigned char* const bytes = sqlite3_value_text(value);
   if (bytes == nullptr) throw std::bad_alloc();
-  return {reinterpret_cast<const char*>(bytes),
-          static_cast<std::size_t>(sqlite3_value_bytes(value))};
+  const auto size = static_cast<std::size_t>(sqlite3_value_bytes(value));
+  if (size > most)
+    throw Fault{std::string(what) + " must have at most " + std::to_string(most) +
+                " bytes, and has " + std::to_string(size) + '.'};
+  return {reinterpret_cast<const char*>(bytes), size};
 }
 
 unsigned countOf(sqlite3_value* value, const char* what, unsigned most) {
@@ -57,7 +60,7 @@ double Call::number(int index, const std::string* unit) const {
   const int type = sqlite3_value_type(value(index));
   if (type == SQLITE_FLOAT || type == SQLITE_INTEGER) return sqlite3_value_double(value(index));
   if (type != SQLITE_TEXT) refuseType("A value", "a number or a text", value(index));
-  const trelvon_text formula = textOf(textOf(value(index), "A value"));
+  const trelvon_text formula = textOf(textOf(value(index), "A value", mostOfFormula));
   double number = 0;
   if (unit != nullptr)
     Sql::call(trelvon_evaluate, engine().get(), textOf(*unit), formula, nullptr, nullptr, &number);

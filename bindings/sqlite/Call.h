@@ -12,9 +12,13 @@ namespace Sql {
 /// The engine of a connection, which each of its functions and tables shares, as SQLite keeps it.
 using SharedEngine = std::shared_ptr<Engine>;
 
-/// Reads a value that must be a text.
+/// What one call reads, in bytes. A text of SQLite may have a gigabyte, and an explanation several
+/// hundred times the size of its formula.
+constexpr std::size_t mostOfName = 10000, mostOfFormula = 1 << 20, mostOfExplained = 1 << 16;
+
+/// Reads a value that must be a text of at most this size.
 /// @throws Fault  it is something else; `what` says what is asked for.
-std::string_view textOf(sqlite3_value* value, const char* what);
+std::string_view textOf(sqlite3_value* value, const char* what, std::size_t most = mostOfName);
 
 /// Reads a whole number that must not be negative; one that is huge becomes `most`.
 unsigned countOf(sqlite3_value* value, const char* what, unsigned most);
@@ -72,6 +76,8 @@ void canConvert(Call& call);
 void evaluate(Call& call);
 void format(Call& call);
 void formatFraction(Call& call);
+void show(Call& call);
+void read(Call& call);
 void explain(Call& call);
 void explainText(Call& call);
 void explainTree(Call& call);

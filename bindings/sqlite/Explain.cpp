@@ -8,7 +8,7 @@ namespace {
 /// @param writer  the function that writes the explanation.
 template <class Writer>
 std::string explanation(Call& call, Writer* writer) {
-  const trelvon_text formula = textOf(textOf(call.value(0), "A formula"));
+  const trelvon_text formula = textOf(textOf(call.value(0), "A formula", mostOfExplained));
   const std::string unit = call.count() > 1 ? call.unit(1) : std::string();
   const trelvon_text unitText = textOf(unit);
   const auto made =

@@ -53,6 +53,8 @@ constexpr struct {
     {"units_format", 4, pure, run<format>},
     {"units_format_fraction", 2, pure, run<formatFraction>},
     {"units_format_fraction", 3, pure, run<formatFraction>},
+    {"units_show", 2, pure, run<show>},
+    {"units_read", 2, pure, run<read>},
     {"units_explain", 1, pure | json, run<explain>},
     {"units_explain", 2, pure | json, run<explain>},
     {"units_explain_text", 1, pure, run<explainText>},

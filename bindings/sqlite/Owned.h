@@ -11,6 +11,7 @@ struct Freeing {
   void operator()(trelvon_engine* engine) const { trelvon_engine_free(engine); }
   void operator()(trelvon_error* error) const { trelvon_error_free(error); }
   void operator()(trelvon_conversion* conversion) const { trelvon_conversion_free(conversion); }
+  void operator()(trelvon_display* display) const { trelvon_display_free(display); }
   void operator()(trelvon_names* names) const { trelvon_names_free(names); }
   void operator()(trelvon_explanation* explanation) const { trelvon_explanation_free(explanation); }
   void operator()(trelvon_load_report* report) const { trelvon_load_report_free(report); }

@@ -3,6 +3,7 @@ server_test.py BUILD [ROWS]
 """
 import concurrent.futures
 import json
+import os
 import pathlib
 import re
 import sys
@@ -19,6 +20,7 @@ HASH = "sum(hashfloat8(units_convert(x, 'ft', 'm'))::numeric)"
 SLOW = "(SELECT sum(units_convert(x, 'ft', 'm')) " \
        "FROM (SELECT i::float8 x FROM generate_series(1, 1000000000) i) s)"
 DOUBLING = json.dumps({f"v{i}": f"(v{i + 1}) + (v{i + 1})" for i in range(40)} | {"v40": "1 m"})
+FEET = '{"symbol": "trelvon.symbol:feetAndInches-1.0.0", "denominator": 16}'
 MORE = "".join(json.dumps(text) + "\0" for text in (
     {"typeid": "site:smoot-1", "inherits": ["vellamor.unit:unit.derived-1.0.0"], "constants": [
         {"id": "name", "value": "smoot"}, {"id": "unitSystem", "value": "Imperial"},
@@ -47,6 +49,15 @@ STATEMENTS = [
      "a variable of the formula of 2000000 bytes"),
     ("SELECT units_evaluate(repeat('1 + ', 250000) || '1')", 250001.0),
     ("SELECT units_evaluate(repeat('(', 1048576))", "TU005", "Bytes 1048576 to 1048576"),
+    (f"SELECT string_agg(units_show(x, '{FEET}'), ',') FROM (VALUES (5.9999), (-2), (NULL)) v (x)",
+     "6' 0\",-2' 0\""),
+    (f"SELECT units_read('5'' 6 3/8\"', '{FEET}')", 5.53125),
+    ("SELECT string_agg(units_show(1.5, d), ' ') FROM (VALUES ('{}'::jsonb), ('{\"locale\": \"de\"}')) "
+     "v (d)", "1.5 1,5"),
+    (f"SELECT units_read('5'' 12\"', '{FEET}')", "TU005", "Bytes 3 to 5 of the text are refused."),
+    ("SELECT units_show(1, '{\"plces\": 1}')", "22023", 'there is no member "plces"'),
+    ("SELECT units_show(1, '{\"symbol\": \"x\"}')", "TU001", "Could not find symbol with typeid x."),
+    ("SELECT units_show(1, jsonb_build_object('symbol', repeat('x', 70000)))", "54000", "a display of"),
     ("SELECT units_convert(1, E'\\xff', 'm')", "22021", "invalid byte sequence"),
     ("SELECT count(*) FROM units_list('length') WHERE units_can_convert(type_id, 'm')", 32),
     ("SELECT count(*) FROM units_list() u, units_convertible(u.type_id) c WHERE u.local_id = 'foot' "
@@ -206,6 +217,8 @@ def check_memory(one, count):
     for statement in (f"SELECT sum(units_convert(x, 'ft', 'm')) {series}",
                       f"SELECT sum(units_convert(x, {by_row}, 'm')) {series}",
                       f"SELECT max(units_format(x, 'kg', 2)) {series}",
+                      f"SELECT max(units_show(x, '{FEET}')) {series}",
+                      f"SELECT max(units_show(x, jsonb_build_object('places', x::int % 3))) {series}",
                       f"SELECT max(units_evaluate(x || ' ft', 'm', '{{\"a\": 1}}')) {series}",
                       f"SELECT count(*) {series}, units_symbols('ft') WHERE x < {count} / 50",
                       failing % (count // 50)):
@@ -219,7 +232,9 @@ def check_memory(one, count):
 def check_bundles(one):
     """A bundle of the site's own that is good, bad, changes while a statement runs, or is gone."""
     connection = one.connect()
+    os.mkfifo(one.installation.folder / "pipe")
     for name, text, told in (
+            ("pipe", None, "is no regular file"),
             ("good", HEADER + MORE, None), ("missing", None, "No such file"),
             ("cut", HEADER + MORE[:-40], "not a schema bundle"), ("empty", "", "not a schema bundle"),
             ("newer", HEADER.replace("1", "2") + MORE, "not a schema bundle"),
@@ -266,6 +281,14 @@ def check_settings(one):
     assert rows(latin, "SELECT octet_length(units_format(5, 'degreeCelsius', 0)), "
                        "units_evaluate('20 °C', 'degC'), (units_explain('5 µx', 'm') ->> 'formula')"
                        ) == [(4, 20.0, "5 µx")]
+    for statement, *expected in (
+            ("SELECT units_evaluate('5 ohn', 'ohm')", "TU005", "Did you mean `ohm` or `<U+03A9>`?"),
+            ("SELECT units_explain('5 ohn', 'ohm') ->> 'sentence'", None, "`<U+03A9>`"),
+            ("SELECT units_format(1, 'ohm', 2)", "22P05", "0xce 0xa9"),
+            ("SELECT units_evaluate('x', jsonb_build_object(repeat(chr(233), 600000), repeat('1', 2000)))",
+             "54000", "At most 0 bytes")):
+        state, told = refusal(latin, statement)
+        assert state == expected[0] and expected[1] in told, (statement, state, told)
 
 
 def main(build, count="200000"):

@@ -94,6 +94,7 @@ void checkAnyValues(Connection& connection, Random& random) {
                                   "'ft'",
                                   "'m'",
                                   "'feetAndInches'",
+                                  R"('{"symbol": "trelvon.symbol:foot-1.0.0"}')",
                                   "x''",
                                   "x'00FF'",
                                   "CAST(x'00' AS TEXT)",
@@ -106,11 +107,11 @@ void checkAnyValues(Connection& connection, Random& random) {
   const struct {
     const char* name;
     unsigned least, most;
-  } functions[] = {{"convert", 3, 3},      {"can_convert", 2, 2},  {"evaluate", 1, 6},
-                   {"format", 2, 4},       {"explain", 1, 2},      {"format_fraction", 2, 3},
-                   {"explain_text", 1, 2}, {"explain_tree", 1, 2}, {"load", 1, 1},
-                   {"symbols", 1, 1},      {"quantities", 1, 1},   {"convertible", 1, 1},
-                   {"names", 1, 1}};
+  } functions[] = {
+      {"convert", 3, 3},      {"can_convert", 2, 2},  {"evaluate", 1, 6}, {"format", 2, 4},
+      {"explain", 1, 2},      {"show", 2, 2},         {"read", 2, 2},     {"format_fraction", 2, 3},
+      {"explain_text", 1, 2}, {"explain_tree", 1, 2}, {"load", 1, 1},     {"symbols", 1, 1},
+      {"quantities", 1, 1},   {"convertible", 1, 1},  {"names", 1, 1}};
   for (int round = 0; round < 4000; ++round) {
     const auto& function = functions[random.below(std::size(functions))];
     std::string call = std::string("units_") + function.name + "(";
@@ -173,6 +174,8 @@ void checkAllocations() {
            {"SELECT units_convert(column1, 'ft', 'inch') FROM (VALUES (1), ('2 ft'))", "12.0 24.0"},
            {"SELECT units_evaluate('2 ft + w', 'inch', 'w', '3 in')", "27.0"},
            {"SELECT units_format(1.5, 'feetAndInches', 1)", "1' 6.0\""},
+           {"SELECT units_show(column1, '{\"symbol\":\"ft\"}') FROM (VALUES (1), ('2 ft'))",
+            "1 ft 2 ft"},
            {"SELECT units_explain('2 ft') ->> '$.value', units_can_convert('ft', 'in')", "24.0|1"},
            {"SELECT count(*), group_concat(parents) FROM units_units",
             R"(6|{"foot":2},{"kelvin":1},{"inch":1},{"inch":-1})"},
