@@ -4,6 +4,7 @@
 #include "display/Rounding.h"
 #include "display/WrittenNumber.h"
 #include "model/ShownText.h"
+#include "model/TextEdges.h"
 #include "text/ClassicNumber.h"
 
 #include <algorithm>
@@ -15,15 +16,7 @@ namespace Units {
 
 namespace {
 
-bool startsWith(std::string_view text, std::string_view start) {
-  return text.substr(0, start.size()) == start;
-}
-
 constexpr std::string_view spaces[] = {" ", "\xC2\xA0", "\xE2\x80\xAF"};
-
-bool endsWith(std::string_view text, std::string_view end) {
-  return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
-}
 
 /// The space at an edge of a text; empty if there is none.
 std::string_view spaceAt(std::string_view text, bool isStart) {
@@ -32,7 +25,7 @@ std::string_view spaceAt(std::string_view text, bool isStart) {
   return {};
 }
 
-std::string_view trimmed(std::string_view text) {
+std::string_view withoutSpaces(std::string_view text) {
   text.remove_prefix(spacesIn(text));
   while (!spaceAt(text, false).empty()) text.remove_suffix(spaceAt(text, false).size());
   return text;
@@ -43,7 +36,7 @@ std::string_view trimmed(std::string_view text) {
 std::size_t bytesOfUnit(std::string_view text, const DisplayScale& scale) {
   const std::size_t all = text.size();
   const bool isStart = scale.isPrefix;
-  std::string_view unit = trimmed(scale.text);
+  std::string_view unit = withoutSpaces(scale.text);
   while (!unit.empty()) {
     const std::string_view wanted = unit.substr(isStart ? 0 : unit.size() - 1, 1);
     const std::string_view found = wanted == " " ? spaceAt(text, isStart) : wanted;
@@ -110,7 +103,7 @@ class DisplayReader {
 
 void DisplayReader::trim() {
   at_ = spacesIn(text_);
-  end_ = at_ + trimmed(text_).size();
+  end_ = at_ + withoutSpaces(text_).size();
 }
 
 void DisplayReader::take(DisplayPieceKind kind, std::size_t bytes) {
