@@ -48,7 +48,7 @@ struct DisplayOptions {
   std::string decimalMark;    ///< Instead of the locale's: "." or "," or U+066B.
   std::string groupMark;      ///< Instead of the locale's: "." "," " " U+00A0 U+202F U+2019 U+066C.
   Minus minus = Minus::OfLocale;  ///< How the sign is written.
-  bool hasNoBreakSpaces = false;  ///< Whether all spaces are U+00A0, so that no line ends there.
+  bool hasNoBreakSpaces = false;  ///< Whether each U+0020 is U+00A0, so that no line ends there.
 
   /// Type ids of plain symbols to choose from: the largest unit in which a value is at least
   /// `leastBest` is shown, also if it is only when it is rounded. Of no such unit, the smallest one.

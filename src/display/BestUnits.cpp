@@ -1,5 +1,7 @@
 #include "display/BestUnits.h"
 
+#include "model/Characters.h"
+
 #include <algorithm>
 #include <cmath>
 #include <map>
@@ -75,6 +77,16 @@ void sortScales(std::vector<SizedScale>& sized) {
   sized.erase(std::unique(sized.begin(), sized.end(), equal), sized.end());
 }
 
+/// Whether a text would be read as a part of the number beside it.
+bool looksLikeNumber(const DisplayScale& scale) {
+  const std::string& text = scale.text;
+  if (text.empty()) return false;
+  const bool isSign = text.front() == '-' || text.compare(0, 3, "\xE2\x88\x92") == 0;
+  const bool isDigitBeside =
+      !scale.hasSpace && isDigit(scale.isPrefix ? text.back() : text.front());
+  return (scale.isPrefix && isSign) || isDigitBeside;
+}
+
 }  // namespace
 
 std::optional<Symbol> firstTextOf(const UnitsEngine& engine, const std::string& unitTypeId) {
@@ -94,6 +106,9 @@ DisplayScale scaleOf(const UnitsEngine& engine, const Symbol& symbol,
     scale.isPrefix = shown->getPlacement() == Placement::Prefix;
     scale.hasSpace = shown->hasSpace();
   }
+  if (looksLikeNumber(scale))
+    throw ValidationException("display: the text of " + scale.symbol +
+                              " would look like a part of the number.");
   const std::string own = symbol.getUnit().getTypeId();
   if (own != unitTypeId)
     scale.conversions = DisplayScale::Conversions{PreparedConversion(engine, unitTypeId, own),

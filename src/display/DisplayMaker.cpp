@@ -31,6 +31,7 @@ NumberStyle styleOf(const DisplayOptions& options, const DisplayLocale& locale) 
   if (options.minus == DisplayOptions::Minus::Sign) style.minus = "\xE2\x88\x92";
   style.zero = locale.zero;
   style.space = options.hasNoBreakSpaces ? "\xC2\xA0" : " ";
+  if (style.groupMark == " ") style.groupMark = style.space;
   style.secondaryGroup = locale.secondaryGroup;
   style.minimumGrouping = locale.minimumGrouping;
   style.groups = options.groups;
@@ -59,7 +60,7 @@ void setLayout(const Symbol& symbol, NumberForm& form) {
 
 std::unique_ptr<DisplayContents> makeDisplay(const UnitsEngine& engine,
                                              const DisplayOptions& options) {
-  checkOptions(engine, options);
+  checkOptions(options);
   const DisplayLocale* const locale = findDisplayLocale(options.locale);
   if (!locale) refuseLocale(options.locale);
   auto display = std::make_unique<DisplayContents>();

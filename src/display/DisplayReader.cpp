@@ -4,6 +4,7 @@
 #include "display/Rounding.h"
 #include "display/WrittenNumber.h"
 #include "model/ShownText.h"
+#include "model/TextEdges.h"
 #include "text/ClassicNumber.h"
 
 #include <algorithm>
@@ -15,21 +16,36 @@ namespace Units {
 
 namespace {
 
-bool startsWith(std::string_view text, std::string_view start) {
-  return text.substr(0, start.size()) == start;
-}
-
 constexpr std::string_view spaces[] = {" ", "\xC2\xA0", "\xE2\x80\xAF"};
 
-bool endsWith(std::string_view text, std::string_view end) {
-  return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
+/// The space at an edge of a text; empty if there is none.
+std::string_view spaceAt(std::string_view text, bool isStart) {
+  for (const std::string_view space : spaces)
+    if (isStart ? startsWith(text, space) : endsWith(text, space)) return space;
+  return {};
 }
 
-/// The space at the end of a text; null if there is none.
-const std::string_view* endingSpace(std::string_view text) {
-  for (const std::string_view& space : spaces)
-    if (endsWith(text, space)) return &space;
-  return nullptr;
+std::string_view withoutSpaces(std::string_view text) {
+  text.remove_prefix(spacesIn(text));
+  while (!spaceAt(text, false).empty()) text.remove_suffix(spaceAt(text, false).size());
+  return text;
+}
+
+/// How many bytes at an edge of a text are the text of a unit; 0 if it is not there. Any space stands
+/// for each of its spaces, but for those around it, which are no part of it.
+std::size_t bytesOfUnit(std::string_view text, const DisplayScale& scale) {
+  const std::size_t all = text.size();
+  const bool isStart = scale.isPrefix;
+  std::string_view unit = withoutSpaces(scale.text);
+  while (!unit.empty()) {
+    const std::string_view wanted = unit.substr(isStart ? 0 : unit.size() - 1, 1);
+    const std::string_view found = wanted == " " ? spaceAt(text, isStart) : wanted;
+    const bool isFound = isStart ? startsWith(text, found) : endsWith(text, found);
+    if (found.empty() || !isFound) return 0;
+    isStart ? text.remove_prefix(found.size()) : text.remove_suffix(found.size());
+    isStart ? unit.remove_prefix(1) : unit.remove_suffix(1);
+  }
+  return all - text.size();
 }
 
 std::string inQuotes(std::string_view text) { return '`' + shownText(text) + '`'; }
@@ -66,7 +82,7 @@ class DisplayReader {
   bool readMark(std::string_view mark);
   bool divide(Natural& count, const PartNumber& last, double& value);
   bool readPlain(double& value);
-  const DisplayScale* matchUnit() const;
+  const DisplayScale* matchUnit(std::size_t& bytes) const;
   bool refuseUnit(std::size_t end);
   bool readAmount(bool isInPart, PartNumber& number);
   bool readNumber(bool isInPart, bool isWhole, PartNumber& number);
@@ -86,10 +102,8 @@ class DisplayReader {
 };
 
 void DisplayReader::trim() {
-  end_ = text_.size();
-  skipSpaces();
-  for (const std::string_view* space = endingSpace(rest()); space; space = endingSpace(rest()))
-    end_ -= space->size();
+  at_ = spacesIn(text_);
+  end_ = at_ + withoutSpaces(text_).size();
 }
 
 void DisplayReader::take(DisplayPieceKind kind, std::size_t bytes) {
@@ -295,34 +309,34 @@ bool DisplayReader::readDecimal(const PartNumber& number, double& value) {
 }
 
 /// The scale whose text is the longest before or behind the number; null if there is none.
-const DisplayScale* DisplayReader::matchUnit() const {
+/// @param bytes  set to the bytes of that text.
+const DisplayScale* DisplayReader::matchUnit(std::size_t& bytes) const {
   const DisplayScale* longest = nullptr;
-  const std::string_view text = rest();
+  std::string_view number = rest();
   for (const DisplayScale& scale : display_.scales) {
-    const std::string& unit = scale.text;
-    if (unit.empty() || (longest && longest->text.size() >= unit.size())) continue;
-    if (scale.isPrefix ? startsWith(text, unit) : endsWith(text, unit)) longest = &scale;
+    const std::size_t matched = bytesOfUnit(number, scale);
+    if (matched <= bytes) continue;
+    bytes = matched;
+    longest = &scale;
   }
   if (!longest) return nullptr;
   // A text that begins or ends as numbers do is told from them by a space.
-  const std::string& unit = longest->text;
-  const char edge = longest->isPrefix ? unit.back() : unit.front();
-  const std::string_view number =
-      longest->isPrefix ? text.substr(unit.size()) : text.substr(0, text.size() - unit.size());
-  const bool needsSpace = edge >= ',' && edge <= '9';
-  if (!needsSpace || !longest->hasSpace) return longest;
-  return (longest->isPrefix ? spacesIn(number) != 0 : endingSpace(number) != nullptr) ? longest
-                                                                                      : nullptr;
+  const bool isPrefix = longest->isPrefix;
+  const char edge = number[isPrefix ? bytes - 1 : number.size() - bytes];
+  isPrefix ? number.remove_prefix(bytes) : number.remove_suffix(bytes);
+  const bool needsSpace = edge >= ',' && edge <= '9' && longest->hasSpace;
+  return !needsSpace || !spaceAt(number, isPrefix).empty() ? longest : nullptr;
 }
 
 bool DisplayReader::readPlain(double& value) {
-  const DisplayScale* const matched = matchUnit();
+  std::size_t bytes = 0;  // of the unit
+  const DisplayScale* const matched = matchUnit(bytes);
   const std::size_t end = end_;
   if (matched && matched->isPrefix) {
-    take(DisplayPieceKind::Unit, matched->text.size());
+    take(DisplayPieceKind::Unit, bytes);
     skipSpaces();
   } else if (matched) {
-    end_ -= matched->text.size();
+    end_ -= bytes;
   }
   PartNumber number;
   if (!readAmount(false, number)) return false;
@@ -332,7 +346,7 @@ bool DisplayReader::readPlain(double& value) {
                                                                   : nullptr;
   if (at_ != end_ || !scale) return refuseUnit(matched ? end_ : end);
   end_ = end;
-  if (matched && !matched->isPrefix) take(DisplayPieceKind::Unit, matched->text.size());
+  if (matched && !matched->isPrefix) take(DisplayPieceKind::Unit, bytes);
   double amount = 0.0;
   if (display_.form.kind == NumberForm::Kind::Fraction && number.places.empty()) {
     if (number.whole.size() > mostWholeDigits) return refuseRange();

@@ -65,7 +65,6 @@ void NumberWriter::writeNumber(std::string_view whole, const RoundedNumber& numb
   writeDigits(digits);
 }
 
-/// Spaces of a mark are those of the style.
 void NumberWriter::writeMark(std::string_view mark) {
   for (const char c : mark) {
     if (c == ' ')

@@ -20,12 +20,14 @@ class NumberWriter {
   /// ASCII digits as those of the locale.
   void writeDigits(std::string_view digits);
 
+  /// A mark of a composite or the text of a unit, whose spaces are those of the style.
+  void writeMark(std::string_view mark);
+
  private:
   void writeWhole(std::string_view digits, bool isAlone);
   void writeGrouped(std::string_view digits, std::size_t secondary);
   void writeNumber(std::string_view whole, const RoundedNumber& number, bool isPart);
   void writeFraction(std::string_view whole, const RoundedNumber& number);
-  void writeMark(std::string_view mark);
 
   const NumberForm& form_;
   const NumberStyle& style_;

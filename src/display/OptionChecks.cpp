@@ -1,6 +1,7 @@
 #include "display/OptionChecks.h"
 
 #include "model/ShownText.h"
+#include "text/DisplayText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -19,15 +20,15 @@ bool isOneOf(std::string_view text, std::initializer_list<std::string_view> all)
 
 bool isSpaceMark(std::string_view mark) { return isOneOf(mark, {" ", "\xC2\xA0", "\xE2\x80\xAF"}); }
 
-void checkRounding(const UnitsEngine& engine, const DisplayOptions& options) {
+void checkRounding(const DisplayOptions& options) {
   if (options.places.has_value() + options.denominator.has_value() +
           options.significant.has_value() >
       1)
     refuse("only one of places, denominator and significant can be given");
   if (options.places && *options.places < 0) refuse("there are no negative places");
-  if (options.places)  // refuses by the engine's own message
-    engine.formatFixedPoint(0.0, static_cast<unsigned char>(std::min(*options.places, 255)),
-                            nullptr, false);
+  if (options.places)  // refuses by the engine's own message, whoever has made the engine
+    formatFixedPoint(0.0, static_cast<unsigned char>(std::min(*options.places, 255)), nullptr,
+                     false, {});
   const int denominator = options.denominator.value_or(1);
   constexpr int finest = 512;
   if (denominator < 1 || denominator > finest || (denominator & (denominator - 1)) != 0)
@@ -56,8 +57,8 @@ bool isSameMark(std::string_view left, std::string_view right) {
   return left == right || (isSpaceMark(left) && isSpaceMark(right));
 }
 
-void checkOptions(const UnitsEngine& engine, const DisplayOptions& options) {
-  checkRounding(engine, options);
+void checkOptions(const DisplayOptions& options) {
+  checkRounding(options);
   checkMarks(options);
 }
 

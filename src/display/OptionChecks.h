@@ -11,7 +11,7 @@ namespace Units {
 
 /// Checks what can be checked of options alone, apart from the locale.
 /// @throws ValidationException, PrecisionException  options are out of range or exclude each other.
-void checkOptions(const UnitsEngine& engine, const DisplayOptions& options);
+void checkOptions(const DisplayOptions& options);
 
 /// Checks what a composite symbol cannot show.
 void checkLayout(const DisplayOptions& options, const CompositeLayout* layout);

@@ -11,21 +11,22 @@ namespace Units {
 std::string showAmount(double amount, const DisplayScale& scale, const NumberForm& form,
                        const NumberStyle& style) {
   std::string text;
+  NumberWriter writer(form, style, text);
   const bool isFinite = std::isfinite(amount);
   const RoundedNumber number = isFinite ? roundNumber(amount, form) : RoundedNumber();
   if (isFinite ? number.isNegative : amount < 0.0) text += style.minus;
   const bool isDecorated = !scale.text.empty() && (isFinite || !form.layout);
   if (isDecorated && scale.isPrefix) {
-    text += scale.text;
+    writer.writeMark(scale.text);
     if (scale.hasSpace) text += style.space;
   }
   if (isFinite)
-    NumberWriter(form, style, text).write(number);
+    writer.write(number);
   else
     appendFixed(text, amount, 0);  // the engine's words
   if (isDecorated && !scale.isPrefix) {
     if (scale.hasSpace) text += style.space;
-    text += scale.text;
+    writer.writeMark(scale.text);
   }
   return text;
 }

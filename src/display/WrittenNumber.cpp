@@ -1,6 +1,7 @@
 #include "display/WrittenNumber.h"
 
 #include "model/Characters.h"
+#include "model/TextEdges.h"
 
 #include <algorithm>
 
@@ -16,10 +17,6 @@ struct Mark {
 constexpr Mark marks[] = {
     {".", '.'}, {",", ','}, {"\xD9\xAB", 'd'}, {"\xD9\xAC", 'g'},    {"\xE2\x80\x99", 'a'},
     {"'", 'a'}, {" ", 's'}, {"\xC2\xA0", 's'}, {"\xE2\x80\xAF", 's'}};
-
-bool startsWith(std::string_view text, std::string_view start) {
-  return text.substr(0, start.size()) == start;
-}
 
 const Mark* markAt(std::string_view text) {
   for (const Mark& mark : marks)

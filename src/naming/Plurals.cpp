@@ -1,6 +1,7 @@
 #include "naming/Plurals.h"
 
 #include "model/Characters.h"
+#include "model/TextEdges.h"
 
 #include <algorithm>
 
@@ -9,10 +10,6 @@ namespace Units {
 namespace {
 
 constexpr std::size_t longestText = 200;
-
-bool endsWith(std::string_view text, std::string_view end) {
-  return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
-}
 
 /// The words of which a word in lower case may be the plural.
 std::vector<std::string> singularsOfWord(const std::string& word) {

@@ -55,7 +55,7 @@ class AnyName final : public KnownVariables {
   const VariableValue* find(std::string_view) override { return &any_; }
 
  private:
-  const VariableValue any_{};
+  const VariableValue any_ = {};
 };
 
 }  // namespace

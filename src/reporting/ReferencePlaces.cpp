@@ -2,14 +2,14 @@
 
 namespace Schemas {
 
-using Kind = Units::ReadingStep::Kind;
+using StepKind = Units::ReadingStep::Kind;
 
 const ReferencePlaces::Children& ReferencePlaces::childrenOf(const char* constant) {
   const auto [entry, isNew] = children_.try_emplace(constant);
   if (!isNew) return entry->second;
-  const std::size_t value = valueAt(
-      places_,
-      {{Kind::Member, "constants", 0}, {Kind::Property, constant, 0}, {Kind::Value, "", 0}});
+  const std::size_t value = valueAt(places_, {{StepKind::Member, "constants", 0},
+                                              {StepKind::Property, constant, 0},
+                                              {StepKind::Value, "", 0}});
   for (std::size_t child = places_.element(value, 0); child != TextPlaces::none;
        child = places_.value(child).next) {
     entry->second.byName[places_.value(child).name] = child;

@@ -95,7 +95,8 @@ KindWords kindWordsOf(std::string_view baseTypeId) {
   KindWords words;
   for (auto colon = baseTypeId.find(':'); colon != baseTypeId.npos; colon = baseTypeId.find(':')) {
     baseTypeId.remove_prefix(colon + 1);
-    const std::string_view word = baseTypeId.substr(0, baseTypeId.find('-'));
+    // Up to the next colon at most, so that no part of the text is searched twice.
+    const std::string_view word = baseTypeId.substr(0, baseTypeId.find_first_of("-:"));
     if (baseTypeId.substr(word.size(), version.size()) == version) words.push_back(word);
   }
   return words;

@@ -306,6 +306,8 @@ void readAllSymbols(const Units::UnitsEngine& engine, Random& random) {
     options.hasNoBreakSpaces = random.oneIn(2);
     if (symbol.getPrefixOrSuffix() && random.oneIn(2)) options.denominator = 8;
     const ValueDisplay display(engine, options);
+    check(!options.hasNoBreakSpaces || display.show(-1.5).find(' ') == std::string::npos, typeId,
+          " has a space where a line may end");
     for (const double value : {0.5, 12.0, -1234567.25})
       check(display.read(display.show(value)).value() == value, display.show(value), " by ",
             display.toJson());

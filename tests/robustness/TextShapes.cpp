@@ -58,6 +58,10 @@ std::vector<Shape> textShapes() {
   std::vector<Shape> shapes = {
       {"unclosed at the start", true,
        [](int size, auto& e) { return addition(repeated("[", size), e); }},
+      {"colons in what a schema inherits", true,
+       [](int size, auto& e) {
+         return addition(quoted("{'typeid':'new','inherits':['" + repeated(":", size) + "']}"), e);
+       }},
       {"empty texts in a bundle", true,
        [](int size, auto& e) { return bundleLoad(Texts(static_cast<std::size_t>(size)), e); }},
       {"a long text in a bundle", true,

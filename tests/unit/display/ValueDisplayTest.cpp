@@ -1,4 +1,5 @@
 #include "tests/docs/Page.h"
+#include "tests/support/HostEngine.h"
 
 #include <TrelvonUnits/ValueDisplay.h>
 
@@ -83,6 +84,17 @@ TEST(ValueDisplay, CannotBeWhatMakesNoSense) {
               '"' + std::string(said) + '"');
 }
 
+TEST(ValueDisplay, ChecksPlacesWhateverAHostsEngineAccepts) {
+  struct Lax : HostEngine {
+    std::string formatFixedPoint(double, unsigned char, const std::string*, bool) const override {
+      return "";
+    }
+  };
+  DisplayOptions options;
+  options.places = 200;
+  EXPECT_THROW(ValueDisplay(Lax(), options), PrecisionException);
+}
+
 TEST(ValueDisplay, IsDataThatAHostStores) {
   const std::string all =
       "{'unit':'unit:foot','symbol':'symbol:meter','places':3,'trims':true,'groups':true,"
@@ -113,6 +125,29 @@ TEST(ValueDisplay, ChoosesTheBestUnitByRules) {
       shown("{'symbol':'symbol:inch','places':1,'best':{'symbols':['symbol:mile','symbol:foot'],"
             "'least':2}}"),
       "0.0 in, 0.4 in, 1.0 in, 83.3 ft, 83.3 ft, -100.0 ft, 47348.5 mi, ");
+}
+
+TEST(ValueDisplay, TakesTextsOfSymbolsAsTheyAre) {
+  const std::unique_ptr<UnitsEngine> own = makeCatalogueEngine();
+  const Unit foot = own->getUnit("trelvon.unit:foot-1.0.0");
+  own->addSymbol(Symbol("edges", foot, PrefixOrSuffix(" a b ", Placement::Suffix, true)));
+  const auto display = ValueDisplay::fromJson(*own, R"({"symbol":"edges","noBreakSpaces":true})");
+  EXPECT_EQ(display.show(5),
+            "5\xC2\xA0\xC2\xA0"
+            "a\xC2\xA0"
+            "b\xC2\xA0");
+  for (const std::string& text : {display.show(5), std::string("5 a b"),
+                                  std::string("5a\xE2\x80\xAF"
+                                              "b")})
+    EXPECT_EQ(display.read(text).value(), 5) << text;
+  EXPECT_EQ(display.read("5 ab").isRead(), false);
+  for (const char* text : {"-", "\xE2\x88\x92$", "5"}) {
+    own->addSymbol(Symbol(text, foot, PrefixOrSuffix(text, Placement::Prefix, false)));
+    const std::string json = R"({"symbol":")" + std::string(text) + R"("})";
+    EXPECT_EQ(
+        answerOf([&] { return ValueDisplay::fromJson(*own, json).toJson(); }),
+        "\"display: the text of " + std::string(text) + " would look like a part of the number.\"");
+  }
 }
 
 TEST(ValueDisplay, ReadsStrictlyAndSaysWhyNot) {

@@ -71,7 +71,7 @@ struct NameRow {
 class ParameterNames : public Parameters, public testing::WithParamInterface<NameRow> {};
 
 TEST_P(ParameterNames, AreCheckedWhenTheyAreSet) {
-  const auto& [test, name, refusal] = GetParam();
+  const std::string &name = GetParam().name, &refusal = GetParam().refusal;
   table_.set("old", "1");
   table_.set("user", "old + 1");
   if (refusal.empty()) {
@@ -119,8 +119,8 @@ struct ProblemRow {
 class ParameterProblems : public Parameters, public testing::WithParamInterface<ProblemRow> {};
 
 TEST_P(ParameterProblems, AreNamedInFullAndConcernNothingElse) {
-  const auto& [test, rows, name, message] = GetParam();
-  fill(rows);
+  const std::string &name = GetParam().name, &message = GetParam().message;
+  fill(GetParam().rows);
   fill({{"sound", "2"}, {"twice", "2 * sound"}});
   EXPECT_EQ(noValue(name), message);
   EXPECT_EQ(messageOf<ParseException>([&] { table_.powers(name); }), message);
