@@ -59,14 +59,13 @@ export const kinds = ["dimension", "factor", "unit", "symbol", "quantity"];
 /**
  * What functions take, and what they give. A letter each:
  *
- *   h handle   n number   t text   o text or null   a array of texts or null   c its length
+ *   h handle   n number   t text   o text or null   a array of texts   c the length of that array
  *   p powers, as an array of [type id, exponent]    r variables: null, or a function from a name to
  *   a text, which refuses by throwing a TrelvonError
  */
 export const functions = {
   engine_create: ["", "handle"],
   convert: ["hntt", "double"],
-  convert_named: ["hhntt", "double"],
   can_convert: ["htt", "int"],
   format_fixed: ["hnnon", "text"],
   format_fractional: ["hnno", "text"],
@@ -94,7 +93,6 @@ export const functions = {
   load_report_text: ["h", "text"],
   load_report_sarif: ["h", "text"],
   conversion_create: ["htt", "handle"],
-  conversion_create_named: ["hhtt", "handle"],
   record: ["hnt", "list of kind"],
   records: ["hn", "list of kind"],
   primitive_units: ["h", "list of unit"],
@@ -172,10 +170,9 @@ class Frame {
   }
 
   array(items, size, write) {
-    this.length = items?.length ?? 0;
-    if (items === null) return 0;
     const block = this.take(items.length * size);
     items.forEach((item, index) => write(item, block + index * size));
+    this.length = items.length;
     return block;
   }
 

@@ -38,10 +38,11 @@ const std::map<std::string, const char*> statements = {
     {"evaluate_unitless", "SELECT units_evaluate(?1)"},
     {"explain", "SELECT units_explain_text(?2, ?1)"},
     {"explain null", "SELECT units_explain_text(?2)"},
+    {"explain_hidden", "SELECT units_explain_text(?2, ?1)"},
     {"explain_tree", "SELECT units_explain_tree(?2, ?1)"},
     {"explain_tree null", "SELECT units_explain_tree(?2)"},
-    {"explain_json null", "SELECT units_explain(?2)"},
     {"explain_json", "SELECT units_explain(?2, ?1)"},
+    {"explain_json null", "SELECT units_explain(?2)"},
     {"record unit", UNITS " FROM units_units WHERE type_id = ?2"},
     {"record symbol", SYMBOLS " FROM units_symbols WHERE type_id = ?2"},
     {"record quantity", QUANTITIES " FROM units_quantities WHERE type_id = ?2"},
@@ -56,9 +57,7 @@ const std::map<std::string, const char*> statements = {
     {"find",
      "SELECT text, unit, instr('type id   local id  name      symbol    code      "
      "expression', kind) / 10, is_exact FROM units_names(?1)"},
-    {"local_id",
-     "SELECT local_id FROM units_units WHERE type_id = ?1 UNION"
-     " SELECT local_id FROM units_symbols WHERE type_id = ?1"},
+    {"local_id", "SELECT local_id FROM units_units WHERE type_id = ?1"},
     {"load_folder", "SELECT units_load(?1)"}};
 
 /// With the words from the fourth on, NAME=VALUE, as variables.
@@ -72,26 +71,25 @@ std::string evaluation() {
   return sql + ")";
 }
 
-/// Of the words from the third on, as rows.
-std::string array() {
-  std::string rows = "SELECT NULL AS x WHERE FALSE";
+/// Of the words from the third on, as rows; NULL stays NULL, of which nothing is printed.
+std::string conversions() {
+  std::string sql = "SELECT units_convert(column1, ?1, ?2) FROM (VALUES (NULL)";
   for (std::size_t index = 3; index < word_count; ++index)
-    rows += " UNION ALL SELECT @" + std::to_string(index);
-  return "SELECT units_convert(x, ?1, ?2) FROM (" + rows + ")";
+    sql += ", (@" + std::to_string(index) + ")";
+  return sql + ")";
 }
 
 /// By the call, with what stands for a null or names a kind of records.
 std::string statement() {
   const std::string call = words[0].data;
   if (call == "evaluate") return evaluation();
-  if (call == "prepared_array") return array();
+  if (call == "prepared_array") return conversions();
   for (std::size_t index = 1; index < word_count; ++index) {
     const auto found =
         statements.find(call + " " + (words[index].data == nullptr ? "null" : words[index].data));
     if (found != statements.end()) return found->second;
   }
-  const auto found = statements.find(call);
-  return found == statements.end() ? "no statement for " + call : found->second;
+  return statements.at(call);
 }
 
 void bind(sqlite3_stmt* statement) {

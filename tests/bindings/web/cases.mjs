@@ -52,9 +52,8 @@ export class Cases {
   /** Calls a function with words, as its row in `functions` takes them, and gives words. */
   plain(name, words) {
     const [takes, gives] = functions[name], rest = [...words];
-    const handles = name.startsWith("names_") ? [this.names] : [this.engine, this.names];
     const next = {
-      h: () => handles.shift(),
+      h: () => name.startsWith("names_") ? this.names : this.engine,
       n: () => number(rest.shift()),
       a: () => [rest.shift()],
       p: () => pairs(rest.splice(0)),
@@ -75,40 +74,39 @@ export class Cases {
     return [this.library.call(how, this.plain(by, words))];
   }
 
-  /** Loads with a report; names of variables are words behind the options. */
-  loaded(what, texts, options, ...names) {
-    const [name, ...variables] = names.length > 0 ? [what + "_for", names] : [what];
-    return this.library.call(name, this.engine, ...variables, ...texts, Number(options));
+  /** Where names of variables follow the other words, they go first. */
+  loaded(how, words) {
+    const names = words.slice(3);
+    if (names.length === 0) return this.plain(how, words);
+    const first = how === "load_texts" ? [[words[0]], [words[1]]] : words.slice(0, 2);
+    return this.library.call(how + "_for", this.engine, names, ...first, number(words[2]));
   }
 
-  loadedText([name, text, ...rest]) {
-    return this.loaded("load_texts", [[name], [text]], ...rest);
-  }
-
-  reported(report, by = "load_report_text") {
+  reported(report) {
     const counts = ["errors", "warnings"].map(what => String(this.library.count(what, report)));
-    return [...counts, this.library.call(by, report)];
-  }
-
-  converted(from, to, ...numbers) {
-    const made = this.plain("conversion_create", [from, to]);
-    return this.library.apply(made, numbers.map(number)).map(bits);
+    return [...counts, this.library.call("load_report_text", report)];
   }
 
   run([call, ...words]) {
     const others = {
-      prepared: () => this.converted(...words),
-      prepared_array: () => this.converted(...words),
+      prepared: () => {
+        const made = this.plain("conversion_create", words);
+        return this.library.apply(made, [number(words[2]), 0]).slice(0, 1).map(bits);
+      },
+      prepared_array: () => {
+        const made = this.plain("conversion_create", words);
+        return this.library.apply(made, words.slice(2).map(number)).map(bits);
+      },
       explain: () => this.explained("explain_text", words),
       explain_tree: () => this.explained(call, words),
       explain_json: () => this.explained(call, words),
       explain_unitless: () => this.explained("explain_text", words, call),
       explain_hidden: () => this.explained("explain_text", words, call),
       explain_unitless_hidden: () => this.explained("explain_text", words, call),
-      load_text: () => this.reported(this.loadedText(words)),
-      load_report_json: () => this.reported(this.loadedText(words), call).slice(2),
-      load_report_sarif: () => this.reported(this.loadedText(words), call).slice(2),
-      load_bundle: () => this.reported(this.loaded(call, words.slice(0, 2), ...words.slice(2))),
+      load_text: () => this.reported(this.loaded("load_texts", words)),
+      load_report_json: () => [this.library.call(call, this.loaded("load_texts", words))],
+      load_report_sarif: () => [this.library.call(call, this.loaded("load_texts", words))],
+      load_bundle: () => this.reported(this.loaded(call, words)),
       check_text: () => this.reported(this.plain(call, words)),
       learn_names: () => this.learn(words)
     };
