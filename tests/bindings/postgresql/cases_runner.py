@@ -13,7 +13,7 @@ sys.path.insert(0, "tests/cases")
 import cases  # noqa: E402
 
 STATUSES = {"TU001": "UNRECOGNIZED", "TU002": "UNRECOGNIZED", "TU003": "INCOMPATIBLE",
-            "TU004": "PRECISION", "TU005": "PARSE"}
+            "TU004": "PRECISION", "TU005": "PARSE", "22023": "VALIDATION"}
 # As a column, so that nothing is known when the statement is planned.
 CONVERT = "SELECT units_convert(x, a, b) FROM (SELECT %s::float8 x, %s a, %s b OFFSET 0) v"
 ARRAY = "SELECT units_convert(x, {}, {}) FROM unnest(ARRAY[0] || %s::float8[]) x OFFSET 1"
@@ -57,6 +57,9 @@ CALLS = {
         display("units_format", value, places, symbol, trim),
     "format_fractional": lambda value, precision, symbol:
         display("units_format_fraction", value, precision, symbol),
+    "display_show": lambda options, value: (
+        "SELECT units_show(%s::float8, %s::jsonb)", [value, options]),
+    "display_read": lambda options, text: ("SELECT units_read(%s, %s::jsonb)", [text, options]),
     "evaluate": lambda unit, text, *words: formula("units_evaluate", unit, text, words),
     "evaluate_unitless": lambda text, *words: formula("units_evaluate", None, text, words),
     "explain": lambda unit, text, *words: formula("units_explain_text", unit, text, words),
