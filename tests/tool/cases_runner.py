@@ -28,6 +28,7 @@ def formula(command, unit, text, *variables):
 
 COMMANDS = {
     "convert": lambda value, source, target: ["convert", value, source, target],
+    "convert_named": lambda value, source, target: ["convert", value, source, target],
     "prepared": lambda source, target, value: ["convert", value, source, target],
     "format_fixed": lambda value, places, symbol, _: formatted(value, "--places", places, symbol),
     "format_fractional": lambda value, power, symbol: formatted(value, "--fraction", power, symbol),
