@@ -38,6 +38,7 @@ def displayed(options, text, *more):
 FOLDER = tempfile.TemporaryDirectory()
 COMMANDS = {
     "convert": lambda value, source, target: ["convert", value, source, target],
+    "convert_named": lambda value, source, target: ["convert", value, source, target],
     "prepared": lambda source, target, value: ["convert", value, source, target],
     "format_fixed": lambda value, places, symbol, _: formatted(value, "--places", places, symbol),
     "format_fractional": lambda value, power, symbol: formatted(value, "--fraction", power, symbol),

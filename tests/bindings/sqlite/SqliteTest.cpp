@@ -212,6 +212,12 @@ int main() {
   Random random(1);
   checkAnyValues(connection, random);
   checkQueries(connection);
+  checkAll(connection, {{"SELECT units_evaluate(CAST(x'C328FF' AS TEXT), 'm')",
+                         "error: Unrecognized identifier: \\xC3."}});
+  Connection wide;
+  wide.run("PRAGMA encoding = 'UTF-16'");
+  wide.load(TRELVON_EXTENSION);
+  checkQueries(wide);
   checkLoading();
   checkThreads();
   checkAllocations();
