@@ -3,6 +3,8 @@
 #include "tests/fuzz/Fuzzer.h"
 #include "tests/support/Sample.h"
 
+#include <cmath>
+#include <cstdio>
 #include <map>
 #include <string>
 #include <vector>
@@ -71,8 +73,32 @@ class Reference {
     const std::string enclosed = "(" + text + ")";
     if (value(enclosed, "") != "none") return enclosed + suffixes.at(row.unit);
     if (value(enclosed, row.unit) == "none") return "";
-    const bool isInverted = value(enclosed + "+(0)" + suffixes.at(row.unit), row.unit) == "none";
-    return isInverted ? enclosed + "^-1" : text;
+    return isReciprocal(enclosed, row.unit) ? reciprocal(enclosed, row.unit == "perInch") : text;
+  }
+
+  bool isReciprocal(const std::string& formula, const std::string& unit) {
+    const auto resolver = [this](const std::string& name) { return replacement(name); };
+    for (const auto& warning : explainFormula(engine_, unit, formula, resolver).warnings())
+      if (warning.kind() == Units::FormulaExplanation::WarningKind::ReciprocalConverted)
+        return true;
+    return false;
+  }
+
+  /// The text of a reciprocal in primitive units, of any value: `^` refuses 0 and what counts as 0.
+  std::string reciprocal(const std::string& formula, bool isPerInch) {
+    const auto resolver = [this](const std::string& name) { return replacement(name); };
+    const double value =
+        engine_.evaluateExpressionInUnit(isPerInch ? "inch" : "perInch", formula, resolver);
+    const double inverse = std::pow(value, -1.0);
+    const std::string unit = isPerInch ? " pin)" : " in)";
+    return (std::signbit(inverse) ? "-(" : "(") + spelled(std::fabs(inverse)) + unit;
+  }
+
+  static std::string spelled(double number) {
+    if (std::isinf(number)) return "(1e308*10)";
+    char digits[64];
+    std::snprintf(digits, sizeof digits, "%.17g", number);
+    return digits;
   }
 
   std::string value(const std::string& formula, const std::string& unit) {
