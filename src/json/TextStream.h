@@ -43,8 +43,9 @@ inline std::size_t countPlain(const char* eight) {
 /// for plain ones, and read beyond the text.
 template <>
 template <>
-inline void rapidjson::GenericReader<rapidjson::UTF8<>, rapidjson::UTF8<>, ThrowingAllocator>::
-    ScanCopyUnescapedString(TextStream& in, TextStream& out) {
+inline void rapidjson::GenericReader<rapidjson::UTF8<>, rapidjson::UTF8<>,
+                                     ThrowingAllocator>::ScanCopyUnescapedString(TextStream& in,
+                                                                                 TextStream& out) {
   char* from = in.src_;
   char* to = out.dst_;
   for (std::size_t plain = 8; plain == 8 && in.end - from >= 8; from += plain, to += plain) {

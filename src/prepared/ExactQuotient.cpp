@@ -67,7 +67,8 @@ std::uint64_t inverseOf2To54(std::uint64_t odd) {
 
 /// Whether two products give the nearest double for the only numerator that is in doubt, if any is.
 TRELVON_TARGET bool passesTrial(const Divisor& by) {
-  if (std::abs(by.low) < std::abs(by.high) * 0x1p-55) return true;  // tuning: the trial takes longer
+  if (std::abs(by.low) < std::abs(by.high) * 0x1p-55)
+    return true;  // tuning: the trial takes longer
   const std::uint64_t significand = significandOf(by.divisor);
   if (significand % 2 == 0) return true;
   const std::uint64_t inverse = inverseOf2To54(significand);

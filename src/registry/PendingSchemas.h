@@ -45,9 +45,9 @@ struct PendingSchema {
   struct OnlyAwaited {};  // other schemas refer to this type id, and none of it was read
 
   // In the order in which the records are built. The long ones, of which there are few, lie elsewhere.
-  using Contents = std::variant<OnlyAwaited, Dimension, Factor, Unit,
-                                std::unique_ptr<DimensionalUnitSchema>, SymbolSchema,
-                                std::unique_ptr<QuantitySchema>>;
+  using Contents =
+      std::variant<OnlyAwaited, Dimension, Factor, Unit, std::unique_ptr<DimensionalUnitSchema>,
+                   SymbolSchema, std::unique_ptr<QuantitySchema>>;
 
   bool isRegistered() const { return !std::holds_alternative<OnlyAwaited>(contents); }
 

@@ -110,8 +110,7 @@ void addPending(const UnitSchemaData& data, SchemaIds& ids) {
 Unit build(const SharedText& typeId, DimensionalUnitSchema& schema, const Registries& registries) {
   const PrimitiveUnitComponent component(
       findDependency(registries.dimensions, schema.dimension, typeId));
-  return RecordAccess::make<Unit>(typeId, std::move(schema.name), schema.unitSystem,
-                                  component);
+  return RecordAccess::make<Unit>(typeId, std::move(schema.name), schema.unitSystem, component);
 }
 
 void collectUnitReferences(const RecordNode<Unit>& unit, References& out) {
