@@ -93,7 +93,7 @@ const Value* memberOf(const Value& object, const char* name) {
   return found == object.MemberEnd() ? nullptr : &found->value;
 }
 
-std::string textOf(const Value* value) {
+std::string stringOf(const Value* value) {
   return value != nullptr && value->IsString() ? std::string(viewOf(*value)) : std::string();
 }
 
@@ -143,8 +143,8 @@ std::string sourceText(const Value& source) {
   const Value* const documents = memberOf(source, "document");
   if (documents != nullptr && documents->IsArray())
     for (const Value& document : documents->GetArray())
-      text += (text.empty() ? "" : ", ") + textOf(&document);
-  const std::string note = textOf(memberOf(source, "note"));
+      text += (text.empty() ? "" : ", ") + stringOf(&document);
+  const std::string note = stringOf(memberOf(source, "note"));
   return note.empty() ? text : text + (text.empty() ? "" : "; ") + note;
 }
 
@@ -152,7 +152,7 @@ void readConstants(const Value& constants, std::map<std::string, std::string>& o
   for (const Value& constant : constants.GetArray()) {
     const Value* value = memberOf(constant, "value");
     if (value == nullptr) value = memberOf(constant, "typedValue");
-    if (value != nullptr) out.emplace(textOf(memberOf(constant, "id")), compactText(*value));
+    if (value != nullptr) out.emplace(stringOf(memberOf(constant, "id")), compactText(*value));
   }
 }
 
@@ -165,18 +165,18 @@ std::optional<SchemaNotes> readSchemaNotes(std::string_view text) {
   document.Parse<flags>(text.data(), text.size());
   if (document.HasParseError()) return std::nullopt;
   SchemaNotes notes;
-  notes.typeId = textOf(memberOf(document, "typeid"));
+  notes.typeId = stringOf(memberOf(document, "typeid"));
   if (notes.typeId.empty()) return std::nullopt;
   if (const Value* const source = memberOf(document, "source")) {
-    notes.source = source->IsString() ? textOf(source) : sourceText(*source);
-    if (const Value* const exact = memberOf(*source, "exact")) notes.exact = textOf(exact);
+    notes.source = source->IsString() ? stringOf(source) : sourceText(*source);
+    if (const Value* const exact = memberOf(*source, "exact")) notes.exact = stringOf(exact);
     const Value* const power = memberOf(*source, "piPower");
     if (power != nullptr && power->IsInt()) notes.piPower = power->GetInt();
   }
   if (const Value* const bases = memberOf(document, "inherits"))
     if (bases->IsArray())
       for (const Value& base : bases->GetArray())
-        notes.bases += (notes.bases.empty() ? "" : ",") + textOf(&base);
+        notes.bases += (notes.bases.empty() ? "" : ",") + stringOf(&base);
   const Value* const constants = memberOf(document, "constants");
   if (constants != nullptr && constants->IsArray()) readConstants(*constants, notes.constants);
   return notes;
