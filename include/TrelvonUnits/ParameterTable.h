@@ -27,7 +27,7 @@ enum class ParameterProblemKind : std::int32_t {
 /// One cause why parameters have no value. Its members are part of the binary interface and stay as
 /// they are.
 struct ParameterProblem {
-  ParameterProblemKind kind;
+  ParameterProblemKind kind;  ///< Which cause it is.
   /// The parameter, then the missing names. Of a cycle, its parameters in order, each of which refers
   /// to the next one, and the last one to the first.
   std::vector<std::string> names;
@@ -36,8 +36,8 @@ struct ParameterProblem {
 
 /// A parameter in an explanation. Its members are part of the binary interface and stay as they are.
 struct ParameterExplanation {
-  std::string name;
-  std::string formula;
+  std::string name;        ///< As it was set.
+  std::string formula;     ///< As `ParameterTable::formula` gives it.
   std::string unitTypeId;  ///< Empty if it has no unit of its own.
   std::string message;     ///< Why it has no value; empty if it has one.
   /// How its formula was read and evaluated. Absent if what it refers to has no value. A parameter
@@ -88,6 +88,7 @@ class TRELVONUNITS_API ParameterTable {
 
   /// Defines a parameter, or replaces its formula and unit.
   ///
+  /// @param name        UTF-8.
   /// @param formula     UTF-8, of any length. It must be a whole formula by itself.
   /// @param unitTypeId  the unit that the parameter is counted in; empty if its formula decides. A
   ///                    plain number is taken to be in it. A value in the reciprocal dimension is
@@ -135,9 +136,9 @@ class TRELVONUNITS_API ParameterTable {
   /// number. Throws as `value`.
   std::map<std::string, double> powers(const std::string& name) const;
 
-  bool contains(const std::string& name) const;
-  std::size_t size() const;                ///< How many parameters are defined.
-  std::vector<std::string> names() const;  ///< Of all, in byte order.
+  bool contains(const std::string& name) const;  ///< Whether a parameter is defined.
+  std::size_t size() const;                      ///< How many parameters are defined.
+  std::vector<std::string> names() const;        ///< Of all, in byte order.
 
   /// As it was set, with the names that its parameters have now.
   /// @throws UnrecognizedIdentifierException  there is no parameter `name`; the same below.
@@ -160,7 +161,7 @@ class TRELVONUNITS_API ParameterTable {
 
   /// The same as text for people, and as JSON, which docs/parameters.md describes.
   std::string explainText(const std::string& name) const;
-  std::string explainJson(const std::string& name) const;
+  std::string explainJson(const std::string& name) const;  ///< See `explainText`.
 
  private:
   const std::unique_ptr<ParameterTableContents> contents_;

@@ -65,8 +65,8 @@ enum class DisplayPieceKind : std::int32_t { Sign = 1, Number = 2, Fraction = 3,
 /// A piece of a text that was read. Its members are part of the binary interface and stay as they
 /// are.
 struct DisplayPiece {
-  DisplayPieceKind kind = DisplayPieceKind::Number;
-  FormulaSpan span;  ///< In the text, whose index is 0.
+  DisplayPieceKind kind = DisplayPieceKind::Number;  ///< What it is.
+  FormulaSpan span;                                  ///< In the text, whose index is 0.
 };
 
 /// What a text is to a display: a value, or a refusal. Copies share their contents.
@@ -121,7 +121,8 @@ class TRELVONUNITS_API ValueDisplay {
  public:
   /// Checks the options, and looks up what they name.
   ///
-  /// @param engine  any engine; only its const operations are called, and only here.
+  /// @param engine   any engine; only its const operations are called, and only here.
+  /// @param options  how to show values.
   /// @throws UnrecognizedIdentifierException  a type id names no symbol, unit or quantity.
   /// @throws IncompatibleUnitsException       values do not convert to the unit of a symbol.
   /// @throws PrecisionException               more than 12 places.
@@ -130,7 +131,8 @@ class TRELVONUNITS_API ValueDisplay {
 
   /// Reads options from JSON, as docs/display.md and the JSON Schema display.schema.json describe it.
   ///
-  /// @param json  read up to the first NUL; any bytes.
+  /// @param engine  as above.
+  /// @param json    read up to the first NUL; any bytes.
   /// @throws ValidationException  also "display, LINE:COLUMN: ...": the text is no JSON, or a member
   ///                              is unknown, occurs twice or has a value of a wrong kind.
   static ValueDisplay fromJson(const UnitsEngine& engine, std::string_view json);
