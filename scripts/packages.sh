@@ -8,6 +8,7 @@ cd "$(dirname "$0")/.."
 . scripts/setup.sh
 
 work=$PWD/build/packages
+commit=$(git rev-parse HEAD)  # also if others are added on the way
 suite=$(. /etc/os-release && echo "$VERSION_CODENAME")
 
 # within TREE FOLDER COMMAND...: runs a command in a tree, with a /proc of its own.
@@ -19,6 +20,7 @@ within() {
 # build_packages FOLDER SETTING...: builds in a fresh clone, and keeps the packages in FOLDER.
 build_packages() {
   git clone --quiet . "$work$1/trelvonunits"
+  git -C "$work$1/trelvonunits" checkout --quiet "$commit"
   as_root mkdir -p "$work/builder$1"
   as_root mv "$work$1/trelvonunits" "$work/builder$1"
   within builder "$1/trelvonunits" apt-get build-dep --yes --no-install-recommends .
