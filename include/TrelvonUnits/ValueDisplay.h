@@ -16,9 +16,9 @@ namespace Units {
 struct DisplayContents;         // known to the library alone
 struct DisplayReadingContents;  // likewise
 
-/// How values are shown. At most one of `places`, `denominator` and `significant` is given; without
-/// any, values are tidy: 15 significant digits, without zeros at the end. The members are part of
-/// the binary interface and stay as they are.
+/// How to show values. Set at most one of `places`, `denominator` and `significant`. With none of
+/// them, values are tidy: at most 15 significant digits, without trailing zeros. The members are part
+/// of the binary interface and never change.
 struct DisplayOptions {
   /// The sign of negative numbers.
   enum class Minus : std::int32_t {
@@ -27,49 +27,48 @@ struct DisplayOptions {
     Sign = 2,    ///< U+2212
   };
 
-  /// Type id of the unit in which values are counted. If empty, it is the symbol's.
+  /// Type id of the unit that values are given in. If empty, the unit of the symbol.
   std::string unit;
 
-  /// Type id of the symbol, plain or composite. If its unit is another one, values are converted to
-  /// it. If empty, it is the first symbol of `unit` with a text, in order of type ids; without a
-  /// unit, too, the number stands alone.
+  /// Type id of the symbol, plain or composite. If the symbol has another unit, values are converted
+  /// to it. If empty, the first symbol of `unit` that has a text, in order of type ids. If `unit` is
+  /// empty, too, the number is shown alone.
   std::string symbol;
 
   bool showsUnit = true;  ///< Whether the text of the symbol is shown.
 
   std::optional<int> places;       ///< Decimal places, 0 to 12.
-  std::optional<int> denominator;  ///< Of fractions: 1, 2, 4, 8 ... 512.
+  std::optional<int> denominator;  ///< Shows fractions: 1, 2, 4, 8 ... 512.
   std::optional<int> significant;  ///< Significant digits, 1 to 17.
 
-  bool trims = false;   ///< Whether to leave out zeros at the end, behind the decimal mark.
-  bool groups = false;  ///< Whether to group the digits of whole numbers.
+  bool trims = false;   ///< Whether to drop trailing zeros after the decimal mark.
+  bool groups = false;  ///< Whether to group the digits before the decimal mark.
 
   std::string locale = "en";  ///< One of `ValueDisplay::locales`.
-  std::string decimalMark;    ///< Instead of the locale's: "." or "," or U+066B.
-  std::string groupMark;      ///< Instead of the locale's: "." "," " " U+00A0 U+202F U+2019 U+066C.
+  std::string decimalMark;    ///< Replaces the locale's: "." "," U+066B.
+  std::string groupMark;      ///< Replaces the locale's: "." "," " " U+00A0 U+202F U+2019 U+066C.
   Minus minus = Minus::OfLocale;  ///< How the sign is written.
-  bool hasNoBreakSpaces = false;  ///< Whether each U+0020 is U+00A0, so that no line ends there.
+  bool hasNoBreakSpaces = false;  ///< Whether spaces are U+00A0, so that no line breaks there.
 
-  /// Type ids of plain symbols to choose from: the largest unit in which a value is at least
-  /// `leastBest` is shown, also if it is only when it is rounded. Of no such unit, the smallest one.
+  /// Type ids of plain symbols to choose from. A value is shown in the largest of their units in
+  /// which it is `leastBest` or more, before or after rounding; if there is none, in the smallest.
   std::vector<std::string> bestSymbols;
-  /// Type id of a quantity from which to take `bestSymbols`: those of its units that belong to the
-  /// system of the value's unit and are 1000 times as large or small, or 1000000 times and so on.
+  /// Type id of a quantity that stands in for `bestSymbols`. The choice is among those of its units
+  /// that belong to the same system as the value's unit and differ from it by a power of 1000.
   std::string bestQuantity;
   double leastBest = 1.0;  ///< Above 0.
 };
 
-/// What a piece of a text is that was read.
+/// The kind of a piece of a text.
 enum class DisplayPieceKind : std::int32_t { Sign = 1, Number = 2, Fraction = 3, Unit = 4 };
 
-/// A piece of a text that was read. Its members are part of the binary interface and stay as they
-/// are.
+/// A piece of a text that was read. Its members are part of the binary interface and never change.
 struct DisplayPiece {
   DisplayPieceKind kind = DisplayPieceKind::Number;  ///< What it is.
-  FormulaSpan span;                                  ///< In the text, whose index is 0.
+  FormulaSpan span;                                  ///< Where it is in the text, whose index is 0.
 };
 
-/// What a text is to a display: a value, or a refusal. Copies share their contents.
+/// The outcome of reading a text: a value, or a refusal. Copies share their contents.
 class TRELVONUNITS_API DisplayReading {
  public:
   DisplayReading(const DisplayReading& other) noexcept;
@@ -78,16 +77,16 @@ class TRELVONUNITS_API DisplayReading {
   DisplayReading& operator=(const DisplayReading&) = delete;
 
   bool isRead() const;   ///< Whether there is a value.
-  double value() const;  ///< Counted in the display's unit. NaN if it was refused.
-  std::vector<DisplayPiece> pieces() const;  ///< What was read, up to a refusal, in order.
+  double value() const;  ///< In the display's unit. NaN if the text was refused.
+  std::vector<DisplayPiece> pieces() const;  ///< What was read, in order, up to a refusal.
 
-  FormulaSpan span() const;             ///< What was refused; otherwise the whole text.
-  const std::string& sentence() const;  ///< Says for people why. Empty if it was read.
-  /// The numbers that the refused one may be, if it has two readings: first with the point as the
-  /// decimal mark, then with the comma. They are numbers as written, without a sign or a unit.
+  FormulaSpan span() const;             ///< What was refused. If nothing was, the whole text.
+  const std::string& sentence() const;  ///< Says why, for people. Empty if the text was read.
+  /// If the refused number has two readings, both: first with the point as the decimal mark, then
+  /// with the comma. They are the numbers as written, without sign and unit.
   std::vector<double> readings() const;
 
-  /// Everything, as one JSON object, which docs/display.md describes.
+  /// All of this as one JSON object, described in docs/display.md.
   std::string toJson() const;
 
  private:
@@ -97,7 +96,7 @@ class TRELVONUNITS_API DisplayReading {
   const Shared<DisplayReadingContents> contents_;
 };
 
-/// Shows values of a unit as people write them, and reads such texts.
+/// Shows values of a unit the way people write them, and reads them back.
 ///
 ///   Units::DisplayOptions options;
 ///   options.symbol = "trelvon.symbol:feetAndInches-1.0.0";
@@ -106,22 +105,22 @@ class TRELVONUNITS_API DisplayReading {
 ///   display.show(5.9999);                // 6' 0", where the engine writes 5' 12"
 ///   display.read("5' 6 3/8\"").value();  // 5.53125
 ///
-/// - Values are rounded to steps of what is shown last (sixteenths of an inch) before they are split
-///   into parts, so a part is never as large as the part before it.
-/// - Halves round away from zero, by the engine's rule: plain symbols with `places` or `denominator`
-///   show the digits of `formatFixedPoint` and `formatFractional`. From 2^50 steps on, the exact
-///   value is rounded and all its digits are right.
-/// - A number that rounds to zero has no sign. Infinities are "inf" and "-inf", NaN is "nan", without
-///   marks of a composite symbol; they are not read.
-/// - It never changes and holds no reference to the engine. Copies share what it has, and any number
-///   of threads may use it.
+/// - A value is rounded once, to steps of its last part (sixteenths of an inch), before it is split
+///   into parts. So it never shows 12 inches that should be a foot.
+/// - Halves round away from zero, by the engine's rule: a plain symbol with `places` or `denominator`
+///   shows the digits of `formatFixedPoint` or `formatFractional`. From 2^50 steps on, the exact
+///   value is rounded, so that every digit is right.
+/// - A number that rounds to zero has no sign. Infinities are shown as "inf" and "-inf" and NaN as
+///   "nan", without the marks of a composite symbol. They cannot be read back.
+/// - It never changes, and holds no reference to the engine. Copies share its contents. Any number of
+///   threads may use it at once.
 ///
-/// Any function but copying may throw std::bad_alloc.
+/// Every function may throw std::bad_alloc, except for copying.
 class TRELVONUNITS_API ValueDisplay {
  public:
-  /// Checks the options, and looks up what they name.
+  /// Checks the options and looks up the records that they name.
   ///
-  /// @param engine   any engine; only its const operations are called, and only here.
+  /// @param engine   any engine. Only const operations are called, and only here.
   /// @param options  how to show values.
   /// @throws UnrecognizedIdentifierException  a type id names no symbol, unit or quantity.
   /// @throws IncompatibleUnitsException       values do not convert to the unit of a symbol.
@@ -129,12 +128,12 @@ class TRELVONUNITS_API ValueDisplay {
   /// @throws ValidationException              the options exclude each other or are out of range.
   ValueDisplay(const UnitsEngine& engine, const DisplayOptions& options);
 
-  /// Reads options from JSON, as docs/display.md and the JSON Schema display.schema.json describe it.
+  /// Reads the options from JSON. docs/display.md and display.schema.json describe the members.
   ///
   /// @param engine  as above.
   /// @param json    read up to the first NUL; any bytes.
-  /// @throws ValidationException  also "display, LINE:COLUMN: ...": the text is no JSON, or a member
-  ///                              is unknown, occurs twice or has a value of a wrong kind.
+  /// @throws ValidationException  also "display, LINE:COLUMN: ..." if the text is not JSON, or if a
+  ///                              member is unknown, occurs twice or has a value of the wrong type.
   static ValueDisplay fromJson(const UnitsEngine& engine, std::string_view json);
 
   ValueDisplay(const ValueDisplay& other) noexcept;
@@ -145,30 +144,30 @@ class TRELVONUNITS_API ValueDisplay {
   DisplayOptions options() const;  ///< As given.
   std::string toJson() const;      ///< The options that differ from the defaults, for `fromJson`.
 
-  /// Type id of the unit in which values are counted; empty if there is none.
+  /// Type id of the unit that values are given in. Empty if there is none.
   std::string unitTypeId() const;
 
   /// Shows a value.
   ///
-  /// @param value  any double, counted in the display's unit.
+  /// @param value  any double, in the display's unit.
   /// @return  UTF-8.
   std::string show(double value) const;
 
-  /// Reads a text as this display shows values, which never gives another value than the text has:
-  /// what might be meant otherwise is refused.
+  /// Reads a text of the form that this display shows. It never guesses: a text that could mean
+  /// another value is refused.
   ///
-  /// - What `show` returns is read as the double nearest to what the text says.
-  /// - A number may have more digits than are shown, or fewer. The text of a single unit may be left
-  ///   out. Any spaces may separate the pieces, and "-" and U+2212 are both a minus sign.
-  /// - Digits are grouped rightly or not at all. A number with one mark and three digits behind it,
-  ///   such as "1,234", is read only if the mark is what the display shows: a group mark, if it groups
-  ///   and shows no decimal places, or else a decimal mark.
+  /// - A text that `show` returned is read as the double nearest to what it says.
+  /// - A number may have more or fewer digits than the display shows. The text of a single unit may be
+  ///   left out. Any spaces may separate the pieces. Both "-" and U+2212 are minus signs.
+  /// - Digits must be grouped correctly or not at all. A number with one mark and three digits after
+  ///   it, such as "1,234", is read only if the mark is one that the display would write there: a group
+  ///   mark if it groups and shows no decimal places, otherwise a decimal mark.
   ///
   /// @param text  any bytes.
   DisplayReading read(std::string_view text) const;
 
-  /// The names of all locales, in byte order. Their facts are those of CLDR. A name with the region
-  /// that it has by default, "de-DE", is a locale, too, and so is one with an underscore.
+  /// The names of all locales, in byte order. The data comes from CLDR. A name may also carry its
+  /// default region, as in "de-DE", and may be written with an underscore, as in "en_GB".
   static std::vector<std::string> locales();
 
  private:
