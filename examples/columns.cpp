@@ -1,4 +1,4 @@
-/// Columns of data: a prepared conversion for numbers, formulas for cells that have units.
+/// Converts columns of data: numbers with a prepared conversion, cells with units as formulas.
 #include <TrelvonUnits/TrelvonUnits.h>
 
 #include <iostream>
@@ -19,7 +19,7 @@ int main(int, char** arguments) {
   toKilopascals.convert(pressures.data(), pressures.data(), pressures.size());
   for (const double pressure : pressures) std::cout << pressure << " kPa\n";
 
-  // Cells as people fill them. A plain number counts the unit of the column.
+  // Cells as people fill them in. A plain number is in the unit of the column.
   for (const char* cell : {"2.5", "250 kPa", "36 psi", "2,5", "3 ft"}) {
     const auto read = Units::explainFormula(*engine, bar, cell, {});
     std::cout << cell << ": ";

@@ -1,4 +1,4 @@
-/// Makes definitions without a file: a unit as a record, its symbol as a text, and a quantity.
+/// Creates definitions without files: a unit from a record, a symbol from text, and a quantity.
 #include <TrelvonUnits/TrelvonUnits.h>
 
 #include <iostream>

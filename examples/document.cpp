@@ -1,4 +1,4 @@
-/// A document that stores its definitions: it reads the same on a computer that does not have them.
+/// A document that stores its definitions, so it reads the same on a computer without them.
 #include <TrelvonUnits/TrelvonUnits.h>
 
 #include <iostream>
@@ -15,7 +15,7 @@ std::unique_ptr<Units::UnitsEngine> makeEngine() {
   return std::unique_ptr<Units::UnitsEngine>(Units::CreateUnitsEngine());
 }
 
-/// The definitions that `used` needs, as a bundle: a line, then each text and a NUL.
+/// Bundles the definitions that `used` needs: a line, then each text and a NUL.
 std::string bundleOf(const Units::UnitsEngine& engine, const std::set<std::string>& used) {
   std::set<std::string> all = used;
   for (const std::string& typeId : used) all.merge(engine.getDependencies(typeId));
@@ -35,7 +35,7 @@ std::string save(const std::string& schemas) {
   return bundleOf(*engine, {cubit, cubitSymbol, meter});
 }
 
-/// Says which definitions of an engine differ from those of a document.
+/// Reports which definitions of an engine differ from those of a document.
 void compare(const Units::UnitsEngine& document, const Units::UnitsEngine& own) {
   for (const auto& [typeId, unit] : document.getUnits())
     if (own.isRegistered(typeId) && own.getDefinition(typeId) != document.getDefinition(typeId))

@@ -1,5 +1,5 @@
-/// Values as a draftsman writes them, and back: rounded to the step that is shown before they are
-/// laid out, so that no text says 12 inches.
+/// Shows values as a draftsman writes them, and reads them back. Rounds them before splitting them
+/// into feet and inches, so that no text says 12 inches.
 #include <TrelvonUnits/TrelvonUnits.h>
 
 #include <iostream>
@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Shows values, and reads what is shown.
+/// Shows values, and reads the shown texts.
 void tryOut(const Units::ValueDisplay& display, std::initializer_list<double> values) {
   for (const double value : values) {
     const std::string text = display.show(value);

@@ -1,5 +1,5 @@
-/// Explains formulas as a host does whose users type them: how each was read, what is wrong with
-/// it, and what to write instead.
+/// Explains formulas that users type: how each was read, what is wrong with it, and what to write
+/// instead.
 #include <TrelvonUnits/TrelvonUnits.h>
 
 #include <iostream>

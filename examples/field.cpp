@@ -19,7 +19,7 @@ std::string valueOf(const std::string& name) {
   return found->second;
 }
 
-/// Reads what was typed: a plain number counts feet. Keeps `meters` if the text is refused.
+/// Reads the typed text; a plain number is in feet. If the text is refused, `meters` stays.
 void enter(const Units::UnitsEngine& engine, const std::string& typed, double& meters) {
   const auto read = Units::explainFormula(engine, foot, typed, valueOf);
   std::cout << typed << '\n';

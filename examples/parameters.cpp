@@ -1,4 +1,4 @@
-/// A table of parameters, as a drawing has them: formulas that refer to each other by name.
+/// A table of parameters, as in a drawing: formulas that refer to each other by name.
 #include <TrelvonUnits/TrelvonUnits.h>
 
 #include <exception>

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// The text behind the unit's name in the list: that of its own symbol, not of an alias.
+/// The text after the unit's name in the list: that of its own symbol, not of an alias.
 std::string textOf(const Units::UnitsEngine& engine, const Units::Unit& unit) {
   for (const auto& [typeId, symbol] : engine.getSymbolsOfUnit(unit.getTypeId()))
     if (typeId.rfind("trelvon.symbol:", 0) == 0)
@@ -23,12 +23,12 @@ int main(int, char** arguments) {
   for (const char* pack : {"/core", "/symbols", "/aliases"})
     Schemas::SchemaUtility::addDefinitionsFromFolder(schemas + pack, *engine);
 
-  // The list: a quantity offers what belongs together, its default unit first.
+  // The list: the units of a quantity, its default unit first.
   const auto torque = engine->getQuantity("trelvon.quantity:torque-1.0.0");
   for (const Units::Unit& unit : torque.getUnits())
     std::cout << unit.getName() << " (" << textOf(*engine, unit) << ")\n";
 
-  // The search: what begins as the text, or is near to it.
+  // The search: names that begin with the text or are similar to it.
   const Units::UnitNames names(*engine);
   for (const char* typed : {"newton m", "in", "kilometre"}) {
     std::cout << '"' << typed << "\":";

@@ -1,4 +1,4 @@
--- Ten queries with units; ./scripts/demo.sh postgresql runs them in a server of its own.
+-- Ten queries with units; ./scripts/demo.sh postgresql runs them on a temporary server.
 CREATE EXTENSION trelvonunits;
 
 CREATE TABLE wells (
@@ -34,15 +34,15 @@ FROM wells ORDER BY name;
 -- 6. Which units convert to one.
 SELECT local_id, system, kind FROM units_convertible('fc') ORDER BY local_id;
 
--- 7. What a text names.
+-- 7. Find units by name.
 SELECT * FROM units_find('K');
 
--- 8. How a formula is read, and what may surprise.
+-- 8. How a formula is read, with warnings.
 SELECT units_explain_text('10 m - 35 cm', 'm');
 
--- 9. An index on converted values is used.
+-- 9. An index on converted values.
 SET enable_seqscan = off;
 EXPLAIN (COSTS OFF) SELECT name FROM wells WHERE units_convert(pressure, unit, 'kPa') > 28900;
 
--- 10. What a wrong formula is told.
+-- 10. The error of a wrong formula.
 SELECT units_evaluate('2 ft + 3 kg', 'm');

@@ -1,4 +1,4 @@
-/// Checks a definition while it is written, then loads folders and tells what is wrong in them.
+/// Loads folders and reports what is wrong in them, then checks a single definition.
 #include <TrelvonUnits/TrelvonUnits.h>
 
 #include <iostream>

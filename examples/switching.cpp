@@ -1,4 +1,4 @@
-/// The calls of the page for people who come from other libraries.
+/// The calls on the page for users of other libraries.
 #include <TrelvonUnits/TrelvonUnits.h>
 
 #include <iostream>

@@ -1,4 +1,4 @@
-"""The calls of the page for people who come from Pint."""
+"""The calls on the page for users of Pint."""
 from array import array
 
 import trelvonunits

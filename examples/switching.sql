@@ -1,4 +1,4 @@
--- The calls of the page for people who come from postgresql-unit.
+-- The calls on the page for users of postgresql-unit.
 SELECT units_convert(6, 'in', 'cm');
 SELECT units_evaluate('800 m + 500 m', 'km');
 SELECT units_format(units_evaluate('6 in', 'cm'), 'cm', 2);
