@@ -32,18 +32,17 @@ How fast the library is, compared with other libraries and simple baselines. Wri
 
 The baselines:
 
-- **UDUNITS-2, text to number**, parses the names of both units and creates a converter each time, because
-  `convert` caches nothing either. It parses a literal into a unit of that size.
+- **UDUNITS-2, text to number**, parses the names of both units and makes a converter for each operation,
+  because `convert` keeps nothing either. It parses a literal into a unit of that size.
 - **libqalculate** is set up for speed: plain numbers, no intervals, twelve digits. It evaluates the formula
   divided by the unit of the result.
-- **Two bare map lookups** find the sizes of the units in a `std::map` of all units. Our interface requires
-  copies of the ids, so one row copies them and one does not.
-- **Arrays** are converted from feet to yards. UDUNITS-2 multiplies once, so it rounds differently. The plain
-  loop does our arithmetic in the same order, division included, with wide instructions.
-- **Resident memory** is that of a process that only loads definitions, with shared libraries; the median of
-  nine processes. "Growth by loading" subtracts the memory before the load. 4,009 bytes is the first
-  measurement of the whole process.
-- **Only reading the same files** walks the same folders in the same way. The system has cached the files.
+- **Two bare map lookups** find the sizes of both units in a `std::map`, once with copies of the ids, which our
+  interface requires, and once without.
+- **Arrays** are converted from feet to yards. UDUNITS-2 multiplies once, which rounds differently. The plain
+  loop does exactly our arithmetic, division included.
+- **Resident memory** is that of a process that only loads definitions, the median of nine. 4,009 bytes was
+  the first measurement of the whole process.
+- **Only reading the same files** walks the same folders. The system has cached the files.
 
 END
   "$build/benchmarks/peers/peers"  # scripts/pictures.py draws the table
