@@ -243,11 +243,10 @@ class Reference:
 
     def section(self, quantity):
         units = [self.catalogue.by_id[unit] for unit in quantity.units()]
-        text = f"## {quantity.value('name')}\n\n{code(quantity.local)}, pack "
-        text += f"{code(quantity.pack)}, {', '.join(quantity.source['document'])}"
         note = quantity.source.get("note")
-        text += f": {note}" if note else ""
-        text += f". The default is the {units[0].value('name')}.\n\n"
+        text = f"## {quantity.value('name')}\n\nId {code(quantity.local)}, pack {code(quantity.pack)}. "
+        text += f"Default: {units[0].value('name')}. Source: {', '.join(quantity.source['document'])}"
+        text += f"; {note}.\n\n" if note else ".\n\n"
         rows = [self.row(unit) for unit in sorted(units, key=self.size)]
         head = "unit | id | text | also read | exact value | decimal | source | codes"
         return text + table(head, rows) + "\n"
