@@ -20,26 +20,29 @@ write_page() {
   cat <<'END'
 # Performance
 
-Written by `./scripts/benchmark.sh`. Each benchmark alternates with its baseline for nine rounds, in
-one process. "result" is the median of the nine ratios of CPU time: a plain number is our time
-divided by the time of the baseline, and "times faster" is the inverse. "range" has the least and the
-greatest of the nine. The target is the required ratio, and the goal is a stricter one. The times "ours" and "theirs" are for one operation: one
-conversion, formula, text, definition or character. Every result is verified before it is timed.
+How fast the library is, compared with other libraries and simple baselines. Written by
+`./scripts/benchmark.sh`, which verifies each result before it times it.
 
-- UDUNITS-2 converts from text to number: it parses the names of both units and creates a converter,
-  and keeps neither, just as `convert` caches nothing. It parses a literal into a unit of that size.
-- libqalculate is configured for speed: plain numbers, no intervals, twelve digits. It evaluates the
-  formula divided by the unit of the result.
-- The two bare lookups find scales in a `std::map` of all units. The ids are copied, as the
-  interface requires, and in another row they are not.
-- The arrays are converted from feet to yards. UDUNITS-2 multiplies once, which rounds otherwise. The
-  plain loop does the same arithmetic as ours in the same order, division included, with the wider
-  instructions of the processor.
-- Resident memory is that of a process that only loads: in the median of nine processes, all of it,
-  shared libraries included, and by how much it grew. 4,009 bytes is the whole process when it was
-  first measured.
-- Only reading the files walks the same folders in the same way. The files are in the system's
-  cache.
+- **result** is the median ratio of CPU times in nine alternating rounds. A plain number is our time divided
+  by that of the baseline; "times faster" is the inverse. "target" or "goal" after it says what was reached.
+- **target** is the required ratio, **goal** a stricter one.
+- **range** is the smallest and the largest of the nine ratios.
+- **ours** and **theirs** are times or bytes per operation: a conversion, formula, text, definition or
+  character.
+
+The baselines:
+
+- **UDUNITS-2, text to number**, parses the names of both units and makes a converter for each operation,
+  because `convert` keeps nothing either. It parses a literal into a unit of that size.
+- **libqalculate** is set up for speed: plain numbers, no intervals, twelve digits. It evaluates the formula
+  divided by the unit of the result.
+- **Two bare map lookups** find the sizes of both units in a `std::map`, once with copies of the ids, which our
+  interface requires, and once without.
+- **Arrays** are converted from feet to yards. UDUNITS-2 multiplies once, which rounds differently. The plain
+  loop does exactly our arithmetic, division included.
+- **Resident memory** is that of a process that only loads definitions, the median of nine. 4,009 bytes was
+  the first measurement of the whole process.
+- **Only reading the same files** walks the same folders. The system has cached the files.
 
 END
   "$build/benchmarks/peers/peers"  # scripts/pictures.py draws the table
@@ -48,14 +51,14 @@ END
 
 ![The table as a plot: our time divided by that of the baseline](pictures/performance.svg)
 
-Nothing is kept between calls, and no call needs more memory because of earlier calls:
+Calls keep no memory afterwards:
 
 END
   "$build/benchmarks/allocations"
   cat <<'END'
 
-The test `guard` counts instructions (with valgrind) instead of measuring times. It fails if a ratio
-exceeds this table by more than a tenth:
+The test `guard` counts instructions with valgrind, and fails if a ratio exceeds this table by more than a
+tenth:
 
 ```
 END

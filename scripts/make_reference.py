@@ -37,31 +37,32 @@ SYSTEMS = {"ucum": "UCUM", "rec20": "Rec. 20", "qudt": "QUDT", "udunits": "UDUNI
 
 UNITS = """# Units and quantities
 
-The catalog has {units} units in {quantities} quantities. These pages are made from the files in
-`schemas/` by `scripts/make_reference.py`.
+The catalog has {units} units in {quantities} quantities. Choose a topic here, or a quantity
+below:
 
 {areas}
 - [Units that look alike](units/look-alikes.md): tons, gallons, calories and horsepower compared
 - [Units by name](units/by-name.md), [by text](units/by-text.md) and [by code](units/by-code.md)
 - [Sources of the catalog](unit-sources.md)
 
-A type id is `trelvon.unit:` or `trelvon.quantity:`, followed by the id given on the pages and by
-`-1.0.0`. The type id of a symbol is `trelvon.symbol:`, followed by the id of its unit and by
-`-1.0.0`. In tables, units stand by size; a quantity offers its default first, then its metric units
-by size, then the others.
+How to read the tables:
 
-Values are exact and given in {primitives}, then as a decimal number of
-ten digits. For an absolute unit, such as a temperature scale, x is the reading on the scale. Values
-marked "measured" or "rounded" have no exact definition.
+- **Ids.** To get a type id, put `trelvon.unit:` or `trelvon.quantity:` before the id and `-1.0.0`
+  after it. The type id of a symbol is `trelvon.symbol:`, the id of its unit, and `-1.0.0`.
+- **Order.** The tables sort units by size. The definition of a quantity lists its default first,
+  then its metric units by size, then the others.
+- **Values** are exact, in {primitives}, followed by a decimal
+  number of ten digits. Values marked "measured" or "rounded" have no exact definition. For an
+  absolute unit, such as a temperature scale, x is the reading on the scale.
+- **Codes** come from the Unified Code for Units of Measure (UCUM), UN/CEFACT Recommendation 20,
+  QUDT (CC BY 4.0) and UDUNITS-2. A code marked with * has another size there;
+  [by-code.md](units/by-code.md) says why.
 
-Codes are those of the Unified Code for Units of Measure (UCUM), of UN/CEFACT Recommendation 20, of
-QUDT (CC BY 4.0) and of UDUNITS-2. A code marked with * stands for another size there:
-[by-code.md](units/by-code.md) says why.
+Units convert into each other if their powers are equal or reciprocal, even in different quantities:
+the engine converts torque into energy. The catalog cannot represent logarithmic units (dB, Np, pH),
+half powers, calendar months or currencies. You can add other units in a pack of your own.
 
-Units with equal powers convert into each other, whichever quantities they belong to, and so do
-reciprocal units: a quantity distinguishes torque from energy, but the engine does not. Logarithmic
-units (dB, Np, pH), half powers, calendar months and currencies cannot be represented. A host can
-add other units in a pack of its own.
+These pages are made from the files in `schemas/` by `scripts/make_reference.py`.
 
 | quantity | units | page |
 |---|---|---|
@@ -69,10 +70,11 @@ add other units in a pack of its own.
 
 SOURCES = """# Sources of the catalog
 
-This page lists the documents that the `source` member of a definition names. It is made from
-`schemas/sources.json` by `scripts/make_reference.py`. If a document rounds a value, the value in
-the catalog comes from the definition that its entry names. Nobody has seen the documents at the end
-for the catalog: they are cited from memory.
+The `source` member of each definition names one or more of these documents. If a document rounds a
+value, the catalog has the unrounded value of the definition that the entry names. The documents
+under [Not seen](#not-seen) are cited from memory and have not been checked.
+
+This page is made from `schemas/sources.json` by `scripts/make_reference.py`.
 
 """
 
@@ -110,9 +112,11 @@ FAMILIES = {
 
 LOOK_ALIKES = """# Units that look alike
 
-Names and texts that stand for more than one unit, with the sizes compared. Gauge pressures count
-from one standard atmosphere, 101325 Pa: 0 psig is {psiGauge} psia, and 0 barg is {barGauge}
-bara. They convert among the gauge and absolute pressures of their pack, never into `psi` or `bar`.
+Some names and texts stand for more than one unit. The tables compare their sizes.
+
+Gauge pressures count from one standard atmosphere, 101325 Pa: 0 psig is {psiGauge} psia, and
+0 barg is {barGauge} bara. They convert only into other gauge and absolute pressures of their pack,
+never into `psi` or `bar`.
 
 """
 
@@ -239,11 +243,10 @@ class Reference:
 
     def section(self, quantity):
         units = [self.catalogue.by_id[unit] for unit in quantity.units()]
-        text = f"## {quantity.value('name')}\n\n{code(quantity.local)}, pack "
-        text += f"{code(quantity.pack)}, {', '.join(quantity.source['document'])}"
         note = quantity.source.get("note")
-        text += f": {note}" if note else ""
-        text += f". The default is the {units[0].value('name')}.\n\n"
+        text = f"## {quantity.value('name')}\n\nId {code(quantity.local)}, pack {code(quantity.pack)}. "
+        text += f"Default: {units[0].value('name')}. Source: {', '.join(quantity.source['document'])}"
+        text += f"; {note}.\n\n" if note else ".\n\n"
         rows = [self.row(unit) for unit in sorted(units, key=self.size)]
         head = "unit | id | text | also read | exact value | decimal | source | codes"
         return text + table(head, rows) + "\n"
@@ -256,7 +259,7 @@ class Reference:
 
     def area_page(self, area):
         sections = [self.section(one) for one in self.quantities if self.area(one) == area]
-        introduction = "[units.md](../units.md) explains the tables."
+        introduction = "[Units and quantities](../units.md) explains the tables."
         composites = self.composites() if area == "space" else ""
         return f"# {AREAS[area][0]}\n\n{introduction}\n\n" + "".join(sections) + composites
 
@@ -318,8 +321,8 @@ class Reference:
         return "# Units by text\n\n" + table("text | unit", rows)
 
     def by_code(self):
-        text = "# Units by code\n\nCodes of other systems, from the files `codes.json` in `schemas/`."
-        text += "\nWhere a system states another size, the last column says why.\n"
+        text = "# Units by code\n\nWhat other systems call the units of the catalog. If a system "
+        text += "states another size, the\nlast column says why.\n"
         for system, name in SYSTEMS.items():
             rows = [
                 [
