@@ -68,8 +68,10 @@ class Conversion:
         return _buffers.convert(self._owned, values, out)
 
     def __reduce__(self) -> Tuple[Callable[..., Any], Tuple[str, str, str]]:
-        """Pickled are the type ids and the version of the catalogue that they are of."""
-        if not self._is_of_catalogue:
+        """Pickles the type ids, and the version of the catalogue that defines both units."""
+        # An engine with the catalogue may have other units, too.
+        if not self._is_of_catalogue or not all(
+                engine_of_process().by_id.is_registered(unit) for unit in (self._from, self._to)):
             raise ArgumentError("only conversions of the catalogue are pickled: make one of other "
                                 "definitions where it is used")
         return _unpickled, (self._from, self._to, catalogue_version())

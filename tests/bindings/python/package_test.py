@@ -281,7 +281,11 @@ class Engines(unittest.TestCase):
                 "foot", "inch"))
 
         engine = trelvonunits.Engine()
-        engine.by_id.load_texts({})
+        engine.by_id.load_texts({"smoot": (ROOT / "schemas/core/units/length/foot.json").read_text().replace(
+            "trelvon.unit:foot-", "example.unit:smoot-")})
+        self.assertEqual(pickle.loads(pickle.dumps(engine.prepare("foot", "meter")))(1), 0.3048)
+        with self.assertRaisesRegex(trelvonunits.ArgumentError, "only conversions of the catalogue"):
+            pickle.dumps(engine.prepare("example.unit:smoot-1.0.0", "foot"))
         with self.assertRaisesRegex(trelvonunits.ArgumentError, "displays of the catalogue alone"):
             pickle.dumps(engine.display("mm"))
 
