@@ -17,6 +17,9 @@ TAB = re.compile(r"^### (.*)\n", re.M)
 SPAN = re.compile(r"(?<!`)`([^`\n]+)`(?!`)")
 LINK = re.compile(r"(?<!!)\[((?:`[^`]*`|[^]`])+)\]\(([^)#:]*)(?:#([^)]+))?\)")
 HEADING = re.compile(r"^(##+ (.*))$", re.M)
+# Code in either form, lines that are HTML, and what doxygen reads otherwise than code hosts: the word
+# that is also a namespace, and quotes, which would keep their contents from being read.
+MARKS = re.compile(r"`[^`\n]*`|<code>.*?</code>|^<.*|@\w+ \w+ \".*?\"|\bUnits\b|\"", re.M)
 # Members that every record has and that its class describes: copying and destroying.
 SILENT = re.compile(
     r"^ +(?:(\w+)\(const \1& other\)(?: noexcept)?|~\w+\(\)(?: override)?"
@@ -44,6 +47,11 @@ def code(span):
     return f"<code>{re.sub('--|::', lambda found: chr(92) + found[0], text)}</code>"
 
 
+def plain(text):
+    """Text in which the word "Units" is no link, and quotes are nothing but quotes."""
+    return MARKS.sub(lambda found: {"Units": "%Units", '"': "&quot;"}.get(found[0], found[0]), text)
+
+
 def raw(text):
     return f"\n@htmlonly[block]\n{text}\n@endhtmlonly\n\n"
 
@@ -65,22 +73,23 @@ def page(path, text):
     label, below = label_of(path), set()
 
     def reference(link):
+        shown = re.sub(r"`(.*?)`", r"<code>\1</code>", link[1])  # doxygen reads no Markdown in it
         target = (ROOT / path.parent / link[2]).resolve().relative_to(ROOT) if link[2] else path
         if link[3]:
-            return f"[{link[1]}](@ref {place_of(label_of(target), link[3])})"
+            return f"[{shown}](@ref {place_of(label_of(target), link[3])})"
         if target.suffix != ".md":
-            return f"[{link[1]}](@ref {target.name})"
+            return f"[{shown}](@ref {target.name})"
         if path.name == "units.md" and path.parent.name == "docs" and target not in below:
             below.add(target)  # the first link places the page below this one
             return f'@subpage {label_of(target)} "{link[1]}"'
         title = (ROOT / target).read_text(encoding="utf-8").partition("\n")[0].lstrip("# ")
-        return f"[{title if link[1].endswith('.md') else link[1]}](@ref {label_of(target)})"
+        return f"[{title if link[1].endswith('.md') else shown}](@ref {label_of(target)})"
 
     def named(heading):
         return f"{heading[1]} {{#{place_of(label, heading[2])}}}"
 
     parts = FENCED.split(TABS.sub(tabs, text))
-    parts[::2] = [HEADING.sub(named, LINK.sub(reference, SPAN.sub(code, part)))
+    parts[::2] = [plain(LINK.sub(reference, SPAN.sub(code, HEADING.sub(named, part))))
                   for part in parts[::2]]
     return re.sub(r"^# (.*)", rf"# \1 {{#{label}}}", "".join(parts), count=1)
 
