@@ -17,9 +17,12 @@ TAB = re.compile(r"^### (.*)\n", re.M)
 SPAN = re.compile(r"(?<!`)`([^`\n]+)`(?!`)")
 LINK = re.compile(r"(?<!!)\[((?:`[^`]*`|[^]`])+)\]\(([^)#:]*)(?:#([^)]+))?\)")
 HEADING = re.compile(r"^(##+ (.*))$", re.M)
-# Code in either form, lines that are HTML, and what doxygen reads otherwise than code hosts: the word
-# that is also a namespace, and quotes, which would keep their contents from being read.
-MARKS = re.compile(r"`[^`\n]*`|<code>.*?</code>|^<.*|@\w+ \w+ \".*?\"|\bUnits\b|\"", re.M)
+# What doxygen takes as it stands (code, HTML, sections and the texts of references), and what it reads
+# otherwise than code hosts: a word that is also a namespace, quotes, which would keep their contents
+# from being read, and backslashes.
+MARKS = re.compile(r"`[^`\n]*`|<code>.*?</code>|<a href.*?>|^<.*|^##.*|\[[^\]]*\]\(@ref [^)]*\)"
+                   r"|\bUnits\b|\"|\\(?=\w)", re.M)
+PLAIN = {"Units": "%Units", '"': "&quot;", "\\": "\\\\"}
 # Members that every record has and that its class describes: copying and destroying.
 SILENT = re.compile(
     r"^ +(?:(\w+)\(const \1& other\)(?: noexcept)?|~\w+\(\)(?: override)?"
@@ -31,6 +34,10 @@ def label_of(path):
     if path.as_posix() == "docs/README.md":
         return "mainpage"
     return "catalog" if path.as_posix() == "schemas/README.md" else path.stem.lower()
+
+
+def file_of(label):
+    return "index.html" if label == "mainpage" else f"{label}.html"
 
 
 def place_of(label, heading):
@@ -48,8 +55,7 @@ def code(span):
 
 
 def plain(text):
-    """Text in which the word "Units" is no link, and quotes are nothing but quotes."""
-    return MARKS.sub(lambda found: {"Units": "%Units", '"': "&quot;"}.get(found[0], found[0]), text)
+    return MARKS.sub(lambda found: PLAIN.get(found[0], found[0]), text)
 
 
 def raw(text):
@@ -70,20 +76,19 @@ def tabs(found):
 
 def page(path, text):
     """A page with its label, and its links as references, with titles for names of files."""
-    label, below = label_of(path), set()
+    label = label_of(path)
 
     def reference(link):
-        shown = re.sub(r"`(.*?)`", r"<code>\1</code>", link[1])  # doxygen reads no Markdown in it
         target = (ROOT / path.parent / link[2]).resolve().relative_to(ROOT) if link[2] else path
-        if link[3]:
-            return f"[{shown}](@ref {place_of(label_of(target), link[3])})"
+        name, shown = label_of(target), link[1]
+        place = place_of(name, link[3]) if link[3] else ""
         if target.suffix != ".md":
-            return f"[{shown}](@ref {target.name})"
-        if path.name == "units.md" and path.parent.name == "docs" and target not in below:
-            below.add(target)  # the first link places the page below this one
-            return f'@subpage {label_of(target)} "{link[1]}"'
-        title = (ROOT / target).read_text(encoding="utf-8").partition("\n")[0].lstrip("# ")
-        return f"[{title if link[1].endswith('.md') else shown}](@ref {label_of(target)})"
+            return f"[{shown.replace('`', '')}](@ref {target.name})"
+        if shown.endswith(".md"):
+            shown = (ROOT / target).read_text(encoding="utf-8").partition("\n")[0].lstrip("# ")
+        if "`" in shown:  # a reference has plain text
+            return f'<a href="{file_of(name)}{place and "#" + place}">{shown}</a>'
+        return f"[{shown}](@ref {place or name})"
 
     def named(heading):
         return f"{heading[1]} {{#{place_of(label, heading[2])}}}"

@@ -27,7 +27,7 @@ def plain(text):
 def sections(folder, page):
     """Each section of a page: its address, its name, the words of its heading, and the others."""
     label = site_filter.label_of(pathlib.Path(page).resolve().relative_to(site_filter.ROOT))
-    page = "index.html" if label == "mainpage" else f"{label}.html"
+    page = site_filter.file_of(label)
     text = (folder / page).read_text(encoding="utf-8")
     title = plain(TITLE.search(text)[1])
     body = TEXT.search(text)[1]
