@@ -28,7 +28,7 @@ FILLS = {"page": ("#ffffff", "#0d1117"), "box": ("#f3f5f8", "#23272e"),
 KINDS = {"number": "number", "operator": "operator", "function": "function", "unit-symbol": "unit",
          "open-parenthesis": "box", "close-parenthesis": "box"}
 INKS = ("#1f2328", "#e6edf3")
-LINES = ("#6e7781", "#8b949e")
+LINES = ("#59636e", "#8b949e")
 
 
 def style():
