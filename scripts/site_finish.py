@@ -1,8 +1,9 @@
 #!/usr/bin/env -S python3 -B
-"""Adds what doxygen leaves out of its pages for people who hear them: site_finish.py FOLDER
+"""Adds what doxygen leaves out of its pages for people who hear them or use keys alone:
+site_finish.py FOLDER
 
-The language, the title as the heading above all others, what pictures show, and the name of the
-field of the search.
+The language, a way past the navigation, the title as the heading above all others, what pictures show,
+and the name of the field of the search, whose results it opens and makes large enough to read.
 """
 import pathlib
 import re
@@ -12,12 +13,20 @@ PICTURE = re.compile(r'(<div class="image">\n<(?:img|object)[^>]*?)(?: alt="")?(
                      r'\n<div class="caption">\n(.*?)</div>)', re.S)
 INLINE = re.compile(r'(<img src="[^"]*") alt="" (class="inline" title=("[^"]*"))')
 HEADING = re.compile(r"<(/?)h([1-5])>")
+RESULTS = """
+.SRPage .SREntry, .SRPage .SRStatus { font-size: 15px; padding: 3px 5px; }
+.SRSymbol, a.SRScope, span.SRScope { font-family: sans-serif; }
+a.SRScope { padding: 3px 0; }
+a.SRSymbol:focus, a.SRScope:focus { outline: 2px solid #425E97; }
+"""
 
 
 def finished(text):
     text = text.replace("<html ", '<html lang="en" ', 1)
     text = text.replace('<div class="title">', '<div class="title" role="heading" aria-level="1">')
-    text = PICTURE.sub(r'\1 role="img" aria-label="\3"\2', text)
+    text = text.replace("<body>", '<body><a class="skip" href="#doc-content">Skip to the text</a>', 1)
+    text = text.replace('<div id="doc-content">', '<div id="doc-content" tabindex="-1">', 1)
+    text = PICTURE.sub(r'\1 tabindex="-1" role="img" aria-label="\3"\2', text)
     text = INLINE.sub(r"\1 alt=\3 \2", text)
     if "<h1>" in text:  # a page: its sections are below its title
         text = HEADING.sub(lambda tag: f"<{tag[1]}h{int(tag[2]) + 1}>", text)
@@ -28,9 +37,13 @@ def main(folder):
     folder = pathlib.Path(folder)
     for path in folder.rglob("*.html"):
         path.write_text(finished(path.read_text(encoding="utf-8")), encoding="utf-8")
-    menu = folder / "menu.js"
-    menu.write_text(menu.read_text(encoding="utf-8").replace(
-        'id="MSearchField"', 'id="MSearchField" aria-label="Search"'), encoding="utf-8")
+    for name, old, new in (
+            ("menu.js", 'id="MSearchField"', 'id="MSearchField" aria-label="Search"'),
+            ("search/search.js", "setClassAttr(srChildren,'SRChildren');",
+             "setClassAttr(srChildren,'SRChildren'); srChildren.style.display = 'block';"),
+            ("search/search.css", "", RESULTS)):
+        text = (folder / name).read_text(encoding="utf-8")
+        (folder / name).write_text(text.replace(old, new) if old else text + new, encoding="utf-8")
 
 
 if __name__ == "__main__":
