@@ -22,6 +22,7 @@ HEADING = re.compile(r"^(##+ (.*))$", re.M)
 # from being read, and backslashes.
 MARKS = re.compile(r"`[^`\n]*`|<code>.*?</code>|<a href.*?>|^<.*|^##.*|\[[^\]]*\]\(@ref [^)]*\)"
                    r"|\bUnits\b|\"|\\(?=\w)", re.M)
+WORD = re.compile(r"(?<!namespace )\bUnits\b(?![:/`])")
 PLAIN = {"Units": "%Units", '"': "&quot;", "\\": "\\\\"}
 # Members that every record has and that its class describes: copying and destroying.
 SILENT = re.compile(
@@ -104,7 +105,8 @@ def header(text):
     if "/// @file" not in text:
         text = text.replace("#pragma once", "/** @file */", 1)
     text = re.sub(r"^( *///) {3}(?=\S)", r"\1       ", SILENT.sub("", text), flags=re.M)
-    return re.sub(r"^ *///.*|///<.*", lambda line: SPAN.sub(code, line[0]), text, flags=re.M)
+    return re.sub(r"^ *///.*|///<.*", lambda line: WORD.sub("%Units", SPAN.sub(code, line[0])), text,
+                  flags=re.M)
 
 
 def main(name):

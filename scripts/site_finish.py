@@ -12,6 +12,7 @@ import sys
 PICTURE = re.compile(r'(<div class="image">\n<(?:img|object)[^>]*?)(?: alt="")?(/?>(?:</object>)?'
                      r'\n<div class="caption">\n(.*?)</div>)', re.S)
 INLINE = re.compile(r'(<img src="[^"]*") alt="" (class="inline" title=("[^"]*"))')
+TITLE = re.compile(r'<div class="title">([^<]*)')
 HEADING = re.compile(r"<(/?)h([1-5])>")
 RESULTS = """
 .SRPage .SREntry, .SRPage .SRStatus { font-size: 15px; padding: 3px 5px; }
@@ -23,7 +24,8 @@ a.SRSymbol:focus, a.SRScope:focus { outline: 2px solid #425E97; }
 
 def finished(text):
     text = text.replace("<html ", '<html lang="en" ', 1)
-    text = text.replace('<div class="title">', '<div class="title" role="heading" aria-level="1">')
+    text = TITLE.sub(lambda title: '<div class="title" role="heading" aria-level="1">'
+                     + title[1].replace("::", "::<wbr/>"), text)
     text = text.replace("<body>", '<body><a class="skip" href="#doc-content">Skip to the text</a>', 1)
     text = text.replace('<div id="doc-content">', '<div id="doc-content" tabindex="-1">', 1)
     text = PICTURE.sub(r'\1 tabindex="-1" role="img" aria-label="\3"\2', text)

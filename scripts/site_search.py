@@ -45,7 +45,7 @@ def entries(folder, pages):
     for order, page in enumerate(pages):
         for number, (address, name, heading, words) in enumerate(sections(folder, page)):
             for word in heading | words.keys():
-                rank = (word not in heading, -words[word] / max(words.total(), 1), order, number)
+                rank = (word not in heading, -words[word] / max(sum(words.values()), 1), order, number)
                 found[word].append((rank, address, name))
     for word, places in found.items():
         listed = ",".join(f"['{address}',1,'{html.escape(name, quote=True)}']"
