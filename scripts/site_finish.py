@@ -22,7 +22,22 @@ a.SRSymbol:focus, a.SRScope:focus { outline: 2px solid #425E97; }
 """
 
 
+UNTITLED = re.compile(r"<title>[^:]*: ([^<]*)</title>(?!.*<div class=\"title\">)(.*)"
+                      r"(<div class=\"contents\">)", re.S)
+
+
+def titled(text):
+    """A list of members, which has no title of its own, with that of its window."""
+    found = UNTITLED.search(text)
+    if not found:
+        return text
+    header = f'<div class="header"><div class="headertitle"><div class="title">{found[1]}</div></div></div>'
+    text = text[:found.start(3)] + header + "\n" + text[found.start(3):]
+    return text.replace("<h3>", "<h2>").replace("</h3>", "</h2>")
+
+
 def finished(text):
+    text = titled(text)
     text = text.replace("<html ", '<html lang="en" ', 1)
     text = TITLE.sub(lambda title: '<div class="title" role="heading" aria-level="1">'
                      + title[1].replace("::", "::<wbr/>"), text)
