@@ -1,8 +1,11 @@
 #!/usr/bin/env bash
-# Fails if a page of build/site is wider than a phone or a tablet: a browser lays out each in a frame.
+# Fails if a page of build/site (run scripts/site.sh first) is wider than a phone or a tablet: a browser
+# lays out each in a frame.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+. scripts/setup.sh
 
+install_packages width
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cat >"$work/frames.html" <<END
