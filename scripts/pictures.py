@@ -14,7 +14,6 @@ import re
 import subprocess
 import sys
 import tempfile
-import textwrap
 
 import railroad
 
@@ -29,7 +28,7 @@ FILLS = {"page": ("#ffffff", "#0d1117"), "box": ("#f3f5f8", "#23272e"),
 KINDS = {"number": "number", "operator": "operator", "function": "function", "unit-symbol": "unit",
          "open-parenthesis": "box", "close-parenthesis": "box"}
 INKS = ("#1f2328", "#e6edf3")
-LINES = ("#6e7781", "#8b949e")
+LINES = ("#59636e", "#8b949e")
 
 
 def style():
@@ -38,13 +37,15 @@ def style():
         yield f".tip{{fill:{LINES[which]}}}.faint{{fill:{LINES[which]}}}"
         for name, colors in FILLS.items():
             yield f".{name}{{fill:{colors[which]};stroke:{LINES[which]}}}"
-    base = ("text{font:13px sans-serif;text-anchor:middle}.code{font-family:monospace}"
-            ".left{text-anchor:start}")
+    # The scheme is that of the page: a browser puts a white sheet under a picture of another one.
+    base = (":root{color-scheme:light dark}text{font:12px sans-serif;text-anchor:middle}"
+            ".code{font-family:monospace}.left{text-anchor:start}"
+            ".small{font-size:11px}.large{font-size:15px}")
     return f"{base}{''.join(rules(0))}@media(prefers-color-scheme:dark){{{''.join(rules(1))}}}"
 
 
 class Drawing:
-    """A picture that grows line by line. All texts are given their width, whatever the font."""
+    """A picture that grows line by line."""
 
     def __init__(self, height, title):
         self.lines = [f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {WIDTH} {height}" '
@@ -52,10 +53,9 @@ class Drawing:
                       f"<title>{html.escape(title)}</title><style>{style()}</style>"]
         self.box(0.5, 0.5, WIDTH - 1, height - 1, "page")
 
-    def text(self, x, y, text, kind="", size=7.0):
+    def text(self, x, y, text, kind=""):
+        """A text. Callers leave room for wide fonts: 7 for each character."""
         more = f' class="{kind}"' if kind else ""
-        if len(text) > 1:
-            more += f' textLength="{len(text) * size:g}" lengthAdjust="spacingAndGlyphs"'
         self.lines.append(f'<text x="{x:g}" y="{y:g}"{more}>{html.escape(text)}</text>')
 
     def box(self, x, y, width, height, kind="box"):
@@ -132,9 +132,9 @@ def draw_graph(drawing, nodes, edges, top, step):
     place = {stop: (WIDTH * (index + 0.5) / len(row), top + step * number)
              for number, row in enumerate(arranged(rows, steps)) for index, stop in enumerate(row)}
     for edge, stops in routes.items():
-        points = [place[stop] for stop in stops]
-        points[0] = (points[0][0], points[0][1] + 20)
-        points[-1] = (points[-1][0], points[-1][1] - 20)
+        # A line passes a row upright, so that it crosses none of its boxes.
+        sides = [[(x, y - 20), (x, y + 20)] for x, y in (place[stop] for stop in stops)]
+        points = [point for both in sides for point in both][1:-1]
         drawing.path(points)
         (x0, y0), (x1, y1) = points[:2]
         if edges[edge]:
@@ -163,10 +163,11 @@ def rooms(_):
     names = {group[0]: [", ".join(group)] for group in alike.values()}
     edges = {(name, other): "" for name in names for other in sees[name]
              if not any(other in sees[between] for between in sees[name])}
-    drawing = Drawing(370, "The rooms of the library and who may include whom")
+    below = 80 * (max(layers_of(edges, names).values()) + 1)
+    drawing = Drawing(below + 50, "The rooms of the library and who may include whom")
     draw_graph(drawing, names, edges, 35, 80)
-    drawing.box(10, 320, WIDTH - 20, 36, "good")
-    drawing.text(WIDTH / 2, 343,
+    drawing.box(10, below, WIDTH - 20, 36, "good")
+    drawing.text(WIDTH / 2, below + 23,
                  "include/TrelvonUnits: the public headers, which every room may include")
     return drawing.svg()
 
@@ -219,16 +220,16 @@ def formula(program):
             kind = KINDS[token["kind"]]
             width = len(token["text"]) * 11 + 16
             drawing.box(x, top, width, 36, kind)
-            drawing.text(x + width / 2, top + 23, token["text"], "code", 10)
+            drawing.text(x + width / 2, top + 23, token["text"], "code large")
             if "unit" in token and "value" in token:
                 says = f"{token['value']:g} {local(token['unit'])}"
             else:
                 says = "" if kind in ("number", "box") else kind
-            drawing.text(x + width / 2, top + 54, says, "faint", 5.6)
+            drawing.text(x + width / 2, top + 54, says, "faint small")
             x += width + 18
         drawing.text(30, top + 78, f"= {explained['value']:g} m", "left")
         for warning in explained["warnings"]:
-            drawing.text(150, top + 78, warning["sentence"].replace("`", ""), "left", 6)
+            drawing.text(150, top + 78, warning["sentence"].replace("`", ""), "left small")
     return drawing.svg()
 
 
@@ -262,7 +263,7 @@ def life(program):
         drawing.text(95, y + 30, step)
         if fate == "sound":
             drawing.text(225, y + 20, "convert, evaluate, format, look up", "left")
-            drawing.text(225, y + 38, file["path"][2:], "left faint", 6.5)
+            drawing.text(225, y + 38, file["path"][2:], "left faint")
             continue
         drawing.path([(95, y + 50), (95, y + 75)])
         drawing.path([(180, y + 25), (215, y + 25)])
@@ -270,7 +271,7 @@ def life(program):
         finding = next(one for one in report["findings"] if one["file"] == file["path"])
         drawing.text(225, y + 20, f"{fate}: {finding['id']}", "left")
         says = re.sub(r" in schema \S+| or does.*", "", finding["sentence"])
-        drawing.text(225, y + 38, says, "left", 6)
+        drawing.text(225, y + 38, says, "left")
     return drawing.svg()
 
 
@@ -312,8 +313,8 @@ def performance(_program):
             numbers = [float(cells[column].split()[0].rstrip(",")) for column in (4, 2, 3)]
             numbers += map(float, reach.groups())
             rows.append((cells, [1 / one if "faster" in cells[2] else one for one in numbers]))
-    drawing = Drawing(20 * len(rows) + 70, "Our time divided by that of the baseline")
-    left, right, step = 410, WIDTH - 20, 20
+    left, right, step = 410, WIDTH - 20, 33
+    drawing = Drawing(step * len(rows) + 70, "Our time divided by that of the baseline")
 
     def place(ratio):
         return left + (right - left) * (math.log10(min(max(ratio, 0.01), 40)) + 2) / 3.6
@@ -321,13 +322,12 @@ def performance(_program):
     for ratio in (0.01, 0.1, 1, 10):
         drawing.path([(place(ratio), 30), (place(ratio), 40 + step * len(rows))], False)
         drawing.text(place(ratio), 24, f"{ratio:g}", "faint")
-    drawing.text(left, step * len(rows) + 60, "bar: all rounds; disk: median; green line: goal; red "
-                 "line: target", "faint", 4.5)
+    drawing.text(WIDTH / 2, step * len(rows) + 60,
+                 "bar: all rounds; disk: median; green line: goal; red line: target", "faint")
     for number, (cells, (median, target, goal, *ends)) in enumerate(rows):
-        y = 45 + step * number
-        names = [cell.replace("`", "") for cell in cells[:2]]
-        drawing.text(10, y + 4, textwrap.shorten(f"{names[0]}: {names[1]}", 76, placeholder="..."),
-                     "left", 4.4)
+        y = 48 + step * number
+        for place_of_line, cell in zip((y - 2, y + 12), cells):
+            drawing.text(10, place_of_line, cell.replace("`", ""), "left small")
         low, high = sorted(place(end) for end in ends)
         for kind, x in (("good", place(goal)), ("bad", place(target))):
             drawing.box(x - 1.5, y - 8, 3, 16, kind)
@@ -360,9 +360,9 @@ def conversion(program):
     for number, (text, says) in enumerate(steps):
         x = 20 + width * number
         drawing.box(x, 65, width - 22, 40, "unit" if number in (0, 4) else "number")
-        drawing.text(x + (width - 22) / 2, 90, text, "", 6.4)
+        drawing.text(x + (width - 22) / 2, 90, text)
         if says:
-            drawing.text(x - 11, 45, says, "", 6)
+            drawing.text(x - 11, 45, says)
             drawing.path([(x - 21, 85), (x - 1, 85)])
     return drawing.svg()
 

@@ -94,7 +94,7 @@ def draw(drawing, expression, x, y):
     if kind in ("text", "name") or len(words) > 1:
         drawing.box(x + STEP, y - 12, end - x - 2 * STEP, 24,
                     "number" if kind == "name" else "unit")
-        drawing.text((x + end) / 2, y + 4, " ".join(words), "" if kind == "name" else "code", 8)
+        drawing.text((x + end) / 2, y + 4, " ".join(words), "" if kind == "name" else "code")
         return end
     row = y
     for part in parts if kind == "choice" else [("sequence",), parts[0]]:
@@ -122,7 +122,7 @@ def height_of(rules):
 def draw_rules(drawing, rules):
     y = 22
     for name, rule in rules.items():
-        drawing.text(20, y, name, "left", 8)
+        drawing.text(20, y, name, "left")
         drawing.path([(20, y + 12), (20, y + 32)], False)
         end = draw(drawing, rule, 20, y + 22)
         drawing.path([(end, y + 12), (end, y + 32)], False)

@@ -11,9 +11,11 @@ mkdir -p build/site
 # The first page lists all others, in the order of the site.
 pages=$(sed -n 's|^- \[.*](\([^)]*\.md\)).*|docs/\1|p' docs/README.md | paste -sd ' ')
 export PYTHONUTF8=1
+scripts/site_layout.py >build/site-layout.xml
 SITE_PAGES=$pages SITE_VERSION=$(sed -n 's/^  VERSION \([0-9.]*\)$/\1/p' CMakeLists.txt) \
   doxygen docs/Doxyfile
 scripts/site_search.py build/site docs/README.md $pages
+scripts/site_finish.py build/site
 if grep -rniE '(src|data)="(https?:)?//|<link[^>]*href="(https?:)?//|(url\(|@import)[ "'\'']*(https?:)?//' \
   --include='*.html' --include='*.css' --include='*.js' build/site; then
   echo "The site loads what these lines name." >&2

@@ -17,6 +17,13 @@ TAB = re.compile(r"^### (.*)\n", re.M)
 SPAN = re.compile(r"(?<!`)`([^`\n]+)`(?!`)")
 LINK = re.compile(r"(?<!!)\[((?:`[^`]*`|[^]`])+)\]\(([^)#:]*)(?:#([^)]+))?\)")
 HEADING = re.compile(r"^(##+ (.*))$", re.M)
+# What doxygen takes as it stands (code, HTML, sections and the texts of references), and what it reads
+# otherwise than code hosts: a word that is also a namespace, quotes, which would keep their contents
+# from being read, and backslashes.
+MARKS = re.compile(r"`[^`\n]*`|<code>.*?</code>|<a href.*?>|^<.*|^##.*|\[[^\]]*\]\(@ref [^)]*\)"
+                   r"|\bUnits\b|\"|\\(?=\w)", re.M)
+WORD = re.compile(r"(?<!namespace )\bUnits\b(?![:/`])")
+PLAIN = {"Units": "%Units", '"': "&quot;", "\\": "\\\\"}
 # Members that every record has and that its class describes: copying and destroying.
 SILENT = re.compile(
     r"^ +(?:(\w+)\(const \1& other\)(?: noexcept)?|~\w+\(\)(?: override)?"
@@ -28,6 +35,10 @@ def label_of(path):
     if path.as_posix() == "docs/README.md":
         return "mainpage"
     return "catalog" if path.as_posix() == "schemas/README.md" else path.stem.lower()
+
+
+def file_of(label):
+    return "index.html" if label == "mainpage" else f"{label}.html"
 
 
 def place_of(label, heading):
@@ -42,6 +53,10 @@ def code(span):
         return span[0]
     text = html.escape(re.sub(r"([\\@#%*_\[\]])", r"\\\1", text)).replace("&#x27;", "&apos;")
     return f"<code>{re.sub('--|::', lambda found: chr(92) + found[0], text)}</code>"
+
+
+def plain(text):
+    return MARKS.sub(lambda found: PLAIN.get(found[0], found[0]), text)
 
 
 def raw(text):
@@ -62,25 +77,25 @@ def tabs(found):
 
 def page(path, text):
     """A page with its label, and its links as references, with titles for names of files."""
-    label, below = label_of(path), set()
+    label = label_of(path)
 
     def reference(link):
         target = (ROOT / path.parent / link[2]).resolve().relative_to(ROOT) if link[2] else path
-        if link[3]:
-            return f"[{link[1]}](@ref {place_of(label_of(target), link[3])})"
+        name, shown = label_of(target), link[1]
+        place = place_of(name, link[3]) if link[3] else ""
         if target.suffix != ".md":
-            return f"[{link[1]}](@ref {target.name})"
-        if path.name == "units.md" and path.parent.name == "docs" and target not in below:
-            below.add(target)  # the first link places the page below this one
-            return f'@subpage {label_of(target)} "{link[1]}"'
-        title = (ROOT / target).read_text(encoding="utf-8").partition("\n")[0].lstrip("# ")
-        return f"[{title if link[1].endswith('.md') else link[1]}](@ref {label_of(target)})"
+            return f"[{shown.replace('`', '')}](@ref {target.name})"
+        if shown.endswith(".md"):
+            shown = (ROOT / target).read_text(encoding="utf-8").partition("\n")[0].lstrip("# ")
+        if "`" in shown:  # a reference has plain text
+            return f'<a href="{file_of(name)}{place and "#" + place}">{shown}</a>'
+        return f"[{shown}](@ref {place or name})"
 
     def named(heading):
         return f"{heading[1]} {{#{place_of(label, heading[2])}}}"
 
     parts = FENCED.split(TABS.sub(tabs, text))
-    parts[::2] = [HEADING.sub(named, LINK.sub(reference, SPAN.sub(code, part)))
+    parts[::2] = [plain(LINK.sub(reference, SPAN.sub(code, HEADING.sub(named, part))))
                   for part in parts[::2]]
     return re.sub(r"^# (.*)", rf"# \1 {{#{label}}}", "".join(parts), count=1)
 
@@ -90,7 +105,8 @@ def header(text):
     if "/// @file" not in text:
         text = text.replace("#pragma once", "/** @file */", 1)
     text = re.sub(r"^( *///) {3}(?=\S)", r"\1       ", SILENT.sub("", text), flags=re.M)
-    return re.sub(r"^ *///.*|///<.*", lambda line: SPAN.sub(code, line[0]), text, flags=re.M)
+    return re.sub(r"^ *///.*|///<.*", lambda line: WORD.sub("%Units", SPAN.sub(code, line[0])), text,
+                  flags=re.M)
 
 
 def main(name):

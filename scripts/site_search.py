@@ -17,7 +17,7 @@ TITLE = re.compile(r'<div class="title">(.*?)</div>', re.S)
 TEXT = re.compile(r'<div class="textblock">(.*)</div><!-- (?:PageDoc|contents) ', re.S)
 WORD = re.compile(r"[a-z][a-z0-9]{2,}")
 LETTERS = re.compile(r'(?<=^  0: ")[^"]*', re.M)
-MOST = 12  # sections that a word leads to; headings come first
+MOST = 12  # sections that a word leads to: headings first, then those that it fills most
 
 
 def plain(text):
@@ -25,9 +25,9 @@ def plain(text):
 
 
 def sections(folder, page):
-    """Each section of a page: its address, its name, the words of its heading, and the others."""
+    """Each section of a page: its address, its name, the words of its heading, and the others counted."""
     label = site_filter.label_of(pathlib.Path(page).resolve().relative_to(site_filter.ROOT))
-    page = "index.html" if label == "mainpage" else f"{label}.html"
+    page = site_filter.file_of(label)
     text = (folder / page).read_text(encoding="utf-8")
     title = plain(TITLE.search(text)[1])
     body = TEXT.search(text)[1]
@@ -36,7 +36,7 @@ def sections(folder, page):
     for (_, end, anchor, name), (following, *_) in zip(places, [*places[1:], (len(body),)]):
         shown = name if name == title else f"{title}: {name}"
         yield (f"../{page}{anchor}", shown, set(WORD.findall(name.lower())),
-               set(WORD.findall(plain(body[end:following]).lower())))
+               collections.Counter(WORD.findall(plain(body[end:following]).lower())))
 
 
 def entries(folder, pages):
@@ -44,11 +44,12 @@ def entries(folder, pages):
     found = collections.defaultdict(list)
     for order, page in enumerate(pages):
         for number, (address, name, heading, words) in enumerate(sections(folder, page)):
-            for word in heading | words:
-                found[word].append((word not in heading, order, number, address, name))
+            for word in heading | words.keys():
+                rank = (word not in heading, -words[word] / max(sum(words.values()), 1), order, number)
+                found[word].append((rank, address, name))
     for word, places in found.items():
         listed = ",".join(f"['{address}',1,'{html.escape(name, quote=True)}']"
-                          for *_, address, name in sorted(places)[:MOST])
+                          for _, address, name in sorted(places)[:MOST])
         yield f"{word}_0", f"  ['{word}_0',['{word}',{listed}]]"
 
 

@@ -133,6 +133,7 @@ step "The same bits with every compiler and on every machine" scripts/bits.sh
 
 step "The page: the table of cases and its own rows, under Node and in a browser" web
 step "The site of the pages and the reference" scripts/site.sh
+step "Its width on phones and tablets" scripts/site_width.sh
 step "Coverage" coverage
 step "Mutation test" scripts/mutants.py --samples 300
 step "Packages, built and installed in clean trees" packages
