@@ -22,7 +22,7 @@ def main():
     folder = ROOT / "docs"
     pages = (folder / "README.md").read_text(encoding="utf-8")
     tabs = tab("mainpage", pages.partition("\n")[0].lstrip("# "))
-    for name, listed in GROUP.findall(pages.partition("## The pages")[2]):
+    for name, listed in GROUP.findall(pages.partition("## All pages")[2]):
         within = "".join(
             tab("user", title, url=f"@ref {label_of((folder / link).resolve().relative_to(ROOT))}")
             for title, link in PAGE.findall(listed))
