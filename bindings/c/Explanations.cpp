@@ -28,7 +28,7 @@ trelvon_status made(const Asked& asked, trelvon_explanation** explanation, trelv
                     const Explain& explain) {
   return guard(error, [&] {
     require(asked.engine, explanation);
-    Resolution resolution(asked.resolver, asked.context, Resolution::Refusals::Explained, false);
+    Resolution resolution(asked.resolver, asked.context, Resolution::Refusals::Explained);
     *explanation = new trelvon_explanation{explain(resolution.calls())};
   });
 }
