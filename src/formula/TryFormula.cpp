@@ -19,7 +19,7 @@ class Trial final : public FormulaRun {
     std::size_t begin;
     std::size_t end;
     const Place* previous;
-    std::uint32_t token;
+    std::uint32_t token;  // and of those that follow, up to the next place
   };
 
   void addToken(const FormulaToken& token) override;
@@ -31,12 +31,14 @@ class Trial final : public FormulaRun {
 void Trial::addToken(const FormulaToken& token) {
   if (token.type == FormulaTokenType::Number || token.type == FormulaTokenType::CloseParen) return;
   const FormulaSpan span = lastSpan();
+  // All of a replacement is in one place.
+  if (last_ && last_->begin == span.begin && last_->end == span.end) return;
   last_ = new (arena_.allocate(sizeof(Place))) Place{span.begin, span.end, last_, lastToken()};
 }
 
 FormulaSpan Trial::spanOf(std::uint32_t token) const {
   const Place* place = last_;
-  while (place->token != token) place = place->previous;
+  while (place->token > token) place = place->previous;
   return {0, place->begin, 0, place->end};
 }
 
