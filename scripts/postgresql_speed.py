@@ -33,7 +33,7 @@ CALLS = [  # with how many rows
     ("units_explain_text(formula, 'm')", 2000),
     ("(SELECT count(*) FROM units_list(CASE WHEN x > 0 THEN 'length' END))", 300),
     ("(SELECT count(*) FROM units_symbols(CASE WHEN x > 0 THEN 'ft' END))", 1000)]
-LONG = ["repeat('1 ft + ', 149000) || '1 ft', 'm'", "repeat('1 + ', 262000) || '1'",
+LONG = ["repeat('1 ft + ', 149000) || '1 ft', 'm'", "repeat('1+', 524287) || '1'",
         "repeat('(', 1048576)", "repeat('1+', 524288)", "repeat('2^', 524287) || '1'"]
 
 

@@ -1,8 +1,7 @@
 #include "bindings/c/Engine.h"
 #include "bindings/c/Fault.h"
-#include "bindings/c/Guard.h"
 #include "bindings/c/List.h"
-#include "bindings/c/Text.h"
+#include "bindings/c/Writing.h"
 
 #include <TrelvonUnits/ValueDisplay.h>
 
@@ -11,19 +10,6 @@ using namespace C;
 struct trelvon_display {
   Units::ValueDisplay value;
 };
-
-namespace {
-
-template <class Make>
-trelvon_status written(const trelvon_display* display, Buffer buffer, trelvon_error** error,
-                       const Make& make) {
-  return guard(error, [&] {
-    require(display, buffer.size);
-    write(make(display->value), buffer);
-  });
-}
-
-}  // namespace
 
 trelvon_status trelvon_display_create(const trelvon_engine* engine, trelvon_text json,
                                       trelvon_display** display, trelvon_error** error) {
@@ -64,14 +50,12 @@ trelvon_status trelvon_display_read_json(const trelvon_display* display, trelvon
 
 trelvon_status trelvon_display_json(const trelvon_display* display, char* buffer, size_t* size,
                                     trelvon_error** error) {
-  return written(display, {buffer, size}, error,
-                 [](const Units::ValueDisplay& shown) { return shown.toJson(); });
+  return written(display, {buffer, size}, error, &Units::ValueDisplay::toJson);
 }
 
 trelvon_status trelvon_display_unit(const trelvon_display* display, char* buffer, size_t* size,
                                     trelvon_error** error) {
-  return written(display, {buffer, size}, error,
-                 [](const Units::ValueDisplay& shown) { return shown.unitTypeId(); });
+  return written(display, {buffer, size}, error, &Units::ValueDisplay::unitTypeId);
 }
 
 trelvon_status trelvon_display_locales(trelvon_list** locales, trelvon_error** error) {

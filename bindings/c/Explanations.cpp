@@ -1,7 +1,6 @@
 #include "bindings/c/Engine.h"
-#include "bindings/c/Guard.h"
 #include "bindings/c/Resolution.h"
-#include "bindings/c/Text.h"
+#include "bindings/c/Writing.h"
 
 #include <TrelvonUnits/FormulaExplanation.h>
 
@@ -9,7 +8,7 @@ using namespace C;
 using Units::HiddenVariables;
 
 struct trelvon_explanation {
-  Units::FormulaExplanation formula;
+  Units::FormulaExplanation value;
 };
 
 namespace {
@@ -28,7 +27,7 @@ trelvon_status made(const Asked& asked, trelvon_explanation** explanation, trelv
                     const Explain& explain) {
   return guard(error, [&] {
     require(asked.engine, explanation);
-    Resolution resolution(asked.resolver, asked.context, Resolution::Refusals::Explained, false);
+    Resolution resolution(asked.resolver, asked.context, Resolution::Refusals::Explained);
     *explanation = new trelvon_explanation{explain(resolution.calls())};
   });
 }
@@ -47,16 +46,6 @@ trelvon_status explainedUnitless(const Asked& asked, trelvon_text formula,
                                  trelvon_explanation** explanation, trelvon_error** error) {
   return made(asked, explanation, error, [&](const VariableResolver& calls) {
     return explainUnitlessFormula(*asked.engine->units, stringOf(formula), calls, asked.hidden);
-  });
-}
-
-using Writer = std::string (Units::FormulaExplanation::*)() const;
-
-trelvon_status written(const trelvon_explanation* explanation, Writer writer, Buffer buffer,
-                       trelvon_error** error) {
-  return guard(error, [&] {
-    require(explanation);
-    write((explanation->formula.*writer)(), buffer);
   });
 }
 
@@ -94,17 +83,17 @@ trelvon_status trelvon_explain_unitless_hidden(const trelvon_engine* engine, tre
 
 trelvon_status trelvon_explain_json(const trelvon_explanation* explanation, char* buffer,
                                     size_t* size, trelvon_error** error) {
-  return written(explanation, &Units::FormulaExplanation::toJson, {buffer, size}, error);
+  return written(explanation, {buffer, size}, error, &Units::FormulaExplanation::toJson);
 }
 
 trelvon_status trelvon_explain_text(const trelvon_explanation* explanation, char* buffer,
                                     size_t* size, trelvon_error** error) {
-  return written(explanation, &Units::FormulaExplanation::toText, {buffer, size}, error);
+  return written(explanation, {buffer, size}, error, &Units::FormulaExplanation::toText);
 }
 
 trelvon_status trelvon_explain_tree(const trelvon_explanation* explanation, char* buffer,
                                     size_t* size, trelvon_error** error) {
-  return written(explanation, &Units::FormulaExplanation::toTree, {buffer, size}, error);
+  return written(explanation, {buffer, size}, error, &Units::FormulaExplanation::toTree);
 }
 
 void trelvon_explanation_free(trelvon_explanation* explanation) { delete explanation; }

@@ -4,8 +4,7 @@
 #include "bindings/c/Resolution.h"
 #include "bindings/c/Text.h"
 
-#include <TrelvonUnits/Exceptions.h>
-#include <TrelvonUnits/FormulaExplanation.h>
+#include <TrelvonUnits/FormulaOutcome.h>
 
 #include <optional>
 
@@ -13,41 +12,19 @@ using namespace C;
 
 namespace {
 
-struct Formula {
-  std::optional<std::string> unit;  // none for a plain number
-  std::string text;
-};
-
-double evaluate(const Units::UnitsEngine& engine, const Formula& formula,
-                const VariableResolver& resolver) {
-  const auto& [unit, text] = formula;
-  if (unit && resolver) return engine.evaluateExpressionInUnit(*unit, text, resolver);
-  if (unit) return engine.evaluateExpressionInUnit(*unit, text);
-  if (resolver) return engine.evaluateUnitlessExpression(text, resolver);
-  return engine.evaluateUnitlessExpression(text);
+trelvon_status statusOf(const Units::FormulaOutcome& refusal) {
+  using Thrown = Units::FormulaExplanation::ExceptionClass;
+  if (refusal.exceptionClass == Thrown::ParseException) return TRELVON_PARSE;
+  return refusal.exceptionClass == Thrown::IncompatibleUnitsException ? TRELVON_INCOMPATIBLE
+                                                                      : TRELVON_OTHER;
 }
 
-Units::FormulaExplanation explain(const Units::UnitsEngine& engine, const Formula& formula,
-                                  const VariableResolver& resolver) {
-  return formula.unit ? explainFormula(engine, *formula.unit, formula.text, resolver)
-                      : explainUnitlessFormula(engine, formula.text, resolver);
-}
-
-/// What was refused. In a replacement, it is the variable of the formula that was replaced.
-Span refusedSpan(const Units::FormulaExplanation& explanation) {
-  Units::FormulaSpan span = explanation.span();
-  const auto texts = explanation.texts();
-  const bool isWithin = span.endText == span.text;
-  while (span.text != 0) span = texts[span.text].identifier();
-  return {span.begin, isWithin ? span.end : explanation.formula().size()};
-}
-
-/// The fault that is being handled, with the place in the formula.
-Fault placedFault(const Units::UnitsEngine& engine, const Formula& formula,
-                  const Resolution& resolution) {
-  Fault fault = currentFault(TRELVON_OTHER);
-  fault.span = refusedSpan(explain(engine, formula, resolution.replay()));
-  return fault;
+/// A resolver's fault, if it has one, at the place where it was asked.
+[[noreturn]] void throwRefusal(const Units::FormulaOutcome& refusal,
+                               const std::optional<Fault>& ofResolver) {
+  Fault fault = ofResolver ? *ofResolver : Fault(statusOf(refusal), refusal.message);
+  fault.span = Span{refusal.span.begin, refusal.span.end};
+  throw fault;
 }
 
 trelvon_status evaluateForC(const trelvon_engine* engine, const std::optional<trelvon_text>& unit,
@@ -55,17 +32,13 @@ trelvon_status evaluateForC(const trelvon_engine* engine, const std::optional<tr
                             double* result, trelvon_error** error) {
   return guard(error, [&] {
     require(engine, result);
-    Formula formula{std::nullopt, stringOf(text)};
-    if (unit) formula.unit = stringOf(*unit);
-    Resolution resolution(resolver, context, Resolution::Refusals::Faults, error != nullptr);
-    try {
-      *result = evaluate(*engine->units, formula, resolution.calls());
-    } catch (const Units::UnrecognizedIdentifierException&) {
-      throw;  // of the unit, before the formula is read
-    } catch (...) {
-      if (error == nullptr) throw;
-      throw placedFault(*engine->units, formula, resolution);
-    }
+    const std::string formula = stringOf(text);
+    Resolution resolution(resolver, context, Resolution::Refusals::Placed);
+    const auto outcome =
+        unit ? tryFormula(*engine->units, stringOf(*unit), formula, resolution.calls())
+             : tryUnitlessFormula(*engine->units, formula, resolution.calls());
+    if (outcome.reason != Units::FormulaReason::Done) throwRefusal(outcome, resolution.fault());
+    *result = outcome.value;
   });
 }
 

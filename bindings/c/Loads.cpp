@@ -1,6 +1,5 @@
 #include "bindings/c/Engine.h"
-#include "bindings/c/Guard.h"
-#include "bindings/c/Text.h"
+#include "bindings/c/Writing.h"
 
 #include <TrelvonUnits/SchemaBundle.h>
 #include <TrelvonUnits/SchemaReport.h>
@@ -9,7 +8,7 @@
 using namespace C;
 
 struct trelvon_load_report {
-  Schemas::SchemaReport report;
+  Schemas::SchemaReport value;
 };
 
 namespace {
@@ -53,16 +52,6 @@ trelvon_status tell(Engine* engine, trelvon_load_report** report, trelvon_error*
     }
   };
   return guard(error, run, TRELVON_FILE);
-}
-
-using Writer = std::string (Schemas::SchemaReport::*)() const;
-
-trelvon_status written(const trelvon_load_report* report, Writer writer, Buffer buffer,
-                       trelvon_error** error) {
-  return guard(error, [&] {
-    require(report, buffer.size);
-    write((report->report.*writer)(), buffer);
-  });
 }
 
 std::vector<Schemas::NamedText> namedTexts(const trelvon_text* names, const trelvon_text* texts,
@@ -160,26 +149,26 @@ trelvon_status trelvon_check_text(const trelvon_engine* engine, trelvon_text sch
 }
 
 size_t trelvon_load_report_errors(const trelvon_load_report* report) {
-  return report == nullptr ? 0 : report->report.getErrorCount();
+  return report == nullptr ? 0 : report->value.getErrorCount();
 }
 
 size_t trelvon_load_report_warnings(const trelvon_load_report* report) {
-  return report == nullptr ? 0 : report->report.getWarningCount();
+  return report == nullptr ? 0 : report->value.getWarningCount();
 }
 
 trelvon_status trelvon_load_report_json(const trelvon_load_report* report, char* buffer,
                                         size_t* size, trelvon_error** error) {
-  return written(report, &Schemas::SchemaReport::toJson, {buffer, size}, error);
+  return written(report, {buffer, size}, error, &Schemas::SchemaReport::toJson);
 }
 
 trelvon_status trelvon_load_report_text(const trelvon_load_report* report, char* buffer,
                                         size_t* size, trelvon_error** error) {
-  return written(report, &Schemas::SchemaReport::toText, {buffer, size}, error);
+  return written(report, {buffer, size}, error, &Schemas::SchemaReport::toText);
 }
 
 trelvon_status trelvon_load_report_sarif(const trelvon_load_report* report, char* buffer,
                                          size_t* size, trelvon_error** error) {
-  return written(report, &Schemas::SchemaReport::toSarif, {buffer, size}, error);
+  return written(report, {buffer, size}, error, &Schemas::SchemaReport::toSarif);
 }
 
 void trelvon_load_report_free(trelvon_load_report* report) { delete report; }

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "bindings/c/Fault.h"
+
 #include <TrelvonUnits/VariableResolver.h>
 #include <TrelvonUnits/trelvon.h>
 
-#include <cstddef>
+#include <optional>
 #include <string>
-#include <vector>
 
 struct trelvon_answer {
   std::string text;
@@ -17,27 +18,27 @@ namespace C {
 /// A C resolver as the engine calls it.
 class Resolution {
  public:
-  enum class Refusals { Faults, Explained };
+  enum class Refusals {
+    Placed,     // each is told to the engine as a ParseException, which tells its place
+    Explained,  // TRELVON_PARSE is the exception that explanations tell of, any other is a Fault
+  };
 
-  /// @param refusals   Explained: TRELVON_PARSE is the exception that explanations tell of.
-  /// @param remembers  whether `replay` will be asked for.
-  Resolution(trelvon_resolver resolver, void* context, Refusals refusals, bool remembers);
+  Resolution(trelvon_resolver resolver, void* context, Refusals refusals)
+      : resolver_(resolver), context_(context), refusals_(refusals) {}
 
   /// Calls the resolver; refers to this object.
   VariableResolver calls();
 
-  /// Gives the answers that were given, in the same order, and then refuses; refers to this object.
-  VariableResolver replay() const;
+  /// The last refusal, if there was one.
+  const std::optional<Fault>& fault() const { return fault_; }
 
  private:
   std::string ask(const std::string& name);
-  void remember(const std::string& answer);
 
   const trelvon_resolver resolver_;
   void* const context_;
   const Refusals refusals_;
-  const bool remembers_;
-  std::vector<std::string> answers_;
+  std::optional<Fault> fault_;
 };
 
 }  // namespace C

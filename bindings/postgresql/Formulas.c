@@ -44,13 +44,12 @@ static trelvon_resolver resolver_of(const formula* of) {
   return of->variables != NULL ? resolve_variable : NULL;
 }
 
-/* An error takes several times as long as the status alone, so it may be null. */
-static trelvon_status evaluate(const formula* of, double* result, held* failed) {
+static trelvon_status evaluate(const formula* of, double* result, trelvon_error** error) {
   const trelvon_resolver resolver = resolver_of(of);
-  trelvon_error** const error = failed != NULL ? &failed->error : NULL;
   trelvon_status status;
+  *error = NULL;
   do {
-    if (failed != NULL) release(failed);
+    trelvon_error_free(*error);
     CHECK_FOR_INTERRUPTS();
     status = of->unit == NULL
                  ? trelvon_evaluate_unitless(get_engine(), of->formula, resolver, of->variables,
@@ -137,11 +136,9 @@ static pg_attribute_noreturn() void refuse_formula(const formula* of, trelvon_st
 static Datum evaluated(FunctionCallInfo fcinfo, bool is_plain) {
   const formula read = formula_arguments(fcinfo, is_plain, MOST_OF_FORMULA);
   double result;
-  const trelvon_status status = evaluate(&read, &result, NULL);
-  if (status != TRELVON_OK) {
-    held* const failed = hold();
-    refuse_formula(&read, evaluate(&read, &result, failed), failed);
-  }
+  trelvon_error* error;
+  const trelvon_status status = evaluate(&read, &result, &error);
+  if (status != TRELVON_OK) refuse_formula(&read, status, hold_error(error));
   PG_RETURN_FLOAT8(result);
 }
 

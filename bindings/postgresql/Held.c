@@ -21,10 +21,21 @@ void release(held* it) {
 
 static void release_later(void* it) { release(it); }
 
-held* hold(void) {
-  held* const made = palloc0(sizeof *made);
+static held* begin_holding(held* made) {
   made->callback.func = release_later;
   made->callback.arg = made;
   MemoryContextRegisterResetCallback(CurrentMemoryContext, &made->callback);
   return made;
+}
+
+held* hold(void) { return begin_holding(palloc0(sizeof(held))); }
+
+held* hold_error(trelvon_error* error) {
+  held* const made = palloc_extended(sizeof *made, MCXT_ALLOC_NO_OOM | MCXT_ALLOC_ZERO);
+  if (made == NULL) {
+    trelvon_error_free(error);
+    ereport(ERROR, errcode(ERRCODE_OUT_OF_MEMORY), errmsg("out of memory"));
+  }
+  made->error = error;
+  return begin_holding(made);
 }

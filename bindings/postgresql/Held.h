@@ -21,6 +21,9 @@ typedef struct {
 /* Made empty, in the current memory context. */
 held* hold(void);
 
+/* Made to hold an error, which is freed at once if there is no memory for that. */
+held* hold_error(trelvon_error* error);
+
 /* Frees what is held, sooner than the context would. */
 void release(held* it);
 

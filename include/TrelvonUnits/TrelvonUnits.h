@@ -20,6 +20,7 @@
 #include <TrelvonUnits/Factor.h>
 #include <TrelvonUnits/FactorComponent.h>
 #include <TrelvonUnits/FormulaExplanation.h>
+#include <TrelvonUnits/FormulaOutcome.h>
 #include <TrelvonUnits/FormulaReason.h>
 #include <TrelvonUnits/Limits.h>
 #include <TrelvonUnits/ParameterTable.h>

@@ -200,8 +200,8 @@ TRELVON_API trelvon_status trelvon_answer_text(trelvon_answer* answer, trelvon_t
 
 /// Evaluates a formula in a unit.
 ///
-/// Where a formula is refused and `error` is not null, the formula is read again to find the span, for
-/// which it takes a few times as long. The resolver is not called again.
+/// A refusal takes about as long as a value. The formula is read once, and each identifier is asked for
+/// once.
 ///
 /// - `resolver`: null if the formula has no variables; an identifier is then refused.
 /// - `context`: passed to the resolver.

@@ -2,6 +2,7 @@
 
 #include "display/Quotient.h"
 #include "display/Rounding.h"
+#include "display/ScaleFinder.h"
 #include "display/WrittenNumber.h"
 #include "model/ShownText.h"
 #include "model/TextEdges.h"
@@ -15,38 +16,6 @@
 namespace Units {
 
 namespace {
-
-constexpr std::string_view spaces[] = {" ", "\xC2\xA0", "\xE2\x80\xAF"};
-
-/// The space at an edge of a text; empty if there is none.
-std::string_view spaceAt(std::string_view text, bool isStart) {
-  for (const std::string_view space : spaces)
-    if (isStart ? startsWith(text, space) : endsWith(text, space)) return space;
-  return {};
-}
-
-std::string_view withoutSpaces(std::string_view text) {
-  text.remove_prefix(spacesIn(text));
-  while (!spaceAt(text, false).empty()) text.remove_suffix(spaceAt(text, false).size());
-  return text;
-}
-
-/// How many bytes at an edge of a text are the text of a unit; 0 if it is not there. Any space stands
-/// for each of its spaces, but for those around it, which are no part of it.
-std::size_t bytesOfUnit(std::string_view text, const DisplayScale& scale) {
-  const std::size_t all = text.size();
-  const bool isStart = scale.isPrefix;
-  std::string_view unit = withoutSpaces(scale.text);
-  while (!unit.empty()) {
-    const std::string_view wanted = unit.substr(isStart ? 0 : unit.size() - 1, 1);
-    const std::string_view found = wanted == " " ? spaceAt(text, isStart) : wanted;
-    const bool isFound = isStart ? startsWith(text, found) : endsWith(text, found);
-    if (found.empty() || !isFound) return 0;
-    isStart ? text.remove_prefix(found.size()) : text.remove_suffix(found.size());
-    isStart ? unit.remove_prefix(1) : unit.remove_suffix(1);
-  }
-  return all - text.size();
-}
 
 std::string inQuotes(std::string_view text) { return '`' + shownText(text) + '`'; }
 
@@ -82,7 +51,6 @@ class DisplayReader {
   bool readMark(std::string_view mark);
   bool divide(Natural& count, const PartNumber& last, double& value);
   bool readPlain(double& value);
-  const DisplayScale* matchUnit(std::size_t& bytes) const;
   bool refuseUnit(std::size_t end);
   bool readAmount(bool isInPart, PartNumber& number);
   bool readNumber(bool isInPart, bool isWhole, PartNumber& number);
@@ -103,7 +71,7 @@ class DisplayReader {
 
 void DisplayReader::trim() {
   at_ = spacesIn(text_);
-  end_ = at_ + withoutSpaces(text_).size();
+  end_ = at_ + withoutOuterSpaces(text_).size();
 }
 
 void DisplayReader::take(DisplayPieceKind kind, std::size_t bytes) {
@@ -308,29 +276,9 @@ bool DisplayReader::readDecimal(const PartNumber& number, double& value) {
   return (std::isfinite(value) && !isLost) || refuseRange();
 }
 
-/// The scale whose text is the longest before or behind the number; null if there is none.
-/// @param bytes  set to the bytes of that text.
-const DisplayScale* DisplayReader::matchUnit(std::size_t& bytes) const {
-  const DisplayScale* longest = nullptr;
-  std::string_view number = rest();
-  for (const DisplayScale& scale : display_.scales) {
-    const std::size_t matched = bytesOfUnit(number, scale);
-    if (matched <= bytes) continue;
-    bytes = matched;
-    longest = &scale;
-  }
-  if (!longest) return nullptr;
-  // A text that begins or ends as numbers do is told from them by a space.
-  const bool isPrefix = longest->isPrefix;
-  const char edge = number[isPrefix ? bytes - 1 : number.size() - bytes];
-  isPrefix ? number.remove_prefix(bytes) : number.remove_suffix(bytes);
-  const bool needsSpace = edge >= ',' && edge <= '9' && longest->hasSpace;
-  return !needsSpace || !spaceAt(number, isPrefix).empty() ? longest : nullptr;
-}
-
 bool DisplayReader::readPlain(double& value) {
   std::size_t bytes = 0;  // of the unit
-  const DisplayScale* const matched = matchUnit(bytes);
+  const DisplayScale* const matched = findScale(rest(), display_.scales, bytes);
   const std::size_t end = end_;
   if (matched && matched->isPrefix) {
     take(DisplayPieceKind::Unit, bytes);

@@ -3,12 +3,14 @@
 #include "engine/ExplainedFormula.h"
 #include "engine/NearNames.h"
 #include "formula/Evaluation.h"
+#include "formula/TryFormula.h"
 #include "model/Characters.h"
 #include "model/DefinitionCopy.h"
 #include "model/RecordAccess.h"
 #include "model/ShownText.h"
 
 #include <TrelvonUnits/FormulaExplanation.h>
+#include <TrelvonUnits/FormulaOutcome.h>
 
 #include <algorithm>
 #include <cmath>
@@ -58,6 +60,9 @@ class Explainer {
                              HiddenVariables hidden);
 
  private:
+  FormulaContext context(const VariableResolver& resolver) {
+    return {resolver, engine_.registries().symbolTexts, engine_, units_, known_};
+  }
   void addHidden(const VariableResolver& resolver);
   bool isNew(const std::string& spelling) const;
   void addSpellings();
@@ -108,8 +113,7 @@ namespace {
 FormulaExplanation Explainer::explain(const std::string& formula, const VariableResolver& resolver,
                                       HiddenVariables hidden) {
   if (unit_) out_->unitTypeId = RecordAccess::typeId(*unit_);
-  recordFormula(formula, goal_, unit_, resolver, engine_.registries().symbolTexts, engine_, units_,
-                known_, *out_);
+  recordFormula(formula, goal_, unit_, context(resolver), *out_);
   out_->sentence = sentenceOf(explained_);
   if (hidden == HiddenVariables::Ask && resolver) addHidden(resolver);
   addWarnings(explained_, *out_);
@@ -146,14 +150,13 @@ std::optional<double> Explainer::tryOut(const std::string& formula) {
   if (replacements_.empty())
     for (std::size_t i = 1; i < out_->texts.size(); ++i)
       replacements_.emplace(out_->textAt(out_->texts[i].identifier), &out_->texts[i].text);
-  const auto replay = [this](const std::string& identifier) {
+  const VariableResolver replay = [this](const std::string& identifier) {
     const auto known = replacements_.find(identifier);
     if (known == replacements_.end()) return rejectIdentifier(identifier);
     return known->second->substr(1, known->second->size() - 2);  // without its parentheses
   };
   Contents tried;
-  recordFormula(formula, goal_, unit_, replay, engine_.registries().symbolTexts, engine_, units_,
-                known_, tried);
+  recordFormula(formula, goal_, unit_, context(replay), tried);
   if (tried.reason == FormulaReason::Done) {
     const bool isPlain = tried.resultPowers == Contents::none;
     const bool hadUnits =
@@ -189,9 +192,9 @@ void Explainer::addHidden(const VariableResolver& resolver) {
   }
 }
 
-FormulaExplanation explain(const UnitsEngine& engine, FormulaGoal goal,
-                           const std::string* unitTypeId, const std::string& formula,
-                           const VariableResolver& resolver, HiddenVariables hidden) {
+/// Lets the library's own engine work on a formula: `work(engine, unit)`.
+template <class Work>
+auto withOwnEngine(const UnitsEngine& engine, const std::string* unitTypeId, const Work& work) {
   std::unique_ptr<UnitsEngineImpl> copy;
   const auto* own = dynamic_cast<const UnitsEngineImpl*>(&engine);
   if (!own) {
@@ -201,9 +204,24 @@ FormulaExplanation explain(const UnitsEngine& engine, FormulaGoal goal,
     copyQuantities(engine, *copy);
     own = copy.get();
   }
-  const Unit* const unit =
-      unitTypeId ? &lookUp(own->registries().units.objects, *unitTypeId) : nullptr;
-  return explainWith(*own, goal, unit, formula, resolver, nullptr, hidden);
+  return work(*own, unitTypeId ? &lookUp(own->registries().units.objects, *unitTypeId) : nullptr);
+}
+
+FormulaExplanation explain(const UnitsEngine& engine, FormulaGoal goal,
+                           const std::string* unitTypeId, const std::string& formula,
+                           const VariableResolver& resolver, HiddenVariables hidden) {
+  return withOwnEngine(engine, unitTypeId, [&](const UnitsEngineImpl& own, const Unit* unit) {
+    return explainWith(own, goal, unit, formula, resolver, nullptr, hidden);
+  });
+}
+
+FormulaOutcome tryIt(const UnitsEngine& engine, FormulaGoal goal, const std::string* unitTypeId,
+                     const std::string& formula, const VariableResolver& resolver) {
+  return withOwnEngine(engine, unitTypeId, [&](const UnitsEngineImpl& own, const Unit* unit) {
+    FormulaUnits units = own.formulaUnits();
+    return ::tryFormula(formula, goal, unit,
+                        {resolver, own.registries().symbolTexts, own, units, nullptr});
+  });
 }
 
 }  // namespace
@@ -228,6 +246,16 @@ FormulaExplanation explainFormula(const UnitsEngine& engine, const std::string& 
 FormulaExplanation explainUnitlessFormula(const UnitsEngine& engine, const std::string& formula,
                                           VariableResolver resolver, HiddenVariables hidden) {
   return explain(engine, FormulaGoal::Plain, nullptr, formula, resolver, hidden);
+}
+
+FormulaOutcome tryFormula(const UnitsEngine& engine, const std::string& unitTypeId,
+                          const std::string& formula, VariableResolver resolver) {
+  return tryIt(engine, FormulaGoal::InUnit, &unitTypeId, formula, resolver);
+}
+
+FormulaOutcome tryUnitlessFormula(const UnitsEngine& engine, const std::string& formula,
+                                  VariableResolver resolver) {
+  return tryIt(engine, FormulaGoal::Plain, nullptr, formula, resolver);
 }
 
 }  // namespace Units

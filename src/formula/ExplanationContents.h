@@ -4,6 +4,7 @@
 #include "text/ValueText.h"
 
 #include <TrelvonUnits/FormulaExplanation.h>
+#include <TrelvonUnits/FormulaOutcome.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -16,8 +17,9 @@
 namespace Units {
 
 /// What an explanation holds. Indexes instead of pointers, so that it can be copied and printed
-/// without recursion. It holds records, which outlive their engine.
-struct ExplanationContents : CountedContents {
+/// without recursion. It holds records, which outlive their engine. The span of the outcome is in the
+/// text where it stands.
+struct ExplanationContents : CountedContents, FormulaOutcome {
   using TokenKind = FormulaExplanation::TokenKind;
   using NodeKind = FormulaExplanation::NodeKind;
   using WarningKind = FormulaExplanation::WarningKind;
@@ -66,14 +68,9 @@ struct ExplanationContents : CountedContents {
   std::vector<PowerList> powers;
   std::vector<WarningData> warnings;
 
-  double value = std::numeric_limits<double>::quiet_NaN();
   std::uint32_t resultPowers = none;
   bool inverted = false;  // the value was converted to the reciprocal dimension
 
-  FormulaReason reason = FormulaReason::Done;
-  ExceptionClass exceptionClass = ExceptionClass::None;
-  std::string message;
-  FormulaSpan span;
   std::uint32_t refusedNode = none;  // whose value could not be computed
   std::string sentence;
   std::vector<std::string> spellings;

@@ -77,6 +77,7 @@ std::string_view FormulaTokenizer::takeTrimmed(std::size_t length) {
 
 /// Puts the replacement of an identifier, which has been read, in front of the unread text.
 void FormulaTokenizer::substitute(std::string_view identifier) {
+  identifierSize_ = identifier.size();
   checkSubstitution();
   const std::string name(identifier);
   const std::string replacement = resolver_(name);

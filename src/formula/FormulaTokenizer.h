@@ -74,6 +74,9 @@ class FormulaTokenizer {
   /// are part of the text once they are put in.
   std::size_t lastStart() const { return lastStart_; }
 
+  /// How long the last identifier was, without the separators behind it.
+  std::size_t identifierSize() const { return identifierSize_; }
+
   /// How much text is left, which is where it goes on as such a distance.
   std::size_t unread() const { return text_.rest().size(); }
 
@@ -109,5 +112,6 @@ class FormulaTokenizer {
   std::vector<std::size_t> openSubstitutions_;  // ends, as distances from the end of the text
   int substitutionsLeft_;
   std::size_t lastStart_ = 0;
+  std::size_t identifierSize_ = 0;
   Units::FormulaReason refusal_ = Units::FormulaReason::Done;
 };

@@ -1,36 +1,42 @@
 #pragma once
 
-#include "formula/ExplanationContents.h"
+#include "model/ShortList.h"
+
+#include <TrelvonUnits/FormulaExplanation.h>
 
 #include <cstddef>
-#include <string>
-#include <vector>
 
 /// Finds where the tokenizer is, in the formula or in a text that replaced an identifier. The
 /// tokenizer tells it as a distance from the end of the text that is left to read, which is the
 /// same for all texts that end later.
 class SpanFinder {
  public:
-  /// @param texts  the formula alone; grows with each replacement.
-  explicit SpanFinder(std::vector<Units::ExplanationContents::TextData>& texts) : texts_(texts) {}
+  enum class Spans {
+    InTexts,    // where it stands
+    InFormula,  // of what replaced an identifier of the formula, the identifier
+  };
+
+  SpanFinder(std::size_t formulaSize, Spans spans)
+      : spans_(spans), open_{{0, 0, formulaSize, {}}} {}
 
   /// The span of `length` bytes, at least 1, from a distance on. Distances never grow from call to
   /// call, except into what `replaced` added.
   Units::FormulaSpan find(std::size_t distance, std::size_t length);
 
-  /// Adds a text that replaces what `identifier` covers.
+  /// Goes on in a text of `size` bytes that replaces what `identifier` covers.
   ///
   /// @param end  where reading goes on behind it, as a distance.
-  void replaced(const Units::FormulaSpan& identifier, std::size_t end, std::string text);
+  void replaced(const Units::FormulaSpan& identifier, std::size_t end, std::size_t size);
 
  private:
   struct OpenText {
     std::size_t index;
     std::size_t end;  // as a distance
+    std::size_t size;
+    Units::FormulaSpan identifier;  // that it replaced
   };
 
-  std::size_t offset(const OpenText& text, std::size_t distance) const;
-
-  std::vector<Units::ExplanationContents::TextData>& texts_;
-  std::vector<OpenText> open_ = {{0, 0}};
+  const Spans spans_;
+  std::size_t textCount_ = 1;
+  Units::ShortList<OpenText, 2> open_;
 };

@@ -1,6 +1,7 @@
 /// Answers the calls of cases.py by the C++ interface. The arguments are folders of definitions.
 #include "tests/cases/Lines.h"
 #include "tests/support/Outcome.h"
+#include "tests/support/PlaceInFormula.h"
 
 #include <TrelvonUnits/TrelvonUnits.h>
 
@@ -137,9 +138,7 @@ std::string span(Explain explained, std::size_t firstVariable) {
     }
     throw ParseException("refused");
   };
-  const FormulaExplanation explanation = explained(parsing);
-  FormulaSpan place = explanation.span();
-  while (place.text != 0) place = explanation.texts()[place.text].identifier();
+  const FormulaSpan place = placeInFormula(explained(parsing));
   return "\t" + std::to_string(place.begin) + "\t" + std::to_string(place.end);
 }
 

@@ -192,6 +192,13 @@ std::vector<Operation> readingOperations() {
             const auto explained = explainFormula(e, "2 + fo", resolveOne);
             return "ParseException: " + explained.toText();
           }),
+      row("tryFormula",
+          [](auto& e) {
+            std::string told;
+            for (const char* const formula : {"1 ft + x", "2 + fo", "2 * (x", "x + 1 lb"})
+              told += tryFormula(e, "foot", formula, resolveOne).message;
+            return "ParseException: " + told;
+          }),
       row("isRegistered",
           [](auto& e) { return e.isRegistered("a type id that is long enough to be allocated"); })};
   for (const Operation& operation : numberOperations()) all.push_back(operation);

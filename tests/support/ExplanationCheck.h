@@ -1,4 +1,4 @@
-/// Compares explanations with what the engine answers.
+/// Compares explanations and outcomes with what the engine answers.
 #pragma once
 
 #include "engine/UnitsEngineImpl.h"
@@ -7,8 +7,10 @@
 #include "model/ShownText.h"
 #include "tests/support/Bits.h"
 #include "tests/support/Outcome.h"
+#include "tests/support/PlaceInFormula.h"
 
 #include <TrelvonUnits/FormulaExplanation.h>
+#include <TrelvonUnits/FormulaOutcome.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -17,8 +19,8 @@
 #include <string>
 #include <vector>
 
-/// Explains a formula, in a unit unless its id is empty, and returns what is wrong with the
-/// explanation; empty if nothing is.
+/// Explains and tries a formula, in a unit unless its id is empty, and returns what is wrong with what
+/// is told; empty if nothing is.
 class ExplanationCheck {
  public:
   ExplanationCheck(const Units::UnitsEngineImpl& engine, const std::string& unit,
@@ -35,6 +37,9 @@ class ExplanationCheck {
     if (asked != askedAgain) return "the resolver was asked for other names";
     if (!made) return "";  // the resolver threw
     const Units::FormulaExplanation& explained = *made;
+    asked.clear();
+    if (!isSame(attempt(watched(asked)), explained)) return "tried with another outcome";
+    if (asked != askedAgain) return "the resolver was asked for other names when tried";
     if (!haveSameTokens(explained)) return "other tokens";
     if (!isTree(explained)) return "no tree";
     if (!tiles(explained)) return "the tokens do not tile the texts";
@@ -58,6 +63,22 @@ class ExplanationCheck {
   Units::FormulaExplanation explain(const VariableResolver& resolver) const {
     return unit_.empty() ? explainUnitlessFormula(engine_, formula_, resolver)
                          : explainFormula(engine_, unit_, formula_, resolver);
+  }
+
+  Units::FormulaOutcome attempt(const VariableResolver& resolver) const {
+    return unit_.empty() ? tryUnitlessFormula(engine_, formula_, resolver)
+                         : tryFormula(engine_, unit_, formula_, resolver);
+  }
+
+  static bool isSame(const Units::FormulaOutcome& tried,
+                     const Units::FormulaExplanation& explained) {
+    const Units::FormulaSpan place = placeInFormula(explained);
+    return written(tried.value) == written(explained.value()) &&
+           tried.reason == explained.reason() &&
+           tried.exceptionClass == explained.exceptionClass() &&
+           tried.message == explained.message() && tried.span.text == 0 &&
+           tried.span.begin == place.begin && tried.span.endText == 0 &&
+           tried.span.end == place.end;
   }
 
   /// Answers as the engine is said to.

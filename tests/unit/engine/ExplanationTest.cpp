@@ -106,6 +106,7 @@ TEST(Explanation, LetsForeignExceptionsPass) {
   const Engine engine = sampleEngine();
   EXPECT_THROW(explainFormula(*engine, "own", resolve), std::out_of_range);
   EXPECT_THROW(explainFormula(*engine, "1 + odd", resolve), int);
+  EXPECT_THROW(Units::tryFormula(*engine, "foot", "1 + odd", resolve), int);
   EXPECT_THROW(explainFormula(*engine, "no unit", "1", resolve),
                Units::UnrecognizedIdentifierException);
   const auto gone = explainFormula(*engine, "1 + gone", resolve);
@@ -119,9 +120,11 @@ TEST(Explanation, IsTheSameForAHostsEngine) {
   inner->addDefinition(factor("waiting", {}));
   const Units::HostEngine host{inner};
   for (const char* const formula :
-       {"2 ft + 3 in", "20 degC", "1 ft + 1", "5 fot", "5' 6\"", "1 ft * (1 degC - 1 degC) + 1"})
-    EXPECT_EQ(explainFormula(host, "foot", formula, {}).toJson(),
-              explainFormula(*inner, "foot", formula, {}).toJson());
+       {"2 ft + 3 in", "20 degC", "1 ft + 1", "5 fot", "5' 6\"", "1 ft * (1 degC - 1 degC) + 1"}) {
+    const auto explained = explainFormula(*inner, "foot", formula, {});
+    EXPECT_EQ(explainFormula(host, "foot", formula, {}).toJson(), explained.toJson());
+    EXPECT_EQ(Units::tryFormula(host, "foot", formula, {}).reason, explained.reason());
+  }
 }
 
 TEST(Explanation, LeavesOutManyPowersBelowTheRoot) {
