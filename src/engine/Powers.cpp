@@ -27,7 +27,7 @@ Power* combineFew(Power* begin, Power* end) {
     Power* place = combined;
     while (place != begin && isBefore(power, place[-1])) --place;
     if (place != begin && place[-1].unit == power.unit) {
-      place[-1].exponent += power.exponent;
+      place[-1].exponent = clampTerm(place[-1].exponent + power.exponent);
       continue;
     }
     for (Power* moved = combined++; moved != place; --moved) *moved = moved[-1];
@@ -56,8 +56,9 @@ void combinePowers(Powers& powers, std::size_t first) {
   Power* end = begin;
   for (Power* next = begin; next != powers.end();) {
     const auto* const unit = next->unit;
-    std::int64_t sum = 0;  // of 32-bit exponents: too few fit in memory to overflow it
-    for (; next != powers.end() && next->unit == unit; ++next) sum += next->exponent;
+    std::int64_t sum = 0;
+    for (; next != powers.end() && next->unit == unit; ++next)
+      sum = clampTerm(sum + next->exponent);
     *end++ = {unit, sum};
   }
   powers.setEnd(end);

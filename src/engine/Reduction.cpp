@@ -29,7 +29,7 @@ void append(Powers& powers, const RecordNode<Unit>& simple, int exponent) {
   powers.reserve(powers.size() + simple.parents.size());
   Power* target = powers.end();
   for (const auto& [unit, own] : simple.parents)
-    *target++ = {unit, saturate(std::int64_t{own} * exponent)};
+    *target++ = {unit, clampTerm(std::int64_t{own} * exponent)};
   powers.setEnd(target);
 }
 
@@ -37,7 +37,7 @@ void append(Powers& powers, const RecordNode<Unit>& simple, int exponent) {
 /// @return  the end of the output.
 Power* multiply(const Power* first, const Power* last, int exponent, Power* target) {
   for (; first != last; ++first)
-    if (first->exponent != 0) *target++ = {first->unit, saturate(first->exponent * exponent)};
+    if (first->exponent != 0) *target++ = {first->unit, clampTerm(first->exponent * exponent)};
   return target;
 }
 

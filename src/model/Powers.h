@@ -7,7 +7,7 @@
 
 namespace Units {
 
-/// A primitive unit and its exponent. 64 bits hold sums of many 32-bit exponents.
+/// A primitive unit and its exponent, in more bits than a reduced unit has.
 struct Power {
   const RecordNode<Unit>* unit;
   std::int64_t exponent;

@@ -99,14 +99,19 @@ TEST(UnitQueries, GiveTheUnitsThatFit) {
 
 TEST(UnitQueries, CompareExponentsThatAreClamped) {
   const auto engine = filledEngine();
-  const auto add = [&](const char* name, const char* parent, int exponent) {
-    engine->addUnit({name, name, System::Metric,
-                     DerivedUnitComponent({{parent, exponent}}, FactorComponent(1.0))});
+  const auto add = [&](const char* name, const std::map<std::string, int>& parents) {
+    engine->addUnit(
+        {name, name, System::Metric, DerivedUnitComponent(parents, FactorComponent(1.0))});
   };
-  add("Big", "M", 2147483647);
-  add("Bigger", "Big", 2);
-  add("PerBig", "Big", -1);
+  add("Big", {{"M", 2147483647}});
+  add("Bigger", {{"Big", 2}});
+  add("PerBig", {{"Big", -1}});
   EXPECT_EQ(written(engine->getConvertibleUnits("Big")), "Big;Bigger;PerBig;");
+  // Only the whole sum is clamped.
+  add("Back", {{"Big", 2}, {"PerBig", 1}});
+  add("Gone", {{"Big", 2147483647}, {"PerBig", 2147483647}});
+  EXPECT_EQ(written(engine->getConvertibleUnits("Back")), "Back;Big;Bigger;PerBig;");
+  EXPECT_EQ(written(engine->getConvertibleUnits("Gone")), "Gone;None;");
 }
 
 TEST(UnitQueries, AskForSymbolsAndQuantitiesByUnit) {
