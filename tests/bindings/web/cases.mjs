@@ -55,8 +55,9 @@ export class Cases {
    */
   plain(name, words, made) {
     const [takes, gives] = functions[name], rest = [...words];
-    const handles =
-        made ? [made] : name.startsWith("names_") ? [this.names] : [this.engine, this.names];
+    const handles = made          ? [made] :
+        name.startsWith("names_") ? [this.names] :
+                                    [this.engine, this.names];
     const next = {
       h: () => handles.shift(),
       n: () => number(rest.shift()),
