@@ -7,9 +7,9 @@ const numbersTo = (first, last) => Array.from({length: last - first + 1}, (_, at
 
 /** What can be chosen for digits, by the member of a display that says it. */
 const digits = {
-  places: ["Decimal places", numbersTo(0, 12), String],
+  places: ["Decimal places", numbersTo(0, 12), of => `${of} place${of === 1 ? "" : "s"}`],
   denominator: ["Fractions", numbersTo(1, 9).map(power => 2 ** power), of => `to 1/${of}`],
-  significant: ["Significant digits", numbersTo(1, 17), String]
+  significant: ["Significant digits", numbersTo(1, 17), of => `${of} significant`]
 };
 
 /** Messages about options name what they are in, which a page shows. */
