@@ -12,6 +12,7 @@ export class ConvertView {
         this,
         {catalog, writing, changed, title: "Convert", usual: {value: "6", from: "ft", to: "m"}});
     const change = () => this.update();
+    this.below = byId("others");
     this.value = new Editor(byId("value"));
     this.from = new UnitField("from", catalog, {change});
     this.to = new UnitField("to", catalog, {change, fits: unit => this.fits(unit)});

@@ -28,6 +28,7 @@ export class FormulaView {
       usual: {text: "5' 6 1/2\" + 2 * w - 30 cm", in : "m", variables: "w = 3 in"}
     });
     const change = () => this.update();
+    this.below = byId("readings");
     this.editor = new Editor(byId("text"));
     this.editor.field.addEventListener("input", change);
     this.unit = new UnitField("in", catalog, {change});

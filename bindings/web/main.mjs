@@ -58,7 +58,7 @@ class Pages {
       else
         item.removeAttribute("aria-current");
     this.writing.frame.hidden = !shown.writing;
-    if (shown.writing) byId(this.name).querySelector("form").after(this.writing.frame);
+    if (shown.writing) shown.below.before(this.writing.frame);
     this.writing.follow(values);
     document.title = `${shown.title} – Units`;
     const says = Object.keys(shown.values).some(name => Object.hasOwn(values, name));

@@ -1,8 +1,8 @@
 #include "text/CharConversion.h"
-#include "text/ShortNumber.h"
 
 #include "tests/support/Bits.h"
 #include "tests/support/Random.h"
+#include "text/ShortNumber.h"
 
 #include <gtest/gtest.h>
 
