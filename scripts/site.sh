@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Builds the site of the pages and the reference in build/site; start with index.html. Fails on each
-# warning and dead link, and if the site would load anything from elsewhere.
+# warning and dead link, and if the site would load anything from elsewhere. Where emscripten is
+# installed, the site has the page of docs/web.md, too, which takes minutes to build at first;
+# elsewhere the links to it lead to how it is made.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/setup.sh
@@ -12,6 +14,12 @@ mkdir -p build/site
 pages=$(sed -n 's|^- \[.*](\([^)]*\.md\)).*|docs/\1|p' docs/README.md | paste -sd ' ')
 export PYTHONUTF8=1
 scripts/site_layout.py >build/site-layout.xml
+if [ -z "$(missing_packages web)" ]; then
+  scripts/web.sh --page
+  mkdir build/site/page
+  cp build/web/units.html build/site/page/
+  export SITE_HAS_PAGE=1
+fi
 SITE_PAGES=$pages SITE_VERSION=$(sed -n 's/^  VERSION \([0-9.]*\)$/\1/p' CMakeLists.txt) \
   doxygen docs/Doxyfile
 scripts/site_search.py build/site docs/README.md $pages

@@ -3,8 +3,8 @@
     assemble.py FOLDER NAME              makes FOLDER/NAME.html of FOLDER/trelvon.wasm
     assemble.py FOLDER NAME SCRIPT...    the same with scripts behind its own, for tests
 
-FOLDER/definitions.json is what the page has of the catalog. The scripts become one, without `import` and `export`. The module and the definitions are packed, since
-a page in a file may read no other files. The policy allows this one script and style, by their
+FOLDER/definitions.json is what the page has of the catalog. The scripts become one, without `import`
+and `export`. The module and the definitions are packed, since a page in a file may read no other files. The policy allows this one script and style, by their
 checksums, and nothing else: no other page, picture, server or frame, and no text that is read as HTML.
 """
 import base64
@@ -19,7 +19,7 @@ HERE = pathlib.Path(__file__).resolve().parent
 SCHEMAS = HERE.parents[1] / "schemas"
 PACKS = ("core", "symbols", "aliases", "legacy", "gauge", "cgs")
 # Each after those that it imports.
-SCRIPTS = ("elements", "numbers", "link", "library", "catalog", "combobox", "editor", "files", "convert",
+SCRIPTS = ("elements", "numbers", "link", "library", "catalog", "combobox", "editor", "files", "writing", "convert",
            "formula", "unit", "definitions", "main")
 BUNDLE_HEADER = "TrelvonUnits-schema-bundle-1\n"
 

@@ -65,6 +65,11 @@ export class Catalog {
         made => JSON.parse(this.library.call("explain_json", made)));
   }
 
+  /** Uses a display of options, which are those of docs/display.md. */
+  display(options, use) {
+    return this.read(this.ask("display_create", JSON.stringify(options)), "display", use);
+  }
+
   report(made) {
     return this.read(
         made, "load_report", report => JSON.parse(this.library.call("load_report_json", report)));

@@ -1,29 +1,31 @@
 import {UnitField} from "./combobox.mjs";
+import {Editor} from "./editor.mjs";
 import {byId, element, fill, sentence} from "./elements.mjs";
 import {linkTo} from "./link.mjs";
-import {exactly, tidy} from "./numbers.mjs";
 
 const mostRows = 12;
 
 /** A number from one unit to another. */
 export class ConvertView {
-  constructor(catalog, changed) {
+  constructor(catalog, writing, changed) {
     Object.assign(
-        this, {catalog, changed, title: "Convert", usual: {value: "6", from: "ft", to: "m"}});
+        this,
+        {catalog, writing, changed, title: "Convert", usual: {value: "6", from: "ft", to: "m"}});
     const change = () => this.update();
-    this.value = byId("value");
+    this.below = byId("others");
+    this.value = new Editor(byId("value"));
     this.from = new UnitField("from", catalog, {change});
     this.to = new UnitField("to", catalog, {change, fits: unit => this.fits(unit)});
-    this.value.addEventListener("input", change);
+    this.value.field.addEventListener("input", change);
     byId("swap").addEventListener("click", () => this.swap());
   }
 
   get values() {
-    return {value: this.value.value, from: this.from.text, to: this.to.text};
+    return {value: this.value.text, from: this.from.text, to: this.to.text};
   }
 
   show({value = "1", from = "", to = ""}) {
-    this.value.value = value;
+    this.value.text = value;
     this.from.text = from;
     this.to.text = to;
     this.update();
@@ -42,6 +44,11 @@ export class ConvertView {
 
   /** The number of a text, which may be a formula such as `5' 6"`; null, if it is none. */
   number(text) {
+    if (this.writing.reads) {
+      const read = this.writing.read(text, this.source);
+      this.saysOfValue(read.sentence ?? "", read.marks, read.spellings);
+      return read.value ?? null;
+    }
     this.saysOfValue("");
     if (/^\s*[-+]?(\d+\.?\d*|\.\d+)(e[-+]?\d+)?\s*$/i.test(text)) return Number(text);
     try {
@@ -52,16 +59,21 @@ export class ConvertView {
     }
   }
 
-  saysOfValue(message) {
-    fill(byId("value-says"), sentence(message));
-    this.value.setAttribute("aria-invalid", message !== "");
+  saysOfValue(message, marks = [], spellings = []) {
+    this.value.paint(marks);
+    fill(
+        byId("value-says"), sentence(message),
+        spellings.length > 0 ? this.value.spellings(spellings, () => this.update()) : null);
+    this.value.field.setAttribute("aria-invalid", message !== "");
   }
 
   update() {
     this.source = this.from.unit();
     const target = this.to.unit();
-    const number =
-        this.source && this.value.value.trim() !== "" ? this.number(this.value.value) : null;
+    this.writing.offer(...new Set([this.source, target].filter(unit => unit)));
+    this.saysOfValue("");
+    const {text} = this.value;
+    const number = this.source && text.trim() !== "" ? this.number(text) : null;
     fill(byId("result"));
     if (number !== null && target) this.result(number, target);
     fill(byId("others"), number === null ? [] : this.table(number));
@@ -69,14 +81,13 @@ export class ConvertView {
   }
 
   result(number, target) {
-    const {catalog, source} = this;
+    const {catalog, source, writing} = this;
     try {
-      const converted = catalog.ask("convert", number, source, target);
-      const digits = exactly(converted);
+      const [text, digits] =
+          writing.written(catalog.ask("convert", number, source, target), target);
       fill(
-          byId("result"),
-          element("span", {class: "quiet"}, catalog.written(tidy(number), source) + " = "),
-          element("strong", {}, catalog.written(tidy(converted), target)),
+          byId("result"), element("span", {class: "quiet"}, writing.whole(number, source) + " = "),
+          element("strong", {}, text),
           digits && element("span", {class: "digits"}, `all digits: ${digits}`));
     } catch (error) {
       this.to.say(
@@ -115,9 +126,11 @@ export class ConvertView {
   }
 
   row({typeId, value}) {
-    const {catalog} = this, link = linkTo("convert", {...this.values, to: catalog.textFor(typeId)});
+    const {catalog, writing} = this;
+    const link =
+        linkTo("convert", {...this.values, to: catalog.textFor(typeId), ...writing.values});
     return element(
-        "tr", {}, element("td", {class: "number"}, tidy(value)),
+        "tr", {}, element("td", {class: "number"}, writing.number(value, typeId)),
         element("th", {scope: "row"}, catalog.label(typeId)),
         element("td", {}, element("a", {href: link}, catalog.nameOf(typeId))));
   }

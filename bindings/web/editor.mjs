@@ -53,6 +53,9 @@ export class Editor {
     const frame = element("div", {class: "editor"});
     field.replaceWith(frame);
     frame.append(this.below, field);
+    field.addEventListener("keydown", event => {
+      if (event.key === "Enter" && field.rows === 1) event.preventDefault();
+    });
   }
 
   get text() {
@@ -65,6 +68,23 @@ export class Editor {
 
   paint(marks) {
     fill(this.below, marked(this.text, marks), "\n");
+  }
+
+  /** Buttons with texts to be taken over. */
+  spellings(texts, changed) {
+    const take = text => () => {
+      this.text = text;
+      this.field.focus();
+      changed();
+    };
+    return element(
+        "span", {class: "spellings"},
+        texts.filter(text => text !== "")
+            .map(
+                text => element(
+                    "button", {type: "button", click: take(text), title: "Write this instead"},
+                    element("span", {class: "unseen"}, "Write instead: "),
+                    element("code", {}, text))));
   }
 
   select(begin, end) {

@@ -2,7 +2,7 @@ import {UnitField} from "./combobox.mjs";
 import {Editor, marked, offsets} from "./editor.mjs";
 import {byId, element, fill, sentence} from "./elements.mjs";
 import {TrelvonError} from "./library.mjs";
-import {exactly, power, tidy} from "./numbers.mjs";
+import {power, tidy} from "./numbers.mjs";
 
 const mostNodes = 400, mostLevels = 40, mostMarks = 20000;
 
@@ -19,19 +19,18 @@ function readVariables(lines) {
 
 /** How a formula is read, what it gives, and what is wrong or surprising. */
 export class FormulaView {
-  constructor(catalog, changed) {
+  constructor(catalog, writing, changed) {
     Object.assign(this, {
       catalog,
+      writing,
       changed,
       title: "Formula",
       usual: {text: "5' 6 1/2\" + 2 * w - 30 cm", in : "m", variables: "w = 3 in"}
     });
     const change = () => this.update();
+    this.below = byId("readings");
     this.editor = new Editor(byId("text"));
     this.editor.field.addEventListener("input", change);
-    this.editor.field.addEventListener("keydown", event => {
-      if (event.key === "Enter") event.preventDefault();
-    });
     this.unit = new UnitField("in", catalog, {change});
     this.variables = byId("variables");
     this.variables.addEventListener("input", change);
@@ -49,12 +48,14 @@ export class FormulaView {
   }
 
   update() {
-    this.changed();
     const unit = this.unit.unit();
+    this.writing.offer(...(unit ? [unit] : []));
+    this.changed();
     for (const id of ["outcome", "warnings", "readings", "tree"]) fill(byId(id));
     this.editor.paint([]);
     this.editor.field.removeAttribute("aria-invalid");
     if (this.editor.text.trim() === "" || (unit === null && this.unit.text !== "")) return;
+    if (this.writing.reads && this.readValue(unit)) return;
     const explained =
         this.catalog.explain(unit, this.editor.text, readVariables(this.variables.value));
     const marks = this.marksOf(explained);
@@ -64,6 +65,18 @@ export class FormulaView {
     this.warnings(explained);
     this.replacements(explained, marks);
     this.tree(explained);
+  }
+
+  /** Shows a text that is a value as it is written here, or may be one of two; else says false. */
+  readValue(unit) {
+    const {value, sentence: said, marks, spellings} = this.writing.read(this.editor.text, unit);
+    if (value === undefined && spellings.length === 0) return false;
+    this.editor.paint(marks ?? []);
+    this.editor.field.setAttribute("aria-invalid", value === undefined);
+    fill(
+        byId("outcome"),
+        value === undefined ? this.refusal(said, spellings) : this.result(value, unit));
+    return true;
   }
 
   /** By text: the tokens' colors, and lines under faults and surprises. */
@@ -83,48 +96,36 @@ export class FormulaView {
   }
 
   outcome(explained, unit) {
-    if (explained.reason !== "done")
-      return [
-        element("span", {class: "error"}, sentence(explained.sentence)),
-        this.spellings(explained.spellings)
-      ];
-    const value = Number(explained.value), digits = exactly(value);
+    return explained.reason === "done" ?
+        this.result(Number(explained.value), unit, explained.powers) :
+        this.refusal(explained.sentence, explained.spellings);
+  }
+
+  refusal(said, spellings) {
     return [
-      element(
-          "strong", {},
-          "= " +
-              (unit ? this.catalog.written(tidy(value), unit) :
-                      this.inPrimitives(value, explained.powers))),
+      element("span", {class: "error"}, sentence(said)),
+      this.editor.spellings(spellings, () => this.update())
+    ];
+  }
+
+  result(value, unit, powers) {
+    const [text, digits] = this.writing.written(value, unit);
+    return [
+      element("strong", {}, "= " + (unit ? text : this.inPrimitives(text, powers))),
       digits && element("span", {class: "digits"}, `all digits: ${digits}`)
     ];
   }
 
-  inPrimitives(value, powers = []) {
+  inPrimitives(number, powers = []) {
     const units = powers.map(({unit, exponent}) => power(this.catalog.label(unit), exponent));
-    return [tidy(Number(value)), ...units].join(" ");
-  }
-
-  /** Formulas that work, to be taken over. */
-  spellings(texts) {
-    const take = text => () => {
-      this.editor.text = text;
-      this.editor.field.focus();
-      this.update();
-    };
-    return element(
-        "span", {class: "spellings"},
-        texts.filter(text => text !== "")
-            .map(
-                text => element(
-                    "button", {type: "button", click: take(text), title: "Write this instead"},
-                    element("span", {class: "unseen"}, "Write instead: "),
-                    element("code", {}, text))));
+    return [number, ...units].join(" ");
   }
 
   warnings({warnings}) {
     const items = warnings.map(
-        ({sentence: said, spelling}) =>
-            element("li", {}, element("span", {}, sentence(said)), this.spellings([spelling])));
+        ({sentence: said, spelling}) => element(
+            "li", {}, element("span", {}, sentence(said)),
+            this.editor.spellings([spelling], () => this.update())));
     fill(
         byId("warnings"),
         items.length > 0 ? element("ul", {class: "card surprises"}, items) : null);
@@ -173,7 +174,7 @@ export class FormulaView {
       element("code", {class: "token " + token.kind}, text),
       element(
           "span", {class: "quiet"},
-          reached ? " = " + this.inPrimitives(value, powers) : " is not reached")
+          reached ? " = " + this.inPrimitives(tidy(Number(value)), powers) : " is not reached")
     ];
   }
 }

@@ -17,7 +17,7 @@ const statuses = [
   "CALLBACK", "ARGUMENT", "OTHER"
 ];
 
-/** Why a call failed: `status` is a word, `span` the bytes of a formula or null. */
+/** Why a call failed: `status` is a word, `span` the bytes of what was read or null. */
 export class TrelvonError extends Error {
   constructor(status, message, span = null) {
     super(message);
@@ -70,6 +70,13 @@ export const functions = {
   can_convert: ["htt", "int"],
   format_fixed: ["hnnon", "text"],
   format_fractional: ["hnno", "text"],
+  display_create: ["ht", "handle"],
+  display_show: ["hn", "text"],
+  display_read: ["ht", "double"],
+  display_read_json: ["ht", "text"],
+  display_json: ["h", "text"],
+  display_unit: ["h", "text"],
+  display_locales: ["", "list of text"],
   evaluate: ["httr", "double"],
   evaluate_unitless: ["htr", "double"],
   explain: ["hotr", "handle"],
@@ -79,6 +86,21 @@ export const functions = {
   explain_json: ["h", "text"],
   explain_text: ["h", "text"],
   explain_tree: ["h", "text"],
+  parameters_create: ["h", "handle"],
+  parameters_set: ["htto", "nothing"],
+  parameters_rename: ["htt", "nothing"],
+  parameters_remove: ["ht", "nothing"],
+  parameters_reevaluate: ["h", "nothing"],
+  parameters_evaluate: ["h", "int"],
+  parameters_value: ["hto", "double"],
+  parameters_names: ["h", "list of text"],
+  parameters_formula: ["ht", "text"],
+  parameters_unit: ["ht", "text"],
+  parameters_references: ["ht", "list of text"],
+  parameters_dependents: ["ht", "list of text"],
+  parameters_problems: ["h", "list of text"],
+  parameters_explain_json: ["ht", "text"],
+  parameters_explain_text: ["ht", "text"],
   add_definition: ["ht", "list of text"],
   build_schemas: ["h", "nothing"],
   definition: ["ht", "text"],
@@ -360,7 +382,10 @@ export class Library {
     }
   }
 
-  /** Frees an "engine", "names", "conversion", "explanation" or "load_report". */
+  /**
+   * Frees an "engine", "names", "conversion", "display", "parameters", "explanation" or
+   * "load_report".
+   */
   free(what, handle) {
     this.exports[`trelvon_${what}_free`](handle);
   }

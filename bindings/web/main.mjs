@@ -6,6 +6,7 @@ import {FormulaView} from "./formula.mjs";
 import {Library} from "./library.mjs";
 import {linkTo, readLink} from "./link.mjs";
 import {UnitView} from "./unit.mjs";
+import {Writing} from "./writing.mjs";
 
 /** What is built into the page: gzip in base64, since a page in a file may read no other files. */
 async function unpacked(id) {
@@ -17,9 +18,10 @@ async function unpacked(id) {
 class Pages {
   constructor(catalog) {
     const changed = () => this.keep();
+    this.writing = new Writing(catalog, () => this.views[this.name].update());
     this.views = {
-      convert: new ConvertView(catalog, changed),
-      formula: new FormulaView(catalog, changed),
+      convert: new ConvertView(catalog, this.writing, changed),
+      formula: new FormulaView(catalog, this.writing, changed),
       unit: new UnitView(catalog, changed),
       definitions: new DefinitionsView(catalog, changed)
     };
@@ -29,14 +31,17 @@ class Pages {
       form.addEventListener("submit", event => event.preventDefault());
   }
 
-  link() {
-    return linkTo(this.name, this.views[this.name].values);
+  link(name = this.name) {
+    const view = this.views[name];
+    return linkTo(name, {...view.values, ...view.writing?.values});
   }
 
+  /** The way of writing is in the links to all views that were shown. */
   keep() {
     for (const item of document.querySelectorAll("nav a")) {
-      const {view} = readLink(item.getAttribute("href"));
-      if (view === this.name) item.setAttribute("href", this.link());
+      const {view, values} = readLink(item.getAttribute("href"));
+      if (view === this.name || Object.keys(values).length > 0)
+        item.setAttribute("href", this.link(view));
     }
     this.write();
   }
@@ -52,8 +57,12 @@ class Pages {
         item.setAttribute("aria-current", "page");
       else
         item.removeAttribute("aria-current");
+    this.writing.frame.hidden = !shown.writing;
+    if (shown.writing) shown.below.before(this.writing.frame);
+    this.writing.follow(values);
     document.title = `${shown.title} – Units`;
-    const said = Object.keys(values).length > 0 ? values : shown.values;
+    const says = Object.keys(shown.values).some(name => Object.hasOwn(values, name));
+    const said = says ? values : shown.values;
     const isBlank = Object.values(said).every(text => text === "");
     shown.show(isBlank ? shown.usual : said);
     if (isMove) byId(this.name + "-title").focus();

@@ -87,4 +87,16 @@ void appendFixed(std::string& out, double magnitude, unsigned char decimalPlaces
   out += written.substr(written.size() - decimalPlaces);
 }
 
+std::string shortNumber(double value) {
+  char text[24 + MB_LEN_MAX];
+  if (std::snprintf(text, sizeof text, "%.15g", value) < 0) throw std::bad_alloc();
+  std::string written = text;
+  const std::size_t sign = written[0] == '-' ? 1 : 0;
+  const std::size_t mark = sign + countLeading<isDigit>(std::string_view(written).substr(sign));
+  const std::size_t behind = written.find_first_of("0123456789e", mark);
+  if (mark > sign && mark < behind && behind != written.npos)
+    written.replace(mark, behind - mark, ".");  // the locale's is of any length
+  return written;
+}
+
 }  // namespace Units::byCLibrary

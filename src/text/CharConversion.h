@@ -14,4 +14,7 @@ LeadingNumber readDecimal(std::string_view text);
 /// @throws std::bad_alloc  nothing is appended then.
 void appendFixed(std::string& out, double magnitude, unsigned char decimalPlaces);
 
+/// See `Units::shortNumber`.
+std::string shortNumber(double value);
+
 }  // namespace Units::byCLibrary

@@ -38,13 +38,13 @@ struct ReferenceReduction {
       result = reduce(units.at(absolute->getParentUnit()));
       result.offset = absolute->getOffset();
     } else if (const auto derived = unit.getDerivedUnitComponent()) {
-      std::map<std::string, std::int64_t> sums;
+      std::map<std::string, long double> sums;  // exact up to 64 bits
       result.factor = factorOf(derived->getFactorComponent());
       for (const auto& [id, exponent] : derived->getParentUnitPowers()) {
         const Reduced parent = reduce(units.at(id));
         result.factor = std::pow(parent.factor, static_cast<double>(exponent)) * result.factor;
         for (const auto& [primitive, power] : parent.powers)
-          if (power != 0) sums[primitive] += limited(std::int64_t{power} * exponent);
+          sums[primitive] += static_cast<long double>(power) * exponent;
       }
       for (const auto& [primitive, sum] : sums) result.powers[primitive] = limited(sum);
     } else {
@@ -53,9 +53,9 @@ struct ReferenceReduction {
     return result;
   }
 
-  static int limited(std::int64_t exponent) {
-    return static_cast<int>(std::clamp<std::int64_t>(exponent, std::numeric_limits<int>::min(),
-                                                     std::numeric_limits<int>::max()));
+  static int limited(long double exponent) {
+    return static_cast<int>(std::clamp<long double>(exponent, std::numeric_limits<int>::min(),
+                                                    std::numeric_limits<int>::max()));
   }
 };
 

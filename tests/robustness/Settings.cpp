@@ -72,6 +72,7 @@ void addNumbers(const Units::UnitsEngine& engine, std::string& all) {
 /// What standard libraries without <charconv> for doubles go through.
 void addConversionsByCLibrary(std::string& all) {
   for (const double value : values) Units::byCLibrary::appendFixed(all, std::fabs(value), 12);
+  for (const double value : values) all += Units::byCLibrary::shortNumber(value) + '\n';
   for (const char* text : {"1.5e3", "1,5", "1.234.5", "0.000001", ".5"}) {
     const Units::LeadingNumber read = Units::byCLibrary::readDecimal(text);
     all += written(read.value) + ' ' + std::to_string(read.length) + '\n';

@@ -49,10 +49,15 @@ export class Cases {
     return [];
   }
 
-  /** Calls a function with words, as its row in `functions` takes them, and gives words. */
-  plain(name, words) {
+  /**
+   * Calls a function with words, as its row in `functions` takes them, and gives words.
+   * @param made  the handle that it takes, if neither the engine nor the names.
+   */
+  plain(name, words, made) {
     const [takes, gives] = functions[name], rest = [...words];
-    const handles = name.startsWith("names_") ? [this.names] : [this.engine, this.names];
+    const handles = made          ? [made] :
+        name.startsWith("names_") ? [this.names] :
+                                    [this.engine, this.names];
     const next = {
       h: () => handles.shift(),
       n: () => number(rest.shift()),
@@ -95,6 +100,16 @@ export class Cases {
     return this.library.apply(made, numbers.map(number)).map(bits);
   }
 
+  /** A table that is filled by "set|NAME|FORMULA|UNIT", "rename|NAME|NAME" or "remove|NAME". */
+  table(steps) {
+    const made = this.plain("parameters_create", []);
+    for (const [step, ...texts] of steps.map(text => text.split("|"))) {
+      if (step === "set") texts[2] ??= null;
+      this.library.call("parameters_" + step, made, ...texts);
+    }
+    return made;
+  }
+
   run([call, ...words]) {
     const others = {
       prepared: () => this.converted(...words),
@@ -113,6 +128,9 @@ export class Cases {
       learn_names: () => this.learn(words)
     };
     if (call in others) return others[call]();
+    if (call.startsWith("display_") && words.length > 0)
+      return this.plain(call, words.slice(1), this.plain("display_create", words));
+    if (call.startsWith("parameters_")) return this.plain(call, words, this.table(words.slice(2)));
     return this.plain(call in functions ? call : "names_" + call, words);
   }
 

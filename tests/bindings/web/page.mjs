@@ -38,6 +38,12 @@ const click = selector => async () => {
   await settle();
 };
 
+const select = (selector, value) => async () => {
+  find(selector).value = value;
+  find(selector).dispatchEvent(new Event("change", {bubbles: true}));
+  await settle();
+};
+
 /** Chooses files by name and content. */
 const choose = files => async () => {
   const chosen = new DataTransfer();
@@ -95,6 +101,61 @@ const rows = [
   [[], () => document.activeElement.id, "convert-title"],
   [[type("#to", "K")], () => text("#result strong"), "273.15 K"],
   [[click("#swap")], () => text("#from-says").startsWith("K names several units: kelvin ("), true],
+
+  // How values are written, and read.
+  [
+    [go("#convert?value=1234.5&from=ft&to=mm&locale=de&places=2&groups=true")],
+    () => text("#result"), "1.234,5 ft = 376.275,60 mm"
+  ],
+  [[], () => text("tbody tr:first-child td.number"), "1,87 | 3.703,50"],
+  [[type("#value", "1.234"), click("#reads")], () => text("#result strong"), ""],
+  [
+    [], () => text("#value-says"),
+    "1.234 has two readings: write 1,234 or 1234.Write instead: 1,234Write instead: 1234"
+  ],
+  [[], () => text("#convert .editor .fault"), "1.234"],
+  [
+    [click("#value-says button")], () => text("#result"), "1,234 ft = 376,12 mmall digits: 376.1232"
+  ],
+  [
+    [], () => document.activeElement.id + location.hash,
+    "value#convert?value=1%2C234&from=ft&to=mm&locale=de&places=2&groups=true&reads=true"
+  ],
+  [
+    [type("#value", "6 m")], () => text("#value-says"),
+    "m is not expected. Values are written in ft."
+  ],
+  [
+    [
+      select("#locale", "en"), select("#digits", "denominator=16"), click("#reads"),
+      type("#value", "5.53125"), type("#to", "in")
+    ],
+    () => text("#result strong"), "66 3/8 in"
+  ],
+  [[select("#symbol", "feetAndInches")], () => text("#result .quiet"), "5' 6.375\" = "],
+  [
+    [click("#reads"), type("#value", "5' 12\"")], () => text("#value-says"),
+    "12 must be less than 12."
+  ],
+  [
+    [go("#formula?text=1,5&in=mm&locale=fr&reads=true&significant=3")], () => text("#outcome"),
+    "= 1,50 mm"
+  ],
+  [[type("#text", "2 ft + 1 mm")], () => text("#outcome"), "= 611 mmall digits: 610.6"],
+  [[type("#text", "1.234")], () => text("#formula .editor .fault"), "1.234"],
+  [
+    [
+      type("#in", "deg"), type("#text", "12.5"), select("#symbol", "degreesMinutesSeconds"),
+      select("#digits", "denominator=2")
+    ],
+    () => text("#writing-says") + text("#outcome"),
+    "only inches have fractions, not the last part of trelvon.symbol:degreesMinutesSeconds-1.0.0.= 12.5°"
+  ],
+  [
+    [go("#convert?value=6&from=ft&to=m&locale=xx&places=99")], () => text("#writing-says"),
+    "xx cannot be chosen here. places=99 cannot be chosen here. "
+  ],
+  [[go("#convert?locale=en")], () => text("#result strong"), "1.8288 m"],
 
   // The keyboard alone.
   [

@@ -2,6 +2,7 @@
 
 #include "tests/support/Bits.h"
 #include "tests/support/Random.h"
+#include "text/ShortNumber.h"
 
 #include <gtest/gtest.h>
 
@@ -84,9 +85,14 @@ TEST(CharConversion, WritesAsTheStandardLibraryDoes) {
   for (const double value : {0.0, 0.5, 1.5, 2.5, 0.125, 1e15, 1e22, 1e23, 999.9995, 5e-324, DBL_MAX,
                              infinity, std::nan("")})
     for (const int places : {0, 1, 2, 3, 12, 255}) expectSameWriting(value, places);
+  for (const double value : {0.0, -0.0, 0.5, -1e15, 123456789012345678.0, 1e-5, 1.5e-300, -DBL_MAX,
+                             infinity, -infinity, std::nan("")})
+    EXPECT_EQ(byCLibrary::shortNumber(value), shortNumber(value));
   for (int count = 0; count < 20000; ++count) {
     expectSameWriting(randomDouble(random), count % 256);
     expectSameWriting(static_cast<double>(random.bits() >> 20) / 4096.0, count % 13);
+    const double any = random.anyDouble();
+    ASSERT_EQ(byCLibrary::shortNumber(any), shortNumber(any));
   }
 }
 
