@@ -3,16 +3,17 @@
 cmake_minimum_required(VERSION 3.25)
 
 # Every module may include itself, include/TrelvonUnits and only these:
-set(rooms model registry json text formula schema engine reporting loading prepared naming display parameters)
+set(rooms model registry json text formula schema engine explaining reporting loading prepared naming display parameters)
 set(registry_sees model)
 set(json_sees rapidjson)
 set(text_sees model)
 set(formula_sees text model)
 set(schema_sees json registry model)
 set(engine_sees schema formula prepared registry text model)
+set(explaining_sees engine formula registry text model)
 set(reporting_sees loading schema json text model)
 set(naming_sees json text model)
-set(parameters_sees engine formula registry model)
+set(parameters_sees explaining engine formula registry model)
 set(display_sees json text model)
 # The folders around the library. Only those that check our use of RapidJSON may include it.
 set(tests_sees ${rooms} tests tools)

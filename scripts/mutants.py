@@ -34,8 +34,8 @@ import mutations
 import reasons
 
 SHARE = 90.0  # percent
-ROOMS = ("model", "registry", "json", "text", "formula", "schema", "engine", "reporting", "loading",
-         "prepared", "naming", "display")
+ROOMS = ("model", "registry", "json", "text", "formula", "schema", "engine", "explaining", "reporting",
+         "loading", "prepared", "naming", "display", "parameters")
 ROOT = os.path.dirname(os.path.dirname(os.path.realpath(__file__)))
 WORK = os.path.join(ROOT, "build", "mutants")
 TREE = os.path.join(WORK, "tree")

@@ -1,6 +1,6 @@
 #include "parameters/FormulaReading.h"
 
-#include "engine/ExplainFormula.h"
+#include "explaining/ExplainFormula.h"
 #include "formula/Evaluation.h"
 #include "formula/FormulaParser.h"
 #include "formula/Refusal.h"

@@ -1,6 +1,6 @@
 #include "parameters/KnownParameters.h"
 
-#include "engine/ExplainFormula.h"
+#include "explaining/ExplainFormula.h"
 
 namespace Units {
 

@@ -1,6 +1,6 @@
 #include "parameters/ParameterProblems.h"
 
-#include "engine/ExplainFormula.h"
+#include "explaining/ExplainFormula.h"
 #include "formula/Refusal.h"
 #include "parameters/KnownParameters.h"
 #include "parameters/ParameterName.h"

@@ -1,5 +1,5 @@
-#include "engine/ExplainedFormula.h"
-#include "engine/NearNames.h"
+#include "explaining/ExplainedFormula.h"
+#include "explaining/NearNames.h"
 #include "formula/SpellingTables.h"
 #include "model/Characters.h"
 #include "model/RecordAccess.h"

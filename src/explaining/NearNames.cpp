@@ -1,4 +1,4 @@
-#include "engine/NearNames.h"
+#include "explaining/NearNames.h"
 
 #include "formula/SpellingTables.h"
 #include "model/Characters.h"

@@ -1,7 +1,7 @@
-#include "engine/ExplainFormula.h"
+#include "explaining/ExplainFormula.h"
 
-#include "engine/ExplainedFormula.h"
-#include "engine/NearNames.h"
+#include "explaining/ExplainedFormula.h"
+#include "explaining/NearNames.h"
 #include "formula/Evaluation.h"
 #include "formula/TryFormula.h"
 #include "model/Characters.h"

@@ -1,4 +1,4 @@
-#include "engine/ValueKinds.h"
+#include "explaining/ValueKinds.h"
 
 #include "engine/Reduction.h"
 #include "model/Characters.h"
