@@ -16,7 +16,7 @@ SITE_PAGES=$pages SITE_VERSION=$(sed -n 's/^  VERSION \([0-9.]*\)$/\1/p' CMakeLi
 scripts/site_search.py build/site docs/README.md $pages
 if grep -rniE '(src|data)="(https?:)?//|<link[^>]*href="(https?:)?//|(url\(|@import)[ "'\'']*(https?:)?//' \
   --include='*.html' --include='*.css' --include='*.js' build/site; then
-  echo "The site loads what these lines name." >&2
+  echo "The site loads the outside resources above." >&2
   exit 1
 fi
 linkchecker --config=scripts/linkchecker.ini build/site/index.html
