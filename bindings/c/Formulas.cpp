@@ -33,7 +33,8 @@ Units::FormulaExplanation explain(const Units::UnitsEngine& engine, const Formul
                       : explainUnitlessFormula(engine, formula.text, resolver);
 }
 
-/// What was refused. In a replacement, it is the variable of the formula that was replaced.
+/// The part that was refused. If it is in a replacement, the variable in the formula that was
+/// replaced.
 Span refusedSpan(const Units::FormulaExplanation& explanation) {
   Units::FormulaSpan span = explanation.span();
   const auto texts = explanation.texts();

@@ -9,7 +9,8 @@
 namespace C {
 namespace {
 
-/// A formula may have variables by the million, whose answers would fill memory for a span.
+/// A formula may have millions of variables. Keeping all answers just to report a span would fill
+/// the memory.
 constexpr std::size_t mostAnswers = 10000;
 
 }  // namespace

@@ -19,7 +19,7 @@ class Resolution {
  public:
   enum class Refusals { Faults, Explained };
 
-  /// @param refusals   Explained: TRELVON_PARSE is the exception that explanations tell of.
+  /// @param refusals   Explained: TRELVON_PARSE stands for the exception that explanations report.
   /// @param remembers  whether `replay` will be asked for.
   Resolution(trelvon_resolver resolver, void* context, Refusals refusals, bool remembers);
 

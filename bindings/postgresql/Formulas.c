@@ -11,7 +11,7 @@ PG_FUNCTION_INFO_V1(units_explain_plain);
 PG_FUNCTION_INFO_V1(units_explain_text);
 PG_FUNCTION_INFO_V1(units_explain_text_plain);
 
-/* Longer ones are not shown again in errors. */
+/* Longer formulas are not repeated in errors. */
 enum { MOST_OF_SHOWN = 4000 };
 
 typedef struct {
@@ -30,7 +30,7 @@ static const char* unit_argument(FunctionCallInfo fcinfo) {
   return made->type_id;
 }
 
-/* Formula, unit unless the result has none, and variables if there are any. */
+/* Formula, unit if the result has one, and variables if there are any. */
 static formula formula_arguments(FunctionCallInfo fcinfo, bool is_plain, size_t most) {
   formula read = {{NULL, 0}, NULL, NULL};
   const int next = is_plain ? 1 : 2;
@@ -44,7 +44,7 @@ static trelvon_resolver resolver_of(const formula* of) {
   return of->variables != NULL ? resolve_variable : NULL;
 }
 
-/* An error takes several times as long as the status alone, so it may be null. */
+/* Making an error takes several times as long as returning the status, so it may be null. */
 static trelvon_status evaluate(const formula* of, double* result, held* failed) {
   const trelvon_resolver resolver = resolver_of(of);
   trelvon_error** const error = failed != NULL ? &failed->error : NULL;

@@ -31,8 +31,8 @@ std::string_view withoutSpaces(std::string_view text) {
   return text;
 }
 
-/// How many bytes at an edge of a text are the text of a unit; 0 if it is not there. Any space stands
-/// for each of its spaces, but for those around it, which are no part of it.
+/// How many bytes at an edge of a text are the text of a unit; 0 if it is not there. Any space
+/// matches each of its spaces. Spaces around the text are not part of it.
 std::size_t bytesOfUnit(std::string_view text, const DisplayScale& scale) {
   const std::size_t all = text.size();
   const bool isStart = scale.isPrefix;
@@ -50,7 +50,7 @@ std::size_t bytesOfUnit(std::string_view text, const DisplayScale& scale) {
 
 std::string inQuotes(std::string_view text) { return '`' + shownText(text) + '`'; }
 
-/// The number of a part, and the fraction behind it.
+/// The number of a part, and the fraction after it.
 struct PartNumber {
   std::string whole = "0";
   std::string places;
@@ -58,7 +58,7 @@ struct PartNumber {
   std::uint32_t denominator = 1;
 };
 
-/// Each member that returns whether it has read something has refused the text if not.
+/// If a member that returns whether it has read something returns false, it has refused the text.
 class DisplayReader {
  public:
   DisplayReader(const DisplayContents& display, std::string_view text)
@@ -96,7 +96,7 @@ class DisplayReader {
   const std::string_view text_;
   std::size_t at_ = 0;
   std::size_t end_ = 0;
-  std::size_t begin_ = 0;  // of the value behind its sign
+  std::size_t begin_ = 0;  // of the value, after its sign
   bool isNegative_ = false;
   std::unique_ptr<DisplayReadingContents> made_;
 };
@@ -149,21 +149,20 @@ bool DisplayReader::refuseMarks(const WrittenNumber& written) {
     made_->readings.push_back(value);
     std::string spelling = number->digits;
     if (number->places == primaryGroup && display_.form.isWhole() && style.groups)
-      spelling += '0';  // four digits are no group
+      spelling += '0';  // four digits are not a group
     if (number->places > 0) spelling.replace(spelling.find('.'), 1, style.decimalMark);
     spellings.push_back(inQuotes(spelling));
   }
   if (spellings.size() == 2)
     return refuse(begin, end,
                   shown + " has two readings: write " + spellings[0] + " or " + spellings[1] + '.');
-  const std::string why = shown +
-                          " is not written as numbers are here, where the decimal mark is " +
+  const std::string why = shown + " does not fit this number format. The decimal mark is " +
                           inQuotes(style.decimalMark) + '.';
   made_->readings.clear();
   return refuse(begin, end, spellings.empty() ? why : why + " Write " + spellings[0] + '.');
 }
 
-/// Whether digits and a slash follow, behind spaces.
+/// Whether digits and a slash follow, after any spaces.
 bool DisplayReader::isFractionAt(std::size_t place) const {
   if (display_.form.kind != NumberForm::Kind::Fraction) return false;
   std::string_view text = between(place, end_);
@@ -179,10 +178,11 @@ bool DisplayReader::readNumber(bool isInPart, bool isWhole, PartNumber& number) 
   if (written.bytes == 0) return refuse(at_, end_, "There is no number.");
   const std::size_t end = at_ + written.bytes;
   const std::string shown = inQuotes(between(at_, end));
-  if (written.mixesDigits) return refuse(at_, end, shown + " mixes digits of two scripts.");
+  if (written.mixesDigits) return refuse(at_, end, shown + " mixes digits from two scripts.");
   const std::optional<PlainNumber> plain = readStrictly(written, style);
   if (!plain) return refuseMarks(written);
-  // What a single mark is must not depend on the locale alone: it is what the display shows.
+  // The meaning of a single mark must not depend on the locale alone: it is the one that the
+  // display shows.
   const bool hasFraction = isFractionAt(end);
   const bool meansGroup = display_.form.isWhole() && style.groups;
   if (!isInPart && !hasFraction && isDoubtful(written) && meansGroup != (plain->places == 0))
@@ -212,7 +212,7 @@ bool DisplayReader::readFraction(PartNumber& number) {
   made_->pieces.pop_back();
   return refuse(begin, at_,
                 inQuotes(between(begin, at_)) +
-                    " is no fraction below 1 of halves, quarters and so on up to 512ths.");
+                    " is not a fraction below 1 in halves, quarters and so on down to 512ths.");
 }
 
 /// A number, a fraction, or both.
@@ -225,8 +225,7 @@ bool DisplayReader::readAmount(bool isInPart, PartNumber& number) {
 }
 
 bool DisplayReader::refuseRange() {
-  return refuse(begin_, end_,
-                inQuotes(between(begin_, end_)) + " is beyond the numbers there are.");
+  return refuse(begin_, end_, inQuotes(between(begin_, end_)) + " is too large.");
 }
 
 bool DisplayReader::readMark(std::string_view mark) {
@@ -247,7 +246,7 @@ bool DisplayReader::readMark(std::string_view mark) {
   return true;
 }
 
-/// A part but the first, which is less than one of the part before it.
+/// Any part except the first. It must be less than one of the part before it.
 bool DisplayReader::readPart(std::size_t index, PartNumber& number, std::uint32_t& count) {
   const CompositeLayout& layout = *display_.form.layout;
   const std::size_t begin = at_;
@@ -280,11 +279,11 @@ bool DisplayReader::readComposite(double& value) {
   return divide(count, number, value);
 }
 
-/// Counts steps of the last part, and divides by how many make one of the first.
+/// Counts steps of the last part, and divides by the number of them in one of the first.
 bool DisplayReader::divide(Natural& count, const PartNumber& last, double& value) {
   constexpr std::size_t mostPlaces = 12;
   if (last.places.size() > mostPlaces)
-    return refuse(begin_, end_, inQuotes(last.places) + " are more than 12 decimal places.");
+    return refuse(begin_, end_, inQuotes(last.places) + " has more than 12 decimal places.");
   const std::size_t low = std::min<std::size_t>(last.places.size(), 9);
   const std::size_t high = last.places.size() - low;
   const auto digits = [&](std::size_t first, std::size_t size) {
@@ -299,7 +298,7 @@ bool DisplayReader::divide(Natural& count, const PartNumber& last, double& value
   return std::isfinite(value) || refuseRange();
 }
 
-/// The value of digits with a point: never 0 where a digit is not, nor infinite.
+/// The value of digits with a point. It is 0 only if all digits are, and never infinite.
 bool DisplayReader::readDecimal(const PartNumber& number, double& value) {
   const std::string digits =
       number.places.empty() ? number.whole : number.whole + '.' + number.places;
@@ -308,7 +307,7 @@ bool DisplayReader::readDecimal(const PartNumber& number, double& value) {
   return (std::isfinite(value) && !isLost) || refuseRange();
 }
 
-/// The scale whose text is the longest before or behind the number; null if there is none.
+/// The scale with the longest text before or after the number; null if there is none.
 /// @param bytes  set to the bytes of that text.
 const DisplayScale* DisplayReader::matchUnit(std::size_t& bytes) const {
   const DisplayScale* longest = nullptr;
@@ -320,7 +319,7 @@ const DisplayScale* DisplayReader::matchUnit(std::size_t& bytes) const {
     longest = &scale;
   }
   if (!longest) return nullptr;
-  // A text that begins or ends as numbers do is told from them by a space.
+  // A space separates the number from a text that begins or ends like a number.
   const bool isPrefix = longest->isPrefix;
   const char edge = number[isPrefix ? bytes - 1 : number.size() - bytes];
   isPrefix ? number.remove_prefix(bytes) : number.remove_suffix(bytes);
@@ -368,8 +367,8 @@ bool DisplayReader::refuseUnit(std::size_t end) {
   if (at_ == end) return refuse(at_, end, "The unit is missing. Write one of " + units + '.');
   const std::string shown = inQuotes(between(at_, end));
   if (display_.scales.size() == 1 && display_.scales.front().text.empty())
-    return refuse(at_, end, shown + " is not expected: only a number is.");
-  return refuse(at_, end, shown + " is not expected. Values are written in " + units + '.');
+    return refuse(at_, end, shown + " is not expected. Write only a number.");
+  return refuse(at_, end, shown + " is not expected. The unit must be " + units + '.');
 }
 
 std::unique_ptr<DisplayReadingContents> DisplayReader::read() {

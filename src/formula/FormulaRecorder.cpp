@@ -108,7 +108,7 @@ class Recorder {
   SpanFinder spans_;
   FormulaTokenizer* tokenizer_ = nullptr;
   FormulaReason thrownReason_ = FormulaReason::Other;  // of a ParseException
-  bool isForeign_ = false;   // the resolver threw what is not to be explained
+  bool isForeign_ = false;   // the resolver threw something that is passed on, not explained
   bool hasEnded_ = false;    // all tokens were taken
   std::size_t reached_ = 0;  // nodes that have a value
   LocalNodeArena arena_;
@@ -190,7 +190,7 @@ std::string Recorder::ask(const std::string& identifier) {
   }
 }
 
-/// Of the identifier that was read last, without the separators behind it.
+/// Of the identifier that was read last, without the separators after it.
 FormulaSpan Recorder::identifierSpan() {
   const std::size_t start = tokenizer_->lastStart();
   FormulaSpan span = spans_.find(start, start - tokenizer_->unread());
@@ -265,7 +265,7 @@ std::uint32_t Recorder::powersIndex(EvaluatedValue& value, std::size_t most) {
     if (isNew) out_.powers.push_back(listOf(*borrowed));
     return found->second;
   }
-  // Merging them costs time. Below the root it may only be for a few.
+  // Merging takes time, so below the root it is only done for a few.
   if (value.mostUnits() > std::max(most, mostUnmerged)) return Contents::omitted;
   if (value.isUnitless()) return Contents::none;
   if (value.mostUnits() > most) return Contents::omitted;

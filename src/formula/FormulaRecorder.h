@@ -10,11 +10,11 @@
 
 #include <string>
 
-/// What a formula is asked for.
+/// What is requested of a formula.
 enum class FormulaGoal {
   InUnit,     // a value in a unit
   Plain,      // a plain number
-  Primitive,  // a value in primitive units, whichever
+  Primitive,  // a value in any primitive units
 };
 
 /// Reads and evaluates a formula, as evaluateExpressionInUnit and evaluateUnitlessExpression do,

@@ -20,7 +20,7 @@ class SpanFinder {
 
   /// Adds a text that replaces what `identifier` covers.
   ///
-  /// @param end  where reading goes on behind it, as a distance.
+  /// @param end  where reading continues after it, as a distance.
   void replaced(const Units::FormulaSpan& identifier, std::size_t end, std::string text);
 
  private:
