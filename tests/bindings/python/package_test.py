@@ -70,7 +70,7 @@ WRONG = [
     (lambda: units.display("mm")("5"), "value must be a number"),
     (lambda: units.parameters().set("x", None), "formula must be a number"),
     (lambda: copy.deepcopy(units.parameters()), "neither copied nor pickled"),
-    (lambda: pickle.dumps(units), "not pickled"),
+    (lambda: pickle.dumps(units), "cannot be pickled"),
     (lambda: pickle.dumps(trelvonunits.Engine.empty().prepare("a", "b")), None)]
 
 
