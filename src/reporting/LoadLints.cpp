@@ -217,7 +217,7 @@ void applyAllowances(bool hasLoad, bool isWhole, Findings& findings) {
                                                                  : true;
       if (allowance.isUsed || !couldBeUsed) continue;
       findings.add("unused-allowance", {file, allowance.begin, allowance.end},
-                   quoted(allowance.id) + " silences nothing.");
+                   '"' + allowance.id + "\" silences nothing.");
     }
   }
 }
