@@ -24,8 +24,8 @@ function(trelvon_export_only_the_interface library)
 endfunction()
 
 # Headers that nearly every source of a target reads, read once. It is off in hosts' builds and in
-# the preset `plain`, which shows that each source includes what it needs. Compiler caches do not
-# find again what is compiled so: where one is set, it does more.
+# the preset `plain`, which shows that each source includes what it needs. Compiler caches cannot
+# reuse what is compiled this way, so if a cache is set, it is preferred.
 function(trelvon_precompile target)
   if(TRELVONUNITS_PRECOMPILE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     list(TRANSFORM ARGN REPLACE "(.+)" "<\\1>" OUTPUT_VARIABLE headers)
@@ -33,9 +33,9 @@ function(trelvon_precompile target)
   endif()
 endfunction()
 
-# Compiles up to eight sources of a room at once, where a build is for tests alone: they share what
-# their headers instantiate. Locals of one source may then hide names of another, so -Wshadow is left
-# to other builds.
+# Compiles up to eight sources of a room at once, if a build is only for tests: they share what their
+# headers instantiate. Locals of one source may then hide names of another, so -Wshadow is left to
+# other builds.
 function(trelvon_unite target)
   if(NOT TRELVONUNITS_UNITE)
     return()
@@ -51,7 +51,7 @@ function(trelvon_unite target)
   set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
 endfunction()
 
-# Compiles tests without optimization, which would take half of the compiler's time.
+# Compiles tests without optimization, which would take half of the compile time.
 function(trelvon_compile_quickly target)
   target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU,Clang,AppleClang>:-O0>)
 endfunction()

@@ -1,4 +1,4 @@
-# Finds what extensions of a PostgreSQL server are built with, by pg_config. Sets
+# Finds what is needed to build extensions of a PostgreSQL server, by pg_config. Sets
 # PostgreSQLServer_FOUND, TRELVONUNITS_POSTGRESQL_INCLUDE_DIR, and the folders that the server reads,
 # TRELVONUNITS_POSTGRESQL_LIBDIR and TRELVONUNITS_POSTGRESQL_SHAREDIR.
 find_program(TRELVONUNITS_PG_CONFIG pg_config DOC "The program pg_config of PostgreSQL's server")

@@ -8,7 +8,7 @@ endif()
 execute_process(COMMAND ${CLANG_FORMAT} --version OUTPUT_VARIABLE version)
 if(NOT version MATCHES "version 14\\.")
   # Other releases break some lines differently, so they can neither check nor keep the layout.
-  message(WARNING "The layout is clang-format 14's, but this is ${version}: nothing done.")
+  message(WARNING "The layout needs clang-format 14, but this is ${version}: nothing was formatted.")
   return()
 endif()
 
@@ -26,4 +26,4 @@ endif()
 execute_process(COMMAND ${CLANG_FORMAT} --style=file ${mode} ${sources}
   COMMAND_ERROR_IS_FATAL ANY)
 list(LENGTH sources count)
-message(STATUS "${count} sources are laid out as .clang-format says.")
+message(STATUS "${count} sources are formatted.")

@@ -42,7 +42,7 @@ foreach(row IN LISTS rows)
   message(STATUS "${work}: ${${work}_count} instructions, ${reached} thousandths of ${reference} "
     "(${${reference}_count}); ${allowed} are allowed.")
   if(reached GREATER allowed AND NOT UPDATE)
-    message(SEND_ERROR "${work} takes more instructions than it did. Where that is meant, "
+    message(SEND_ERROR "${work} takes more instructions than before. If that is intended, "
       "scripts/guard.sh --update writes the new ratios.")
   endif()
   string(APPEND table "${work} ${reference} ${reached}\n")

@@ -3,8 +3,8 @@ include(CMakePackageConfigHelpers)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/TrelvonUnits)
 set(schemas_dir ${CMAKE_INSTALL_DATADIR}/TrelvonUnits/schemas)
 
-# Six components, so that packages can hold them apart: Runtime (what programs load), Development
-# (what hosts are built with), C (the header that hosts in C need besides), Definitions (the catalog),
+# Six components, so that packages can separate them: Runtime (what programs load), Development
+# (what hosts are built with), C (the header that hosts in C also need), Definitions (the catalog),
 # Tool (the program trelvon) and SQLite (the extension that SQLite loads).
 install(TARGETS TrelvonUnits EXPORT TrelvonUnitsTargets
   RUNTIME COMPONENT Runtime
@@ -19,7 +19,7 @@ install(DIRECTORY schemas/ DESTINATION ${schemas_dir} COMPONENT Definitions FILE
   PATTERN *.json PATTERN README.md)
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Runtime)
 
-# A file of each component, from which the package tells whether it is installed.
+# A file of each component, by which the package can tell whether it is installed.
 set(library_file $<IF:$<PLATFORM_ID:Windows>,${CMAKE_INSTALL_BINDIR},${CMAKE_INSTALL_LIBDIR}>)
 string(APPEND library_file /$<TARGET_FILE_NAME:TrelvonUnits>)
 set(header_file ${CMAKE_INSTALL_INCLUDEDIR}/TrelvonUnits/TrelvonUnits.h)
@@ -36,7 +36,7 @@ install(FILES
   ${PROJECT_BINARY_DIR}/TrelvonUnitsConfigVersion.cmake
   DESTINATION ${package_dir} COMPONENT Development)
 
-# The pkg-config file finds its neighbours from where it lies, so that an installed tree can move.
+# The pkg-config file finds other folders relative to its own, so that an installed tree can move.
 # An absolute folder given to CMake replaces the prefix, as it does in the installation itself.
 set(pkgconfig_dir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 cmake_path(ABSOLUTE_PATH pkgconfig_dir BASE_DIRECTORY ${CMAKE_INSTALL_PREFIX}

@@ -19,9 +19,9 @@ set(display_sees json text model)
 set(tests_sees ${rooms} tests tools)
 set(tests/unit/json_sees ${rooms} tests rapidjson)
 set(benchmarks_sees ${rooms} benchmarks rapidjson)
-# Other languages see the public headers alone.
+# Other languages use only the public headers.
 set(bindings_sees bindings)
-# A host of its own, which reads its command line by CLI11.
+# An independent host, which reads its command line with CLI11.
 set(tools_sees tools rapidjson CLI)
 
 set(folders include examples tools bindings tests tests/unit/json benchmarks)
@@ -44,17 +44,17 @@ foreach(folder IN LISTS room_folders folders)
       set(seen "${CMAKE_MATCH_2}")
       if(NOT seen IN_LIST ${room}_sees AND NOT seen STREQUAL room AND NOT seen STREQUAL TrelvonUnits
          AND (bracket STREQUAL "\"" OR seen IN_LIST rooms OR seen STREQUAL rapidjson OR seen STREQUAL CLI))
-        message(SEND_ERROR "${file}: forbidden: ${include}")
+        message(SEND_ERROR "${file}: forbidden include: ${include}")
       endif()
-      # Languages other than C have the C interface alone.
+      # Languages other than C may use only the C interface.
       if(file MATCHES "^bindings/" AND NOT file MATCHES "^bindings/c/" AND seen STREQUAL TrelvonUnits
          AND NOT include MATCHES "<TrelvonUnits/trelvon[.]h>")
-        message(SEND_ERROR "${file}: only trelvon.h: ${include}")
+        message(SEND_ERROR "${file}: may include only trelvon.h, not ${include}")
       endif()
-      # Of libraries of the program, one file each includes the header.
+      # For each library that the program uses, only one file includes its header.
       if((seen STREQUAL CLI AND NOT file STREQUAL tools/trelvon/Arguments.cpp) OR
          (seen STREQUAL histedit.h AND NOT file STREQUAL tools/trelvon/prompt/LineEditor.cpp))
-        message(SEND_ERROR "${file}: not the file for this: ${include}")
+        message(SEND_ERROR "${file}: must not include ${include}")
       endif()
     endforeach()
   endforeach()

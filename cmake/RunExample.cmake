@@ -4,5 +4,5 @@ execute_process(COMMAND ${PROGRAM} ${SCHEMAS}
   OUTPUT_VARIABLE printed COMMAND_ERROR_IS_FATAL ANY)
 file(READ ${EXPECTED} expected)
 if(NOT printed STREQUAL expected)
-  message(FATAL_ERROR "Printed:\n${printed}\nExpected, by ${EXPECTED}:\n${expected}")
+  message(FATAL_ERROR "Printed:\n${printed}\nExpected (${EXPECTED}):\n${expected}")
 endif()

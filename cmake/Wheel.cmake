@@ -1,4 +1,4 @@
-# Looks for a Python that builds wheels: the first one of the path, or the system's.
+# Looks for a Python that can build wheels: the first one on the path, or the system's.
 if(NOT TRELVONUNITS_WHEEL_PYTHON AND UNIX AND NOT CMAKE_CROSSCOMPILING)
   foreach(python IN ITEMS python3 /usr/bin/python3)
     execute_process(COMMAND ${python} -c "import sys, setuptools, wheel; print(sys.executable)"

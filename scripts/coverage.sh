@@ -13,7 +13,7 @@ heading "coverage: build"
 cmake --preset coverage
 cmake --build --preset coverage --parallel "$(nproc)"
 
-# Of the fuzz targets only the kept inputs count: what random ones reach by chance, no test checks.
+# For the fuzz targets, only the kept inputs count: no test checks what random ones reach by chance.
 heading "coverage: test"
 rm -rf $build/profiles
 ctest --preset coverage --parallel "$(nproc)"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds and runs a demo on the shipped definitions: scripts/demo.sh [postgresql]
-# With `postgresql` it is ten queries to a server of its own. The output of the demo goes to standard
+# With `postgresql`, runs ten queries on a temporary server. The output of the demo goes to standard
 # output, the output of the build to standard error.
 set -euo pipefail
 cd "$(dirname "$0")/.."

@@ -45,6 +45,6 @@ install_packages() {
     fi
   fi
   echo "These packages are missing and could not be installed: $missing" >&2
-  echo "Please install them (the names are Debian's) and run this script again." >&2
+  echo "Please install them (these are Debian package names), then run this script again." >&2
   exit 1
 }

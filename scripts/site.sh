@@ -26,7 +26,7 @@ scripts/site_search.py build/site docs/README.md $pages
 scripts/site_finish.py build/site
 if grep -rniE '(src|data)="(https?:)?//|<link[^>]*href="(https?:)?//|(url\(|@import)[ "'\'']*(https?:)?//' \
   --include='*.html' --include='*.css' --include='*.js' build/site; then
-  echo "The site loads what these lines name." >&2
+  echo "The site loads the outside resources above." >&2
   exit 1
 fi
 linkchecker --config=scripts/linkchecker.ini build/site/index.html

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Builds and tests everything, with g++ as we ship it and with clang++ under the sanitizers. Run it
+# Builds and tests everything, with g++ as released and with clang++ under the sanitizers. Run it
 # before you submit a change: scripts/test.sh [all]
-# With `all`, servers of databases are tried, too. scripts/soak.sh runs what takes longer.
+# With `all`, also tests with database servers. scripts/soak.sh runs what takes longer.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/setup.sh

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds the wheel for Python, without a network, and says where it is and how large.
+# Builds the wheel for Python, without a network, and prints its path and size.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/setup.sh

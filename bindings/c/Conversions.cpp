@@ -15,7 +15,7 @@ bool fits(std::size_t stride, std::size_t count) {
   return stride == 0 || count - 1 < PTRDIFF_MAX / sizeof(double) / stride;
 }
 
-/// Whether the arrays are one or do not overlap, as the loops over whole arrays ask for.
+/// Whether the arrays are the same or do not overlap, as the loops over whole arrays require.
 bool areApart(const double* from, const double* to, std::size_t count) {
   const std::less_equal<const double*> before;
   return from == to || before(from + count, to) || before(to + count, from);

@@ -13,7 +13,7 @@ static_assert(std::string_view(TRELVON_VERSION) == TRELVON_PROJECT_VERSION);
 
 namespace {
 
-/// The engine takes a byte, of which no large number may be cut.
+/// The engine takes a byte: a larger number must not be truncated to one.
 unsigned char digitsOf(unsigned count) { return static_cast<unsigned char>(std::min(count, 255u)); }
 
 std::optional<std::string> symbolOf(const trelvon_text* symbol) {

@@ -8,7 +8,7 @@ struct trelvon_error {
 
 namespace C {
 
-/// An error that was made beforehand: where there is no memory, there is none for an error.
+/// An error that is made in advance: when memory runs out, no error can be allocated.
 trelvon_error* outOfMemory() noexcept;
 
 }  // namespace C

@@ -34,7 +34,7 @@ Fault currentFault(trelvon_status logicError) {
   } catch (const std::exception& error) {
     return {TRELVON_OTHER, error.what()};
   } catch (...) {
-    return {TRELVON_OTHER, "Something that is no std::exception was thrown."};
+    return {TRELVON_OTHER, "Something other than a std::exception was thrown."};
   }
 }
 

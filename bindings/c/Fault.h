@@ -16,7 +16,7 @@ struct Span {
   std::size_t end;
 };
 
-/// A failure as C is told of it. Thrown for what the C++ interface does not know, too.
+/// A failure as it is reported to C. Also thrown for faults that the C++ interface does not have.
 class Fault : public std::exception {
  public:
   Fault(trelvon_status ofFault, std::string text) : status(ofFault), message(std::move(text)) {}
@@ -28,7 +28,7 @@ class Fault : public std::exception {
   std::optional<Span> span;
 };
 
-/// What the exception that is being handled is for C.
+/// Describes the exception that is being handled, as C reports it.
 ///
 /// @param logicError  the status of std::logic_error itself.
 /// @throws std::bad_alloc  if that is the exception, or there is not enough memory for the message.

@@ -4,12 +4,12 @@
 
 namespace C {
 
-/// Makes an error of the exception that is being handled, and returns its status.
+/// Turns the exception that is being handled into an error, and returns its status.
 ///
 /// @param logicError  the status of std::logic_error itself.
 trelvon_status failed(trelvon_error** error, trelvon_status logicError) noexcept;
 
-/// Runs an action of which no exception may reach C. Every function that can fail is one.
+/// Runs an action and lets no exception reach C. Every function that can fail uses it.
 template <class Action>
 trelvon_status guard(trelvon_error** error, const Action& action,
                      trelvon_status logicError = TRELVON_OTHER) noexcept {

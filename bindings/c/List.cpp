@@ -27,7 +27,7 @@ trelvon_status itemAt(const trelvon_list* list, size_t index, Item* item, trelvo
   return guard(error, [&] {
     require(list, item);
     const auto* items = std::get_if<std::vector<Item>>(&list->items);
-    if (items == nullptr) refuseArgument("The list holds something else.");
+    if (items == nullptr) refuseArgument("The list contains items of another kind.");
     if (index >= items->size()) refuseArgument("The list has fewer items.");
     *item = (*items)[index];
   });

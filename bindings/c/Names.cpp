@@ -50,8 +50,9 @@ trelvon_status search(const trelvon_names* names, trelvon_list** found, trelvon_
 std::string onlyUnit(const Units::UnitNames& names, trelvon_text text) {
   const auto found = names.findBest(viewOf(text));
   if (found.size() == 1) return found.front().getUnit().getTypeId();
-  throw Fault(TRELVON_UNRECOGNIZED,
-              stringOf(text) + (found.empty() ? " names no unit." : " names more than one unit."));
+  throw Fault(
+      TRELVON_UNRECOGNIZED,
+      stringOf(text) + (found.empty() ? " does not name a unit." : " names more than one unit."));
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ std::string_view viewOf(trelvon_text text) {
 std::string stringOf(trelvon_text text) { return std::string(viewOf(text)); }
 
 std::string pathOf(trelvon_text text) {
-  if (viewOf(text).find('\0') != std::string_view::npos) refuseArgument("A path holds a NUL.");
+  if (viewOf(text).find('\0') != std::string_view::npos) refuseArgument("A path contains a NUL.");
   return stringOf(text);
 }
 

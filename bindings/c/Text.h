@@ -15,7 +15,7 @@ trelvon_text textOf(std::string_view text) noexcept;
 std::string_view viewOf(trelvon_text text);
 std::string stringOf(trelvon_text text);
 
-/// @throws Fault  also if the path has a NUL, behind which file systems read nothing.
+/// @throws Fault  also if the path has a NUL: file systems read nothing after it.
 std::string pathOf(trelvon_text text);
 
 /// @throws Fault  also if `texts` is null and there are some.
@@ -29,7 +29,8 @@ struct Buffer {
 
 /// Writes a text, or only its size if the buffer is null.
 ///
-/// @throws Fault  there is no size, or the buffer is too small; the size is then the text's.
+/// @throws Fault  there is no place for the size, or the buffer is too small; the size is then set
+///                to the text's.
 void write(std::string_view text, Buffer buffer);
 
 }  // namespace C

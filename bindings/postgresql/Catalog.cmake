@@ -1,4 +1,4 @@
-# Writes a header with what tells the catalog from others: cmake -D BUNDLE=... -D HEADER=... -P Catalog.cmake
+# Writes a header that identifies the catalog: cmake -D BUNDLE=... -D HEADER=... -P Catalog.cmake
 file(SHA256 ${BUNDLE} digest)
 file(SIZE ${BUNDLE} size)
 file(WRITE ${HEADER} "/* Of the catalog that is installed with the extension. */

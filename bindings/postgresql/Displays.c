@@ -20,7 +20,7 @@ static const trelvon_display* make_display(Jsonb* options, held* made) {
   return made->display;
 }
 
-/* The plan has memory of its own, in which its display waits to be freed with it. */
+/* The plan has its own memory, which holds its display and frees it with the plan. */
 static held* holder_of(plan* it, MemoryContext memory) {
   if (it->display == NULL) {
     const MemoryContext caller = MemoryContextSwitchTo(memory);

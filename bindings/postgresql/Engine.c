@@ -66,7 +66,7 @@ static void replace_engine(void) {
   made->engine = NULL;
 }
 
-/* What is read to make an engine is not left in the context of a query. */
+/* Uses a context of its own, so that nothing stays in the context of a query. */
 static void replace_engine_in(MemoryContext scratch) {
   const MemoryContext caller = MemoryContextSwitchTo(scratch);
   replace_engine();

@@ -4,13 +4,13 @@
 
 #include "bindings/postgresql/Postgres.h"
 
-/* Changes when all that was kept from the engine may no longer be used. It is never 0. */
+/* Changes when nothing that was kept from the engine may be used anymore. Never 0. */
 extern unsigned engine_generation;
 
 /* The setting trelvonunits.bundle. */
 extern char* engine_bundle;
 
-/* To be called when the setting has changed. The engine is made again when it is next needed. */
+/* Call it when the setting has changed. The engine is made again when it is next needed. */
 void engine_is_stale(void);
 
 const trelvon_engine* get_engine(void);

@@ -1,4 +1,4 @@
-/* Errors of the library as errors of SQL. Class TU is ours. */
+/* Errors of the library as SQL errors. Their class is TU. */
 #ifndef TRELVON_POSTGRESQL_FAULT_H
 #define TRELVON_POSTGRESQL_FAULT_H
 
@@ -18,7 +18,7 @@ int sqlstate_of(trelvon_status status);
 /* The message of an error in the encoding of the database; a very long one is cut off. */
 char* message_of(const trelvon_error* error);
 
-/* Raises the error that a call has given. */
+/* Raises the error of a call. */
 pg_attribute_noreturn() void refuse(trelvon_status status, held* failed);
 
 #endif

@@ -9,7 +9,7 @@
 #include <common/sha2.h>
 #include <utils/resowner.h>
 
-/* More is no bundle, or one for another machine. */
+/* A larger file is not a bundle, or is one for another machine. */
 enum { MOST_OF_FILE = 1 << 28 };
 
 char* catalog_path(const char* name) {
@@ -28,7 +28,7 @@ trelvon_text read_whole_file(const char* path) {
   size_t size;
   FILE* file;
   if (stat(path, &about) == 0 && !S_ISREG(about.st_mode)) /* To open a pipe would wait. */
-    refuse_file(path, "is no regular file");
+    refuse_file(path, "is not a regular file");
   file = AllocateFile(path, PG_BINARY_R);
   if (file == NULL || fstat(fileno(file), &about) != 0)
     ereport(ERROR, errcode(ERRCODE_UNITS_DEFINITIONS),

@@ -1,4 +1,4 @@
-/* Files of definitions, read as a whole. */
+/* Files of definitions, which are read as a whole. */
 #ifndef TRELVON_POSTGRESQL_FILES_H
 #define TRELVON_POSTGRESQL_FILES_H
 

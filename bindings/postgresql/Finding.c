@@ -104,7 +104,7 @@ static bool is_same(trelvon_text one, trelvon_text other) {
   return one.size == other.size && (one.size == 0 || memcmp(one.data, other.data, one.size) == 0);
 }
 
-/* What a record is called besides by its ids. */
+/* What a record is called, apart from its ids. */
 static trelvon_text name_of(const trelvon_list* records, size_t index, trelvon_text* type_id) {
   trelvon_symbol symbol;
   trelvon_quantity quantity;

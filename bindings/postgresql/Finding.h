@@ -1,4 +1,4 @@
-/* What names stand for, without a memory of it. */
+/* Finds what names stand for, without keeping it. */
 #ifndef TRELVON_POSTGRESQL_FINDING_H
 #define TRELVON_POSTGRESQL_FINDING_H
 

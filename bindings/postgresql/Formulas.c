@@ -11,7 +11,7 @@ PG_FUNCTION_INFO_V1(units_explain_plain);
 PG_FUNCTION_INFO_V1(units_explain_text);
 PG_FUNCTION_INFO_V1(units_explain_text_plain);
 
-/* Longer ones are not shown again in errors. */
+/* Longer formulas are not repeated in errors. */
 enum { MOST_OF_SHOWN = 4000 };
 
 typedef struct {
@@ -30,7 +30,7 @@ static const char* unit_argument(FunctionCallInfo fcinfo) {
   return made->type_id;
 }
 
-/* Formula, unit unless the result has none, and variables if there are any. */
+/* Formula, unit if the result has one, and variables if there are any. */
 static formula formula_arguments(FunctionCallInfo fcinfo, bool is_plain, size_t most) {
   formula read = {{NULL, 0}, NULL, NULL};
   const int next = is_plain ? 1 : 2;

@@ -5,7 +5,7 @@
 
 #include "bindings/postgresql/Postgres.h"
 
-/* The library writes what it makes into the member of its type. */
+/* The library writes an object that it makes into the member of its type. */
 typedef struct {
   MemoryContextCallback callback;
   trelvon_engine* engine;
@@ -18,7 +18,7 @@ typedef struct {
   trelvon_display* display;
 } held;
 
-/* Made empty, in the current memory context. */
+/* Makes an empty one, in the current memory context. */
 held* hold(void);
 
 /* Made to hold an error, which is freed at once if there is no memory for that. */

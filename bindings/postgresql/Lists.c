@@ -27,7 +27,7 @@ static void add(row* to, Datum value) {
 
 static void add_text(row* to, trelvon_text value) { add(to, PointerGetDatum(server_text(value))); }
 
-/* An empty text is none. */
+/* An empty text becomes NULL. */
 static void add_id(row* to, trelvon_text value) {
   if (value.size == 0)
     add_null(to);
@@ -134,7 +134,7 @@ static ReturnSetInfo* begin_rows(FunctionCallInfo fcinfo) {
   return (ReturnSetInfo*)fcinfo->resultinfo;
 }
 
-/* Gives the rows of a list that a call made. */
+/* Returns the rows of a list that a call made. */
 static Datum give(ReturnSetInfo* to, trelvon_status status, held* made, reader read) {
   if (status != TRELVON_OK) refuse(status, made);
   put_rows(to, made->list, read);

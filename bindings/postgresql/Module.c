@@ -35,13 +35,13 @@ static void make_engine_for_all(void) {
 
 void _PG_init(void) {
   DefineCustomStringVariable("trelvonunits.bundle",
-                             "File with definitions of units besides those of the catalog.", NULL,
-                             &engine_bundle, "", PGC_SUSET, 0, NULL, bundle_changed, NULL);
+                             "File with more definitions of units, in addition to the catalog.",
+                             NULL, &engine_bundle, "", PGC_SUSET, 0, NULL, bundle_changed, NULL);
   MarkGUCPrefixReserved("trelvonunits");
   if (process_shared_preload_libraries_in_progress) make_engine_for_all();
 }
 
-/* What results depend on. */
+/* The versions that results depend on. */
 Datum units_version(PG_FUNCTION_ARGS) {
   (void)fcinfo;
   return jsonb_of(psprintf("{\"extension\": \"%s\", \"library\": \"%s\", \"catalog\": \"%s\"}",

@@ -7,7 +7,7 @@
 
 enum { MOST_KEPT = 1000, MOST_OF_KEPT_NAME = 120 };
 
-/* A name in the encoding of the database, behind the letter of what it names. */
+/* A name in the encoding of the database, after a letter for the kind of record. */
 typedef struct {
   char name[MOST_OF_KEPT_NAME + 2];
   const char* type_id;

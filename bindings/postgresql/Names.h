@@ -14,7 +14,8 @@ const char* quantity_called(const text* name);
 /* The conversion between units by type ids of `unit_called`; it stays valid as long. */
 const trelvon_conversion* conversion_between(const char* from, const char* to);
 
-/* To be called before others here. It makes the engine if need be, and forgets what fills the room. */
+/* Call it before the others here. It makes the engine if necessary, and forgets names if there are too
+   many. */
 void begin_lookups(void);
 
 #endif

@@ -13,14 +13,14 @@ typedef struct {
   held* display;  // lives as long as the plan
 } plan;
 
-/* Makes an empty plan, or one whose names have changed meanwhile empty. */
+/* Makes an empty plan, or empties one whose names have changed in the meantime. */
 plan* begin_plan(FunctionCallInfo call);
 
-/* Whether an argument is written as a constant. A parameter is none: it may change between two runs of
-   one plan. */
+/* Whether an argument is written as a constant. A parameter is not one: it may change between two runs
+   of a plan. */
 bool is_constant_argument(FunctionCallInfo call, int index);
 
-/* The plan of a call if all of it still holds, or null. */
+/* The plan of a call if all of it is still valid, or null. */
 static inline plan* kept_plan(FunctionCallInfo call, unsigned generation) {
   plan* const kept = call->flinfo->fn_extra;
   return kept != NULL && kept->is_constant && kept->generation == generation ? kept : NULL;

@@ -17,7 +17,7 @@ trelvon_text utf8_of(const text* read, size_t most, const char* what) {
   return utf8_of_bytes(VARDATA_ANY(read), VARSIZE_ANY_EXHDR(read), most, what);
 }
 
-/* Messages may hold a part of a character. */
+/* Messages may contain parts of characters. */
 static char* valid_utf8(trelvon_text from) {
   StringInfoData shown;
   size_t at = 0;

@@ -11,16 +11,16 @@ enum { MOST_OF_NAME = 10000, MOST_OF_FORMULA = 1 << 20, MOST_OF_EXPLAINED = 1 <<
 /* Reads a text as UTF-8. Refuses a longer one; `what` says in the message what it is. */
 trelvon_text utf8_of(const text* read, size_t most, const char* what);
 
-/* The same of bytes in the encoding of the database. */
+/* The same for bytes in the encoding of the database. */
 trelvon_text utf8_of_bytes(const char* bytes, size_t size, size_t most, const char* what);
 
-/* A C string in the encoding of the database. Bytes that are none are shown as \xNN. */
+/* A C string in the encoding of the database. Invalid bytes are shown as \xNN. */
 char* server_string(trelvon_text from);
 
 text* server_text(trelvon_text from);
 
 /* The same as `server_string` for messages and explanations: what the encoding does not have is shown as
-   <U+NNNN>, so that nothing hides what is told. */
+   <U+NNNN>, so that no error hides the message. */
 char* shown_string(trelvon_text from);
 
 /* A copy of a text of the library, in the current memory context. */

@@ -52,7 +52,7 @@ variables* read_variables(Jsonb* object) {
   return read;
 }
 
-/* With the engine's message for an identifier that is none, as far as messages are shown. */
+/* With the engine's message for an unknown identifier, cut where messages are cut. */
 static trelvon_status refuse_name(trelvon_text name, trelvon_answer* answer) {
   char message[8200];
   const int size = snprintf(message, sizeof message, "Unrecognized identifier: %.*s.",

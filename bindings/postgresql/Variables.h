@@ -18,11 +18,11 @@ typedef struct {
 variables* read_variables(Jsonb* object);
 
 /* A resolver, whose context is `variables`. The engine calls it from C++, so it calls nothing of the
-   server that may fail. A statement that was cancelled ends here with TRELVON_CALLBACK, for formulas
-   whose variables refer to each other take as long as they like. */
+   server that may fail. A statement that was cancelled ends here with TRELVON_CALLBACK, since formulas
+   whose variables refer to each other may take any time. */
 trelvon_status resolve_variable(void* context, trelvon_text name, trelvon_answer* answer);
 
-/* Whether the statement is to end, as far as the server lets it. */
+/* Whether the statement should end, if the server allows it now. */
 bool is_cancelled(void);
 
 #endif

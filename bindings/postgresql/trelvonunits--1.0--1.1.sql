@@ -9,8 +9,8 @@ CREATE FUNCTION units_explain_text(formula text, variables jsonb) RETURNS text
 CREATE FUNCTION units_explain_text(formula text, unit units_name, variables jsonb) RETURNS text
   AS 'MODULE_PATHNAME', 'units_explain_text' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 600;
 
--- Text as a display shows a number, and the number that such a text says. The display has the members of
--- DisplayOptions.
+-- The text by which a display shows a number, and the number that such a text shows. The display has the
+-- members of DisplayOptions.
 CREATE FUNCTION units_show(value float8, display jsonb) RETURNS text
   AS 'MODULE_PATHNAME', 'units_show' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 CREATE FUNCTION units_read(text text, display jsonb) RETURNS float8
@@ -25,8 +25,8 @@ CREATE FUNCTION units_find(name units_name) RETURNS TABLE (
 CREATE FUNCTION units_version() RETURNS jsonb
   AS 'MODULE_PATHNAME', 'units_version' LANGUAGE C STABLE STRICT PARALLEL SAFE;
 
--- What keeps results: indexes, generated columns, constraints, partition keys, views and all else that is
--- to be looked at when a definition changes.
+-- What stores results: indexes, generated columns, constraints, partition keys, views and everything else
+-- to check when a definition changes.
 CREATE FUNCTION units_dependents() RETURNS TABLE (type text, identity text)
   LANGUAGE SQL STABLE PARALLEL SAFE SET search_path = pg_catalog, pg_temp AS $$
   WITH members AS (

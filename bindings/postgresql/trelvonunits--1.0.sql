@@ -1,7 +1,7 @@
 \echo Use "CREATE EXTENSION trelvonunits" to load this file. \quit
 
--- A text that names a unit, symbol or quantity. It is a type of its own because it has no collation: a
--- call whose names are constants can so be sent to other servers by postgres_fdw.
+-- A text that names a unit, symbol or quantity. It is a type of its own because it has no collation: so
+-- postgres_fdw can send calls whose names are constants to other servers.
 CREATE TYPE units_name;
 CREATE FUNCTION units_name_in(cstring) RETURNS units_name
   AS 'textin' LANGUAGE internal IMMUTABLE STRICT PARALLEL SAFE;
@@ -26,7 +26,7 @@ CREATE FUNCTION units_convert(value float8, from_unit units_name, to_unit units_
 CREATE FUNCTION units_can_convert(from_unit units_name, to_unit units_name) RETURNS boolean
   AS 'MODULE_PATHNAME', 'units_can_convert' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 50;
 
--- The result is a number of the unit, or without one a plain number.
+-- The result is a number in the unit or, without one, a plain number.
 CREATE FUNCTION units_evaluate(formula text) RETURNS float8
   AS 'MODULE_PATHNAME', 'units_evaluate_plain' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 100;
 CREATE FUNCTION units_evaluate(formula text, unit units_name) RETURNS float8

@@ -1,13 +1,13 @@
-"""Makes one wheel for all versions of Python and this platform, of the folder that CMake fills.
+"""Makes one wheel for all versions of Python on this platform, from the folder that CMake fills.
 
-The version and all else stand in pyproject.toml.
+Everything else, such as the version, is in pyproject.toml.
 """
 from setuptools import setup
 from wheel.bdist_wheel import bdist_wheel
 
 
 class Wheel(bdist_wheel):
-    """No module is compiled for Python, but the library is for the platform."""
+    """No module is compiled for Python, but the library is specific to the platform."""
 
     def finalize_options(self):
         super().finalize_options()

@@ -7,8 +7,8 @@
 
 namespace Sql {
 
-/// What was found for a text, for the rows to come. It forgets all when it has become large, and keeps
-/// nothing for long texts.
+/// Remembers what was found for a text, for later rows. Forgets everything when it has become
+/// large, and keeps nothing for long texts.
 template <class Value>
 class Cache {
  public:

@@ -24,7 +24,7 @@ const char* typeOf(sqlite3_value* value) {
 }
 
 [[noreturn]] void refuseType(const char* what, const char* asked, sqlite3_value* value) {
-  throw Fault{std::string(what) + " must be " + asked + ", and is " + typeOf(value) + '.'};
+  throw Fault{std::string(what) + " must be " + asked + ", not " + typeOf(value) + '.'};
 }
 
 }  // namespace
@@ -36,7 +36,7 @@ std::string_view textOf(sqlite3_value* value, const char* what, std::size_t most
   const auto size = static_cast<std::size_t>(sqlite3_value_bytes(value));
   if (size > most)
     throw Fault{std::string(what) + " must have at most " + std::to_string(most) +
-                " bytes, and has " + std::to_string(size) + '.'};
+                " bytes, but has " + std::to_string(size) + '.'};
   return {reinterpret_cast<const char*>(bytes), size};
 }
 

@@ -48,7 +48,7 @@ class Call {
   void give(const std::string& text);
   void giveJson(const std::string& text);
 
-  /// What was kept for an argument; null if nothing was, or if the argument is no constant.
+  /// What was kept for an argument; null if nothing was, or if the argument is not a constant.
   template <class Kept>
   const Kept* kept(int index) const {
     return static_cast<const Kept*>(sqlite3_get_auxdata(context_, index));

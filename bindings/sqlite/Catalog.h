@@ -10,7 +10,7 @@ struct Catalog {
   std::string codes;
 };
 
-/// Finds them from where this library lies: beside it, or in the tree that it is installed in, which
+/// Finds them relative to this library: next to it, or in the tree that it is installed in, which
 /// may have been moved.
 Catalog findCatalog();
 

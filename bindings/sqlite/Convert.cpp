@@ -7,8 +7,8 @@ namespace {
 
 using Shared = std::shared_ptr<const Prepared>;
 
-/// The conversion is kept for the first unit. Something kept for the second one says that it, too, is
-/// a constant: SQLite drops at once what is kept for others.
+/// The conversion is kept for the first unit. Something is kept for the second one to show that it
+/// is a constant too: SQLite drops at once what is kept for arguments that are not.
 const Prepared* keptConversion(const Call& call) {
   const auto* const conversion = call.kept<Shared>(1);
   return conversion != nullptr && call.kept<bool>(2) != nullptr ? conversion->get() : nullptr;

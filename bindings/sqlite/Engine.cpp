@@ -42,7 +42,7 @@ bool holds(const trelvon_engine* engine, trelvon_kind kind, std::string_view typ
   return status == TRELVON_OK;
 }
 
-/// The message of the engine about what it does not hold.
+/// The engine's message about something that it does not have.
 std::string unknown(const trelvon_engine* engine, trelvon_kind kind, std::string_view typeId) {
   try {
     make<trelvon_list>(trelvon_record, engine, kind, textOf(typeId));

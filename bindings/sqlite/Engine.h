@@ -28,11 +28,11 @@ class Engine {
   /// The names of units, with the codes of other systems. They are made when they are first needed.
   const trelvon_names* names();
 
-  /// The type id of a unit that is called so.
-  /// @throws Fault  none is, or several are; the candidates are told.
+  /// The type id of the unit with this name.
+  /// @throws Fault  there is none, or there are several; the message names the candidates.
   std::string unitCalled(std::string_view text);
 
-  /// The conversion between units that are called so.
+  /// The conversion between the units with these names.
   std::shared_ptr<const Prepared> conversion(std::string_view from, std::string_view to);
 
   /// The same as `unitCalled` for a symbol.

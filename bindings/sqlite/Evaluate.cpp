@@ -10,7 +10,7 @@ namespace Sql {
 
 namespace {
 
-/// The text that stands for a variable: a number's is the shortest one that reads back to it.
+/// The text that replaces a variable: for a number, the shortest one that reads back to it.
 std::string replacementOf(sqlite3_value* value) {
   if (sqlite3_value_type(value) != SQLITE_FLOAT) {
     if (sqlite3_value_type(value) == SQLITE_INTEGER)
@@ -60,8 +60,8 @@ class Variables {
   /// function.
   std::string counted(std::string replacement) {
     if (replacement.size() > left_)
-      throw Fault{"The variables of a formula must stand for at most " +
-                  std::to_string(mostOfFormula) + " bytes in all."};
+      throw Fault{"The variables of a formula may have at most " + std::to_string(mostOfFormula) +
+                  " bytes in all."};
     left_ -= replacement.size();
     return replacement;
   }

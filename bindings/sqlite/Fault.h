@@ -7,7 +7,7 @@
 
 namespace Sql {
 
-/// What becomes an SQL error. There is std::bad_alloc besides, which becomes SQLITE_NOMEM.
+/// Becomes an SQL error. The only other exception, std::bad_alloc, becomes SQLITE_NOMEM.
 struct Fault {
   std::string message;
 };
@@ -20,7 +20,7 @@ std::string shown(std::string_view message);
 /// @throws std::bad_alloc  the status says that there was not enough memory.
 [[noreturn]] void refuse(trelvon_status status, Owned<trelvon_error> error);
 
-/// Calls a function of the C interface, of which the last parameter is left out.
+/// Calls a function of the C interface; the last parameter is left out.
 template <class... Parameters, class... Arguments>
 void call(trelvon_status (*function)(Parameters...), Arguments... arguments) {
   trelvon_error* error = nullptr;

@@ -10,7 +10,7 @@ namespace {
 
 bool noQuickWay(Call&) { return false; }
 
-/// What SQLite calls. No exception may reach it.
+/// The function that SQLite calls. No exception may reach SQLite.
 template <void (*body)(Call&), bool (*quickWay)(Call&) = noQuickWay>
 void run(sqlite3_context* context, int count, sqlite3_value** values) noexcept {
   Call call(context, count, values);
@@ -27,7 +27,7 @@ void run(sqlite3_context* context, int count, sqlite3_value** values) noexcept {
   } catch (const std::bad_alloc&) {
     sqlite3_result_error_nomem(context);
   } catch (...) {
-    sqlite3_result_error(context, "An unknown fault.", -1);
+    sqlite3_result_error(context, "An unknown error.", -1);
   }
 }
 

@@ -38,7 +38,7 @@ struct Cursor : sqlite3_vtab_cursor {
 OpenTable& tableOf(sqlite3_vtab_cursor* cursor) { return *static_cast<OpenTable*>(cursor->pVtab); }
 Cursor& cursorOf(sqlite3_vtab_cursor* cursor) { return *static_cast<Cursor*>(cursor); }
 
-/// Runs an action of which no exception may reach SQLite.
+/// Runs an action and lets no exception reach SQLite.
 template <class Action>
 int guard(const Action& action, char** message) noexcept {
   try {
@@ -84,8 +84,8 @@ int disconnect(sqlite3_vtab* table) noexcept {
   return SQLITE_OK;
 }
 
-/// Asks for the argument, if the query compares it with something. A plan in which that is not known
-/// yet is no plan: the rows depend on it.
+/// Asks for the argument, if the query compares it with something. A plan in which its value is not
+/// known yet is not usable: the rows depend on it.
 int findPlan(sqlite3_vtab* opened, sqlite3_index_info* plan) noexcept {
   const int argument = static_cast<OpenTable*>(opened)->table.argument;
   plan->estimatedCost = 10000;

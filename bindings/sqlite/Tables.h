@@ -10,9 +10,10 @@ namespace Sql {
 /// are the items of a list.
 struct Table {
   const char* name;
-  std::string (*columns)();  ///< As CREATE TABLE has them, with the argument's hidden one behind.
-  int argument;              ///< The index of that column; -1 if there is none.
-  const char* needed;        ///< What to say if there is no argument; null if it may be left out.
+  std::string (
+      *columns)();     ///< In the form of CREATE TABLE, followed by the argument's hidden one.
+  int argument;        ///< The index of that column; -1 if there is none.
+  const char* needed;  ///< What to say if there is no argument; null if it may be left out.
   /// @param argument  null if none is given.
   Owned<trelvon_list> (*rows)(Engine& engine, const std::string_view* argument);
   void (*give)(sqlite3_context* context, const trelvon_list* rows, std::size_t row, int column);

@@ -10,12 +10,12 @@ enum class FormulaReason : std::int32_t {
   Done = 0,  ///< Not refused.
 
   // The text is not a formula.
-  MissingOperand,        ///< An operator, `)` or the end, where a number is due: `+2`, `3 *`.
+  MissingOperand,        ///< An operator, `)` or the end where a number is expected: `+2`, `3 *`.
   NotAfterOperand,       ///< A number, function or `(` directly after a value: `2(3)`.
   NeverClosed,           ///< A `(` without its `)`: `2 * (3 + 4`.
   NeverOpened,           ///< A `)` without its `(`: `3 + 4)`.
   EmptyParentheses,      ///< Parentheses around nothing, except those of a function: `2 * ()`.
-  MissingParentheses,    ///< A function or prefix symbol without a `(` behind it: `sqrt * 2`.
+  MissingParentheses,    ///< A function or prefix symbol without a `(` after it: `sqrt * 2`.
   SuffixWithoutOperand,  ///< The text of a unit without a number before it: `m`, `h1 + 1`.
   UnusableSymbol,        ///< The text of a unit that ends in a separator, which tokens never do.
 
@@ -38,9 +38,9 @@ enum class FormulaReason : std::int32_t {
   InputMissing,      ///< `sqrt()`.
   SymbolAfterUnits,  ///< The text of a unit at parentheses that have units: `(1 ft) ft`.
 
-  // The result does not fit what was asked for.
+  // The result does not fit what was requested.
   UnitsDoNotFit,  ///< Other units than those of the requested unit, and not the reciprocal.
-  HasUnits,       ///< A plain number was asked for.
+  HasUnits,       ///< A plain number was requested.
 
   // Any other exception of the engine. Its message says more.
   Other,

@@ -9,20 +9,20 @@
 
 namespace Units {
 
-/// What other systems call units: which code of UCUM, UN/CEFACT Recommendation 20, QUDT or UDUNITS
-/// stands for a unit. `UnitNames` finds units by codes.
+/// What other systems call units: the codes of UCUM, UN/CEFACT Recommendation 20, QUDT or UDUNITS
+/// for a unit. `UnitNames` finds units by codes.
 ///
-/// Codes are no definitions, and engines do not read them. They come from mapping files, such as
+/// Codes are not definitions, and engines do not read them. They come from mapping files, such as
 /// `codes.json` of the catalog's packs:
 ///
 ///   {"version": 1, "codes": {
 ///     "trelvon.unit:foot-1.0.0": {"ucum": ["[ft_i]"], "rec20": ["FOT"], "udunits": ["foot"]}}}
 ///
-/// A row maps the name of any system to codes, of which the first is for writing. Members that are no
-/// lists are passed over.
+/// A row maps the name of any system to codes. The first code is the one to write. Members that are
+/// not lists are skipped.
 ///
-/// It never changes, and any number of threads may use it. Copies share what it has. Any function but
-/// copying may throw std::bad_alloc.
+/// It never changes, and any number of threads may use it. Copies share its contents. All functions
+/// except copying may throw std::bad_alloc.
 class TRELVONUNITS_API UnitCodes {
  public:
   UnitCodes();  ///< No codes.
@@ -33,11 +33,12 @@ class TRELVONUNITS_API UnitCodes {
   /// Reads a mapping file.
   ///
   /// @param json  the text of the file, read up to the first NUL; any bytes.
-  /// @throws std::logic_error  "unit codes, LINE:COLUMN: REASON": the text is no JSON, has no
-  ///                           "version": 1 or no "codes", a row is no object, or a code is no text.
+  /// @throws std::logic_error  "unit codes, LINE:COLUMN: REASON": the text is not JSON, has no
+  ///                           "version": 1 or no "codes", a row is not an object, or a code is not
+  ///                           a string.
   static UnitCodes fromText(std::string_view json);
 
-  /// Returns these codes and those of another mapping, behind these where a unit has both.
+  /// Returns these codes and those of another mapping. If a unit has both, these come first.
   UnitCodes with(const UnitCodes& other) const;
 
   /// Returns the names of all systems, in byte order.
@@ -46,7 +47,7 @@ class TRELVONUNITS_API UnitCodes {
   /// Returns the type ids of all units that have codes, in byte order.
   std::vector<std::string> getUnits() const;
 
-  /// Returns the codes of a unit in a system, the one for writing first; none if it has none.
+  /// Returns the codes of a unit in a system, the one to write first; empty if it has none.
   ///
   ///   codes.getCodes("trelvon.unit:foot-1.0.0", "rec20")   {"FOT"}
   std::vector<std::string> getCodes(const std::string& unitTypeId, const std::string& system) const;

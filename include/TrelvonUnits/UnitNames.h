@@ -13,19 +13,19 @@
 
 namespace Units {
 
-/// What a text is to the unit that it names.
+/// How a text names a unit.
 enum class NameKind {
   TypeId,          ///< "trelvon.unit:squareFoot-1.0.0"
   LocalId,         ///< "squareFoot": the type id without namespace and version
   Name,            ///< "square foot"
   SymbolText,      ///< "ft^2": the text of one of the unit's symbols
-  Code,            ///< "ucum:[sft_i]": a code of another system, behind the name of the system
+  Code,            ///< "ucum:[sft_i]": a code of another system, after the name of the system
   CodeExpression,  ///< "ucum:kg.m-3": an expression of codes that has the size and the powers of a
                    ///< unit. The text is the one that was searched.
 };
 
 /// A text that names a unit, as `UnitNames` finds it. It does not depend on an engine or on the
-/// `UnitNames`, and is copied as cheaply as a record.
+/// `UnitNames`, and is as cheap to copy as a record.
 class TRELVONUNITS_API UnitName {
  public:
   UnitName(const UnitName& other) noexcept;
@@ -34,10 +34,10 @@ class TRELVONUNITS_API UnitName {
   UnitName& operator=(const UnitName&) = delete;
 
   Unit getUnit() const;         ///< The unit that is named.
-  NameKind getKind() const;     ///< What the text is to the unit.
+  NameKind getKind() const;     ///< How the text names the unit.
   std::string getText() const;  ///< The text as the engine has it, not as it was searched.
 
-  /// Whether the searched text is `getText()`, byte for byte, or for `completions` its beginning.
+  /// Whether the searched text is exactly `getText()` or, for `completions`, its beginning.
   bool isExact() const;
 
  private:
@@ -69,7 +69,7 @@ class TRELVONUNITS_API UnitName {
 ///   const Units::UnitNames names(*engine);
 ///   names.find("square foot").at(0).getUnit().getTypeId();   // "trelvon.unit:squareFoot-1.0.0"
 ///
-/// Any function but copying may throw std::bad_alloc, and nothing else.
+/// All functions except copying may throw std::bad_alloc, and nothing else.
 class TRELVONUNITS_API UnitNames {
  public:
   /// Reads the units and symbols of an engine. Its cost grows with their number.
@@ -83,7 +83,7 @@ class TRELVONUNITS_API UnitNames {
   ///                host-implemented engine throws passes through.
   explicit UnitNames(const UnitsEngine& engine);
 
-  /// The same, and learns the codes of other systems.
+  /// The same, with the codes of other systems.
   ///
   ///   const Units::UnitNames names(*engine, Units::UnitCodes::fromText(mapping));
   ///   names.find("rec20:FOT");        the foot
@@ -91,7 +91,7 @@ class TRELVONUNITS_API UnitNames {
   ///   names.find("ucum:kg.m-3");      kilogram per cubic meter, by an expression
   ///
   /// @param engine  any engine, as above.
-  /// @param codes   those of units that the engine does not have are passed over.
+  /// @param codes   those of units that the engine does not have are ignored.
   UnitNames(const UnitsEngine& engine, const UnitCodes& codes);
 
   UnitNames(const UnitNames& other) noexcept;
@@ -108,8 +108,8 @@ class TRELVONUNITS_API UnitNames {
   ///   find("smoot")                     empty
   ///
   /// A text that names nothing may be the plural of a local id or name in English: one of its words
-  /// is then made singular ("square feet", "feet per second"). Or it is an expression of UCUM or
-  /// UDUNITS, which names the units of its size and powers.
+  /// is then made singular ("square feet", "feet per second"). Or it may be an expression of UCUM
+  /// or UDUNITS, which names the units with its size and powers.
   ///
   /// @param text  any bytes. Type ids, symbol texts and codes match exactly; local ids and names
   ///              match loosely, too.
@@ -129,8 +129,8 @@ class TRELVONUNITS_API UnitNames {
   /// "SYSTEM:CODE".
   std::vector<UnitName> findCode(std::string_view system, std::string_view code) const;
 
-  /// Says for people why `find` finds nothing: of an expression of codes what it is, or where it is
-  /// faulty. Empty if it finds a unit.
+  /// Explains in a sentence why `find` finds nothing. For an expression of codes, tells what it is,
+  /// or what is wrong with it. Empty if `find` finds a unit.
   std::string whyNot(std::string_view text) const;
 
   /// Returns all texts that name a unit, in order of `NameKind`, then of symbol texts in byte order.
@@ -139,7 +139,8 @@ class TRELVONUNITS_API UnitNames {
   std::vector<UnitName> namesOf(const Unit& unit) const;
 
   /// Returns a text by which `findBest` finds a unit and no other: the first of its local id, name,
-  /// symbol texts and codes that does, or else its type id. To be listed where a text was ambiguous.
+  /// symbol texts and codes that does, or else its type id. Use it to list the units of an
+  /// ambiguous text.
   ///
   /// @param unit  a unit of the engine; of any other the type id is returned.
   std::string unambiguousName(const Unit& unit) const;
@@ -155,9 +156,9 @@ class TRELVONUNITS_API UnitNames {
   ///   suggest("x", 3)                    empty: one character has no errors
   ///
   /// An error is a character inserted, deleted, replaced, or swapped with its neighbor. (A
-  /// character is a code point of UTF-8, or a byte that is none.) A text may have an error for every
-  /// three characters, rounded, and at most three. It is compared loosely with every type id, local
-  /// id, name and symbol text. Texts of more than 256 bytes are near to none.
+  /// character is a code point of UTF-8, or a byte that is not UTF-8.) A text may have one error
+  /// for every three characters, rounded, and at most three. It is compared loosely with every type
+  /// id, local id, name and symbol text. Texts of more than 256 bytes are not near any name.
   ///
   /// @param text   any bytes.
   /// @param count  how many to return at most.
@@ -173,9 +174,9 @@ class TRELVONUNITS_API UnitNames {
   ///
   /// @param prefix  any bytes; compared loosely. If it is empty, every text begins with it.
   /// @param count   how many to return at most.
-  /// @return  texts that begin so exactly, and then the others. Within both, in byte order of the
-  ///          texts in lower case without spaces, hyphens and underscores, then of the texts as they
-  ///          are, then in order of `NameKind`, then of type id.
+  /// @return  first the texts that begin with exactly `prefix`, then the others. Both are in byte
+  ///          order of the texts in lower case without spaces, hyphens and underscores, then of the
+  ///          texts as they are, then in order of `NameKind`, then of type id.
   std::vector<UnitName> completions(std::string_view prefix, std::size_t count) const;
 
  private:

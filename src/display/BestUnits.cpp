@@ -11,13 +11,13 @@ namespace Units {
 
 namespace {
 
-/// How many of the display's unit a scale's unit is; 0 if their zeros differ or one is the
+/// The size of a scale's unit, in the display's unit; 0 if their zeros differ or one is the
 /// reciprocal of the other.
 double sizeOf(const DisplayScale& scale) {
   return scale.amount(0.0) == 0.0 && scale.value(0.0) == 0.0 ? scale.value(1.0) : 0.0;
 }
 
-/// Whether a number is a power of 1000, but for the rounding of conversions.
+/// Whether a number is a power of 1000, apart from the rounding of conversions.
 bool isPowerOfThousand(double number) {
   constexpr double tolerance = 1e-9;
   const double power = std::log10(number) / 3.0;
@@ -29,13 +29,13 @@ std::vector<Symbol> symbolsOfList(const UnitsEngine& engine, const DisplayOption
   for (const std::string& typeId : options.bestSymbols) {
     symbols.push_back(engine.getSymbol(typeId));
     if (!symbols.back().getPrefixOrSuffix())
-      throw ValidationException("display: the best unit cannot be shown by " + typeId +
+      throw ValidationException("display: the best unit cannot be shown with " + typeId +
                                 ", which is composite.");
   }
   return symbols;
 }
 
-/// By a rule for prefixes of the metric system: millimeters and meters, but no centimeters.
+/// Follows the convention for metric prefixes: millimeters and meters, but not centimeters.
 std::vector<Symbol> symbolsOfQuantity(const UnitsEngine& engine, const DisplayContents& display) {
   const System system = engine.getUnit(display.unit).getUnitSystem();
   std::vector<Symbol> symbols;
@@ -62,7 +62,7 @@ SizedScale sizedScaleOf(const UnitsEngine& engine, const Symbol& symbol, std::si
   const double size = sizeOf(scale);
   if (!(size > 0.0) || !std::isfinite(size))
     throw ValidationException("display: " + scale.symbol +
-                              " cannot be the best unit: its zero or its direction differs.");
+                              " cannot be the best unit: it has a different zero or direction.");
   return {size, place, scale};
 }
 
@@ -77,7 +77,7 @@ void sortScales(std::vector<SizedScale>& sized) {
   sized.erase(std::unique(sized.begin(), sized.end(), equal), sized.end());
 }
 
-/// Whether a text would be read as a part of the number beside it.
+/// Whether a text would be read as part of the number next to it.
 bool looksLikeNumber(const DisplayScale& scale) {
   const std::string& text = scale.text;
   if (text.empty()) return false;
@@ -108,7 +108,7 @@ DisplayScale scaleOf(const UnitsEngine& engine, const Symbol& symbol,
   }
   if (looksLikeNumber(scale))
     throw ValidationException("display: the text of " + scale.symbol +
-                              " would look like a part of the number.");
+                              " would look like part of the number.");
   const std::string own = symbol.getUnit().getTypeId();
   if (own != unitTypeId)
     scale.conversions = DisplayScale::Conversions{PreparedConversion(engine, unitTypeId, own),

@@ -14,7 +14,7 @@ std::optional<Symbol> firstTextOf(const UnitsEngine& engine, const std::string& 
 DisplayScale scaleOf(const UnitsEngine& engine, const Symbol& symbol,
                      const std::string& unitTypeId);
 
-/// Adds the scales from which the best one is chosen to the only one.
+/// Adds the scales from which the best one is chosen to the one that is there.
 void addBestUnits(const UnitsEngine& engine, DisplayContents& display);
 
 }  // namespace Units

@@ -114,7 +114,7 @@ void OptionsReader::setMinus(std::size_t value) {
 }
 
 void OptionsReader::setBestSymbols(std::size_t value) {
-  require(value, Kind::Array, "a list of texts");
+  require(value, Kind::Array, "a list of strings");
   for (std::size_t part = places_.value(value).first; part != TextPlaces::none;
        part = places_.value(part).next)
     options_.bestSymbols.push_back(textOf(part));

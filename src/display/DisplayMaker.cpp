@@ -68,7 +68,7 @@ std::unique_ptr<DisplayContents> makeDisplay(const UnitsEngine& engine,
   display->form = formOf(options);
   display->style = styleOf(options, *locale);
   if (isSameMark(display->style.decimalMark, display->style.groupMark))
-    throw ValidationException("display: the decimal mark is the group mark, too.");
+    throw ValidationException("display: the decimal mark and the group mark are the same.");
   display->unit = options.unit;
   const std::optional<Symbol> symbol = symbolOf(engine, options);
   if (!symbol) {

@@ -19,7 +19,7 @@ namespace {
 
 std::string inQuotes(std::string_view text) { return '`' + shownText(text) + '`'; }
 
-/// The number of a part, and the fraction behind it.
+/// The number of a part, and the fraction after it.
 struct PartNumber {
   std::string whole = "0";
   std::string places;
@@ -27,7 +27,7 @@ struct PartNumber {
   std::uint32_t denominator = 1;
 };
 
-/// Each member that returns whether it has read something has refused the text if not.
+/// If a member that returns whether it has read something returns false, it has refused the text.
 class DisplayReader {
  public:
   DisplayReader(const DisplayContents& display, std::string_view text)
@@ -64,7 +64,7 @@ class DisplayReader {
   const std::string_view text_;
   std::size_t at_ = 0;
   std::size_t end_ = 0;
-  std::size_t begin_ = 0;  // of the value behind its sign
+  std::size_t begin_ = 0;  // of the value, after its sign
   bool isNegative_ = false;
   std::unique_ptr<DisplayReadingContents> made_;
 };
@@ -117,21 +117,20 @@ bool DisplayReader::refuseMarks(const WrittenNumber& written) {
     made_->readings.push_back(value);
     std::string spelling = number->digits;
     if (number->places == primaryGroup && display_.form.isWhole() && style.groups)
-      spelling += '0';  // four digits are no group
+      spelling += '0';  // four digits are not a group
     if (number->places > 0) spelling.replace(spelling.find('.'), 1, style.decimalMark);
     spellings.push_back(inQuotes(spelling));
   }
   if (spellings.size() == 2)
     return refuse(begin, end,
                   shown + " has two readings: write " + spellings[0] + " or " + spellings[1] + '.');
-  const std::string why = shown +
-                          " is not written as numbers are here, where the decimal mark is " +
+  const std::string why = shown + " does not fit this number format. The decimal mark is " +
                           inQuotes(style.decimalMark) + '.';
   made_->readings.clear();
   return refuse(begin, end, spellings.empty() ? why : why + " Write " + spellings[0] + '.');
 }
 
-/// Whether digits and a slash follow, behind spaces.
+/// Whether digits and a slash follow, after any spaces.
 bool DisplayReader::isFractionAt(std::size_t place) const {
   if (display_.form.kind != NumberForm::Kind::Fraction) return false;
   std::string_view text = between(place, end_);
@@ -147,10 +146,11 @@ bool DisplayReader::readNumber(bool isInPart, bool isWhole, PartNumber& number) 
   if (written.bytes == 0) return refuse(at_, end_, "There is no number.");
   const std::size_t end = at_ + written.bytes;
   const std::string shown = inQuotes(between(at_, end));
-  if (written.mixesDigits) return refuse(at_, end, shown + " mixes digits of two scripts.");
+  if (written.mixesDigits) return refuse(at_, end, shown + " mixes digits from two scripts.");
   const std::optional<PlainNumber> plain = readStrictly(written, style);
   if (!plain) return refuseMarks(written);
-  // What a single mark is must not depend on the locale alone: it is what the display shows.
+  // The meaning of a single mark must not depend on the locale alone: it is the one that the
+  // display shows.
   const bool hasFraction = isFractionAt(end);
   const bool meansGroup = display_.form.isWhole() && style.groups;
   if (!isInPart && !hasFraction && isDoubtful(written) && meansGroup != (plain->places == 0))
@@ -180,7 +180,7 @@ bool DisplayReader::readFraction(PartNumber& number) {
   made_->pieces.pop_back();
   return refuse(begin, at_,
                 inQuotes(between(begin, at_)) +
-                    " is no fraction below 1 of halves, quarters and so on up to 512ths.");
+                    " is not a fraction below 1 in halves, quarters and so on down to 512ths.");
 }
 
 /// A number, a fraction, or both.
@@ -193,8 +193,7 @@ bool DisplayReader::readAmount(bool isInPart, PartNumber& number) {
 }
 
 bool DisplayReader::refuseRange() {
-  return refuse(begin_, end_,
-                inQuotes(between(begin_, end_)) + " is beyond the numbers there are.");
+  return refuse(begin_, end_, inQuotes(between(begin_, end_)) + " is too large.");
 }
 
 bool DisplayReader::readMark(std::string_view mark) {
@@ -215,7 +214,7 @@ bool DisplayReader::readMark(std::string_view mark) {
   return true;
 }
 
-/// A part but the first, which is less than one of the part before it.
+/// Any part except the first. It must be less than one of the part before it.
 bool DisplayReader::readPart(std::size_t index, PartNumber& number, std::uint32_t& count) {
   const CompositeLayout& layout = *display_.form.layout;
   const std::size_t begin = at_;
@@ -248,11 +247,11 @@ bool DisplayReader::readComposite(double& value) {
   return divide(count, number, value);
 }
 
-/// Counts steps of the last part, and divides by how many make one of the first.
+/// Counts steps of the last part, and divides by the number of them in one of the first.
 bool DisplayReader::divide(Natural& count, const PartNumber& last, double& value) {
   constexpr std::size_t mostPlaces = 12;
   if (last.places.size() > mostPlaces)
-    return refuse(begin_, end_, inQuotes(last.places) + " are more than 12 decimal places.");
+    return refuse(begin_, end_, inQuotes(last.places) + " has more than 12 decimal places.");
   const std::size_t low = std::min<std::size_t>(last.places.size(), 9);
   const std::size_t high = last.places.size() - low;
   const auto digits = [&](std::size_t first, std::size_t size) {
@@ -267,7 +266,7 @@ bool DisplayReader::divide(Natural& count, const PartNumber& last, double& value
   return std::isfinite(value) || refuseRange();
 }
 
-/// The value of digits with a point: never 0 where a digit is not, nor infinite.
+/// The value of digits with a point. It is 0 only if all digits are, and never infinite.
 bool DisplayReader::readDecimal(const PartNumber& number, double& value) {
   const std::string digits =
       number.places.empty() ? number.whole : number.whole + '.' + number.places;
@@ -316,8 +315,8 @@ bool DisplayReader::refuseUnit(std::size_t end) {
   if (at_ == end) return refuse(at_, end, "The unit is missing. Write one of " + units + '.');
   const std::string shown = inQuotes(between(at_, end));
   if (display_.scales.size() == 1 && display_.scales.front().text.empty())
-    return refuse(at_, end, shown + " is not expected: only a number is.");
-  return refuse(at_, end, shown + " is not expected. Values are written in " + units + '.');
+    return refuse(at_, end, shown + " is not expected. Write only a number.");
+  return refuse(at_, end, shown + " is not expected. The unit must be " + units + '.');
 }
 
 std::unique_ptr<DisplayReadingContents> DisplayReader::read() {

@@ -21,8 +21,8 @@ constexpr std::string_view persianZero = "\xDB\xB0";         // U+06F0
 constexpr std::string_view bengaliZero = "\xE0\xA7\xA6";     // U+09E6
 constexpr std::string_view devanagariZero = "\xE0\xA5\xA6";  // U+0966
 
-/// Facts of the Unicode Common Locale Data Repository (CLDR), version 48, but for the apostrophe of
-/// Switzerland, which is that of versions before: the straight one is the mark of feet.
+/// From the Unicode Common Locale Data Repository (CLDR), version 48, except the apostrophe of
+/// Switzerland, which is that of earlier versions: the straight one is the mark of feet.
 constexpr DisplayLocale locales[] = {
     {"ar-EG", "", arabicDecimal, arabicGroup, arabicMinus, arabicZero, 3, 1},
     {"bg", "BG", ",", noBreak, "-", "0", 3, 2},

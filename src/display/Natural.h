@@ -8,8 +8,8 @@
 
 namespace Units {
 
-/// A natural number of up to 432 digits, for values whose steps no integer type counts. It allocates
-/// nothing.
+/// A natural number of up to 432 digits, for values with more steps than any integer type can
+/// count. It allocates nothing.
 class Natural {
  public:
   explicit Natural(std::uint64_t value = 0) {

@@ -8,7 +8,7 @@
 
 namespace Units {
 
-/// What a value is rounded to, and in which parts it is shown.
+/// What a value is rounded to, and the parts in which it is shown.
 struct NumberForm {
   enum class Kind { Places, Fraction, Significant };
 
@@ -16,7 +16,7 @@ struct NumberForm {
   int digits = 15;  // decimal places, the denominator, or significant digits
   bool trims = true;
   const CompositeLayout* layout = nullptr;  // null for a single number
-  std::uint32_t lastUnits = 1;              // how many units of the last part make one of the first
+  std::uint32_t lastUnits = 1;  // the number of units of the last part in one of the first
 
   /// Whether all numbers have no decimal places, so that a single mark can only group digits.
   bool isWhole() const { return kind == Kind::Fraction || (kind == Kind::Places && digits == 0); }
@@ -24,7 +24,7 @@ struct NumberForm {
   bool varies() const { return kind == Kind::Significant || (trims && !isWhole()); }
 };
 
-/// With which characters numbers are written. All texts are UTF-8.
+/// The characters that numbers are written with. All texts are UTF-8.
 struct NumberStyle {
   std::string decimalMark;
   std::string groupMark;

@@ -20,7 +20,7 @@ class NumberWriter {
   /// ASCII digits as those of the locale.
   void writeDigits(std::string_view digits);
 
-  /// A mark of a composite or the text of a unit, whose spaces are those of the style.
+  /// A mark of a composite or the text of a unit, with the spaces of the style.
   void writeMark(std::string_view mark);
 
  private:

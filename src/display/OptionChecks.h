@@ -16,7 +16,7 @@ void checkOptions(const DisplayOptions& options);
 /// Checks what a composite symbol cannot show.
 void checkLayout(const DisplayOptions& options, const CompositeLayout* layout);
 
-/// Checks that there is a unit to choose from, and no parts.
+/// Checks that there are units to choose from, and that the symbol is not composite.
 void checkBest(const DisplayOptions& options, const CompositeLayout* layout);
 
 [[noreturn]] void refuseLocale(const std::string& name);

@@ -13,8 +13,8 @@ double quotient(Natural number, std::initializer_list<std::uint32_t> divisors) {
   double divisor = 1.0;
   for (const std::uint32_t each : divisors) divisor *= each;
   if (number.isShort(value)) return static_cast<double>(value) / divisor;
-  // With 60 places and a digit that tells whether there are more, a quotient is told from all numbers
-  // halfway between two doubles: it differs from them by more, if at all.
+  // 60 places, and a digit that shows whether there are more, distinguish a quotient from every
+  // number halfway between two doubles: it differs from each of them by more, if at all.
   constexpr int places = 60;
   for (int place = 0; place < places; place += 6) number.multiply(1000000);
   bool hasMore = false;

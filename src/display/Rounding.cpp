@@ -20,7 +20,7 @@ namespace {
 /// From here on a quotient of doubles is too coarse to round.
 constexpr double mostSteps = 0x1p50;
 
-/// A count as `Natural`, while 64 bits suffice.
+/// A count as a `Natural`, if it fits in 64 bits.
 class ShortNatural {
  public:
   explicit ShortNatural(std::uint64_t value) : value_(value) {}
@@ -69,7 +69,7 @@ void multiplyByTens(Natural& number, int power) {
     number.multiply(powersOfTen[static_cast<std::size_t>(std::min(rest, 9))]);
 }
 
-/// How many steps the exact value has, rounded, halves up. It has at least 2^50.
+/// The number of steps in the exact value, rounded, halves up. There are at least 2^50.
 Natural countExactly(double magnitude, const NumberForm& form) {
   int exponent = 0;
   const double fraction = std::frexp(magnitude, &exponent);
@@ -120,7 +120,7 @@ bool isZero(const RoundedNumber& number) {
          number.parts[1] == 0;
 }
 
-/// A composite has no more places than a reader takes.
+/// A composite has no more places than a reader accepts.
 void roundToMostPlaces(double magnitude, const NumberForm& form, RoundedNumber& number) {
   NumberForm inPlaces = form;
   inPlaces.kind = NumberForm::Kind::Places;
@@ -130,7 +130,7 @@ void roundToMostPlaces(double magnitude, const NumberForm& form, RoundedNumber& 
 }
 
 void roundToDigits(double magnitude, const NumberForm& form, RoundedNumber& number) {
-  constexpr double alwaysInRange = 1e308;  // with fewer digits, a larger one might be no double
+  constexpr double alwaysInRange = 1e308;  // with fewer digits, a larger one might be infinite
   constexpr int mostDigits = 17;
   const double total = magnitude * form.lastUnits;
   if (std::isfinite(total)) {

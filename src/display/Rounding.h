@@ -23,8 +23,9 @@ extern const std::array<std::uint32_t, 10> powersOfTen;
 
 /// Rounds a value and splits it.
 ///
-/// The steps of the last part are counted by a whole number, which is then divided with remainder:
-/// what is left for a part is less than the part before it, so nothing is ever carried.
+/// The steps of the last part are counted in a whole number, which is then divided with remainder.
+/// So what is left for a part is always less than one of the part before it, and nothing is ever
+/// carried.
 ///
 /// @param value  finite.
 RoundedNumber roundNumber(double value, const NumberForm& form);

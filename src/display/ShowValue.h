@@ -14,7 +14,7 @@ struct NumberStyle;
 std::string showAmount(double amount, const DisplayScale& scale, const NumberForm& form,
                        const NumberStyle& style);
 
-/// The amount that such a text shows.
+/// The amount that the text shows.
 double shownAmount(double amount, const NumberForm& form);
 
 }  // namespace Units

@@ -10,8 +10,9 @@ struct SignificantDigits {
   int exponent;
 };
 
-/// Rounds a magnitude to significant digits, halves away from zero. Up to 15 digits, what differs from
-/// a half in the 16th alone, as sums and conversions do, is a half. Zero has as many digits.
+/// Rounds a magnitude to significant digits, halves away from zero. For up to 15 digits, a number
+/// that differs from a half only in the 16th digit, as results of sums and conversions do, counts
+/// as a half. Zero has as many digits.
 ///
 /// @param magnitude  finite.
 /// @param count      1 to 17.

@@ -11,7 +11,7 @@ namespace Units {
 
 namespace {
 
-/// Conversions round: what is a thousand but for them is a thousand.
+/// Conversions round, so a number that is almost a thousand because of them counts as a thousand.
 constexpr double nearlyOne = 1.0 - 1e-12;
 
 }  // namespace
@@ -23,7 +23,7 @@ const DisplayScale& DisplayContents::scaleOf(double value) const {
   std::size_t best = scales.size() - 1;
   while (best > 0 && std::fabs(scales[best].amount(value)) < least) --best;
   if (best + 1 == scales.size()) return scales[best];
-  // Rounded, it may be a thousand of this one, and so one of the next.
+  // After rounding, it may be a thousand of this unit, and so one of the next.
   const double shown = shownAmount(std::fabs(scales[best].amount(value)), form);
   const double next = scales[best + 1].amount(scales[best].value(shown));
   return scales[std::fabs(next) >= least ? best + 1 : best];

@@ -121,7 +121,7 @@ FormulaExplanation Explainer::explain(const std::string& formula, const Variable
   return FormulaExplanation(out_.release());
 }
 
-/// Keeps the suggestions that work. What warnings suggest may cure a refusal, too.
+/// Keeps the suggestions that work. A suggestion of a warning may also fix a refusal.
 void Explainer::addSpellings() {
   const bool isRefused = out_->reason != FormulaReason::Done;
   if (isRefused && explained_.maySpell())
@@ -143,8 +143,8 @@ bool Explainer::isNew(const std::string& spelling) const {
   return std::find(known.begin(), known.end(), spelling) == known.end();
 }
 
-/// The value of a suggestion; nothing if it does not work. The resolver is not asked anything new: if
-/// the fault that is cured stood before a variable that is not known yet, the value is NaN.
+/// The value of a suggestion; nothing if it does not work. The resolver is not asked anything new:
+/// if the fix lies before a variable that is not known yet, the value is NaN.
 std::optional<double> Explainer::tryOut(const std::string& formula) {
   if (++tried_ > mostTried) return std::nullopt;
   if (replacements_.empty())
@@ -172,7 +172,7 @@ std::optional<double> Explainer::tryOut(const std::string& formula) {
   return std::nullopt;
 }
 
-/// Asks for the names that begin with the text of a unit: "h1" in "h1 + 1".
+/// Asks the resolver about names that begin with the text of a unit: "h1" in "h1 + 1".
 void Explainer::addHidden(const VariableResolver& resolver) {
   std::set<std::string> asked;
   for (const Contents::TokenData& token : out_->tokens) {

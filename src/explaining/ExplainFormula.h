@@ -9,7 +9,7 @@
 
 namespace Units {
 
-/// Explains a formula for what it is asked for.
+/// Explains a formula for the kind of result that is requested.
 ///
 /// @param unit   the requested unit, of the engine. Null except for InUnit.
 /// @param known  null if all identifiers are replaced.

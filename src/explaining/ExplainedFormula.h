@@ -10,7 +10,7 @@
 
 namespace Units {
 
-/// A recorded formula, for what is said about it.
+/// A recorded formula, with what its sentences and suggestions need.
 struct ExplainedFormula {
   const ExplanationContents& contents;
   const Registries& registries;
@@ -22,8 +22,8 @@ struct ExplainedFormula {
     return contents.tokens[contents.nodes[node].token];
   }
 
-  /// Whether the formula and its replacements are short enough to be read again for spellings, of
-  /// which each is a whole formula.
+  /// Whether the formula and its replacements are short enough to be read again for spellings, each
+  /// of which is a whole formula.
   bool maySpell() const;
 
   /// From the start of one span to the end of another, which comes later.
@@ -38,13 +38,13 @@ struct ExplainedFormula {
   std::string with(const FormulaSpan& span, const std::string& replacement) const;
 };
 
-/// The text of the first symbol of a unit that is written behind numbers; empty if there is none.
+/// The text of the first suffix symbol of a unit; empty if there is none.
 std::string suffixOf(const Unit& unit, const Registries& registries);
 
-/// Says for people why a formula was refused.
+/// Explains in a sentence why a formula was refused.
 std::string sentenceOf(const ExplainedFormula& explained);
 
-/// Formulas that are near to a refused one, for whoever may evaluate them. Not all of them work.
+/// Formulas that are close to a refused one. The caller must evaluate them: not all of them work.
 std::vector<std::string> nearFormulas(const ExplainedFormula& explained);
 
 /// Adds the warnings, in order of their spans.

@@ -20,7 +20,7 @@ namespace {
 using Contents = ExplanationContents;
 using NodeKind = FormulaExplanation::NodeKind;
 
-/// What a function needs of its input.
+/// What a function requires of its input.
 constexpr struct {
   FormulaFunction function;
   const char* needs;
@@ -81,7 +81,7 @@ std::string Sentence::make() const {
       return it_ + " follows a value: multiplication is always written out.";
     case FormulaReason::NeverClosed:
       return it_ == "`(`" ? "`(` is never closed."
-                          : "The parenthesis behind " + it_ + " is never closed.";
+                          : "The parenthesis after " + it_ + " is never closed.";
     case FormulaReason::NeverOpened:
       return it_ + " closes a parenthesis that was never opened.";
     case FormulaReason::EmptyParentheses:
@@ -91,7 +91,7 @@ std::string Sentence::make() const {
     case FormulaReason::SuffixWithoutOperand:
       return suffixWithoutOperand();
     case FormulaReason::UnusableSymbol:
-      return it_ + " is the text of a unit that ends in a space, so it never stands alone.";
+      return it_ + " is the text of a unit that ends in a space, so it cannot be used alone.";
     case FormulaReason::UnknownIdentifier:
       return unknownIdentifier();
     case FormulaReason::VariableIsItself:
@@ -104,7 +104,7 @@ std::string Sentence::make() const {
     case FormulaReason::UnitsDiffer:
       return unitsDiffer();
     case FormulaReason::DivisorNearZero:
-      return "The divisor counts as 0: it lies between -0.000000001 and 0.000000001.";
+      return "The divisor counts as 0: it is between -0.000000001 and 0.000000001.";
     case FormulaReason::UndefinedPower:
       return undefinedPower();
     case FormulaReason::ExponentHasUnits:
@@ -119,15 +119,15 @@ std::string Sentence::make() const {
     case FormulaReason::InputHasUnits:
       return it_ + " needs a plain number; its input is " + kindOf(0) + ".";
     case FormulaReason::InputNotExpected:
-      return it_ + " has no input: write `pi()`.";
+      return it_ + " takes no input: write `pi()`.";
     case FormulaReason::InputMissing:
       return it_ + " needs an input.";
     case FormulaReason::SymbolAfterUnits:
-      return it_ + " gives a plain number its unit; this value is " + kindOf(0) + " already.";
+      return it_ + " gives a plain number its unit; this value is already " + kindOf(0) + ".";
     case FormulaReason::UnitsDoNotFit:
       return unitsDoNotFit();
     case FormulaReason::HasUnits:
-      return "The result is " + resultKind() + ", where a plain number is asked for.";
+      return "The result is " + resultKind() + ", but a plain number is needed.";
     case FormulaReason::Other:
       break;
   }
@@ -137,7 +137,7 @@ std::string Sentence::make() const {
 std::string Sentence::missingOperand() const {
   if (contents_.tokens.empty()) return "The formula is empty.";
   if (contents_.span.begin != contents_.span.end) return "A number is missing before " + it_ + ".";
-  return "The formula ends where a number is due, after " +
+  return "The formula ends where a number is expected, after " +
          explained_.quoted(contents_.tokens.back().span) + ".";
 }
 
@@ -146,20 +146,21 @@ std::string Sentence::missingParentheses() const {
   const bool isFunction = FunctionMap().find(text) != FormulaFunction::None;
   return isFunction
              ? it_ + " is a function: " + parenthesesOf(text)
-             : "A number behind " + it_ + " needs parentheses, unless the formula ends with it.";
+             : "A number after " + it_ + " needs parentheses, unless the formula ends with it.";
 }
 
 std::string Sentence::parenthesesOf(const std::string& function) {
   return FunctionMap().find(function) == FormulaFunction::Pi
              ? "write its parentheses, with nothing in them."
-             : "its input stands in parentheses.";
+             : "put its input in parentheses.";
 }
 
 std::string Sentence::suffixWithoutOperand() const {
   return it_ + " is the text of a unit and must follow a number or `)`.";
 }
 
-/// Whether what was read as an identifier is a literal but for a tab or line break behind it.
+/// Whether what was read as an identifier would be a literal without the tab or line break after
+/// it.
 bool Sentence::isBeforeLineBreak() const {
   const FormulaSpan& span = contents_.span;
   const std::string& text = contents_.textOf(span.text);
@@ -174,8 +175,8 @@ std::string Sentence::unknownIdentifier() const {
   if (contents_.message.compare(0, own.size(), own) != 0) return shownText(contents_.message);
   if (isBeforeLineBreak())
     return it_ +
-           " is followed by a tab or line break. Directly behind a number or unit, only a space "
-           "may follow.";
+           " is followed by a tab or line break. Only a space may come directly after a number or "
+           "unit.";
   const std::string first = text.substr(0, text.find(' '));
   if (FunctionMap().find(first) != FormulaFunction::None)
     return "`" + first + "` is a function: " + parenthesesOf(first);
@@ -186,8 +187,8 @@ std::string Sentence::unknownIdentifier() const {
     return it_ +
            " is not one number with one unit. Multiplication and addition are always written "
            "out, and the decimal mark is a point.";
-  std::string sentence = word.size() < text.size() ? "`" + shownText(word) + "` is no unit."
-                                                   : it_ + " is no unit, function or variable.";
+  std::string sentence = word.size() < text.size() ? "`" + shownText(word) + "` is not a unit."
+                                                   : it_ + " is not a unit, function or variable.";
   const std::vector<std::string> near = nearNames(text, explained_.registries);
   for (std::size_t i = 0; i < near.size(); ++i)
     sentence += (i == 0                 ? " Did you mean `"
@@ -209,7 +210,8 @@ std::string Sentence::unitsDiffer() const {
                          ", right is " + kindOf(1) + ".";
   if (hasRatio(0) || hasRatio(1))
     sentence +=
-        " A ratio such as percent is no plain number, and a product keeps it only if it is on the "
+        " A ratio such as percent is not a plain number, and a product keeps it only if it is on "
+        "the "
         "left of `*`.";
   return sentence;
 }

@@ -100,7 +100,7 @@ bool Warnings::isOfFeet(const Symbol& symbol) const {
              RecordAccess::identity(RecordAccess::unit(symbol));
 }
 
-/// Whether what is asked for has the dimension of a unit.
+/// Whether the requested unit has the dimension of a unit.
 bool Warnings::isWantedIn(const Unit& unit) const {
   return explained_.unit && haveSamePowers(explained_.units.termsOf(*explained_.unit).powers,
                                            explained_.units.termsOf(unit).powers);
@@ -126,15 +126,15 @@ std::string_view trimmed(std::string_view text) {
   return text;
 }
 
-/// The text behind the digits of a part, such as the mark "m" of "10 m"; empty if there is none.
+/// The text after the digits of a part, such as the mark "m" of "10 m"; empty if there is none.
 std::string_view markOf(std::string_view part) {
   part = trimmed(part);
   const std::size_t mark = part.find_first_not_of("0123456789. /");
   return mark == std::string_view::npos ? std::string_view() : part.substr(mark);
 }
 
-/// The parts of a composite literal as a difference: "10 m - (35 cm)". A fraction behind a number
-/// without a mark makes one number with it: "1 1/2".
+/// The parts of a composite literal as a difference: "10 m - (35 cm)". A fraction after a number
+/// without a mark forms one number with it: "1 1/2".
 std::string asDifference(std::string_view literal, std::size_t hyphen) {
   const std::string first(trimmed(literal.substr(0, hyphen)));
   std::string second(trimmed(literal.substr(hyphen + 1)));
@@ -198,7 +198,7 @@ void Warnings::checkPower(const Contents::NodeData& node) {
                : std::string());
 }
 
-/// The formula between two spans, such as an operator with the minus sign behind it.
+/// The formula between two spans, such as an operator and the minus sign after it.
 std::string Warnings::between(const FormulaSpan& first, const FormulaSpan& second) const {
   const bool isInFormula = first.endText == 0 && second.text == 0;
   return isInFormula ? explained_.formula().substr(first.end, second.begin - first.end) : "";
@@ -245,8 +245,8 @@ double Warnings::scalesOf(const Contents::NodeData& node, std::uint32_t number) 
   }
 }
 
-/// Warns of the first operation after which the number of scales is neither 0 nor 1, if that is so
-/// of the result, and of a difference that is asked for on a scale.
+/// If the number of scales in the result is neither 0 nor 1, warns of the first operation after
+/// which that is so. Also warns of a difference that is requested on a scale.
 void Warnings::checkScales() {
   const auto isOdd = [](double scales) {
     return !isNearZero(scales) && !areNearlyEqual(scales, 1);
@@ -310,10 +310,10 @@ void Warnings::checkRounding(const Contents::NodeData& node, std::uint32_t numbe
       "`" + function + "` rounds the number of base units.", std::move(spelling));
 }
 
-/// Whether a unit counts otherwise than its base units do.
+/// Whether a unit has another size or zero than its base units.
 bool countsOtherwise(const UnitTerms& terms) { return terms.factor != 1 || terms.offset != 0; }
 
-/// Marks the nodes below which a unit stands that does not count in base units.
+/// Marks the nodes that have a unit of another size or zero than its base units at or below them.
 void Warnings::findOutsideBase() {
   isOutsideBase_.resize(contents_.nodes.size());
   for (std::uint32_t number = 0; number < contents_.nodes.size(); ++number) {

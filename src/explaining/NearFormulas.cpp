@@ -23,8 +23,8 @@ bool beginsWithDigit(std::string_view text) { return !text.empty() && isDigit(te
 bool beginsAsWord(std::string_view text) { return !text.empty() && !isDigit(text.front()); }
 bool isAnything(std::string_view) { return true; }
 
-/// Ways of writing that people bring from elsewhere: between what precedes, of which the last byte
-/// is looked at, and what follows.
+/// Notations that people bring from elsewhere. A text is rewritten if the last byte before it and
+/// the text after it pass the tests.
 constexpr struct {
   const char* from;
   const char* to;
@@ -152,7 +152,7 @@ void Candidates::rewriteIdentifier() {
   addWithoutLineBreak();
 }
 
-/// A literal with the tabs and line breaks behind it left out.
+/// A literal without the tabs and line breaks after it.
 void Candidates::addWithoutLineBreak() {
   FormulaSpan span = contents_.span;
   const std::string& text = contents_.textOf(span.text);
@@ -169,7 +169,7 @@ void Candidates::closeAll() {
   formulas_.push_back(explained_.formula() + std::string(static_cast<std::size_t>(open), ')'));
 }
 
-/// $ 20 * 2: the number behind a prefix symbol.
+/// $ 20 * 2: the number after a prefix symbol.
 void Candidates::rewriteMissingParentheses() {
   const Contents::TokenData& last = contents_.tokens.back();
   if (last.kind == TokenKind::Number) add(last.span, "(" + contents_.textAt(last.span) + ")");

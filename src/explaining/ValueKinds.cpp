@@ -43,7 +43,8 @@ bool areSame(const ExplanationContents::PowerList& a, const Powers& b) {
       });
 }
 
-/// The name of the quantity with the most units of those that a predicate accepts; empty if none.
+/// Of the quantities that a predicate accepts, the name of the one with the most units; empty if
+/// there is none.
 template <class Predicate>
 std::string largestQuantity(const Registries& registries, Predicate accepts) {
   const Quantity* largest = nullptr;

@@ -8,8 +8,8 @@
 
 namespace Units {
 
-/// Says what values measure, in the words of an engine: by the names of its quantities, else by its
-/// primitive units. "a length", "a plain number", "a value in kilogram meter^2".
+/// Describes what values measure: by the names of the engine's quantities, or else by its primitive
+/// units. "a length", "a plain number", "a value in kilogram meter^2".
 ///
 /// Searches all quantities. Of several that fit, it takes the one with the most units.
 class ValueKinds {

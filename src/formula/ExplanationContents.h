@@ -77,8 +77,8 @@ struct ExplanationContents : CountedContents, FormulaOutcome {
 
   const std::string& textOf(std::size_t text) const { return texts[text].text; }
 
-  /// What a span covers. A literal that runs on past the end of a replacement is covered up to
-  /// there.
+  /// What a span covers. A literal that continues past the end of a replacement is covered up to
+  /// that end.
   std::string textAt(const FormulaSpan& covered) const {
     const bool runsOn = covered.text != covered.endText;
     return textOf(covered.text)

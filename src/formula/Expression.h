@@ -92,8 +92,8 @@ class Expression {
   }
   void unlinkOperands() { first_ = this; }
 
-  /// Replaces the values of the node's operands by its own. If it is refused, their values are of
-  /// no use.
+  /// Replaces the values of the node's operands by its own. If it is refused, their values must not
+  /// be used.
   virtual FormulaReason apply(EvaluatedValues& values) const = 0;
 
  private:

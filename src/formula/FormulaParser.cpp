@@ -191,7 +191,7 @@ FormulaReason FormulaParser::close(Expression& opener) {
   return FormulaReason::Done;
 }
 
-/// As a replacement, which has its parentheses: those behind a prefix symbol, too.
+/// Like a replacement, which has its own parentheses, even after a prefix symbol.
 FormulaReason FormulaParser::takeVariable(const VariableValue& value) {
   if (state_ == State::AfterOperand) return FormulaReason::NotAfterOperand;
   const bool isEnclosed = state_ == State::BeforeOpenParen;

@@ -34,7 +34,8 @@ class FormulaParser {
                 const Units::UnitMath& unitMath, UnitTermsSource& units)
       : arena_(arena), symbols_(symbols), unitMath_(unitMath), units_(units) {}
 
-  /// Returns why no formula continues with this token. After a refusal, the parser is of no use.
+  /// Returns why no formula continues with this token. After a refusal, the parser must not be
+  /// used.
   FormulaReason take(const FormulaToken& token);
 
   /// Sets the root of the tree. Returns why the formula is incomplete.
@@ -111,7 +112,7 @@ inline FormulaReason FormulaParser::take(const FormulaToken& token) {
 /// Builds a tree from all tokens of a tokenizer.
 ///
 /// @param watch  `watch.onToken(token)` is called before the parser takes a token, `watch.onEnd()`
-///               behind the last one.
+///               after the last one.
 template <class Watch>
 FormulaReason parseTokens(FormulaTokenizer& tokenizer, FormulaParser& parser,
                           std::unique_ptr<Expression>& expressionOut, Watch&& watch) {

@@ -132,7 +132,7 @@ std::uint32_t Recorder::powersIndex(EvaluatedValue& value, std::size_t most) {
     if (isNew) out_.powers.push_back(listOf(*borrowed));
     return found->second;
   }
-  // Merging them costs time. Below the root it may only be for a few.
+  // Merging takes time, so below the root it is only done for a few.
   if (value.mostUnits() > std::max(most, mostUnmerged)) return Contents::omitted;
   if (value.isUnitless()) return Contents::none;
   if (value.mostUnits() > most) return Contents::omitted;

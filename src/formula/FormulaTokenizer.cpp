@@ -75,7 +75,7 @@ std::string_view FormulaTokenizer::takeTrimmed(std::size_t length) {
   return withoutTrailingSeparators(text);
 }
 
-/// Puts the replacement of an identifier, which has been read, in front of the unread text.
+/// Puts the replacement of the identifier that was just read in front of the unread text.
 void FormulaTokenizer::substitute(std::string_view identifier) {
   identifierSize_ = identifier.size();
   checkSubstitution();

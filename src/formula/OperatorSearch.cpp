@@ -6,7 +6,7 @@ const Units::LiteralEnds& OperatorSearch::findEnds(std::string_view rest) {
   for (std::size_t i = 0; i < ends_.count; ++i)
     if (ends_.ends[i] > passed) ends_.ends[count++] = ends_.ends[i] - passed;
 
-  // Behind the end of the text when that is known.
+  // Past the end of the text, once that is known.
   std::size_t position = count == 0 ? 0 : ends_.ends[count - 1] + 1;
   for (; count < Units::LiteralEnds::most && position <= rest.size(); ++position) {
     while (position < rest.size() && !isOperator(rest[position])) ++position;

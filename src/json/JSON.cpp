@@ -13,8 +13,8 @@
 
 namespace {
 
-// So that a usual schema takes one allocation, of a size that allocators have at hand, for the
-// document and its pool.
+// A usual schema takes one allocation for the document and its pool, of a size that allocators have
+// at hand.
 constexpr std::size_t firstPoolBytes = 832;    // tuning
 constexpr std::size_t firstStackBytes = 1024;  // tuning
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-/// Writes a JSON text from its beginning to its end, without a tree of values: for texts that are
-/// large. Call the members in the order of the text.
+/// Writes a JSON text from beginning to end, without a tree of values, which suits large texts.
+/// Call the members in the order of the text.
 ///
 ///   JsonText json;
 ///   json.beginObject();

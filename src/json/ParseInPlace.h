@@ -7,10 +7,10 @@
 
 #include <string>
 
-/// How texts are parsed, for a document and for a walk alike.
+/// How texts are parsed, both into a document and for a walk.
 constexpr unsigned parseFlags = rapidjson::kParseIterativeFlag | rapidjson::kParseInsituFlag;
 
-/// What RapidJSON's default parse would report where the iterative one has reported `result`.
+/// What RapidJSON's default parse would report if the iterative one has reported `result`.
 rapidjson::ParseResult asDefaultParse(const rapidjson::ParseResult& result, std::size_t textSize);
 
 /// Reads `text` into `document`. The result, with error code and offset, is that of RapidJSON's
@@ -25,8 +25,8 @@ rapidjson::ParseResult parseInPlace(RapidDocument& document, std::string& text);
 ///
 /// @param text     as above. The strings of the events point into it.
 /// @param handler  a handler of RapidJSON's, whose functions return true. `handler.source` is set
-///                 to the stream. Its `Tell()` is the offset behind the event's text, but at the
-///                 beginning and end of an object or array the offset of the bracket.
+///                 to the stream. Its `Tell()` is the offset after the event's text; at the
+///                 beginning and end of an object or array, the offset of the bracket.
 template <class Handler>
 rapidjson::ParseResult walkInPlace(std::string& text, Handler& handler) {
   boundExponents(text);

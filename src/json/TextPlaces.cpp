@@ -8,8 +8,8 @@
 #include <algorithm>
 #include <cstdint>
 
-/// Takes the parse's events. An event tells only where the parse is behind its value. In front of
-/// the value, behind the event before, lie only separators.
+/// Takes the parse's events. An event tells only where its value ends. Between that value and the
+/// previous event there are only separators.
 struct TextPlaces::Walk {
   Walk(TextPlaces& out, std::string_view undecoded) : places(out), original(undecoded) {}
 

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-/// Where the values of a JSON text lie in it. Reads the text as `JSON::parse` does, and knows all
-/// values up to the first fault. Members of one name are all there.
+/// Where the values of a JSON text are. Reads the text as `JSON::parse` does, and knows all values
+/// up to the first fault. Keeps all members that share a name.
 ///
 ///   const TextPlaces places("{\"a\": [1, 2]}");
 ///   places.value(places.element(places.member(0, "a"), 1)).begin  // 10
@@ -21,9 +21,10 @@ class TextPlaces {
   /// values are `none` where there is no such value.
   struct Value {
     Kind kind;
-    std::size_t begin;      // offset in bytes
-    std::size_t end;        // behind it; of an unfinished object or array, where the parse ended
-    std::size_t nameBegin;  // of a member: its name, with quotes; else both are `begin`
+    std::size_t begin;  // offset in bytes
+    std::size_t
+        end;  // after its last byte; of an unfinished object or array, where the parse ended
+    std::size_t nameBegin;  // of a member: its name, with quotes; otherwise both are `begin`
     std::size_t nameEnd;
     std::string_view text;  // of a string, decoded
     std::string_view name;  // of a member, decoded
@@ -48,7 +49,7 @@ class TextPlaces {
   std::size_t size() const { return values_.size(); }
   const Value& value(std::size_t number) const { return values_[number]; }
 
-  /// The number of a member or element of a value; `none` if there is none or the value is none.
+  /// The number of a member or element of a value; `none` if there is none or the value is `none`.
   std::size_t member(std::size_t object, std::string_view name) const;
   std::size_t lastMember(std::size_t object, std::string_view name) const;
   std::size_t element(std::size_t parent, std::size_t index) const;

@@ -9,8 +9,8 @@
 #include <cstring>
 #include <string>
 
-/// A text that RapidJSON decodes in place, and that events can ask for the offset: it is never
-/// copied. It knows its end, so that characters can be looked at eight at a time.
+/// A text that RapidJSON decodes in place. It is never copied, so that events can ask it for the
+/// offset. It knows its end, so that eight characters can be read at a time.
 struct TextStream : rapidjson::InsituStringStream {
   explicit TextStream(std::string& text)
       : GenericInsituStringStream(text.data()), end(text.data() + text.size()) {}
@@ -18,7 +18,7 @@ struct TextStream : rapidjson::InsituStringStream {
   const char* const end;  // where the NUL is
 };
 
-/// How many characters at the start of eight may stand in a string as they are: all but '"', '\\'
+/// How many characters at the start of eight can be in a string as they are: all except '"', '\\'
 /// and control characters.
 inline std::size_t countPlain(const char* eight) {
   constexpr std::uint64_t ones = 0x0101010101010101;
@@ -38,9 +38,9 @@ inline std::size_t countPlain(const char* eight) {
 #endif
 }
 
-/// What RapidJSON calls before it looks at the next character of a string: copies the plain
-/// characters in front of it. RapidJSON's own functions of this kind take some control characters
-/// for plain ones, and read beyond the text.
+/// RapidJSON calls this before it looks at the next character of a string. It copies the plain
+/// characters before that one. RapidJSON's own functions of this kind treat some control characters
+/// as plain ones, and read past the end of the text.
 template <>
 template <>
 inline void rapidjson::GenericReader<rapidjson::UTF8<>, rapidjson::UTF8<>,
@@ -56,7 +56,7 @@ inline void rapidjson::GenericReader<rapidjson::UTF8<>, rapidjson::UTF8<>,
   out.dst_ = to;
 }
 
-/// What RapidJSON calls to skip white space.
+/// RapidJSON calls this to skip white space.
 inline void SkipWhitespace(TextStream& in) {
   char* next = in.src_;
   while (*next == ' ' || *next == '\n' || *next == '\r' || *next == '\t') ++next;

@@ -7,11 +7,11 @@
 
 namespace Schemas {
 
-/// Bytes of the longest text that our engines read; they reject longer ones.
+/// The size in bytes of the longest text that our engines read; they reject longer ones.
 constexpr std::size_t longestSchemaText = std::size_t{1} << 29;
 
-/// Gives a schema text to an engine. Skips, without a report, a text that the engine rejects with a
-/// ValidationException: it is no schema, or its type id is taken.
+/// Gives a schema text to an engine. Silently skips a text that the engine rejects with a
+/// ValidationException, because it is not a schema or its type id is taken.
 void addOrSkip(const std::string& text, Units::UnitsEngine& engine);
 
 }  // namespace Schemas

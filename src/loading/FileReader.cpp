@@ -16,8 +16,8 @@
 #include <unistd.h>
 #endif
 
-// Files are read without the C library's streams, which would allocate for each of them and ask for
-// more behind the end.
+// Files are read without the C library's streams, which would allocate for each file and try to
+// read past its end.
 namespace Schemas {
 
 namespace {
@@ -53,7 +53,7 @@ int statusOf(int file, Status& status) { return ::fstat(file, &status); }
 
 bool isRegularFile(const Status& status) { return S_ISREG(status.st_mode); }
 
-/// Has reading wait for the writer's data, which opening did not.
+/// Makes reads wait for the writer's data; opening did not wait.
 void waitForData(int file) { ::fcntl(file, F_SETFL, ::fcntl(file, F_GETFL) & ~O_NONBLOCK); }
 
 ssize_t readSome(int file, char* bytes, std::size_t length) { return ::read(file, bytes, length); }

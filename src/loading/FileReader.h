@@ -25,10 +25,10 @@ class FileReader {
 
   bool isOpen() const { return file_ >= 0; }
 
-  /// Whether what was opened is a regular file, whatever the path named before.
+  /// Whether the opened file is a regular one, whatever the path named before.
   bool isRegular() const { return isRegular_; }
 
-  /// Bytes of a regular file when it was opened; 0 where that is not known.
+  /// The size in bytes of a regular file when it was opened; 0 if that is not known.
   std::uintmax_t size() const { return size_; }
 
   /// The next bytes, at most a chunk. Fewer than asked for only at the end of the file or at an

@@ -18,7 +18,7 @@ std::string_view readNext(Schemas::FileReader& file, std::size_t length) {
   return bytes;
 }
 
-/// The bytes of a file, which is read no further than its first line if that is not a bundle's.
+/// The bytes of a file. If its first line is not that of a bundle, nothing more is read.
 std::string readBundle(const std::string& path) {
   std::unique_ptr<char[]> chunk;
   Schemas::FileReader file(path, chunk);

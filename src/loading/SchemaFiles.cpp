@@ -23,7 +23,7 @@ bool isFolder(const fs::path& path) {
 }
 
 SchemaFileText readSchemaFile(FileReader& file) {
-  // Replaced since the walk found a regular file there, it may be of any type.
+  // The file may have been replaced by any type of file since the walk found a regular one.
   if (!file.isRegular()) throw std::logic_error("failed to open schema file");
   SchemaFileText read;
   read.fileSize = file.size();

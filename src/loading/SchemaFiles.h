@@ -10,13 +10,13 @@ namespace Schemas {
 
 class FileReader;
 
-/// Whether a folder is there. A path with a NUL names nothing.
+/// Whether a folder exists. A path with a NUL names nothing.
 ///
 /// @throws std::filesystem::filesystem_error  its status cannot be determined.
 bool isFolder(const std::filesystem::path& path);
 
 /// Whether a regular file is read as a schema.
-/// @param depth  how many folders lie between it and the folder that is loaded.
+/// @param depth  how many folders are between it and the folder that is loaded.
 inline bool isSchemaFile(const std::filesystem::path& path, int depth) {
   return path.extension() == ".json" && depth > 0;
 }
@@ -28,8 +28,7 @@ struct SchemaFileText {
   std::uintmax_t fileSize = 0;  // when it was opened; 0 where that is not known
 };
 
-/// Reads a file up to its first NUL. Of a text that is too long for an engine no more is read than
-/// shows that.
+/// Reads a file up to its first NUL. Stops as soon as a text is too long for an engine.
 ///
 /// @throws std::logic_error  "failed to open schema file", "failed to read schema file"
 SchemaFileText readSchemaFile(FileReader& file);

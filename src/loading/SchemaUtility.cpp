@@ -33,8 +33,8 @@ bool isSchemaByStatus(const Walk& walk) {
   return fs::is_regular_file(status) && hasSchemaName(walk);
 }
 
-/// The text of an entry that is to be read. A file that opens has a status, so that it is not asked
-/// for where the listing shows a file.
+/// The text of an entry that is to be read. A file that opens has a status, so there is no need to
+/// ask for it if the listing shows a file.
 std::optional<std::string> readEntry(const Walk& walk, const std::string& path,
                                      std::unique_ptr<char[]>& chunk) {
   if (!isListedAsSchema(walk) && !isSchemaByStatus(walk)) return std::nullopt;
@@ -52,7 +52,7 @@ void SchemaUtility::addDefinitionsFromFolder(const std::string& folder,
   const fs::path root(folder);
   if (!isFolder(root)) throw std::logic_error("schema folder not found");
 
-  // The walk's own throwing forms name their operations differently in each standard library.
+  // The throwing overloads of the walk name their operations differently in each standard library.
   std::error_code error;
   Walk walk(root, error);
   if (error)

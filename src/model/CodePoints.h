@@ -5,8 +5,8 @@
 
 namespace Units {
 
-/// The code point at the start of a text, and how many bytes it has. A byte that begins no
-/// well-formed UTF-8 counts alone, with a number behind all code points.
+/// The code point at the start of a text, and how many bytes it has. A byte that does not begin
+/// well-formed UTF-8 counts by itself, with a number above all code points.
 struct CodePoint {
   char32_t number;
   std::size_t bytes;

@@ -17,7 +17,7 @@ namespace {
 template <class Record>
 void addParents(const Record&, std::vector<std::string>&) {}  // of other kinds: none
 
-/// Passes each record on, behind its parents.
+/// Passes each record on, after its parents.
 template <class Record, class Add>
 void addParentsFirst(const std::map<std::string, Record>& records, Add add) {
   std::set<std::string> entered;

@@ -4,8 +4,8 @@
 
 namespace Units {
 
-/// Add stored definitions of an engine to another one, through the public operations of both. What a
-/// host-implemented engine lists without its parents, or as its own ancestor, is left out.
+/// Add stored definitions of an engine to another one, through the public operations of both.
+/// Leaves out what a host-implemented engine lists without its parents, or as its own ancestor.
 
 /// Dimensions, factors and units.
 void copyUnits(const UnitsEngine& from, UnitsEngine& to);

@@ -12,7 +12,7 @@
 
 namespace Units {
 
-/// How near one text is to another. What is less is nearer.
+/// How near one text is to another. Less is nearer.
 struct Nearness {
   std::size_t distance;      // errors that lead from one to the other
   std::size_t sharedPrefix;  // code points at the start of both; they tell equal distances apart
@@ -29,11 +29,11 @@ struct Nearness {
 ///
 /// An error is a code point inserted, deleted or replaced, or two neighbors swapped (the optimal
 /// string alignment distance, a restricted form of Damerau's). The case of ASCII letters does not
-/// count. Near are texts with at most one error for every three code points, and never more than
-/// three: "mter" is near to "meter", but no letter is near to another.
+/// count. Two texts are near if there is at most one error for every three code points, and never
+/// more than three errors: "mter" is near "meter", but no single letter is near another.
 class EditDistance {
  public:
-  /// Longer texts are near to none, so a comparison takes bounded time.
+  /// Longer texts are not near any text, so a comparison takes bounded time.
   static constexpr std::size_t longestText = 256;  // bytes
 
   /// What a quick test needs to know of a text.

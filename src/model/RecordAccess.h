@@ -14,7 +14,7 @@
 
 namespace Units {
 
-/// Reads records in place, whereas their getters copy, and makes records of what is there already.
+/// Reads records in place, whereas their getters copy, and makes records from existing parts.
 /// References are valid as long as the record.
 struct RecordAccess {
   template <class Record>
@@ -27,7 +27,7 @@ struct RecordAccess {
     return record.contents_->typeId;
   }
 
-  /// Makes a record without copying what goes into it.
+  /// Makes a record without copying its parts.
   template <class Record, class... Arguments>
   static Record make(Arguments&&... arguments) {
     using Contents = typename Record::Contents;

@@ -139,8 +139,8 @@ struct Quantity::Contents : CountedContents {
   const std::vector<Unit> units;
 };
 
-// How the library makes a record of contents that it does not copy. Always inline: the library
-// exports whatever these classes have out of line.
+// How the library makes a record from contents that it does not copy. Always inline: the library
+// exports all out-of-line members of these classes.
 [[gnu::always_inline]] inline Dimension::Dimension(Shared<Contents>&& contents) noexcept
     : contents_(std::move(contents)) {}
 [[gnu::always_inline]] inline FactorComponent::FactorComponent(Shared<Contents>&& contents) noexcept

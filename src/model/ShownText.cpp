@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::size_t mostShown = 5000;  // bytes; whole messages are shorter, unless ids are huge
 
-/// Control characters behind ASCII's own, and characters that hide text or change its direction.
+/// Control characters beyond those of ASCII, and characters that hide text or change its direction.
 bool isHidden(char32_t point) {
   return (point >= 0x7F && point < 0xA0) || (point >= 0x200B && point <= 0x200F) ||
          (point >= 0x2028 && point <= 0x202E) || (point >= 0x2066 && point <= 0x2069) ||
@@ -35,7 +35,7 @@ std::string show(std::string_view text, const Shows& shows) {
   return out;
 }
 
-/// The beginning of a text, not longer than what is shown, and cut between code points.
+/// The beginning of a text, no longer than what is shown, cut between code points.
 std::string_view beginning(std::string_view text) {
   std::size_t length = 0;
   while (length < text.size()) {

@@ -5,9 +5,9 @@
 
 namespace Units {
 
-/// A text of any bytes as UTF-8 that may be sent to a terminal: bytes that are no UTF-8 and control
-/// characters are shown as `\xNN`, byte by byte. Of a text that is longer than people read, only the
-/// beginning, with "..." behind it.
+/// A text of any bytes as UTF-8 that is safe for a terminal: bytes that are not UTF-8 and control
+/// characters are shown as `\xNN`, byte by byte. Of a very long text, only the beginning is shown,
+/// followed by "...".
 std::string shownText(std::string_view text);
 
 /// The same, but with the control characters of ASCII, for formats that escape them, such as JSON.

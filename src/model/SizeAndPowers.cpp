@@ -13,9 +13,9 @@ namespace Units {
 
 namespace {
 
-/// Makes known what a record needs, parents first, and then the record.
+/// Works out what a record needs, parents first, and then the record.
 /// @param get      returns the record of a type id.
-/// @param combine  returns what is to be known of a record, once its parents are known.
+/// @param combine  returns the terms of a record, once those of its parents are known.
 template <class Value, class Get, class Combine>
 const Value& know(const std::string& typeId, std::map<std::string, Value>& known, const Get& get,
                   const Combine& combine) {

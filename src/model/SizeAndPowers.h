@@ -17,8 +17,8 @@ struct SizeAndPowers {
   bool overflows = false;                      // a power does not fit into 32 bits
 };
 
-/// Finds the terms of units, where the last bits of a factor do not count. Units that others share
-/// are looked at once.
+/// Finds the terms of units, for uses where the last bits of a factor do not matter. Visits shared
+/// parents once.
 class SizeFinder {
  public:
   explicit SizeFinder(const UnitsEngine& engine) : engine_(engine) {}

@@ -18,7 +18,7 @@ struct Prefix {
 };
 
 /// The International System of Units (SI Brochure), 9th edition, table 7; IEC 80000-13 for the
-/// binary ones. Their names are for UDUNITS only.
+/// binary ones. The names are for UDUNITS only.
 constexpr Prefix prefixes[] = {
     {"Y", 1e24},     {"Z", 1e21},      {"E", 1e18},     {"P", 1e15},      {"T", 1e12},
     {"G", 1e9},      {"M", 1e6},       {"k", 1e3},      {"h", 1e2},       {"da", 1e1},
@@ -87,7 +87,7 @@ void CodeExpression::open() {
 }
 
 void CodeExpression::close() {
-  if (products_.size() == 1) return refuse("a parenthesis is closed that was not opened");
+  if (products_.size() == 1) return refuse("a parenthesis is closed but was never opened");
   if (!products_.back().hasPart) return refuse("a unit is missing before a parenthesis");
   const SizeAndPowers inner = std::move(products_.back().terms);
   products_.pop_back();
@@ -112,7 +112,7 @@ void CodeExpression::readRemark() {
   at_ = end + 1;
 }
 
-/// Only UDUNITS has numbers with decimals. A point behind a unit is a product there, too.
+/// Only UDUNITS has numbers with decimals. A point after a unit is a product there, too.
 bool CodeExpression::beginsNumber() const {
   const bool hasPoint = text_[at_] == '.' && !products_.back().hasPart;
   const std::size_t digit = hasPoint ? at_ + 1 : at_;
@@ -135,12 +135,13 @@ void CodeExpression::readUnit() {
   const SizeAndPowers* const whole = atoms_(word);  // a code may end in digits
   const int exponent = whole || areDigits(word) ? 1 : takeExponent(word);
   const auto terms = whole ? std::optional<SizeAndPowers>(*whole) : termsOf(word);
-  if (!terms) return refuse(quotedCode(text_.substr(begin, end - begin)) + " is no code of a unit");
+  if (!terms)
+    return refuse(quotedCode(text_.substr(begin, end - begin)) + " is not the code of a unit");
   if (terms->isAbsolute) return refuse(quotedCode(word) + " is a scale, which has no powers");
   multiply(*terms, isUdunits && exponent == 1 ? readExponent() : exponent);
 }
 
-/// What is in brackets belongs to a unit, whatever it is.
+/// Everything in brackets belongs to a unit.
 std::size_t CodeExpression::endOfWord() const {
   const std::string_view ends = syntax_ == Syntax::Ucum ? "./(){" : "./()* ";
   bool isInBrackets = false;
@@ -171,7 +172,7 @@ std::optional<SizeAndPowers> CodeExpression::termsOf(std::string_view code) cons
   return std::nullopt;
 }
 
-/// Cuts an exponent from the end of a word: "m-3", or "m^2" as UDUNITS has it.
+/// Cuts an exponent from the end of a word: "m-3", or "m^2" in UDUNITS.
 /// @return  1 if there is none.
 int CodeExpression::takeExponent(std::string_view& word) const {
   std::size_t begin = word.size();

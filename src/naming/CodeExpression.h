@@ -15,14 +15,14 @@ inline std::string quotedCode(std::string_view code) { return '`' + std::string(
 
 /// Reads products and quotients of codes, such as kg.m-3 or m/s2.
 ///
-/// UCUM: `.` and `/`, an exponent directly behind a unit, whole numbers and `[pi]`, parentheses, and
-/// remarks in braces, which do not count. (The Unified Code for Units of Measure, version 2.1,
+/// UCUM: `.` and `/`, an exponent directly after a unit, whole numbers and `[pi]`, parentheses, and
+/// remarks in braces, which are ignored. (The Unified Code for Units of Measure, version 2.1,
 /// sections 2 to 4.)
 ///
 /// UDUNITS: also spaces and `*` for products, `per` for quotients, `^` and `**` before an exponent,
-/// exponents behind parentheses, and numbers with decimals. (UDUNITS-2, "Unit syntax".)
+/// exponents after parentheses, and numbers with decimals. (UDUNITS-2, "Unit syntax".)
 ///
-/// A unit may have a prefix of the SI. A temperature scale is no part of an expression.
+/// A unit may have an SI prefix. A temperature scale cannot be part of an expression.
 class CodeExpression {
  public:
   enum class Syntax { Ucum, Udunits };
@@ -39,11 +39,11 @@ class CodeExpression {
   const std::string& fault() const { return fault_; }
 
  private:
-  /// A product that goes on.
+  /// A product that is not complete yet.
   struct Product {
     SizeAndPowers terms;
     int sign = 1;          // of the exponent of the next part
-    bool hasPart = false;  // behind the last operator
+    bool hasPart = false;  // after the last operator
     bool isEmpty = true;   // nothing was read yet
   };
 

@@ -44,15 +44,15 @@ std::string CodeFinder::whyNot(std::string_view text) const {
   const std::size_t colon = std::min(text.find(':'), text.size());
   const std::string_view system = text.substr(0, colon);
   if (colon == text.size() || systems_.find(system) == systems_.end())
-    return quotedCode(text) + " names no unit, and begins with no system of codes.";
+    return quotedCode(text) + " does not name a unit and does not begin with a code system.";
   const std::string_view code = text.substr(colon + 1);
   auto expression = expressionOf(text);
   if (!expression)
     return "No unit has the code " + quotedCode(code) + " of " + std::string(system) + '.';
   if (const auto terms = expression->read())
-    return quotedCode(code) + " is " + withPowers(*terms) + ", and no unit is that.";
+    return quotedCode(code) + " is " + withPowers(*terms) + ", and no unit is equal to that.";
   return "No unit has the code " + quotedCode(code) + " of " + std::string(system) +
-         ", and it is no expression: " + expression->fault() + '.';
+         ", and it cannot be read as an expression: " + expression->fault() + '.';
 }
 
 /// None if a system has no expressions.
@@ -78,7 +78,8 @@ const SizeAndPowers* CodeFinder::udunitsAtom(std::string_view code) const {
   return nullptr;
 }
 
-/// Codes are unique, but a host may have given one to several units: then it has no terms.
+/// Codes are unique, but a host may have given the same code to several units. Such a code has no
+/// terms.
 const SizeAndPowers* CodeFinder::termsOf(const std::string& text) const {
   const NameGroup found = names_.find(text);
   if (found.size() != 1 || entries_[*found.first].kind != NameKind::Code) return nullptr;

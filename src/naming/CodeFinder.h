@@ -13,7 +13,8 @@
 
 namespace Units {
 
-/// Finds units by expressions of codes, such as "ucum:kg.m-3", and says what is wrong with codes.
+/// Finds units by expressions of codes, such as "ucum:kg.m-3", and explains what is wrong with
+/// codes.
 class CodeFinder {
  public:
   /// @param entries, names  must outlive it.
@@ -24,7 +25,7 @@ class CodeFinder {
   /// The units of an expression "SYSTEM:EXPRESSION", in order.
   std::vector<Unit> find(std::string_view text) const;
 
-  /// Why a text "SYSTEM:CODE" names no unit.
+  /// Why a text "SYSTEM:CODE" does not name a unit.
   std::string whyNot(std::string_view text) const;
 
  private:

@@ -23,8 +23,8 @@ class CodedUnits {
   const Unit& unit(std::size_t unit) const { return units_[unit]; }
   const SizeAndPowers& termsOf(std::size_t unit) const { return terms_[unit]; }
 
-  /// The units with the powers and the size of some terms, in order. Sizes may differ as much as
-  /// the order of arithmetic can make them differ, which is far less than two units do.
+  /// The units with the powers and the size of some terms, in order. Sizes may differ by what the
+  /// order of arithmetic changes, which is far less than any two units differ.
   std::vector<std::size_t> withTerms(const SizeAndPowers& terms) const;
 
  private:

@@ -7,8 +7,8 @@
 
 namespace Units {
 
-/// A text without what does not count in a loose comparison: in lower case, without spaces, hyphens
-/// and underscores. A text of nothing else stays as it is. Short texts need no allocation.
+/// A text for a loose comparison: in lower case, without spaces, hyphens and underscores. A text
+/// that consists only of these stays as it is. Short texts need no allocation.
 class FoldedText {
  public:
   explicit FoldedText(std::string_view text);

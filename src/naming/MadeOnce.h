@@ -5,8 +5,8 @@
 
 namespace Units {
 
-/// Something that never changes and is made when it is first needed, on any thread. Threads that
-/// need it at the same time may each make it; one of them wins.
+/// An immutable object that is made when it is first needed, on any thread. Threads that need it at
+/// the same time may each make it; one of them wins.
 template <class Made>
 class MadeOnce {
  public:

@@ -58,7 +58,7 @@ class MappingReader {
       if (places_.value(list).kind != TextPlaces::Kind::Array) return;
       std::vector<std::string>& codes = systems[std::string(places_.value(list).name)];
       forEachPart(list, [&](std::size_t code) {
-        require(code, TextPlaces::Kind::String, "a code must be a text");
+        require(code, TextPlaces::Kind::String, "a code must be a string");
         codes.emplace_back(places_.value(code).text);
       });
     });

@@ -26,10 +26,10 @@ inline bool operator<(const NameEntry& a, const NameEntry& b) {
 using NameEntries = std::vector<NameEntry>;
 using Name = std::size_t;
 
-/// Some names, in a list that someone keeps.
+/// A range of names, in a list that someone else owns.
 struct NameGroup {
   const Name* first = nullptr;
-  const Name* last = nullptr;  // behind the last one
+  const Name* last = nullptr;  // past the last one
 
   const Name* begin() const { return first; }
   const Name* end() const { return last; }
@@ -41,7 +41,7 @@ inline NameGroup groupFrom(std::size_t begin, const std::vector<Name>& list) {
   return {list.data() + begin, list.data() + list.size()};
 }
 
-/// Tells which units are seen for the first time since the last `restart`, which costs nothing.
+/// Tells which units are seen for the first time since the last `restart`, which is free.
 class UnitsSeen {
  public:
   explicit UnitsSeen(std::size_t count) : rounds_(count) {}

@@ -18,8 +18,8 @@ struct NamedUnit {
   std::string text;
 };
 
-/// All texts that name units, except empty ones, in order of kind, then of unit. A text may be
-/// there twice for one unit. Those of codes begin with their system: "rec20:FOT".
+/// All texts that name units, except empty ones, in order of kind, then of unit. The same text may
+/// occur twice for one unit. Those of codes begin with their system: "rec20:FOT".
 ///
 /// @param units  those of the engine, in order.
 /// @param codes  by the type ids of units, which need not be units of the engine.

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t longestText = 200;
 
-/// The words of which a word in lower case may be the plural.
+/// The possible singular forms of a word in lower case.
 std::vector<std::string> singularsOfWord(const std::string& word) {
   const auto without = [&](std::size_t count) { return word.substr(0, word.size() - count); };
   if (endsWith(word, "feet")) return {without(4) + "foot"};  // "squarefeet", too

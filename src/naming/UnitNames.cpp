@@ -24,7 +24,7 @@ bool beginsWith(std::string_view text, std::string_view beginning) {
   return text.substr(0, beginning.size()) == beginning;
 }
 
-/// The text, but "qudt:" for its short form.
+/// The text, with "qudt:" in place of its short form.
 std::string withFullSystem(std::string_view text) {
   constexpr std::string_view brief = "qdt:";
   if (!beginsWith(text, brief)) return std::string(text);
@@ -49,7 +49,7 @@ struct UnitNames::Contents : CountedContents {
         entries(entriesOf(read)),
         exact(entries, unitCount) {}
 
-  /// Most hosts search for texts that are exact, and then need nothing else.
+  /// Most hosts search for exact texts, and need nothing else.
   const FoldedNames& folded() const {
     return folded_.get([this] { return std::make_unique<const FoldedNames>(entries, unitCount); });
   }
@@ -116,8 +116,8 @@ std::vector<UnitName> UnitNames::find(std::string_view text) const {
   return found.empty() ? findOtherwise(text) : found;
 }
 
-/// What a text names that is no name itself: a code with the short form of its system, a plural, or an
-/// expression of codes.
+/// What a text names that is not a name itself: a code with the short form of its system, a plural,
+/// or an expression of codes.
 std::vector<UnitName> UnitNames::findOtherwise(std::string_view text) const {
   std::vector<UnitName> found;
   for (const Name name : contents_->exact.find(withFullSystem(text)))
@@ -149,7 +149,7 @@ std::vector<UnitName> UnitNames::findCode(std::string_view system, std::string_v
 std::string UnitNames::whyNot(std::string_view text) const {
   if (!findBest(text).empty()) return "";
   if (contents_->byCode) return contents_->byCode->whyNot(withFullSystem(text));
-  return '`' + std::string(text) + "` names no unit.";
+  return '`' + std::string(text) + "` does not name a unit.";
 }
 
 std::vector<UnitName> UnitNames::findBest(std::string_view text) const {

@@ -21,7 +21,7 @@ struct ParameterTableContents {
   ParameterMap parameters;
   std::size_t defined = 0;  // how many have a definition
 
-  std::mutex mutex;           // of what const operations change: states, values, marks
+  std::mutex mutex;           // protects what const operations change: states, values, marks
   std::size_t clock = 0;      // of visits
   EvaluatedValues evaluated;  // memory that is used again
 };

@@ -26,7 +26,7 @@ std::unique_ptr<const UnitsEngineImpl> copyOfForeign(const UnitsEngine& host) {
   return copy;
 }
 
-/// Makes every identifier that may name a parameter known.
+/// Makes a parameter for every identifier that may name one.
 class Names final : public KnownVariables {
  public:
   explicit Names(ParameterFinder& finder) : finder_(finder) {}
@@ -87,7 +87,7 @@ FormulaReason Reader::read() {
 }
 
 FormulaReason Reader::take(const FormulaToken& token) {
-  // Nothing stands behind the closing parenthesis: "1) + (2" is no formula by itself.
+  // Nothing may follow the closing parenthesis: "1) + (2" is not a formula by itself.
   if (depth_ == 0 && std::exchange(hasBegun_, true)) return FormulaReason::NeverOpened;
   if (token.type == FormulaTokenType::OpenParen) ++depth_;
   if (token.type == FormulaTokenType::CloseParen) --depth_;
@@ -96,7 +96,7 @@ FormulaReason Reader::take(const FormulaToken& token) {
   return parser_.take(token);
 }
 
-/// Knows every identifier that may name a parameter, whose values do not matter.
+/// Knows every identifier that may name a parameter. The values do not matter.
 class AnyNames final : public KnownVariables {
  public:
   const VariableValue* find(std::string_view name) override {

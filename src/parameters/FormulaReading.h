@@ -10,8 +10,8 @@
 
 namespace Units {
 
-/// What formulas are read with: the library's own engine, which is a copy of a host's, and units in
-/// primitive terms, to which the trees of formulas refer.
+/// What formulas are read with: an engine of this library, which may be a copy of a host's, and
+/// units in primitive terms, to which the trees of formulas refer.
 class FormulaSource {
  public:
   explicit FormulaSource(const UnitsEngine& host);
@@ -25,7 +25,7 @@ class FormulaSource {
   FormulaUnits units_;
 };
 
-/// Finds parameters by their names, and makes those that are not there.
+/// Finds parameters by their names, and makes those that do not exist.
 class ParameterFinder {
  public:
   /// @param name  an identifier.
@@ -35,14 +35,14 @@ class ParameterFinder {
   ~ParameterFinder() = default;
 };
 
-/// Reads a formula in the parentheses in which others read it. A definition whose formula cannot be
-/// read has the references up to there.
+/// Reads a formula in the parentheses that it has when others refer to it. If the formula cannot be
+/// read, the definition has the references up to the fault.
 ///
 /// @throws UnrecognizedIdentifierException  `unitTypeId` is not empty and names no unit.
 std::unique_ptr<Definition> readFormula(FormulaSource& source, const std::string& formula,
                                         const std::string& unitTypeId, ParameterFinder& finder);
 
-/// Says for people why a formula cannot be read.
+/// Explains in a sentence why a formula cannot be read.
 std::string whyNotRead(const FormulaSource& source, const Definition& definition);
 
 }  // namespace Units

@@ -39,7 +39,7 @@ struct Definition {
 };
 
 enum class ParameterState {
-  Due,  // to be evaluated; so are all parameters that refer to it
+  Due,  // must be evaluated, and so must all parameters that refer to it
   HasValue,
   Undefined,
   Missing,  // refers to undefined names
@@ -56,7 +56,7 @@ struct Parameter {
   ParameterState state = ParameterState::Due;
   FormulaReason reason = FormulaReason::Done;  // if it is refused
   VariableValue value;
-  double inOwnUnit = 0;              // of one with a unit of its own; otherwise as `value`
+  double inOwnUnit = 0;  // the value in its own unit, if it has one; otherwise like `value`
   const Parameter* cause = nullptr;  // of a blocked one: the parameter that has no value by itself
 
   // Marks of walks, so that these need no memory.

@@ -16,8 +16,8 @@ struct NoWatch {
   void after(const Expression&, const EvaluatedValues&) const {}
 };
 
-/// Visits parameters depth first, by Tarjan's algorithm, whose components are complete in an order in
-/// which everything comes after what it refers to. A component of several parameters is made of
+/// Visits parameters depth first, by Tarjan's algorithm: its components are completed in an order
+/// in which each comes after what it refers to. A component of several parameters consists of
 /// cycles. If an allocation fails, what was not evaluated is still due.
 class Walk {
  public:
@@ -65,7 +65,7 @@ void Walk::visit(Parameter& parameter, Parameter* caller) {
   waiting_ = &parameter;
 }
 
-/// The next parameter that is to be visited; null if there is none.
+/// The next parameter to visit; null if there is none.
 Parameter* Walk::next(Parameter& current) {
   auto& references = current.definition->references;
   while (current.nextReference < references.size()) {
@@ -105,7 +105,7 @@ void Walk::settle(Parameter& parameter) {
       parameter.reason == FormulaReason::Done ? ParameterState::HasValue : ParameterState::Refused;
 }
 
-/// What a parameter will be; HasValue if it can be evaluated.
+/// The state that a parameter will have; HasValue if it can be evaluated.
 ParameterState Walk::stateOf(Parameter& parameter) {
   const Definition& definition = *parameter.definition;
   if (definition.reason != FormulaReason::Done) return ParameterState::Refused;

@@ -8,11 +8,11 @@
 
 namespace Units {
 
-/// Evaluates a parameter and what it depends on, as far as that is due: each once, after all that it
-/// refers to. Returns how many formulas were evaluated.
+/// Evaluates a parameter and what it depends on, if they are due: each once, after everything that
+/// it refers to. Returns how many formulas were evaluated.
 std::size_t evaluateDue(ParameterTableContents& table, Parameter& parameter);
 
-/// The value of a parameter that has one, in a unit.
+/// The value of a parameter, which must have one, in a unit.
 /// @param inUnit  set unless the value does not fit.
 FormulaReason countParameter(ParameterTableContents& table, const Parameter& parameter,
                              const Unit& unit, double& inUnit);

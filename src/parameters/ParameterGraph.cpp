@@ -37,7 +37,7 @@ void ParameterChange::commit() noexcept {
     for (Reference& reference : parameter->definition->references) link(reference, *parameter);
     if (!definition) ++table_.defined;
   }
-  // Only now, since new definitions may refer to what the old ones did.
+  // Only now, since new definitions may refer to the same parameters as the old ones.
   for (auto& [parameter, old] : definitions_)
     if (old) leave(table_, *old);
 }

@@ -10,7 +10,7 @@
 
 namespace Units {
 
-/// New definitions, and names that they refer to. Until they are committed, the table is as it was.
+/// New definitions, and names that they refer to. Until they are committed, the table is unchanged.
 class ParameterChange final : public ParameterFinder {
  public:
   explicit ParameterChange(ParameterTableContents& table) : table_(table) {}
@@ -21,7 +21,7 @@ class ParameterChange final : public ParameterFinder {
     definitions_.emplace_back(&parameter, std::move(definition));
   }
 
-  /// Puts the definitions in place of what was there. What is due is not changed.
+  /// Replaces the old definitions by the new ones. Does not change what is due.
   void commit() noexcept;
 
  private:
@@ -34,13 +34,13 @@ class ParameterChange final : public ParameterFinder {
 /// @throws UnrecognizedIdentifierException  there is none.
 Parameter& lookUpParameter(ParameterTableContents& table, const std::string& name);
 
-/// Makes a parameter due, and all that depend on it.
+/// Makes a parameter due, and everything that depends on it.
 void makeDue(Parameter& parameter) noexcept;
 
 /// Unlinks the references of a definition that is no longer in use, and removes the names that
 /// nothing refers to any more.
 ///
-/// @param stays  not removed; null if there is none such.
+/// @param stays  not removed; may be null.
 void leave(ParameterTableContents& table, Definition& definition,
            const Parameter* stays = nullptr) noexcept;
 

@@ -36,7 +36,7 @@ std::string whyMissing(const std::string& name, const std::vector<std::string>& 
   return "Parameter " + name + " refers to names that are not defined: " + all + ".";
 }
 
-/// The names on a shortest way from a cyclic parameter back to itself, found breadth first.
+/// The names on a shortest path from a cyclic parameter back to itself, found breadth first.
 std::vector<std::string> cycleOf(ParameterTableContents& table, const Parameter& start) {
   const std::size_t before = table.clock;
   std::vector<const Parameter*> reached = {&start};

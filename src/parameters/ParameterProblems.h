@@ -7,13 +7,13 @@
 
 namespace Units {
 
-/// Says why a parameter that was evaluated has no value.
+/// Explains why a parameter that was evaluated has no value.
 std::string whyNoValue(ParameterTableContents& table, const Parameter& parameter);
 
-/// The beginning of that where the cause is another parameter.
+/// The beginning of that explanation if the cause is another parameter.
 std::string whyBlocked(const Parameter& parameter, const Parameter& cause);
 
-/// What `value` throws: that of `whyNoValue`.
+/// Throws what `value` throws, with the message of `whyNoValue`.
 /// @throws ParseException  always.
 [[noreturn]] void throwNoValue(ParameterTableContents& table, const Parameter& parameter);
 

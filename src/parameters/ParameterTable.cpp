@@ -33,8 +33,8 @@ std::size_t evaluateAll(ParameterTableContents& table) {
   return evaluated;
 }
 
-/// A parameter and all that it depends on, in an order in which each comes after what it refers to,
-/// cycles apart.
+/// A parameter and everything that it depends on, in an order in which each comes after what it
+/// refers to, except in cycles.
 std::vector<const Parameter*> withAllBefore(ParameterTableContents& table, Parameter& last) {
   const std::size_t before = table.clock;
   std::vector<const Parameter*> all;
@@ -59,8 +59,8 @@ std::vector<const Parameter*> withAllBefore(ParameterTableContents& table, Param
   return all;
 }
 
-/// Explains parameters one by one. Only the cause of a problem, and of cycles one parameter, has the
-/// whole message, since a cycle may be long.
+/// Explains parameters one by one. Only the cause of a problem has the whole message, and only one
+/// parameter of all cycles, since a cycle may be long.
 class Explainer {
  public:
   explicit Explainer(ParameterTableContents& table) : table_(table) {}
@@ -150,7 +150,7 @@ double ParameterTable::value(const std::string& name) const {
   const Lock lock(contents_->mutex);
   const Parameter& parameter = valued(*contents_, name);
   if (!parameter.definition->unit && !parameter.value.powers.empty())
-    throw ParseException("Parameter " + name + " has units and is no plain number.");
+    throw ParseException("Parameter " + name + " has units, so it is not a plain number.");
   return parameter.inOwnUnit;
 }
 

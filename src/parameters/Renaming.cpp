@@ -34,8 +34,8 @@ class Renaming {
 
 void Renaming::run() {
   rewriteReferrers();
-  // What refers to the new name may be read as it was, but now it has a value. A parameter without
-  // one is known to those that depend on it, as their cause.
+  // Formulas that refer to the new name are read as before, but now it has a value. If the
+  // parameter has no value, those that depend on it have its name in their messages.
   makeDue(to_);
   if (from_.state != ParameterState::HasValue) makeDue(from_);
   change_.commit();
@@ -52,12 +52,12 @@ void Renaming::rewriteReferrers() {
     if (!isSame(*referrer.definition, *definition))
       throw ValidationException("Parameter " + *from_.name + " cannot be renamed to " + *to_.name +
                                 ", because the formula of " + *referrer.name +
-                                " would be read otherwise.");
+                                " would be read differently.");
     change_.define(referrer, std::move(definition));
   }
 }
 
-/// Reads a formula anew with the new name in place of the old one.
+/// Reads a formula again, with the new name in place of the old one.
 std::unique_ptr<Definition> Renaming::rewritten(const Definition& definition) {
   const std::string& old = definition.formula;
   std::string formula;
@@ -88,7 +88,7 @@ bool Renaming::isSame(const Definition& before, const Definition& after) const {
   return true;
 }
 
-/// Nothing refers to the old name any more.
+/// Nothing refers to the old name anymore.
 void Renaming::move() noexcept {
   to_.definition = std::move(from_.definition);
   for (Reference& reference : to_.definition->references) reference.from = &to_;
@@ -108,7 +108,7 @@ void renameParameter(ParameterTableContents& table, const std::string& name,
   checkParameterName(newName, table.source->engine());
   const auto taken = table.parameters.find(newName);
   if (taken != table.parameters.end() && taken->second.definition)
-    throw ValidationException("Parameter " + newName + " is defined already.");
+    throw ValidationException("Parameter " + newName + " is already defined.");
   Renaming(table, from, newName).run();
 }
 

@@ -11,8 +11,8 @@ inline bool roundsToNearest() {
   return one + tiny == one && one - tiny == one;
 }
 
-/// Whether results overwrite values that have yet to be read. A loop over single values then reads
-/// some of its own results, which loops over blocks do not.
+/// Whether results overwrite values that have not been read yet. A loop over single values then
+/// reads some of its own results; loops over blocks would not.
 inline bool overwritesValues(const double* values, const double* converted, std::size_t count) {
   return std::less<>()(values, converted) && std::less<>()(converted, values + count);
 }

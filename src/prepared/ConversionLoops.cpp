@@ -45,8 +45,8 @@ void divideAll(const double* values, double* converted, std::size_t count,
 std::uintptr_t addressOf(const double* number) { return reinterpret_cast<std::uintptr_t>(number); }
 
 /// Whether to write past the cache, without reading each line first. If the arrays are much larger
-/// than the cache, that takes a fifth less time. Packed structures and mapped files may have numbers
-/// at any byte, to which only other instructions can write.
+/// than the cache, that takes a fifth less time. Packed structures and mapped files may have
+/// numbers at any address, which needs other instructions.
 bool isWorthStreaming(const double* values, const double* converted, std::size_t count) {
 #if defined(TRELVON_HAS_X86_LANES)
   constexpr std::size_t manyValues = std::size_t{1} << 22;
@@ -57,8 +57,8 @@ bool isWorthStreaming(const double* values, const double* converted, std::size_t
 #endif
 }
 
-/// The number of values before the first that is aligned to a vector. Streaming needs that, and a
-/// vector that is stored into two lines of the cache takes longer.
+/// The number of values before the first one that is aligned to a vector. Streaming needs that
+/// alignment, and storing a vector across two cache lines takes longer.
 std::size_t countBeforeAligned(const double* converted, std::size_t count) {
   constexpr std::size_t minCount = 1024;  // tuning: fewer values are converted as fast as that
   return count < minCount ? 0 : (0 - addressOf(converted)) % 64 / sizeof(double);

@@ -8,7 +8,7 @@
 namespace Units {
 
 /// converted[i] = steps.apply(values[i]), to the bit.
-/// @param lanes  null: without vectors of our own.
+/// @param lanes  null if vectors are left to the compiler.
 void convertAll(const double* values, double* converted, std::size_t count,
                 const LinearSteps& steps, const LaneLoops* lanes = usableLaneLoops());
 

@@ -11,8 +11,8 @@ struct ConversionSteps {
   bool inverted;  // whether pow(x, -1.0) comes between the product and the quotient
 };
 
-/// An engine that tells the steps of its conversions, as this library's own does. From others, they
-/// are worked out through the public interface, which takes hundreds of times as long.
+/// An engine that reports the steps of its conversions, as this library's own does. For others,
+/// they are worked out through the public interface, which takes hundreds of times as long.
 class ConversionSource {
  public:
   /// Throws as `convert` does.

@@ -2,7 +2,7 @@
 
 namespace Units {
 
-/// How to divide by a known divisor sooner than by division, but with the same bits.
+/// How to divide by a known divisor faster than by division, but with the same bits.
 enum class Division {
   Plain,        // x / divisor
   Product,      // x * high

@@ -30,7 +30,7 @@ struct LaneSteps {
 };
 
 /// Where ranges are checked, primitive values, the divisor and its reciprocal are scaled by a power
-/// of two, which cancels out. Thereby two bits tell that a primitive value is from 2^-255 to 2^257:
+/// of two, which cancels out. Then two bits show that a primitive value is from 2^-255 to 2^257:
 /// the first of its exponent is 0, and the second is 1. No step under- or overflows then.
 constexpr double scaleOf(Division division) {
   return division == Division::Product ? 1.0 : 0x1p-256;
@@ -158,7 +158,7 @@ TRELVON_TARGET std::size_t convertBlocks(const double* values, double* converted
     convertAny<Lanes, division>(values + done, converted + done, unusual, steps);
     done += unusual;
   }
-  if constexpr (isStreamed) Lanes::endStream();  // before other threads are told of the results
+  if constexpr (isStreamed) Lanes::endStream();  // before other threads learn of the results
   return count;
 }
 

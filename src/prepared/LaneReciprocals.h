@@ -11,7 +11,7 @@ namespace Units {
 // error of 0.511 ULP and 1.5 * 2^-15 for each unit of the natural logarithm of the result, which is
 // 0.5131 ULP in all. So pow gives the double nearest to 1 / x, as division does, unless 1 / x is
 // nearer than that to the midpoint of two doubles. Their distance is known from the remainder,
-// which is exact: 1 / x - q = (1 - x * q) / x, and 1 / x is q but for a rounding.
+// which is exact: 1 / x - q = (1 - x * q) / x, and 1 / x is q apart from rounding.
 
 /// Stores pow(x, -1.0) of `count` numbers, a multiple of the number of lanes.
 template <class Lanes>

@@ -20,7 +20,7 @@ class SharedPrefix {
     prefix_ = prefix_->substr(0, length);
   }
 
-  /// The bytes of a text behind the prefix as a number, in the order of the texts.
+  /// The bytes of a text after the prefix, as a number in the order of the texts.
   std::uint64_t behind(std::string_view text) const {
     text.remove_prefix(prefix_->size());
     std::uint64_t number = 0;
@@ -33,7 +33,8 @@ class SharedPrefix {
   std::optional<std::string_view> prefix_;
 };
 
-/// A schema in the order of kinds and type ids. Most type ids are told apart without a look at them.
+/// A schema in the order of kinds and type ids. Most type ids can be compared without looking at
+/// their texts.
 struct Rank {
   std::size_t kind;
   std::uint64_t start;

@@ -42,9 +42,10 @@ struct QuantitySchema {
 
 /// A schema that was read: its record, or what is needed to make it.
 struct PendingSchema {
-  struct OnlyAwaited {};  // other schemas refer to this type id, and none of it was read
+  struct OnlyAwaited {};  // other schemas refer to this type id, but it has not been read
 
-  // In the order in which the records are built. The long ones, of which there are few, lie elsewhere.
+  // In the order in which the records are built. The long ones, of which there are few, are stored
+  // elsewhere.
   using Contents =
       std::variant<OnlyAwaited, Dimension, Factor, Unit, std::unique_ptr<DimensionalUnitSchema>,
                    SymbolSchema, std::unique_ptr<QuantitySchema>>;
@@ -69,8 +70,8 @@ class PendingSchemas {
   /// Null if nothing is known of a type id. Valid until the next `share`.
   const PendingSchema* find(const HashedText& typeId) const;
 
-  /// What is known of a type id, which is awaited if that is nothing. If it throws, nothing has
-  /// changed.
+  /// What is known of a type id. If nothing is, it is awaited from now on. If this throws, nothing
+  /// has changed.
   PendingSchema& share(const HashedText& typeId);
 
   /// All schemas, by kind and type id. Does not include what is only awaited.

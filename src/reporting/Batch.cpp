@@ -14,7 +14,7 @@ namespace Schemas {
 
 namespace {
 
-// Of near names: they take some seconds.
+// When suggesting similar names: this many take some seconds.
 constexpr std::size_t mostComparisons = 3000000;  // tuning
 
 const char* wordOf(RecordKind kind) {
@@ -29,7 +29,7 @@ const char* neededBy(const Reference& reference) {
   return constant == "parentFactors" ? "a factor" : "a unit";
 }
 
-/// What people do to a text before it reaches a reader of JSON.
+/// Common mistakes that people make in JSON.
 std::string adviceOnJson(std::string_view text, const TextPlaces::Fault& fault) {
   if (text.substr(0, 3) == "\xEF\xBB\xBF") return "Save it without a byte order mark.";
   if (text.substr(0, 2) == "\xFF\xFE" || text.substr(0, 2) == "\xFE\xFF")
@@ -39,9 +39,9 @@ std::string adviceOnJson(std::string_view text, const TextPlaces::Fault& fault) 
   const bool isAtBracket =
       fault.offset < text.size() && (text[fault.offset] == '}' || text[fault.offset] == ']');
   if (isAtBracket && before != text.npos && text[before] == ',')
-    return "Remove the comma in front of it.";
-  if (text.substr(fault.offset, 1) == "/") return "Remove the comment: JSON has none.";
-  if (text.substr(fault.offset, 1) == "'") return "Write texts in double quotes.";
+    return "Remove the comma before it.";
+  if (text.substr(fault.offset, 1) == "/") return "Remove the comment: JSON has no comments.";
+  if (text.substr(fault.offset, 1) == "'") return "Write strings in double quotes.";
   return {};
 }
 
@@ -82,7 +82,7 @@ void Batch::refuse(std::size_t file, const ReadResult& result, const Units::Read
     findings_.add(kindOfMessage(result.refusal).id, place, result.refusal);
 }
 
-/// Many findings may relate to one file.
+/// Kept, since many findings may relate to one file.
 const Place& Batch::placeOfTypeId(std::size_t file) {
   const auto [entry, isNew] = typeIdPlaces_.try_emplace(file);
   if (isNew) entry->second = placeIn(file, extentOfTypeId(findings_.files[file].text));
@@ -99,9 +99,9 @@ void Batch::refuseTaken(std::size_t file, const ReadResult& result, Place place)
                             : known                  ? known->file
                                                      : noFile;
   if (first == noFile)
-    fault.advice = "The engine has it already. " + fault.advice;
+    fault.advice = "The engine already has it. " + fault.advice;
   else
-    fault.related.push_back({placeOfTypeId(first), "It is claimed here first."});
+    fault.related.push_back({placeOfTypeId(first), "It is first used here."});
 }
 
 std::optional<Batch::BadReference> Batch::follow(std::size_t user, const Reference& reference,
@@ -182,7 +182,7 @@ std::string Batch::adviceOn(const BadReference& bad) {
   std::string advice;
   for (const std::string& near : Units::nearestTexts(bad.reference->typeId, candidates, 3))
     advice += (advice.empty() ? "Did you mean " : ", ") + near;
-  return advice.empty() ? std::string("Add ") + neededBy(*bad.reference) + " of that type id."
+  return advice.empty() ? std::string("Add ") + neededBy(*bad.reference) + " with that type id."
                         : advice + "?";
 }
 
@@ -213,13 +213,13 @@ void Batch::leaveOut(std::size_t number, const LeaveOut& why) {
   file.fate = FileFate::LeftOut;
   switch (why.reason) {
     case LeaveOut::Reason::InCircle:
-      file.reason = "lies on a circle of definitions";
+      file.reason = "is part of a circle of definitions";
       break;
     case LeaveOut::Reason::NeedsLeftOut:
       file.reason = "needs " + definitions_[why.needed].definition.typeId + ", which is left out";
       break;
     default:
-      file.reason = "refers to what is missing or of the wrong kind";
+      file.reason = "refers to a definition that is missing or of the wrong kind";
   }
 }
 

@@ -26,14 +26,14 @@ class Batch {
   /// @param findings  gets all faults; holds the files.
   Batch(Findings& findings, KnownDefinitions& known) : findings_(findings), known_(known) {}
 
-  /// Reads the text of a file and takes its definition, or finds what is wrong with it.
+  /// Reads the text of a file and keeps its definition, or reports what is wrong with it.
   /// @param lint  whether to look for lints of the text.
   void read(std::size_t file, bool lint);
 
-  /// Finds all references that cannot be followed and all circles, and what to leave out.
+  /// Reports all references that cannot be resolved and all circles, and finds what to leave out.
   void resolve();
 
-  /// What is not left out. It becomes known to later batches.
+  /// The definitions that are not left out. Later batches may refer to them.
   std::vector<FiledDefinition> takeKept();
 
  private:

@@ -31,7 +31,7 @@ class Trial {
     if (message.empty()) attempt([&] { engine_->buildSchemas(); });
   }
 
-  /// A definition of a kind that refers to another one by a constant, and has no other fault.
+  /// A definition of a kind that refers to another one in a constant, and has no other fault.
   void addUser(const std::string& id, RecordKind kind, const std::string& constant,
                const std::string& referred) {
     switch (kind) {
@@ -60,7 +60,7 @@ class Trial {
           unit(id, DerivedUnitComponent(powersOf(referred), FactorComponent(1.0)))));
   }
 
-  /// A definition of a kind without a fault.
+  /// A definition of a kind that has no fault.
   void addSound(const std::string& id, RecordKind kind) {
     if (kind == RecordKind::Factor)
       add(writeFactorSchema(Factor(id, FactorComponent(1.0))));
@@ -72,7 +72,7 @@ class Trial {
 
  private:
   /// A unit that anything may refer to; added when it is first needed. Its id is longer than those
-  /// that are under trial.
+  /// being tried.
   const std::string& standIn() {
     if (!isStubAdded_) {
       isStubAdded_ = true;

@@ -8,8 +8,8 @@
 
 namespace Schemas {
 
-/// What the engine says of single faults. Each function makes an engine that holds the fault and
-/// nothing else, and returns the message with which it refuses.
+/// The engine's messages about single faults. Each function makes an engine with just this fault,
+/// and returns the message with which that engine refuses it.
 
 /// Of a text whose type id is taken.
 std::string messageOfTaken(const std::string& text, const std::string& typeId);

@@ -8,7 +8,8 @@ namespace {
 
 constexpr std::size_t none = static_cast<std::size_t>(-1);
 
-/// Tarjan's algorithm, with a stack of its own. Each node's group is the number of one of its nodes.
+/// Tarjan's algorithm, with an explicit stack. A node's group is identified by the number of one
+/// node in it.
 class Groups {
  public:
   explicit Groups(const DefinitionGraph& graph)
@@ -100,8 +101,8 @@ Circle circleThrough(std::size_t start, const DefinitionGraph& graph, const Grou
     }
 }
 
-/// One circle of each group of definitions that lead to each other: a shortest one through its first
-/// definition.
+/// One circle from each group of definitions that lead to each other: a shortest one through its
+/// first definition.
 std::vector<Circle> findFirstCircles(const DefinitionGraph& graph) {
   const Groups groups(graph);
   const std::vector<bool> isCircular = findCircular(graph, groups);

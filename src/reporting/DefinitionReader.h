@@ -9,7 +9,8 @@
 
 namespace Schemas {
 
-/// The kinds of definitions, as references tell them apart. Relative and absolute units are two.
+/// The kinds of definitions, as references distinguish them. Relative and absolute units are
+/// different kinds.
 enum class RecordKind { Dimension, Factor, RelativeUnit, AbsoluteUnit, Symbol, Quantity };
 
 /// What a definition says about another one.
@@ -31,7 +32,7 @@ struct Definition {
 /// Whether a definition of one kind may refer to one of another kind by a constant.
 bool accepts(RecordKind kind, const Reference& reference, RecordKind referred);
 
-/// What the engine makes of a text: a definition, or its refusal.
+/// The result of reading a text: a definition, or a refusal.
 struct ReadResult {
   std::optional<Definition> definition;
   std::string refusal;  // a message
@@ -41,7 +42,8 @@ struct ReadResult {
 
 /// Reads a text with the engine's readers, in the engine's order of checks.
 ///
-/// @param isTaken  whether a type id is taken. Such a text has no refusal: only the engine knows it.
+/// @param isTaken  whether a type id is taken. For such a text, `refusal` is empty: only the engine
+///                 has the message.
 /// @param trace    may be null.
 ReadResult readDefinition(const std::string& text,
                           const std::function<bool(const std::string&)>& isTaken,

@@ -30,7 +30,7 @@ std::size_t alignedDown(std::string_view text, std::size_t offset) {
   return offset;
 }
 
-/// A line of a text, or of the part of it that is near, and a line of marks below a range.
+/// A line of a text, or the part of it around a range, and a line of marks below the range.
 std::string markedLines(std::string_view text, std::size_t begin, std::size_t end) {
   std::size_t first = 0, last = text.size();
   if (text.size() > shownInAll) {

@@ -59,7 +59,7 @@ constexpr const char* warningKinds[] = {"other",
 constexpr const char* exceptionClasses[] = {"none", "ParseException", "IncompatibleUnitsException",
                                             "std::logic_error"};
 
-/// The word at the place of a value.
+/// The word for a value.
 template <class E, std::size_t count>
 const char* wordAt(E value, const char* const (&words)[count]) {
   const auto place = static_cast<std::size_t>(value);

@@ -2,8 +2,7 @@
 
 #include <TrelvonUnits/FormulaExplanation.h>
 
-/// The words for the enumerations of explanations, as JSON has them. What a later version adds
-/// before its word is "other".
+/// The words for the enumerations of explanations in JSON. A value that has no word yet is "other".
 namespace Units {
 
 const char* wordOf(FormulaReason reason);

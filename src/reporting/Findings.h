@@ -13,8 +13,8 @@ namespace Schemas {
 struct FindingKind {
   std::string_view id;
   Severity severity;
-  std::string_view message;  // of errors that a schema's reader finds: how the message begins
-  std::string_view advice;   // what would be right, where that is always the same
+  std::string_view message;  // of errors that a schema's reader finds: the beginning of the message
+  std::string_view advice;   // how to fix it, if that is always the same
   std::string_view what;     // in a few words
 };
 
@@ -62,7 +62,7 @@ struct Allowance {
   bool isUsed = false;
 };
 
-/// A file, or a text, that is reported on.
+/// A file or text that the report covers.
 struct ReportedFile {
   std::string path;
   FileFate fate = FileFate::NotReached;

@@ -18,12 +18,12 @@ namespace {
 
 using Kind = FolderEntry::Kind;
 
-/// In words that do not depend on the locale.
+/// An error in words that do not depend on the locale.
 /// @throws std::bad_alloc  if that is the error.
 std::string nameOf(const std::error_code& error) {
   if (error == std::errc::not_enough_memory) throw std::bad_alloc();
   if (error == std::errc::permission_denied) return "permission denied";
-  if (error == std::errc::too_many_symbolic_link_levels) return "links that lead to themselves";
+  if (error == std::errc::too_many_symbolic_link_levels) return "too many levels of links";
   return "system error " + std::to_string(error.value());
 }
 
@@ -56,7 +56,7 @@ class Walk {
     if (error) entries.push_back({folder.string(), Kind::Unlisted, false, nameOf(error)});
   }
 
-  /// Asks the entry, which knows from the listing what it is unless it is a link.
+  /// Asks the entry for its type, which it knows from the listing unless it is a link.
   void look(const fs::directory_entry& entry, int depth) {
     std::error_code error, ignored;
     const bool isLink = entry.is_symlink(ignored);
@@ -77,7 +77,7 @@ class Walk {
       return isSchemaFile(path, depth) ? std::optional(Kind::DeadLink) : std::nullopt;
     if (!entry.is_regular_file(ignored)) return std::nullopt;
     if (isSchemaFile(path, depth)) return Kind::SchemaFile;
-    // codes.json is no definition: it maps the units of a pack to the codes of other systems
+    // codes.json is not a definition: it maps the units of a pack to the codes of other systems
     if (depth == 0 && path.filename() == "codes.json") return std::nullopt;
     if (depth == 0 && path.extension() == ".json") return Kind::TopFile;
     if (isAlmostSchemaName(path)) return Kind::OtherName;

@@ -5,15 +5,15 @@
 
 namespace Schemas {
 
-/// What a walk below a folder meets that a report has to name.
+/// Something below a folder that a report must mention.
 struct FolderEntry {
   enum class Kind {
     SchemaFile,    // loaders read it
-    TopFile,       // it would be read in a folder below
+    TopFile,       // it would be read in a subfolder
     OtherName,     // it would be read if its extension were exact
     LinkedFolder,  // loaders do not follow it
     DeadLink,      // named as a schema file
-    NoStatus,      // loaders break off here
+    NoStatus,      // loaders stop here
     Unlisted,      // a folder that cannot be listed, or not to its end
   };
 
@@ -23,7 +23,8 @@ struct FolderEntry {
   std::string problem;  // of the system, for the last two
 };
 
-/// Walks through a folder as the folder loader does, but goes on after what that breaks off at.
+/// Walks through a folder as the folder loader does, but continues where that one stops with an
+/// error.
 ///
 /// @return  in byte order of paths.
 std::vector<FolderEntry> walkFolder(const std::string& folder);

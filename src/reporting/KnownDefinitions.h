@@ -11,11 +11,11 @@
 
 namespace Schemas {
 
-/// What a batch of definitions may refer to: what an engine stores, and earlier batches.
+/// The definitions that a batch may refer to: those of an engine, and of earlier batches.
 class KnownDefinitions {
  public:
   struct Known {
-    std::optional<RecordKind> kind;  // empty of what is pending: it shows when that is built
+    std::optional<RecordKind> kind;  // empty if it is pending: only the build shows it
     std::size_t file;                // `noFile` if the engine stores it
   };
 

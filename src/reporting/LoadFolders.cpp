@@ -21,8 +21,8 @@ namespace Schemas {
 
 namespace {
 
-/// Drops what is pending in an engine, by a build that fails. If there is no memory for that, it
-/// stays pending: a build might store a part of it.
+/// Drops what is pending in an engine, by a build that must fail. If there is no memory for that,
+/// it stays pending: another build might store a part of it.
 void dropPending(Units::UnitsEngine& engine) noexcept {
   try {
     engine.addDefinition(
@@ -30,7 +30,7 @@ void dropPending(Units::UnitsEngine& engine) noexcept {
         R"({"id":"parentFactors","value":{"trelvon.report:itself":1}}]})");
     engine.buildSchemas();
   } catch (...) {
-    // As it should.
+    // As intended.
   }
 }
 
@@ -48,8 +48,8 @@ void build(const std::vector<FiledDefinition>& definitions, const Findings& find
   engine.buildSchemas();
 }
 
-/// Looks for lints in a copy of an engine that holds the definitions, too.
-/// @return  false if what they need is only pending in the engine.
+/// Looks for lints in a copy of an engine to which the definitions are added.
+/// @return  false if they need something that is only pending in the engine.
 bool lintInCopy(const Units::UnitsEngine& engine, const std::vector<FiledDefinition>& definitions,
                 const std::vector<std::string>& variableNames, bool isWhole, Findings& findings) {
   const std::unique_ptr<Units::UnitsEngine> copy(Units::CreateUnitsEngine());
@@ -68,13 +68,13 @@ bool lintInCopy(const Units::UnitsEngine& engine, const std::vector<FiledDefinit
   return true;
 }
 
-/// Gives the last file its text, which ends at the first NUL.
+/// Sets the text of the last file, up to the first NUL.
 void setText(std::string_view text, bool lint, Findings& findings) {
   const std::size_t end = std::min(text.find('\0'), text.size());
   findings.files.back().text = text.substr(0, end);
   if (lint && end + 1 < text.size())
     findings.add("text-after-nul", {findings.files.size() - 1, end, end},
-                 "Reading ends at a NUL; there is text behind it.");
+                 "Reading stops at a NUL, and there is text after it.");
 }
 
 class ReportedLoad {
@@ -139,21 +139,22 @@ class ReportedLoad {
     switch (entry.kind) {
       case Kind::SchemaFile:
         if (entry.isLink)
-          lintFile("link", place, "The file is a link, which can come to lead nowhere.");
+          lintFile("link", place, "The file is a link, and its target can disappear.");
         return read(entry, place, batch, chunk);
       case Kind::TopFile:
         return lintFile("top-folder", place, "Loaders do not read files directly in the folder.");
       case Kind::OtherName:
         return lintFile("file-name", place,
-                        "Loaders read only files whose names end in \".json\", exactly and behind "
-                        "something else.");
+                        "Loaders read only files whose names end in \".json\", in lowercase, with "
+                        "something before it.");
       case Kind::LinkedFolder:
         return lintFile("link", place, "Loaders do not follow links to folders.");
       case Kind::DeadLink:
-        return lintFile("link", place, "The link leads nowhere.");
+        return lintFile("link", place, "The target of the link does not exist.");
       case Kind::NoStatus:
         fate = FileFate::Unreadable;
-        findings_.add("no-status", place, "The entry has no status: " + entry.problem + ".");
+        findings_.add("no-status", place,
+                      "The status of the entry cannot be read: " + entry.problem + ".");
         return;
       case Kind::Unlisted:
         break;
@@ -186,17 +187,18 @@ class ReportedLoad {
     }
     if (read.endsAtNul && end + 1 < read.fileSize)
       lintFile("text-after-nul", {place.file, end, end},
-               "Reading ends at a NUL; there is text behind it.");
+               "Reading stops at a NUL, and there is text after it.");
     batch.read(place.file, options_.lint);
   }
 
-  /// Whether the engine has taken what is kept.
+  /// Whether the engine has accepted what is kept.
   bool load() {
     try {
       build(kept_, findings_, engine_);
     } catch (const Units::ValidationException& error) {
       findings_.add("engine-refuses", {}, error.what(),
-                    "Build what is pending before, and look at what the engine is.");
+                    "Build the pending definitions first, and check whether the engine is your own "
+                    "implementation.");
       return false;
     }
     for (const FiledDefinition& one : kept_) findings_.files[one.file].fate = FileFate::Loaded;

@@ -19,10 +19,10 @@ namespace {
 using Units::RecordAccess;
 using Units::SizeAndPowers;
 
-/// Lints that only a whole load shows: they ask for what no definition does.
+/// Lints that need a whole load: they look for what no definition does.
 constexpr std::string_view wholeLoadLints[] = {"unlisted-unit", "untypable-unit"};
 
-/// Lints that ask an engine that holds the definition.
+/// Lints that need an engine with the definition.
 constexpr std::string_view loadLints[] = {
     "unusable-factor",       "canceling-powers", "power-overflow",        "symbol-unread",
     "symbol-start",          "symbol-space",     "symbol-hides-function", "symbol-hides-symbol",
@@ -92,7 +92,7 @@ class Linter {
   void lintTerms(const FiledDefinition& one) {
     const SizeAndPowers& terms = terms_.termsOf(one.definition.typeId);
     if (terms.overflows)
-      add(one, "power-overflow", "parentUnits", "A power does not fit into 32 bits.");
+      add(one, "power-overflow", "parentUnits", "A power does not fit in 32 bits.");
     if (terms.cancels) {
       std::string canceled;
       for (const auto& [primitive, power] : terms.powers)
@@ -105,15 +105,17 @@ class Linter {
       lintValue(one, RecordAccess::factorComponent(*derived), terms.factor);
   }
 
-  /// A number with its parents. If it is of no use by itself, that is another finding.
+  /// Checks a number combined with its parents. If it is unusable by itself, that is another
+  /// finding.
   void lintValue(const FiledDefinition& one, const Units::FactorComponent& component,
                  double value) {
     const auto isUsable = [](double number) { return number != 0.0 && std::isfinite(number); };
     if (isUsable(value) || !isUsable(RecordAccess::factor(component))) return;
     add(one, "unusable-factor", nullptr,
-        std::string("With its parents the factor is ") + (value == 0.0     ? "0."
-                                                          : value != value ? "not a number."
-                                                                           : "infinite."));
+        std::string("Combined with its parents, the factor is ") + (value == 0.0 ? "0."
+                                                                    : value != value
+                                                                        ? "not a number."
+                                                                        : "infinite."));
   }
 
   void lintUse(const FiledDefinition& one) {
@@ -122,7 +124,7 @@ class Linter {
     if (!listed_.empty() && listed_.count(typeId) == 0)
       add(one, "unlisted-unit", nullptr, "No quantity lists the unit.");
     if (hasSymbols_ && typed_.count(typeId) == 0)
-      add(one, "untypable-unit", nullptr, "No symbol of the unit can be typed on any keyboard.");
+      add(one, "untypable-unit", nullptr, "The unit has no symbol that every keyboard can type.");
   }
 
   void lintSymbolOf(const FiledDefinition& one) {
@@ -159,7 +161,7 @@ class Linter {
       if (sharePowers(terms_.termsOf(first), terms_.termsOf(reference.typeId))) continue;
       ReferencePlaces places(findings_.files[one.file].text);
       findings_.add("quantity-powers", placeIn(one.file, places.at(reference)),
-                    reference.typeId + " does not measure the same as " + first + ".");
+                    reference.typeId + " does not measure the same thing as " + first + ".");
       return;
     }
   }
@@ -215,7 +217,7 @@ void applyAllowances(bool hasLoad, bool isWhole, Findings& findings) {
                                                                  : true;
       if (allowance.isUsed || !couldBeUsed) continue;
       findings.add("unused-allowance", {file, allowance.begin, allowance.end},
-                   "Nothing is silenced by \"" + allowance.id + "\".");
+                   '"' + allowance.id + "\" silences nothing.");
     }
   }
 }

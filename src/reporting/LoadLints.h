@@ -21,7 +21,7 @@ struct LintedLoad {
   bool isWhole;  // whether it can be asked for what no definition does
 };
 
-/// Finds what is regretted later in definitions that load.
+/// Finds what may cause trouble later in definitions that load.
 void lintLoad(const LintedLoad& load, Findings& findings);
 
 /// Drops the lints that files silence, and finds the allowances that silence nothing.

@@ -50,7 +50,7 @@ Decimal toDecimal(const std::string& written) {
   return made;
 }
 
-/// The digits with zeros behind them and a point after the first `whole` of them, at least one.
+/// The digits, followed by zeros, with a point after the first `whole` of them, at least one.
 std::string spell(const Decimal& number, std::size_t zeros, std::size_t whole) {
   const std::string digits = number.digits + std::string(zeros, '0');
   const long exponent =

@@ -4,7 +4,7 @@
 
 namespace Schemas {
 
-/// What the reader of schemas makes of a number, as it is written in JSON.
+/// The value that the reader of schemas reads for a number in JSON.
 double numberAsRead(const std::string& written);
 
 /// The double that is nearest to it.
@@ -13,7 +13,7 @@ double nearestDouble(const std::string& written);
 /// The shortest spelling whose nearest double a finite number is.
 std::string shortestSpelling(double number);
 
-/// How to write a number so that the reader makes its nearest double of it; a sentence.
+/// A sentence that tells how to write a number so that it is read as the double nearest to it.
 std::string spellingAdvice(const std::string& written);
 
 }  // namespace Schemas

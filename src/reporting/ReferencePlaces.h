@@ -10,8 +10,8 @@
 
 namespace Schemas {
 
-/// Where the references of one definition lie in its text. However many there are, each is found
-/// fast.
+/// Where the references of one definition are in its text. Each is found fast, however many there
+/// are.
 class ReferencePlaces {
  public:
   explicit ReferencePlaces(const std::string& text) : places_(text) {}

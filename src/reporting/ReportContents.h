@@ -46,7 +46,7 @@ struct SchemaReport::Contents : Units::CountedContents {
   std::vector<FileReport> files;
 };
 
-/// Makes reports, and reads them in place.
+/// Makes reports, and gives access to their contents.
 class ReportMaker {
  public:
   /// Sorts what was found and counts its lines and columns.

@@ -11,7 +11,7 @@ namespace {
 
 using Member = JsonMaker::Member;
 
-/// A path as a reference that URIs may have: all bytes but the plainest are escaped.
+/// A path as a URI reference: all but the plainest bytes are escaped.
 std::string uriOf(const std::string& path) {
   constexpr std::string_view plain = "-._~/";
   std::string uri = path.front() == '/' ? "file://" : "";

@@ -13,7 +13,7 @@ namespace {
 
 using Units::RecordAccess;
 
-/// What an action throws of the engine's own, or an empty text.
+/// The message of the engine's exception that an action throws, or an empty text.
 template <class Action>
 std::string refusalOf(const Action& action) {
   try {
@@ -54,7 +54,7 @@ void lintLayout(const Units::Symbol& symbol, const AddSymbolLint& add) {
   add("layout-unit",
       "The layout counts in the unit " + word + ", but the symbol's unit is " +
           RecordAccess::typeId(unit) + ".",
-      "Name the unit " + word + ".", "");
+      "Use the unit " + word + ".", "");
 }
 
 /// Whether another unit's symbol has the same text; then formulas read one of them.
@@ -132,13 +132,14 @@ void lintSymbol(const Units::Symbol& symbol, const SymbolReader& reader,
       !text.empty() && numberOrOperator.find(text.front()) != numberOrOperator.npos;
   const bool hasSpace = !text.empty() && (text.front() == ' ' || text.back() == ' ');
   if (startsOddly)
-    add("symbol-start", quoted(text) + " begins as a number or an operator does.", "", "");
-  if (hasSpace) add("symbol-space", quoted(text) + " begins or ends in a space.", "", "");
+    add("symbol-start", quoted(text) + " begins like a number or an operator.", "", "");
+  if (hasSpace) add("symbol-space", quoted(text) + " begins or ends with a space.", "", "");
   if (reader.isFunction(text))
     return add("symbol-hides-function", quoted(text) + " is the name of a function.", "", "");
   if (variableNames.count(text) != 0)
     add("symbol-hides-variable",
-        "Formulas cannot use a variable named " + quoted(text) + ", a usual name.", "", "");
+        "Formulas cannot use a variable named " + quoted(text) + ", which is a common name.", "",
+        "");
   if (lintSameText(symbol, text, reader, add) || startsOddly || hasSpace) return;
   const std::string unread = reader.unreadForm(symbol);
   if (!unread.empty())

@@ -14,19 +14,19 @@
 
 namespace Schemas {
 
-/// A loaded engine, asked what formulas make of the texts of its symbols.
+/// Finds out how formulas of a loaded engine read the texts of its symbols.
 class SymbolReader {
  public:
   explicit SymbolReader(const Units::UnitsEngine& engine);
 
-  /// The first of these that is not read as so many of the symbol's units, or an empty text: `7 T`,
-  /// `7T`, `(3+4) T`, `1e-5 T`, with the symbol's text for T.
+  /// Of `7 T`, `7T`, `(3+4) T` and `1e-5 T`, where T is the symbol's text, the first that is not
+  /// read as that number of the symbol's units; empty if all are.
   std::string unreadForm(const Units::Symbol& symbol) const;
 
-  /// Whether formulas call a function by this name.
+  /// Whether formulas have a function with this name.
   bool isFunction(const std::string& name) const;
 
-  /// The symbols with a text, by type id, each with its unit's.
+  /// The type ids of the symbols with a text, and those of their units.
   const std::map<std::string, std::string>& withText(const std::string& text) const;
 
  private:

@@ -17,7 +17,7 @@ namespace {
 using ValueKind = TextPlaces::Kind;
 constexpr std::size_t none = TextPlaces::none;
 
-/// Members of a text that engines do not read on purpose.
+/// Members of a text that engines deliberately do not read.
 constexpr std::string_view notesForPeople[] = {"$schema", "allow", "comment", "note", "source"};
 
 /// A text that one lint looks at.
@@ -54,8 +54,8 @@ struct Look {
   }
 };
 
-/// Whether the last member of a name counts in an object: in maps and references, which lie in the
-/// value of a constant.
+/// Whether the last of several members with one name counts in an object. That is so in maps and
+/// references, which are in the value of a constant.
 bool lastCounts(const TextPlaces& places, std::size_t constants, std::size_t object) {
   if (constants == none || object < constants) return false;
   if (places.value(object).begin > places.value(constants).end) return false;
@@ -118,7 +118,7 @@ void lintConstants(const Look& look) {
   look.eachProperty("properties", [&](std::size_t property) {
     const std::size_t id = look.places.member(property, "id");
     look.add("unread-constant", extentOf(look.places, id),
-             "Nothing reads what stands in \"properties\".", "Move it to \"constants\".");
+             "Nothing reads the entries of \"properties\".", "Move it to \"constants\".");
   });
 }
 
@@ -148,9 +148,10 @@ void lintNumbers(const Look& look) {
     if (!std::isfinite(read))
       look.add("infinite-number", extent, written + " is read as infinite.");
     else if (read != nearestDouble(written))
-      look.add("inexact-number", extent,
-               written + " is read as " + shortestSpelling(read) + ", a neighbor.",
-               spellingAdvice(written));
+      look.add(
+          "inexact-number", extent,
+          written + " is read as " + shortestSpelling(read) + ", which is not the nearest double.",
+          spellingAdvice(written));
     else if (read == 0.0 && std::string_view(constant) == "factor")
       look.add("zero-factor", extent, "The factor is 0.");
   }

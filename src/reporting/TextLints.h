@@ -8,8 +8,8 @@
 
 namespace Schemas {
 
-/// Finds what loads in the text of a definition and is regretted later, and reads the lints that the
-/// file silences.
+/// Finds what may cause trouble later in the text of a definition that loads, and reads which lints
+/// the file silences.
 ///
 /// @param trace  what the reader has read.
 void lintText(std::size_t file, const Definition& definition, const Units::ReadingTrace& trace,

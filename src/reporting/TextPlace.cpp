@@ -41,7 +41,7 @@ std::size_t follow(const TextPlaces& places, std::size_t value,
   return plain != TextPlaces::none ? plain : places.member(value, "typedValue");
 }
 
-/// The last value on a path that is there, and whether it is the end of the path.
+/// The last value on a path that exists, and whether it is the end of the path.
 std::pair<std::size_t, bool> walk(const TextPlaces& places, const Units::ReadingTrace::Path& path) {
   std::size_t value = places.size() == 0 ? TextPlaces::none : 0;
   for (const auto& step : path) {

@@ -14,18 +14,18 @@ namespace Schemas {
 /// The number of the value at the end of a path, or `TextPlaces::none`.
 std::size_t valueAt(const TextPlaces& places, const Units::ReadingTrace::Path& path);
 
-/// Where the value at the end of a path lies; if it is missing, the value that it is missing in. Of
-/// an object or array, its bracket: the whole may be the whole text.
+/// Where the value at the end of a path is; if it is missing, where the value is that should have
+/// it. For an object or array, just its bracket, since all of it may be the whole text.
 Extent extentAt(const TextPlaces& places, const Units::ReadingTrace::Path& path);
 Extent extentOf(const TextPlaces& places, std::size_t value);
 
-/// Where a member's name lies.
+/// Where a member's name is.
 Extent nameOf(const TextPlaces& places, std::size_t member);
 
-/// Where the constant of an id has its value.
+/// Where the value of the constant with an id is.
 Extent extentOfConstant(std::string_view text, const char* id);
 
-/// Where a text has its type id.
+/// Where the type id is in a text.
 Extent extentOfTypeId(std::string_view text);
 
 /// The code point at an offset; empty at the end of the text.

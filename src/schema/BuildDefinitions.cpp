@@ -20,7 +20,7 @@ namespace {
 using FactorRegistry = KindRegistry<Factor>;
 using UnitRegistry = KindRegistry<Unit>;
 
-/// Builds the record of a schema, which gives up what it holds.
+/// Builds the record of a schema. Moves from the schema.
 struct RecordBuilder {
   const SharedText& typeId;
   Registries& registries;

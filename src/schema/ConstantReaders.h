@@ -38,7 +38,7 @@ T readConstant(const SchemaHeader& header, std::string_view id, std::optional<T>
   return *std::move(fallback);
 }
 
-/// The handlers. `trace` may be null; the value that it was given last is the one to read.
+/// The handlers. `trace` may be null; otherwise, the value to read is the one noted last.
 double readNumber(JsonView value, ReadingTrace* trace = nullptr);
 bool readBoolean(JsonView value, ReadingTrace* trace = nullptr);
 std::string_view readString(JsonView value, ReadingTrace* trace = nullptr);  ///< May be empty.

@@ -18,7 +18,7 @@ class Properties {
     JsonView value = {};
   };
 
-  /// Returns false if a property of that id is there already.
+  /// Returns false if there already is a property with that id.
   bool add(std::string_view id, JsonView value) {
     if (list_.size() < fewProperties ? find(id) != nullptr : !isNewAmongMany(id)) return false;
     list_.push_back({id, value});

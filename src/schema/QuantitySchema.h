@@ -21,7 +21,7 @@ std::optional<QuantitySchemaData> readQuantitySchema(const SchemaHeader& header)
 
 void addPending(const QuantitySchemaData& data, SchemaIds& ids);
 
-/// Makes the record of a schema, which gives up what it holds.
+/// Makes the record of a schema. Moves from the schema.
 /// @throws ValidationException  a unit is neither stored nor built: the first one in the list.
 Quantity build(const SharedText& typeId, QuantitySchema& schema, const Registries& registries);
 

@@ -29,8 +29,8 @@ struct ReadingStep {
   static ReadingStep value() { return {Kind::Value, {}}; }
 };
 
-/// What a reader of schemas reads, for a caller that wants to know where a refusal has its cause.
-/// Readers take a pointer to it, null if nobody asks, and note each value before they check it.
+/// Records what a reader of schemas reads, for callers that want to know what caused a refusal.
+/// Readers take a pointer to it, which may be null, and note each value before they check it.
 class ReadingTrace {
  public:
   /// A step that owns its name: readers drop the text when they refuse it.

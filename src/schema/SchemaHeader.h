@@ -22,14 +22,14 @@ namespace Units {
 /// version follows does not matter.
 using KindWords = ShortList<std::string_view, 2>;
 
-/// A schema document. Everything that does not depend on its kind is read and checked. Movable, not
-/// copyable.
+/// A schema document. Everything that does not depend on its kind has been read and checked.
+/// Movable, not copyable.
 struct SchemaHeader {
   JSON document;  // owns all texts and values that are viewed
   std::string_view typeId;
   KindWords kindWords;   // in the only element of "inherits"
   Properties constants;  // the value, or else the typed value
-  ReadingTrace* trace;   // may be null; the readers of the kinds note in it, too
+  ReadingTrace* trace;   // may be null; the readers of the kinds also write to it
 };
 
 /// Reads a schema text up to its first NUL.

@@ -26,7 +26,7 @@ std::optional<SymbolSchemaData> readSymbolSchema(const SchemaHeader& header);
 
 void addPending(const SymbolSchemaData& data, SchemaIds& ids);
 
-/// Makes the record of a schema, which gives up what it holds.
+/// Makes the record of a schema. Moves from the schema.
 /// @throws ValidationException  the unit is neither stored nor built.
 Symbol build(const SharedText& typeId, SymbolSchema& schema, const Registries& registries);
 

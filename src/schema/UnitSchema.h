@@ -29,7 +29,7 @@ std::optional<UnitSchemaData> readUnitSchema(const SchemaHeader& header);
 /// Does not check the parents, which may be added later.
 void addPending(const UnitSchemaData& data, SchemaIds& ids);
 
-/// Makes the record of a schema, which gives up what it holds.
+/// Makes the record of a schema. Moves from the schema.
 /// @throws ValidationException  the dimension is neither stored nor built.
 Unit build(const SharedText& typeId, DimensionalUnitSchema& schema, const Registries& registries);
 

@@ -23,7 +23,7 @@ LeadingNumber readDecimal(std::string_view text) {
   if (text.empty() || !(isDigit(text.front()) || text.front() == '.')) return {};
   double value = 0.0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  // Beyond the range it does not say whether the number is too large or too small.
+  // Out of range, it does not say whether the number is too large or too small.
   if (error != std::errc::result_out_of_range)
     return {value, static_cast<std::size_t>(end - text.data())};
 #endif

@@ -32,7 +32,7 @@ bool readWholeInchesAndFraction(std::string_view& text, double& feet) {
 
 bool readDecimalInches(std::string_view& text, double& feet) {
   std::string_view rest = text;
-  // strtod would take this sign. Between feet and inches it makes a sum; it is no separator.
+  // strtod would read this sign. Between feet and inches it makes a sum; it is not a separator.
   if (stripLeadingWord(rest, plus)) return false;
   double inches = 0.0;
   if (!readNumber(text, inches)) return false;

@@ -21,8 +21,8 @@ std::uint64_t digitValue(char c) {
   return found == digits.npos ? 16 : found % 16;
 }
 
-/// significand * 2^exponent. Of a significand that has no room for more digits, the lowest bit is
-/// set if any of them was not zero, which is all that rounding needs to know.
+/// significand * 2^exponent. If the significand has no room for more digits, its lowest bit is set
+/// if any of them is not zero, which is all that rounding needs to know.
 struct Significand {
   std::uint64_t bits = 0;
   std::int64_t exponent = 0;

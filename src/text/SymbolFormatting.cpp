@@ -15,7 +15,7 @@ namespace Units {
 
 namespace {
 
-/// Puts a prefix before a text or a suffix behind it. An empty one changes nothing.
+/// Puts a prefix before a text or a suffix after it. An empty one changes nothing.
 void applyPrefixOrSuffix(std::string& text, const PrefixOrSuffix& decoration) {
   const std::string& added = RecordAccess::text(decoration);
   if (added.empty()) return;
@@ -40,7 +40,7 @@ std::string formatWithPrefixOrSuffix(double value, const PrefixOrSuffix* decorat
   return text;
 }
 
-/// What a value holds of one component of a layout.
+/// The part of a value in one component of a layout.
 struct CompositePart {
   double whole;           // the amount without its fraction, which may exceed any integer type
   double amount;          // including what is left for the components below

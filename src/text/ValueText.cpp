@@ -12,13 +12,14 @@ namespace Units {
 
 namespace {
 
-/// What a form makes of a text, without its sign.
+/// How a form reads a text, without its sign.
 ///
-/// It holds for shorter texts too, as long as they keep all that was taken: they end before an
-/// operator, which is no letter and no digit, so that the number and the symbol end where they did.
+/// It is also valid for shorter texts that keep everything that was taken: they end before an
+/// operator, which is neither a letter nor a digit, so the number and the symbol end at the same
+/// places.
 struct Reading {
   std::size_t taken = 0;       // bytes of the text that the reading depends on
-  std::size_t literalEnd = 0;  // from `taken` up to here there are spaces alone; 0 if no literal
+  std::size_t literalEnd = 0;  // from `taken` up to here there are only spaces; 0 if no literal
   double value = 0.0;
   const Symbol* symbol = nullptr;
   std::optional<CompositeForm> form = std::nullopt;
@@ -68,7 +69,7 @@ constexpr std::array<CompositeReader, 4> compositeReaders = {{
 constexpr unsigned anyReader = (1u << compositeReaders.size()) - 1;
 constexpr unsigned beforeMarks = anyReader + 1;  // a byte that may precede the first mark
 
-/// By the byte behind the first number, which readers a composite literal may be for: a bit each.
+/// By the byte after the first number, a bit for each reader that may accept a composite literal.
 /// The byte may also be part of the number.
 constexpr std::array<std::uint8_t, 256> readersByMark = [] {
   std::array<std::uint8_t, 256> readers = {};
@@ -122,7 +123,7 @@ std::size_t lastCompositeEnd(std::string_view text, const LiteralEnds& ends) {
 
 /// A text in which literals are looked for.
 struct Search {
-  std::string_view text;  // behind the sign
+  std::string_view text;  // after the sign
   std::size_t start;      // bytes of the sign
   const LiteralEnds& ends;
   const SymbolTexts& symbols;

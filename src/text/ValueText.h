@@ -40,7 +40,7 @@ struct ValueLiteral {
 };
 
 /// The longest beginning of a text that is a literal and ends at one of `ends`. The result for each
-/// end is that of `parseValueText`, but what several of them share is read only once.
+/// end is that of `parseValueText`, but shared parts are read only once.
 ///
 /// @param ends  each is before an operator of the formula language; the last may be the end of the
 ///              text instead.

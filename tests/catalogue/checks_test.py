@@ -44,7 +44,7 @@ FAULTS = [
     (symbols.coverage, FOOT_TEXT, "", None, "foot.json: display symbols []"),
     (codes.mappings, CODES, '"rec20": ["FOT"]', '"rec21": ["FOT"]', "unknown systems"),
     (codes.mappings, CODES, '["FOT"]', '["INH"]', "rec20:INH stands in core/codes.json:"),
-    (codes.mappings, CODES, "unit:foot-", "unit:feet-", "feet-1.0.0 is no unit of the pack"),
+    (codes.mappings, CODES, "unit:foot-", "unit:feet-", "feet-1.0.0 is not a unit of the pack"),
     (codes.mappings, CODES, '"[ft_i]"', '"[ft_i]"], "udunits": ["f"', "another order"),
     (codes.mappings, CODES, '  "trelvon.unit:foot-', '"trelvon.unit:foot-', "codes.json:1:"),
     (codes.mappings, CODES, "ucum:[acr_br]", "ucum:[acr_us]", "differs, but is not there"),

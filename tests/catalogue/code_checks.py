@@ -137,7 +137,7 @@ def mappings(catalogue):
         place = f"{path}:{line}"
         known = catalogue.by_id.get(unit)
         if not known or known.kind != "unit" or known.pack != path.split("/")[0]:
-            complaints.append(f"{place}: {unit} is no unit of the pack")
+            complaints.append(f"{place}: {unit} is not a unit of the pack")
         if (path, unit) <= last:
             complaints.append(f"{place}: {unit} is out of order")
         last = (path, unit)

@@ -1,4 +1,4 @@
-/// Allocations that fail when a test says so.
+/// Allocations that fail when a test wants them to.
 #pragma once
 
 #include "tests/support/Heap.h"

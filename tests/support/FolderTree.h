@@ -1,4 +1,4 @@
-/// Folders on disk for the time of a test, and what a process without rights sees of them.
+/// Folders on disk during a test, and what an unprivileged process sees of them.
 #pragma once
 
 #include <grp.h>
@@ -27,7 +27,7 @@ class FolderTree {
 
   std::filesystem::path path(const std::string& name = "") const { return root_ / name; }
 
-  /// Makes the folders on the way, too.
+  /// Makes missing parent folders, too.
   void write(const std::string& name, const std::string& bytes) const {
     std::filesystem::create_directories(path(name).parent_path());
     std::ofstream(path(name), std::ios::binary) << bytes;
@@ -37,7 +37,7 @@ class FolderTree {
   std::filesystem::path root_;
 };
 
-/// What `action` returns in a child process that may read only what everybody may.
+/// What `action` returns in a child process that may read only what everybody may read.
 inline std::string asNobody(const std::function<std::string()>& action) {
   int pipe[2];
   if (::pipe(pipe) != 0) return "no pipe";

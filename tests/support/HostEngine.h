@@ -1,4 +1,4 @@
-/// Engines of a host's own, as loaders and prepared conversions may be given one.
+/// Engines that a host implements, such as may be passed to loaders and prepared conversions.
 #pragma once
 
 #include <TrelvonUnits/TrelvonUnits.h>
@@ -15,7 +15,7 @@
 
 namespace Units {
 
-/// Forwards every operation to the library's engine, after something else.
+/// Forwards every operation to the library's engine, after doing something else.
 class HostEngine : public UnitsEngine {
  public:
   using Inner = std::shared_ptr<UnitsEngine>;

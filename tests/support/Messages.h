@@ -1,4 +1,4 @@
-/// What a refused call says, for rows that compare messages letter for letter.
+/// The message of a refused call, for tables that compare messages letter for letter.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,8 +10,8 @@
 
 /// Runs `action` once and returns the message of the exception that it throws.
 ///
-/// Adds a failure, and returns an empty text, when nothing comes or when what comes is not of
-/// exactly class `E`: a class derived from `E`, or a base of it, is a wrong answer too.
+/// Adds a failure, and returns an empty text, if nothing is thrown or if the exception is not
+/// exactly of class `E`: a class derived from `E`, or a base of it, is wrong too.
 template <class E, class Action>
 std::string messageOf(Action&& action) {
   try {

@@ -1,5 +1,5 @@
-/// Random records of all kinds that mostly refer to what they should, and their schema texts. Ids
-/// are few, so that they meet, and odd.
+/// Random records of all kinds whose references are mostly valid, and their schema texts. There are
+/// few ids, so that they collide, and odd ones.
 #pragma once
 
 #include "schema/DimensionSchema.h"
@@ -38,7 +38,7 @@ class RandomDefinitions {
     return unit(kind);
   }
 
-  /// A number that JSON cannot hold makes a text that is no schema.
+  /// A number that JSON cannot represent makes a text that is not a schema.
   std::string nextText() {
     try {
       return std::visit([](const auto& record) { return write(record); }, next());

@@ -1,4 +1,4 @@
-/// Units that convert into each other, and units that do not.
+/// Units that convert to each other, and units that do not.
 #pragma once
 
 #include <TrelvonUnits/TrelvonUnits.h>

@@ -1,4 +1,4 @@
-/// Schema texts, written shortly. A ' stands for a ".
+/// Schema texts, written briefly. A ' stands for a ".
 #pragma once
 
 #include <algorithm>

@@ -57,7 +57,8 @@ Described describeFactor(const Units::Factor& factor) {
   return described;
 }
 
-/// The description of a record, if there is one: an engine does not tell of which kind an id is.
+/// The description of a record, if there is one: an engine does not tell which kind an id belongs
+/// to.
 template <class Get>
 std::optional<Described> ifThere(Get get) {
   try {

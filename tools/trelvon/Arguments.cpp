@@ -13,8 +13,8 @@ namespace tool {
 
 namespace {
 
-/// The words of a command line, told apart before CLI11 reads the options: it takes most texts that
-/// begin with a hyphen for options, and joins texts in brackets.
+/// The words of a command line, sorted before CLI11 reads the options: it treats most texts that
+/// begin with a hyphen as options, and joins texts in brackets.
 struct Words {
   std::string command;
   std::vector<std::string> options;  ///< Each as `--name` or `--name=value`.
@@ -97,7 +97,8 @@ Words tellApart(const std::vector<std::string>& all) {
   return words;
 }
 
-/// Why a text is no whole number of a range, or nothing. CLI11 would also take 0x3 and 010.
+/// Why a text is not a whole number in a range; empty if it is. CLI11 would also accept 0x3 and
+/// 010.
 std::string whyOutside(const std::string& text, Range range) {
   int number = 0;
   const char* const end = text.data() + text.size();
@@ -105,7 +106,7 @@ std::string whyOutside(const std::string& text, Range range) {
   if (read.ec == std::errc() && read.ptr == end && number >= range.lowest &&
       number <= range.highest)
     return {};
-  return inQuotes(text) + " is no whole number from " + std::to_string(range.lowest) + " to " +
+  return inQuotes(text) + " is not a whole number from " + std::to_string(range.lowest) + " to " +
          std::to_string(range.highest);
 }
 

@@ -12,7 +12,7 @@ struct Command;
 
 /// The command line, as read by the descriptions of the commands.
 struct Arguments {
-  const Command* command = nullptr;  ///< Null: the prompt, or help or version of the program.
+  const Command* command = nullptr;  ///< Null for the prompt and the program's help and version.
   std::map<std::string, std::vector<std::string>> options;  ///< Values by name; a flag has one.
   std::vector<std::string> operands;
 

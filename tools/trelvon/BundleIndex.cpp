@@ -23,7 +23,7 @@ std::string firstLine(std::uintmax_t bundleSize) {
 
 bool fits(const std::string& text) { return text.find_first_of("\t\n") == std::string::npos; }
 
-/// Where the definitions of a bundle lie, as "OFFSET:SIZE".
+/// Where the definitions of a bundle are, as "OFFSET:SIZE".
 std::map<std::string, std::string> placesIn(const std::string& path, std::string_view bundle) {
   std::map<std::string, std::string> places;
   forEachBundled(path, bundle, [&](std::string_view text) {
@@ -128,7 +128,7 @@ SomeUnits loadByIndex(const std::string& indexPath, const std::string& bundlePat
   try {
     return load(indexPath, bundlePath, names);
   } catch (const std::exception&) {
-    return {};  // it is not that of the bundle; who loads all of the bundle is told what is wrong
+    return {};  // not the index of this bundle; loading the whole bundle will report what is wrong
   }
 }
 

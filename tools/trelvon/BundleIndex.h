@@ -10,14 +10,14 @@
 
 namespace tool {
 
-/// An index of a bundle, which loads a few units without the rest: the program may be started for
-/// one number at a time. It is a text. Its first line has the size of the bundle; then come, in byte
-/// order,
+/// The text of an index of a bundle, which makes it possible to load a few units without the rest:
+/// the program may be started for one number at a time. The first line has the size of the bundle;
+/// then come, in byte order,
 ///
 ///   name<TAB>NAME<TAB>TYPE ID                 NAME means this unit and no other
 ///   unit<TAB>TYPE ID<TAB>OFFSET:SIZE ...      where the definitions lie that the unit needs
 ///
-/// What has a tab or a line feed in it is left out.
+/// Names and type ids with a tab or a line feed are left out.
 ///
 /// @param bundle  its bytes.
 /// @throws Failure, ValidationException  the definitions of the bundle cannot be built.

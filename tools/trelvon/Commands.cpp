@@ -31,23 +31,25 @@ Option within(Option option, Range range) {
 }
 
 const Option placesOption = within({"places", "NUMBER", "decimal places"}, {0, 12});
-const Option fractionOption =
-    without(within({"fraction", "NUMBER", "show fractions of 1/2^NUMBER"}, {0, 9}), {"places"});
-const Option asOption = {"as", "SYMBOL",
-                         "show the symbol, by its text, local id or type id; without --places and "
-                         "--fraction as many decimal places as matter"};
-const Option tidyOption = without(flag("tidy", "15 digits, which hide rounding in the last one"),
-                                  {"places", "fraction", "as"});
+const Option fractionOption = without(
+    within({"fraction", "NUMBER", "show fractions in steps of 1/2^NUMBER"}, {0, 9}), {"places"});
+const Option asOption = {
+    "as", "SYMBOL",
+    "show this symbol, named by its text, local id or type id; without --places or "
+    "--fraction, show as many decimal places as matter"};
+const Option tidyOption =
+    without(flag("tidy", "show 15 digits, to hide rounding errors in the last ones"),
+            {"places", "fraction", "as"});
 const Option localeOption = {"locale", "NAME",
-                             "write the number as in de, en-IN ..., with its marks and digits"};
-const Option setOption =
-    repeatable({"set", "NAME=TEXT", "give a variable its text, such as width=\"2 ft\""});
+                             "use the marks and digits of a locale, such as de or en-IN"};
+const Option setOption = repeatable({"set", "NAME=TEXT", "set a variable, such as width=\"2 ft\""});
 
 Command convertCommand() {
   Command command = {"convert", "NUMBER FROM TO", 0, 3};
   command.summary = "Converts a number, or columns of a CSV or TSV stream";
   command.details =
-      "NUMBER may be any formula; a plain number is counted in FROM. Units are found by type id, "
+      "NUMBER may be any formula; a plain number is in the unit FROM. You can name units by type "
+      "id, "
       "local id, name or symbol. With --column, standard input is a table: each cell of the column "
       "is read as a number or a value with a unit, and all other bytes stay as they are.";
   command.options = {
@@ -57,16 +59,17 @@ Command convertCommand() {
       tidyOption,
       localeOption,
       without(repeatable({"column", "COLUMN",
-                          "convert a column, by its number or its name in the header"}),
+                          "convert a column, given by its number or its name in the header"}),
               {"locale"}),
-      repeatable({"from", "UNIT", "the unit of the cells: one for all columns, or one for each"}),
-      repeatable({"to", "UNIT", "the unit to convert to: one for all columns, or one for each"}),
-      without(flag("from-header", "read the unit from the header, width [ft], and rewrite it"),
-              {"from"}),
-      without(flag("no-header", "the first row has values, too"), {"from-header"}),
-      {"separator", "TEXT", "what separates cells, or tab; a comma by default"},
+      repeatable({"from", "UNIT", "the unit of the cells: one for all columns, or one per column"}),
+      repeatable({"to", "UNIT", "the unit to convert to: one for all columns, or one per column"}),
+      without(
+          flag("from-header", "read the unit from the header, such as width [ft], and update it"),
+          {"from"}),
+      without(flag("no-header", "the first row is data, not a header"), {"from-header"}),
+      {"separator", "TEXT", "what separates cells: a text, or tab; a comma by default"},
       oneOf({"on-error", "ACTION",
-             "what to do about a bad cell: stop before its row (the default), keep or empty it"},
+             "what to do with a bad cell: stop before its row (the default), keep it or empty it"},
             {"stop", "keep", "empty"})};
   command.examples = {{"trelvon convert 5 ft in", "60"},
                       {R"(printf 'name,width\ndoor,3\nwall,1 ft\n' | )"
@@ -80,9 +83,10 @@ Command evalCommand() {
   Command command = {"eval", "FORMULA", 1, 1};
   command.summary = "Evaluates a formula whose numbers carry units";
   command.details =
-      "Without --to the value is shown in the default unit of a quantity that fits, one that lists "
-      "a unit of the formula if there is one, and the others are named. What may surprise is said "
-      "on standard error; explain says more.";
+      "Without --to, the value is shown in the default unit of a quantity that fits, preferably "
+      "one "
+      "that lists a unit of the formula, and the other quantities are named. Warnings go to "
+      "standard error; trelvon explain gives details.";
   command.options = {{"to", "UNIT", "the unit of the value"},
                      asOption,
                      placesOption,
@@ -102,11 +106,10 @@ Command evalCommand() {
 
 Command explainCommand() {
   Command command = {"explain", "FORMULA", 1, 1};
-  command.summary = "Says how a formula is read, what surprises in it, and why it is refused";
+  command.summary = "Explains how a formula is read, what may surprise you, and why it is refused";
   command.details =
-      "Marks beneath the formula, sentences, the value, and the tree with the value of each node "
-      "in "
-      "base units.";
+      "Prints marks beneath the formula, sentences, the value, and the tree with the value of each "
+      "node in base units.";
   command.options = {{"to", "UNIT", "the unit of the value"}, setOption};
   command.examples = {
       {R"(trelvon explain "10 m - 35 cm" --to m)",
@@ -127,18 +130,16 @@ Command formatCommand() {
   Command command = {"format", "NUMBER", 1, 1};
   command.summary = "Writes a number as display text";
   command.details =
-      "The number is not converted: it is counted in the unit of the symbol already. With --locale "
-      "or "
+      "The number is not converted: it is already in the unit of the symbol. With --locale or "
       "--display, it is rounded before it is split into feet and inches.";
-  command.options = {
-      asOption,
-      placesOption,
-      fractionOption,
-      tidyOption,
-      localeOption,
-      without({"display", "FILE", "write as a display that is stored as JSON says"},
-              {"as", "places", "fraction", "tidy", "locale"}),
-      flag("read", "read NUMBER, a text as it is written here, and print its value")};
+  command.options = {asOption,
+                     placesOption,
+                     fractionOption,
+                     tidyOption,
+                     localeOption,
+                     without({"display", "FILE", "use the display that a JSON file describes"},
+                             {"as", "places", "fraction", "tidy", "locale"}),
+                     flag("read", "read NUMBER, a text in this form, and print its value")};
   command.examples = {{"trelvon format 5.53125 --as feetAndInches --fraction 4", R"(5' 6 3/8")"},
                       {"trelvon format 1234567.5 --as kilogram --locale de", "1.234.567,5 kg"}};
   command.run = runFormat;
@@ -148,11 +149,11 @@ Command formatCommand() {
 Command listCommand() {
   Command command = {"list", "units|quantities|symbols|factors|dimensions", 1, 1};
   command.summary = "Lists definitions";
-  command.details =
-      "The first column is the local id, by which other commands find the definition.";
-  command.options = {{"of", "UNIT",
-                      "units that it converts to, quantities that list it, symbols that show it, "
-                      "factors and dimensions that it is made of"}};
+  command.details = "The first column is the local id, which other commands accept as a name.";
+  command.options = {
+      {"of", "UNIT",
+       "only units that it converts to, quantities that list it, symbols that show it, "
+       "or factors and dimensions that it is made of"}};
   command.examples = {
       {"trelvon list units --of lux",
        "footcandle  footcandle  fc\nlux         lux         lx, lm/m2, lm/m^2, lm/m\xC2\xB2\n"
@@ -167,10 +168,10 @@ Command showCommand() {
   Command command = {"show", "NAME", 1, 1};
   command.summary = "Shows a definition";
   command.details =
-      "NAME is a unit, else a quantity, a symbol, a factor or a dimension, by type id, local id or "
-      "name. The exact value is counted in kg, m, s, A, K, mol, cd, rad and bit.";
-  command.options = {flag("tree", "also its parents, down to primitive units"),
-                     flag("dot", "the same tree in the language of Graphviz")};
+      "NAME is the type id, local id or name of a unit or, if no unit matches, of a quantity, "
+      "symbol, factor or dimension. The exact value is in kg, m, s, A, K, mol, cd, rad and bit.";
+  command.options = {flag("tree", "also show its parents, down to primitive units"),
+                     flag("dot", "print the same tree for Graphviz")};
   command.examples = {
       {"trelvon show mile",
        "type id     trelvon.unit:mile-1.0.0\nname        mile\nkind        derived unit\n"
@@ -187,18 +188,17 @@ Command showCommand() {
 
 Command lintCommand() {
   Command command = {"lint", "FOLDER...", 1, anyNumber};
-  command.summary = "Says what is wrong in definitions, where, and what would be right";
+  command.summary = "Reports what is wrong in definitions, where it is, and how to fix it";
   command.details =
-      "The folders are loaded after the catalog, without which --only does. The status is 1 if "
-      "there "
-      "is any finding.";
+      "The folders are loaded after the catalog, or alone with --only. The status is 1 if there is "
+      "any finding.";
   command.options = {
       oneOf({"format", "FORMAT", "text (the default), json or sarif"}, {"text", "json", "sarif"}),
-      flag("errors-only", "no lints, only what keeps definitions from being loaded"),
+      flag("errors-only", "report only what keeps definitions from loading, and no lints"),
       repeatable({"variable", "NAME",
-                  "a name that users give to variables, for symbols hide them; "
-                  "without any, a list of usual names"}),
-      flag("watch", "report again on each save, until the program is ended")};
+                  "a variable name to check for symbols that hide it; "
+                  "by default, a list of common names"}),
+      flag("watch", "report again on each save, until you stop the program")};
   command.examples = {
       {"trelvon lint my-units --errors-only", "0 errors, 0 warnings; 2 files, 2 loaded"},
       {"trelvon lint my-units",
@@ -213,20 +213,20 @@ Command newCommand() {
   Command command = {"new", "unit|quantity|symbol|factor|dimension NAME", 2, 2};
   command.summary = "Writes a definition";
   command.details =
-      "The file is FOLDER/units/NAME.json or the like, and is never replaced. The definition is "
-      "built with the catalog and with what the folder holds before anything is written.";
+      "The file is FOLDER/units/NAME.json or similar. An existing file is never replaced. Before "
+      "anything is written, the definition is checked against the catalog and the folder.";
   command.options = {
-      {"in", "FOLDER", "where to write, and what is loaded before"},
+      {"in", "FOLDER", "the folder to write to; its definitions are loaded first"},
       {"namespace", "NAME", "the first part of the type id; my by default"},
       {"label", "TEXT", "the display name of a unit or quantity; NAME by default"},
       {"from", "VALUE", "a unit: what one of it is, such as \"67 in\""},
-      repeatable({"times", "UNIT[^POWER]", "a unit: another unit that it is a product with"}),
-      {"offset", "NUMBER", "a unit: the zero of the scale, counted in the unit of --from"},
-      {"dimension", "NAME", "a unit that has no parents: its dimension"},
+      repeatable({"times", "UNIT[^POWER]", "a unit: another unit to multiply by"}),
+      {"offset", "NUMBER", "a unit: the zero of the scale, in the unit of --from"},
+      {"dimension", "NAME", "a unit without parents: its dimension"},
       flag("imperial", "a unit: belongs to the imperial system"),
       repeatable({"of", "NAME",
-                  "a symbol: its unit; a quantity: one of its units; a factor: a factor that it is "
-                  "a product of, with ^POWER"}),
+                  "a symbol: its unit; a quantity: one of its units; a factor: another factor to "
+                  "multiply by, with ^POWER"}),
       {"text", "TEXT", "a symbol: its text; NAME by default"},
       flag("prefix", "a symbol: the text comes before the number"),
       flag("no-space", "a symbol: no space between text and number"),
@@ -240,8 +240,10 @@ Command newCommand() {
 
 Command namesCommand() {
   Command command = {"names", "NAME...", 1, anyNumber};
-  command.summary = "Says which variables the symbols hide in formulas, and by which symbol";
-  command.details = "A hidden name is read as something else, and never asked for as a variable.";
+  command.summary =
+      "Tells which variable names cannot be used in formulas, and which symbol hides them";
+  command.details =
+      "A formula reads a hidden name as something else and never looks it up as a variable.";
   command.examples = {{"trelvon names width t h1",
                        "width: free\n"
                        "t: read as \"tonne (metric ton)\" by trelvon.symbol:tonne-1.0.0\n"
@@ -255,11 +257,12 @@ Command bundleCommand() {
   Command command = {"bundle", "FOLDER...", 1, anyNumber};
   command.summary = "Writes the definitions of folders into one file, which loads faster";
   command.details =
-      "It holds the files that the folder loader reads, in byte order of their paths within each "
-      "folder.";
-  command.options = {{"out", "FILE", "where to write; an older file is replaced"},
-                     {"codes", "FILE", "also writes the codes of the folders, to this file"},
-                     {"index", "FILE", "also writes where in the bundle units are, to this file"}};
+      "The bundle holds the files that the folder loader reads, in byte order of their paths "
+      "within "
+      "each folder.";
+  command.options = {{"out", "FILE", "the file to write; an existing file is replaced"},
+                     {"codes", "FILE", "also write the codes of the folders to this file"},
+                     {"index", "FILE", "also write to this file where each unit is in the bundle"}};
   command.examples = {{"trelvon bundle my-units --out my.bundle", "2 definitions"},
                       {"trelvon bundle my-units --out my.bundle && trelvon diff my-units my.bundle",
                        "2 definitions"}};
@@ -270,7 +273,8 @@ Command bundleCommand() {
 Command diffCommand() {
   Command command = {"diff", "OLD NEW", 2, 2};
   command.summary = "Compares the definitions of two folders or bundles";
-  command.details = "It reads files, and builds nothing. The status is 1 if they differ.";
+  command.details =
+      "It compares the files and does not build definitions. The status is 1 if they differ.";
   command.examples = {{"trelvon diff my-units my.bundle", ""},
                       {R"(sed -i 's/"value":67/"value":68/' my-units/units/smoot.json; )"
                        "trelvon diff my.bundle my-units",
@@ -281,7 +285,7 @@ Command diffCommand() {
 
 Command completionCommand() {
   Command command = {"completion", "bash|zsh|fish", 1, 1};
-  command.summary = "Writes a script with which a shell completes command lines of trelvon";
+  command.summary = "Writes a script that lets a shell complete trelvon command lines";
   command.examples = {
       {"source <(trelvon completion bash) && complete -p trelvon", "complete -F _trelvon trelvon"},
       {"trelvon completion fish | head -1",
@@ -293,9 +297,9 @@ Command completionCommand() {
 
 Command manualCommand() {
   Command command = {"manual", "[COMMAND]", 0, 1};
-  command.summary = "Writes the manual page of trelvon or of a command, as man reads it";
+  command.summary = "Writes the manual page of trelvon or of a command, for man";
   command.options = {
-      {"out", "FOLDER", "write all pages and completion scripts into a folder instead"}};
+      {"out", "FOLDER", "write all pages and completion scripts to a folder instead"}};
   command.examples = {
       {"trelvon manual show | sed -n 2,3p", R"(.SH NAME
 trelvon\-show \- Shows a definition)"},
@@ -323,13 +327,13 @@ const Command* findCommand(const std::string& name) {
 
 const std::vector<Option>& commonOptions() {
   static const std::vector<Option> all = {
-      repeatable({"load", "FOLDER", "load a folder of definitions after the catalog"}),
-      flag("only", "do without the catalog"),
-      flag("strict", "stop at the first fault of a folder"),
+      repeatable({"load", "FOLDER", "also load a folder of definitions, after the catalog"}),
+      flag("only", "do not load the catalog"),
+      flag("strict", "stop at the first error in a folder"),
       flag("json", "print one JSON object"),
-      oneOf({"color", "WHEN", "auto, always or never; auto heeds NO_COLOR"},
+      oneOf({"color", "WHEN", "auto, always or never; auto respects NO_COLOR"},
             {"auto", "always", "never"}),
-      flag("help", "print this text"),
+      flag("help", "print this help"),
       flag("version", "print the version")};
   return all;
 }

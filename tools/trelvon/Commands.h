@@ -28,7 +28,7 @@ struct Option {
   bool isRepeatable = false;               ///< Whether it may be given several times.
   Range range = {};                        ///< Of a number.
   std::vector<std::string> choices = {};   ///< The only values, if there are any.
-  std::vector<std::string> excludes = {};  ///< Options that may not be given beside it.
+  std::vector<std::string> excludes = {};  ///< Options that it cannot be combined with.
 };
 
 /// A command line as one types it in a shell, and what it prints. The tests run it.
@@ -37,8 +37,8 @@ struct Example {
   std::string printed;
 };
 
-/// Everything that is said about a command: the one source for reading its arguments, for --help,
-/// for completion and for manual pages.
+/// Everything about a command: the only source for reading its arguments, for --help, for
+/// completion and for manual pages.
 struct Command {
   std::string name;
   std::string operands;  ///< As the usage line shows them.

@@ -13,9 +13,9 @@ namespace {
 
 enum class Kind { Text, Choices, Folder, File, Unit };
 
-/// What a shell may offer for the value of an option or for an operand.
+/// What a shell may offer as the value of an option or as an operand.
 struct Value {
-  std::string name;  ///< As the usage line has it.
+  std::string name;  ///< As in the usage line.
   Kind kind = Kind::Text;
   std::string choices = {};  ///< With spaces between them.
 };
@@ -292,7 +292,7 @@ std::string completionScript(const std::string& shell) {
   if (shell == "bash") return bashScript();
   if (shell == "zsh") return zshScript();
   if (shell == "fish") return fishScript();
-  throw Failure(Status::Usage, inQuotes(shell) + " is none of bash, zsh, fish");
+  throw Failure(Status::Usage, inQuotes(shell) + " is not one of bash, zsh, fish");
 }
 
 Status runCompletion(Context& context) {

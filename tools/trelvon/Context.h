@@ -13,10 +13,11 @@
 
 namespace tool {
 
-/// What a command has to work with, and what commands share.
+/// What a command works with, and functions that commands share.
 class Context {
  public:
-  /// @param shared  the definitions to work with. Null: its own, by the arguments.
+  /// @param shared  the definitions to work with. If null, the context has its own, by the
+  ///                arguments.
   Context(const Arguments& arguments, Output& out, Output& errors, Definitions* shared = nullptr);
 
   const Arguments& arguments;
@@ -29,7 +30,7 @@ class Context {
 
   bool wantsJson() const { return arguments.has("json"); }
 
-  /// Says something on standard error that does not end the command.
+  /// Writes a warning to standard error.
   void warn(const std::string& sentence) const;
 
   /// Prints a text as it is, or as the member `text` of an object.
@@ -42,7 +43,7 @@ class Context {
   /// @throws Failure  the engine refuses it; the message has its explanation.
   double evaluate(const std::string& formula, const std::string* unitTypeId);
 
-  /// The explanation of a formula that the engine accepts; its warnings are said.
+  /// The explanation of a formula that the engine accepts. Writes its warnings.
   /// @throws Failure  the formula is refused.
   Units::FormulaExplanation accepted(const Units::FormulaExplanation& explanation) const;
 
@@ -52,12 +53,12 @@ class Context {
 
   /// How numbers are written, by `--places`, `--fraction`, `--as`, `--tidy`, `--locale` and
   /// `--display`.
-  /// @param unit  in which the number is. Empty: that of the symbol, which it is set to.
+  /// @param unit  the unit of the number. If empty, it is set to that of the symbol.
   /// @throws Failure  the symbol shows another unit.
   NumberFormat numberFormat(std::optional<std::string>& unitTypeId);
 
   /// The display of `--display`, or of `--locale` and the other options.
-  /// @throws Failure  there can be none.
+  /// @throws Failure  it cannot be made.
   Units::ValueDisplay display(const NumberFormat& format);
 
  private:

@@ -79,7 +79,7 @@ void Definitions::loadCatalog() {
     Schemas::SchemaBundle::addDefinitionsFromFile(path, *engine_);
   } catch (const std::logic_error& error) {
     throw Failure(Status::Files, std::string(error.what()) + ": " + inQuotes(path) +
-                                     "; --only --load FOLDER does without the catalog");
+                                     "; to work without the catalog, use --only --load FOLDER");
   }
 }
 
@@ -87,7 +87,7 @@ void Definitions::loadCatalog() {
 void Definitions::loadFolder(const std::string& folder) {
   std::error_code unknown;
   if (!fs::is_directory(folder, unknown))
-    throw Failure(Status::Files, inQuotes(folder) + " is no folder");
+    throw Failure(Status::Files, inQuotes(folder) + " is not a folder");
   Schemas::ReportOptions options;
   options.lint = false;
   options.leaveOutWhatCannotBuild = !isStrict_;
@@ -102,7 +102,7 @@ void Definitions::loadFolder(const std::string& folder) {
   });
   if (!readsAny && hasFilesOnTop(folder))
     tell("nothing of " + inQuotes(folder) +
-         " is loaded: only files in folders below it are read, as in FOLDER/units");
+         " is loaded: only files in its subfolders are read, such as FOLDER/units");
   for (const Schemas::Finding& finding : report.getFindings()) {
     const Schemas::TextPosition begin = finding.getBegin();
     const std::string sentence = shown(finding.getFile()) + ':' + std::to_string(begin.line) + ':' +

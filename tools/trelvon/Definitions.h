@@ -17,27 +17,27 @@
 namespace tool {
 
 /// The definitions that a command works with: the catalog's bundle, unless `--only` is given, and
-/// then each folder of `--load`. They are loaded when they are asked for.
+/// then each folder of `--load`. They are loaded when they are first used.
 class Definitions {
  public:
-  /// @param report  receives a sentence for each fault of a folder that is loaded nevertheless.
+  /// @param report  receives a sentence for each fault in a folder that is loaded anyway.
   Definitions(const Arguments& arguments, std::function<void(const std::string&)> report);
   Definitions(const Definitions&) = delete;
   Definitions& operator=(const Definitions&) = delete;
 
-  /// Loads a folder after the others, as `--load` does, if it is none of them. It must be called
+  /// Loads a folder after the others, as `--load` does, unless it is one of them. Must be called
   /// before `engine` or `unload`.
   void load(const std::string& folder);
 
-  /// Forgets what was loaded, to load it again when it is asked for.
+  /// Forgets what was loaded, to load it again when it is next used.
   void unload();
 
   /// @throws Failure  the catalog or a folder is not there; with `--strict`, a folder is faulty.
   Units::UnitsEngine& engine();
   const Units::UnitNames& names();
 
-  /// Loads only the units with these names, if they are of the catalog and nothing else is asked
-  /// for; otherwise it does nothing. `engine` is then that of a part of the catalog.
+  /// Loads only the units with these names, if they are in the catalog and nothing else is to be
+  /// loaded; otherwise does nothing. `engine` then has only a part of the catalog.
   void loadOnly(const std::vector<std::string>& unitNames);
 
   /// The type id of a name that was given to `loadOnly`; empty if it loaded nothing.
@@ -47,13 +47,13 @@ class Definitions {
   /// @throws Failure  a mapping of codes is faulty.
   const Units::UnitNames& namesWithCodes();
 
-  /// The codes of the catalog and of the folders, which lie in files `codes.json` directly in them.
+  /// The codes of the catalog and of the folders, from the file `codes.json` directly in each.
   const Units::UnitCodes& codes();
 
   /// Calls a function for every text that was loaded, in order, with the path of its file.
   void forEachText(const std::function<void(const std::string&, std::string_view)>& action) const;
 
-  /// The path of a file that is installed beside the catalog.
+  /// The path of a file that is installed next to the catalog.
   static std::string besideCatalog(const std::string& name);
 
  private:

@@ -28,7 +28,7 @@ Notes readNotes(const Context& context, const std::string& path) {
     if (read)
       notes.emplace(read->typeId, *read);
     else
-      context.warn(shown(file) + " has a text that is no definition");
+      context.warn(shown(file) + " has a text that is not a definition");
   };
   std::error_code unknown;
   if (std::filesystem::is_directory(path, unknown)) {

@@ -5,7 +5,7 @@
 
 namespace tool {
 
-/// What the program tells the shell.
+/// The exit status of the program.
 enum class Status {
   Done = 0,
   Findings = 1,  ///< There is something to report, or a value is refused.

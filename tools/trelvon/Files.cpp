@@ -32,7 +32,8 @@ namespace {
   fail(what, path, std::error_code(errno, std::generic_category()));
 }
 
-/// Holds signals back, so that Ctrl-C comes before a file is written or after it is complete.
+/// Holds signals back, so that Ctrl-C takes effect before a file is written or after it is
+/// complete.
 class WithoutSignals {
  public:
   WithoutSignals() {
@@ -56,7 +57,8 @@ void writeBytes(int file, std::string_view content, const std::string& path) {
   }
 }
 
-/// Whether something other than a file or folder is there, such as a device, which must stay.
+/// Whether the path is something other than a file or folder, such as a device, which must not be
+/// replaced.
 bool isSpecial(const std::string& path) {
   std::error_code unknown;
   const fs::file_status status = fs::status(path, unknown);
@@ -75,7 +77,8 @@ void writeInto(const std::string& path, std::string_view content) {
   close(file);
 }
 
-/// A new file beside a path, which is gone at the end unless it was put in its place.
+/// A new file next to a path. It is removed at the end unless it has replaced the file at that
+/// path.
 class FileBeside {
  public:
   explicit FileBeside(const std::string& path) : path_(path), name_(path + ".XXXXXX") {
@@ -96,7 +99,7 @@ class FileBeside {
     if (fchmod(file_, 0666 & ~unwanted) != 0 || fsync(file_) != 0) failByErrno("write", path_);
   }
 
-  /// A link refuses to replace a file; a new name does not.
+  /// Linking never replaces an existing file; renaming does.
   void putInPlace(bool mayReplace) {
     const int result =
         mayReplace ? std::rename(name_.c_str(), path_.c_str()) : link(name_.c_str(), path_.c_str());
@@ -114,7 +117,7 @@ class FileBeside {
 std::vector<std::string> schemaFiles(const std::string& folder) {
   std::error_code error;
   if (!fs::is_directory(folder, error))
-    throw Failure(Status::Files, inQuotes(folder) + " is no folder");
+    throw Failure(Status::Files, inQuotes(folder) + " is not a folder");
   std::vector<std::string> files;
   fs::recursive_directory_iterator entry(folder, error);
   for (; !error && entry != fs::recursive_directory_iterator(); entry.increment(error)) {
@@ -144,7 +147,7 @@ std::string readFile(const std::string& path) {
 void refuseToReplace(const std::string& path) {
   std::error_code unknown;
   if (fs::exists(fs::symlink_status(path, unknown)))
-    throw Failure(Status::Files, inQuotes(path) + " is there already and is not replaced");
+    throw Failure(Status::Files, inQuotes(path) + " already exists and is not replaced");
 }
 
 void writeFile(const std::string& given, std::string_view content, bool mayReplace) {
@@ -168,7 +171,7 @@ void forEachBundled(const std::string& path, std::string_view bundle,
   constexpr std::string_view header = "TrelvonUnits-schema-bundle-1\n";
   if (bundle.substr(0, header.size()) != header ||
       (bundle.size() > header.size() && bundle.back() != '\0'))
-    throw Failure(Status::Files, inQuotes(path) + " is no schema bundle");
+    throw Failure(Status::Files, inQuotes(path) + " is not a schema bundle");
   bundle.remove_prefix(header.size());
   while (!bundle.empty()) {
     const std::size_t end = bundle.find('\0');

@@ -10,7 +10,8 @@ namespace {
 
 constexpr std::size_t textColumn = 24, lineWidth = 100;
 
-/// Words in lines that begin at a column, the first one where the text stands already.
+/// Fills lines with words. All lines but the first are indented to a column, where the first line
+/// begins already.
 std::string filled(const std::string& text, std::size_t column) {
   std::string out;
   std::size_t width = column;
@@ -63,7 +64,7 @@ std::string programHelp() {
   std::string text =
       "trelvon: units of measure on the command line\n\n"
       "Usage: trelvon COMMAND [OPTION...] [ARGUMENT...]\n"
-      "       trelvon [OPTION...]  for a prompt, where `help` says more\n\nCommands:\n";
+      "       trelvon [OPTION...]  starts a prompt; type `help` there\n\nCommands:\n";
   for (const Command& command : commands())
     if (!command.isHidden) text += row(command.name, command.summary);
   text += "\nOptions of every command:\n" + optionRows(commonOptions());
@@ -76,7 +77,7 @@ std::string commandHelp(const Command& command) {
                      filled(command.summary + ". " + command.details, 0);
   if (!command.options.empty()) text += "\nOptions:\n" + optionRows(command.options);
   text += "\nOptions of every command:\n" + optionRows(commonOptions()) +
-          "\nExamples, with the exit status if it is not 0:\n";
+          "\nExamples, with the exit status in brackets if it is not 0:\n";
   for (const Example& example : command.examples) {
     text += "  $ " + example.line + '\n';
     if (example.printed.empty()) continue;

@@ -8,7 +8,7 @@ struct Command;
 struct Option;
 
 inline constexpr const char* exitStatusText =
-    "0 done, 1 findings or a refused value, 2 a command line that is not understood, "
+    "0 success, 1 findings or a refused value, 2 an invalid command line, "
     "3 files that cannot be read or written.";
 
 std::string optionUsage(const Option& option);  ///< "--to UNIT"

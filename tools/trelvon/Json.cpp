@@ -120,7 +120,7 @@ std::string compactText(const Value& value) {
   return {buffer.GetString(), buffer.GetSize()};
 }
 
-/// RapidJSON recurses to write a value. No definition comes near to this depth.
+/// RapidJSON recurses to write a value. No definition comes close to this depth.
 constexpr int greatestDepth = 200;
 
 /// The greatest depth of brackets outside of strings.

@@ -13,7 +13,7 @@ namespace tool {
 /// Writes one JSON text. Hides RapidJSON.
 ///
 /// Numbers have the digits that the commands print; those that JSON does not have are texts. Bytes
-/// that are no UTF-8 are shown as \xNN, and all control characters are escaped.
+/// that are not UTF-8 are shown as \xNN, and all control characters are escaped.
 class JsonWriter {
  public:
   JsonWriter();
@@ -48,7 +48,7 @@ class JsonWriter {
   const std::unique_ptr<Writing> writing_;
 };
 
-/// What a schema text says beside what an engine keeps of it.
+/// What a schema text says in addition to what an engine keeps of it.
 struct SchemaNotes {
   std::string typeId;
   std::optional<std::string> exact;  ///< The exact value in base units, as the source has it.
@@ -60,7 +60,7 @@ struct SchemaNotes {
   std::map<std::string, std::string> constants;
 };
 
-/// Reads a schema text. Empty if it is no JSON object with a type id, or nested too deeply for one.
+/// Reads a schema text. Empty if it is not a JSON object with a type id, or is nested too deeply.
 std::optional<SchemaNotes> readSchemaNotes(std::string_view text);
 
 }  // namespace tool

@@ -23,7 +23,7 @@ Schemas::SchemaReport reportOn(Context& context) {
   for (const std::string& folder : arguments.operands) {
     std::error_code unknown;
     if (!fs::is_directory(folder, unknown))
-      throw Failure(Status::Files, inQuotes(folder) + " is no folder");
+      throw Failure(Status::Files, inQuotes(folder) + " is not a folder");
   }
   Definitions definitions(arguments, [&](const std::string& sentence) { context.warn(sentence); });
   return Schemas::loadFolders(arguments.operands, definitions.engine(), options);
@@ -39,7 +39,7 @@ void write(Context& context, const Schemas::SchemaReport& report) {
   context.out.write(text);
 }
 
-/// What tells whether files were saved: their times and sizes.
+/// Shows whether files were saved: their times and sizes.
 using Saved = std::map<std::string, std::pair<fs::file_time_type, std::uintmax_t>>;
 
 Saved savedFiles(const std::vector<std::string>& folders) {
@@ -55,7 +55,7 @@ Saved savedFiles(const std::vector<std::string>& folders) {
   return saved;
 }
 
-/// Reports again whenever a file was saved, until the program is ended.
+/// Reports again whenever a file is saved, until the program is stopped.
 [[noreturn]] void watch(Context& context) {
   constexpr auto pause = std::chrono::milliseconds(200);
   Saved before;

@@ -74,7 +74,7 @@ Items itemsOf(Context& context, const std::string& kind) {
   if (kind == "factors") return plainItems(engine.getFactors(), dependencies);
   if (kind == "dimensions") return plainItems(engine.getDimensions(), dependencies);
   throw Failure(Status::Usage,
-                inQuotes(kind) + " is none of units, quantities, symbols, factors, dimensions");
+                inQuotes(kind) + " is not one of units, quantities, symbols, factors, dimensions");
 }
 
 void writeJson(Output& out, const std::string& kind, const Items& items) {

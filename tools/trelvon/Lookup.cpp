@@ -19,7 +19,7 @@ bool isCode(const std::string& text) { return text.find(':') != std::string::npo
   const auto near = definitions.names().suggest(text, mostSuggestions);
   if (near.empty() && isCode(text))
     throw Failure(Status::Findings, shown(definitions.namesWithCodes().whyNot(text)));
-  std::string message = inQuotes(text) + " names no unit";
+  std::string message = inQuotes(text) + " does not name a unit";
   for (const Units::UnitName& name : near)
     message += (&name == &near.front() ? ". Did you mean " : " or ") + inQuotes(name.getText());
   throw Failure(Status::Findings, message + (near.empty() ? "" : "?"));
@@ -76,7 +76,7 @@ constexpr auto nameless = [](const auto&) { return std::string(); };
 
 std::string required(const std::optional<std::string>& typeId, const std::string& text,
                      const std::string& kind) {
-  if (!typeId) throw Failure(Status::Findings, inQuotes(text) + " names no " + kind);
+  if (!typeId) throw Failure(Status::Findings, inQuotes(text) + " does not name a " + kind);
   return *typeId;
 }
 

@@ -12,13 +12,13 @@ namespace tool {
 /// The text of a symbol; empty for a composite one.
 std::string textOf(const Units::Symbol& symbol);
 
-/// The unit that a text names. Texts that match exactly come before those that match loosely; among
-/// equals nothing is guessed.
-/// @throws Failure  no unit or several units have this name; the message says which ones may be
+/// The unit that a text names. Exact matches come before loose ones; if several are equally good,
+/// it does not guess.
+/// @throws Failure  no unit or several units have this name; the message lists those that may be
 ///                  meant.
 Units::Unit unitNamed(const std::string& text, Definitions& definitions);
 
-/// The symbol with a type id, with a local id or with a text, the first of these that there is.
+/// The symbol with this type id, else with this local id, else with this text.
 /// @throws Failure  there is none, or several.
 Units::Symbol symbolNamed(const std::string& text, Definitions& definitions);
 

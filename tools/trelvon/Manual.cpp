@@ -13,7 +13,7 @@ namespace tool {
 
 namespace {
 
-/// A text as roff reads it: characters that it gives a meaning or another shape are named.
+/// A text for roff: characters that have a special meaning or look there are written by name.
 std::string roff(std::string_view text) {
   std::string out;
   bool isAtLineStart = true;
@@ -101,7 +101,8 @@ std::string commandPage(const Command& command) {
          (command.options.empty() ? "" : section("OPTIONS", optionParagraphs(command.options))) +
          section("OPTIONS OF EVERY COMMAND", optionParagraphs(commonOptions())) +
          section("EXIT STATUS", roff(exitStatusText)) +
-         section("EXAMPLES", "With the exit status if it is not 0:\n.PP\n" + verbatim(examples)) +
+         section("EXAMPLES",
+                 "With the exit status in brackets if it is not 0:\n.PP\n" + verbatim(examples)) +
          seeAlso(&command);
 }
 
@@ -117,18 +118,19 @@ std::string programPage() {
          section("DESCRIPTION",
                  "Converts numbers and tables, evaluates and explains formulas whose numbers carry "
                  "units, and writes, checks and shows definitions.\n"
-                 "Without a command it is a prompt.") +
+                 "Without a command, it starts a prompt.") +
          section("COMMANDS", names) + section("OPTIONS", optionParagraphs(commonOptions())) +
-         section("PROMPT",
-                 "A line says what to do:\n.PP\n" + verbatim(promptHelp) +
-                     "\n.PP\nIf standard input or output is no terminal, plain lines are read, and "
-                     "the exit status is the highest of a line.") +
-         section("FILES",
-                 tagged("\\fI$XDG_STATE_HOME/trelvon/history\\fR",
-                        "The lines of the prompt. Without this variable the file is "
-                        "~/.local/state/trelvon/history.")
-                     .append(tagged("\\fI~/.editrc\\fR", "Keys of the prompt; see editrc(5)."))) +
-         section("ENVIRONMENT", tagged("NO_COLOR", "If it is set, there are no colors.")) +
+         section(
+             "PROMPT",
+             "Each line is one of these:\n.PP\n" + verbatim(promptHelp) +
+                 "\n.PP\nIf standard input or output is not a terminal, plain lines are read, and "
+                 "the exit status is the highest of any line.") +
+         section("FILES", tagged("\\fI$XDG_STATE_HOME/trelvon/history\\fR",
+                                 "The lines of the prompt. Without this variable, the file is "
+                                 "~/.local/state/trelvon/history.")
+                              .append(tagged("\\fI~/.editrc\\fR",
+                                             "Key bindings of the prompt; see editrc(5)."))) +
+         section("ENVIRONMENT", tagged("NO_COLOR", "If set, turns off colors.")) +
          section("EXIT STATUS", roff(exitStatusText)) + seeAlso(nullptr);
 }
 
@@ -136,7 +138,7 @@ std::string page(const Command* command) {
   return command == nullptr ? programPage() : commandPage(*command);
 }
 
-/// All that is installed for the commands, in the folders below a prefix.
+/// Everything that is installed for the commands, in the folders below a prefix.
 void writeAll(const std::string& folder) {
   const auto write = [&](const std::string& name, const std::string& text) {
     writeFile(folder + '/' + name, text, true);

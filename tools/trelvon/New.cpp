@@ -54,13 +54,14 @@ std::string powersConstant(const std::string& id, const std::map<std::string, in
   });
 }
 
-/// What a definition inherits and its constants.
+/// The base and the constants of a definition.
 struct Draft {
   std::string base;
   std::vector<std::string> constants;
 };
 
-/// Adds `NAME` or `NAME^POWER`, the whole text taken for a name first: that of a symbol may be m^2.
+/// Adds `NAME` or `NAME^POWER`. Tries the whole text as a name first: the text of a symbol may be
+/// m^2.
 template <class Find>
 void addPower(const std::string& text, std::map<std::string, int>& powers, Find find) {
   const std::size_t caret = text.rfind('^');
@@ -75,7 +76,7 @@ void addPower(const std::string& text, std::map<std::string, int>& powers, Find 
   }
 }
 
-/// A number of a unit, as `67 in`, `5' 6"`, `67 inch` or `inch`.
+/// A number with a unit, such as `67 in`, `5' 6"`, `67 inch` or `inch`.
 struct Measure {
   double number = 1.0;
   std::string unit;
@@ -102,7 +103,7 @@ Draft draftUnit(Context& context) {
       valueConstant("name", arguments.text("label", arguments.operands[1])),
       valueConstant("unitSystem", arguments.has("imperial") ? "Imperial" : "Metric")};
   if (arguments.has("dimension") && (arguments.has("from") || arguments.has("times")))
-    throw Failure(Status::Usage, "--dimension is for a unit without --from and --times");
+    throw Failure(Status::Usage, "--dimension cannot be combined with --from or --times");
   std::map<std::string, int> parents;
   for (const std::string& times : arguments.texts("times"))
     addPower(times, parents,
@@ -193,7 +194,7 @@ const Kind& kindNamed(const std::string& name) {
   for (const Kind& kind : kinds)
     if (kind.name == name) return kind;
   throw Failure(Status::Usage,
-                inQuotes(name) + " is none of unit, quantity, symbol, factor, dimension");
+                inQuotes(name) + " is not one of unit, quantity, symbol, factor, dimension");
 }
 
 void checkOptions(const Arguments& arguments, const Kind& kind) {
@@ -209,7 +210,7 @@ void checkOptions(const Arguments& arguments, const Kind& kind) {
   });
   if (!isPlain || name.empty() || name.front() == '.')
     throw Failure(Status::Usage, inQuotes(name) +
-                                     " becomes a type id and a file's name: write letters, digits, "
+                                     " becomes a type id and a file name: use letters, digits, "
                                      "underscores and points; --label and --text take any text");
 }
 
@@ -234,7 +235,7 @@ Status runNew(Context& context) {
   const Arguments& arguments = context.arguments;
   const Kind& kind = kindNamed(arguments.operands[0]);
   checkOptions(arguments, kind);
-  // There is no default: all of the folder is loaded, and the current one may be anything.
+  // There is no default: everything in the folder is loaded, and the current folder could be any.
   if (!arguments.has("in")) throw Failure(Status::Usage, "new needs --in FOLDER");
   const std::string& name = arguments.operands[1];
   const std::filesystem::path folder = arguments.text("in");

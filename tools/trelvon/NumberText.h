@@ -9,14 +9,14 @@
 
 namespace tool {
 
-/// How a command writes a number. Without anything: the shortest text that reads back to it.
+/// How a command writes a number. By default, the shortest text that reads back to it.
 struct NumberFormat {
   std::optional<int> places;    ///< Decimal places.
   std::optional<int> fraction;  ///< Steps of 1/2^fraction.
-  int mostPlaces = 12;          ///< With a symbol and no other wish, without zeros at the end.
+  int mostPlaces = 12;          ///< With a symbol and no other option, without trailing zeros.
   std::optional<std::string> symbol;  ///< Type id of the symbol to show.
-  bool isTidy = false;                ///< 15 digits, which hide the rounding of the last ones.
-  std::shared_ptr<const Units::ValueDisplay> display = nullptr;  ///< Which then does it all.
+  bool isTidy = false;                ///< 15 digits, to hide rounding errors in the last ones.
+  std::shared_ptr<const Units::ValueDisplay> display = nullptr;  ///< If set, writes everything.
 };
 
 /// The shortest decimal that reads back to the same double: 0.3048, 1e+20, inf, nan.

@@ -8,12 +8,12 @@ namespace tool {
 
 enum class Stream { Out = 1, Error = 2 };
 
-/// What part of a line says, for colors.
+/// The meaning of a part of a line, for colors.
 enum class Tint { Error, Warning, Advice, Mark };
 
 /// Writes all bytes to a file descriptor.
-/// @throws Failure  that is not possible. A pipe that nobody reads ends the program instead, with
-///                  the status that a shell gives it.
+/// @throws Failure  that is not possible. If nobody reads a pipe, the program ends instead, with
+///                  the status that a shell expects.
 void writeAll(int file, std::string_view bytes);
 
 /// A stream of the program, with colors if a terminal shows it.
@@ -23,7 +23,7 @@ class Output {
   Output(Stream stream, const std::string& choice);
 
   void write(std::string_view text);
-  void flush();  ///< Must be called at the end: only here is it certain that all was written.
+  void flush();  ///< Must be called at the end: only this ensures that everything was written.
 
   std::string tinted(std::string_view text, Tint tint) const;
 
@@ -33,8 +33,8 @@ class Output {
   std::string waiting_;
 };
 
-/// Opens something that refuses to be written in place of standard streams that are closed, so that
-/// no other file takes their place.
+/// If standard streams are closed, opens something in their place that cannot be written to, so
+/// that no other file takes their descriptors.
 void occupyStandardStreams();
 
 }  // namespace tool

@@ -8,8 +8,8 @@
 
 namespace tool {
 
-/// A value in a unit, which is the default unit of a quantity, the first that it lists, or one that
-/// was asked for.
+/// A value in a unit: a requested one, or the default unit of a quantity, which is the first that
+/// it lists.
 struct Reading {
   double value;
   Units::Unit unit;
@@ -26,7 +26,7 @@ std::vector<Reading> readingsOf(const Units::UnitsEngine& engine,
                                 const Units::FormulaExplanation& explanation,
                                 const VariableResolver& variables);
 
-/// Writes the first value, and the names of the other quantities; all of them as JSON.
+/// Writes the first value and the names of the other quantities; as JSON, writes all values.
 void writeReadings(Context& context, const std::vector<Reading>& readings,
                    const NumberFormat& format);
 

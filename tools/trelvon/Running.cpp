@@ -35,8 +35,8 @@ Status runAndTell(const std::function<Status()>& action,
   } catch (const Failure& failure) {
     return told(failure);
   } catch (const std::bad_alloc&) {
-    return told({Status::Files, "there is not enough memory"});
-  } catch (const std::exception& error) {  // what the engine refuses
+    return told({Status::Files, "out of memory"});
+  } catch (const std::exception& error) {  // a refusal of the engine
     return told({Status::Findings, shown(error.what())});
   }
 }

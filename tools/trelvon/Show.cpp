@@ -72,8 +72,9 @@ std::vector<Field> fieldsOf(const std::string& typeId, const Described& describe
   return fields;
 }
 
-/// Calls a function for a definition and all that it depends on, parents after their child, with
-/// the depth, the power, and whether the parents were shown before and are left out.
+/// Calls a function for a definition and everything that it depends on, parents after their child.
+/// It gets the depth, the power, and whether the definition is new; if not, its parents are
+/// skipped.
 template <class Action>
 void walk(const Units::UnitsEngine& engine, const std::string& typeId, Action action) {
   struct Waiting {

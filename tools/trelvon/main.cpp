@@ -1,4 +1,4 @@
-/// The program `trelvon`: reads the command line, runs a command, and tells the shell how it ended.
+/// The program `trelvon`: reads the command line, runs a command, and returns its exit status.
 #include "tools/trelvon/Commands.h"
 #include "tools/trelvon/Context.h"
 #include "tools/trelvon/Output.h"
@@ -39,7 +39,7 @@ Status run(const std::vector<std::string>& words, Output& out, Output& errors) {
     return runArguments(*context);
   };
   return runAndTell(action, [&](const Failure& failure) {
-    // Where standard output is a table, no object may end it.
+    // If standard output is a table, no JSON object may follow it.
     tellFailure(failure, command == words.end() ? "trelvon: " : "trelvon " + *command + ": ",
                 has("--json"), has("--column") ? errors : out, errors);
   });
@@ -49,7 +49,7 @@ Status run(const std::vector<std::string>& words, Output& out, Output& errors) {
 
 int main(int count, char** values) {
   occupyStandardStreams();
-  std::signal(SIGXFSZ, SIG_IGN);  // writing fails instead, and that is told
+  std::signal(SIGXFSZ, SIG_IGN);  // writing fails instead, and that is reported
   const std::vector<std::string> words(values + std::min(count, 1), values + count);
   Output out(Stream::Out, colorChoice(words)), errors(Stream::Error, colorChoice(words));
   Status status = run(words, out, errors);

@@ -7,11 +7,11 @@
 >>> units.evaluate("2 ft + w", "m", w="3 in")
 0.6858
 
-The package holds the library and its catalogue of a thousand units. See docs/python.md.
+The package contains the library and its catalog of a thousand units. See docs/python.md.
 
 Threads: any number of threads may use one engine. Calls run one at a time, under Python's global
-lock; only arrays are converted beside each other. Processes: a child of `fork` has all engines of its
-parent, whole, and they are independent from then on.
+lock; only conversions of arrays run in parallel. Processes: a child of `fork` has complete copies of
+all engines of its parent, which are independent from then on.
 """
 from ._by_id import ById
 from ._engine import Engine, Unit, Units

@@ -1,4 +1,4 @@
-"""Checks arguments and makes what C takes of them. Nothing reaches C unchecked."""
+"""Checks arguments and turns them into what C takes. Nothing reaches C unchecked."""
 from __future__ import annotations
 
 import operator
@@ -24,7 +24,7 @@ def encoded(text, what):
     try:
         return text.encode("utf-8", "surrogateescape")
     except UnicodeEncodeError:
-        raise ArgumentError(f"{what} is no text: {text!r} has half a surrogate pair") from None
+        raise ArgumentError(f"{what} is not a valid text: {text!r} has half a surrogate pair") from None
 
 
 def text(value, what):
@@ -38,7 +38,7 @@ def optional_text(value, what):
 
 
 def several(values, what, of):
-    """A list of them. One text is not taken for its letters."""
+    """A list of them. A single text is not treated as a list of its letters."""
     try:
         if not isinstance(values, (str, bytes, bytearray)):
             return list(values)
@@ -53,7 +53,7 @@ def read_json(text):
 
 
 def json_of(value, what):
-    """A text of JSON as it is, and a mapping as such a text."""
+    """A JSON text as it is, or a mapping as a JSON text."""
     if isinstance(value, (str, bytes)):
         return text(value, what)
     import json
@@ -85,7 +85,7 @@ def path(value, what):
 
 
 def number(value, what):
-    """A double. Texts are no numbers: `evaluate` reads them."""
+    """A double. Texts are not numbers: `evaluate` reads them."""
     if type(value) is float:
         return value
     kind = type(value)
@@ -94,7 +94,7 @@ def number(value, what):
     try:
         return float(value)
     except (TypeError, ValueError, OverflowError) as error:
-        raise ArgumentError(f"{what} is no double: {error}") from None
+        raise ArgumentError(f"{what} is not a double: {error}") from None
 
 
 def whole(value, what, least, most):
@@ -108,7 +108,7 @@ def whole(value, what, least, most):
 
 
 def digits(value, what):
-    """C takes an unsigned int; beyond a byte, all are equally too many."""
+    """C takes an unsigned int. All counts beyond a byte are equally too large."""
     return min(whole(value, what, 0, 2**63), 255)
 
 
@@ -127,7 +127,7 @@ def written(function, *arguments):
 
 
 def flag(function, *arguments):
-    """The yes or no that a function gives."""
+    """The Boolean result of a function."""
     result = c_int()
     call(function, *arguments, byref(result))
     return bool(result.value)

@@ -1,4 +1,4 @@
-"""Doubles in buffers of others: where they lie, without a copy and without NumPy."""
+"""Doubles in other objects' buffers, in place, without a copy and without NumPy."""
 from __future__ import annotations
 
 import ctypes
@@ -20,7 +20,7 @@ _NAMES = {"f": "float", "e": "half", "g": "long double", "?": "bool", "O": "obje
 
 
 class _View(ctypes.Structure):
-    """Py_buffer, which has been the same in all versions."""
+    """Py_buffer, which is the same in all versions of Python."""
     _fields_ = [("buf", c_void_p), ("obj", py_object), ("len", c_ssize_t),
                 ("itemsize", c_ssize_t), ("readonly", c_int), ("ndim", c_int),
                 ("format", c_char_p), ("shape", POINTER(c_ssize_t)),
@@ -36,9 +36,9 @@ _release.restype = None
 
 
 class Doubles:
-    """A view of doubles, which their owner neither moves nor frees until the end of a `with`.
+    """A view of doubles that their owner neither moves nor frees until the end of a `with`.
 
-    An exception keeps what its frames have, so the view is not given back by `__del__` alone.
+    An exception keeps the objects of its frames alive, so `__del__` alone would not release the view.
     """
 
     def __init__(self, owner, what, writable=False):
@@ -86,14 +86,14 @@ class Doubles:
         return count
 
     def bounds(self):
-        """The first byte and the one behind the last."""
+        """The first byte and the one after the last."""
         ends = [(size - 1) * stride for size, stride in zip(self.shape, self.strides)]
         return (self.address + sum(end for end in ends if end < 0),
                 self.address + sum(end for end in ends if end > 0) + _SIZE)
 
 
 def _gapless(shape):
-    """The strides of an array without gaps, which arrays of ctypes do not tell."""
+    """The strides of an array without gaps, which ctypes arrays do not report."""
     strides, step = [], _SIZE
     for size in reversed(shape):
         strides.insert(0, step)
@@ -102,7 +102,7 @@ def _gapless(shape):
 
 
 def new_like(doubles):
-    """An array of as many doubles; with its shape, if it has more than one dimension and any."""
+    """An array of as many doubles, with the same shape if there is more than one dimension."""
     result = array("d", bytes(_SIZE * doubles.count))
     if len(doubles.shape) == 1 or not result:
         return result
@@ -110,7 +110,7 @@ def new_like(doubles):
 
 
 def _may_share(source, target):
-    """Whether an element of one may be another element of the other."""
+    """Whether an element of one may overlap a different element of the other."""
     (low, high), (begin, end) = source.bounds(), target.bounds()
     if high <= begin or end <= low:
         return False
@@ -120,7 +120,7 @@ def _may_share(source, target):
 
 
 def _steps_differ(source, distance):
-    """Whether arrays with the same strides lie in each other's gaps, such as columns of a table."""
+    """Whether arrays with the same strides are in each other's gaps, like columns of a table."""
     rest, reach = {distance}, None
     for size, stride in sorted(zip(source.shape, map(abs, source.strides)), key=lambda s: -s[1]):
         if size > 1 and (stride == 0 or reach is not None and size * stride > reach):
@@ -132,7 +132,7 @@ def _steps_differ(source, distance):
 
 
 def _dimensions(source, target):
-    """Sizes with the strides of both, longest last; those that follow each other become one."""
+    """Sizes with the strides of both, longest last; contiguous dimensions are merged."""
     sizes = [list(each) for each in zip(source.shape, source.strides, target.strides)
              if each[0] != 1]
     merged = []
@@ -146,7 +146,7 @@ def _dimensions(source, target):
 
 
 def _direction(dimension):
-    """1 or -1 if C can go through it at once: its strides have no sign."""
+    """1 or -1 if one call of C can do it: strides in C have no sign."""
     _, step, step_to = dimension
     return 0 if step_to == 0 or step * step_to < 0 else -1 if step < 0 or step_to < 0 else 1
 

@@ -1,4 +1,4 @@
-"""The operations of an engine as all languages have them: by type ids, with the same messages."""
+"""The operations of an engine, the same in all languages: by type id, with the same messages."""
 from __future__ import annotations
 
 from ctypes import byref, c_double, c_void_p
@@ -34,7 +34,7 @@ def _kind(kind):
 
 
 def _variables(names):
-    """Names of variables and their number; null asks for the library's own list."""
+    """Names of variables and their number; null means the library's own list."""
     if names is None:
         return None, 0
     array = texts(names, "variable_names")
@@ -42,10 +42,10 @@ def _variables(names):
 
 
 class ById:
-    """What an engine does, with type ids such as "trelvon.unit:foot-1.0.0".
+    """The operations of an engine, with type ids such as "trelvon.unit:foot-1.0.0".
 
-    Get it from `Engine.by_id`. Its methods do what their namesakes in C++ do, with the same bits and
-    messages. It takes no names, which is what programs want that write type ids.
+    Get it from `Engine.by_id`. Its methods do what the methods of the same name in C++ do, with the
+    same bits and messages. They do not accept other names, which suits programs that use type ids.
 
     >>> from trelvonunits import Engine
     >>> Engine().by_id.convert(6, "trelvon.unit:foot-1.0.0", "trelvon.unit:meter-1.0.0")
@@ -135,7 +135,7 @@ class ById:
     # Definitions
 
     def add_definition(self, schema: str) -> List[str]:
-        """Returns the type ids that it refers to and that are not there yet."""
+        """Returns the type ids that it refers to but that do not exist yet."""
         return listed("text", Functions.add_definition, self._engine, text(schema, "schema"))
 
     def build_schemas(self) -> None:
@@ -181,7 +181,7 @@ class ById:
     def load_texts(self, named: Mapping[str, str], *, lint: bool = True, leave_out: bool = False,
                    keep_going: bool = True,
                    variable_names: Optional[Sequence[str]] = None) -> Report:
-        """`named`: schema texts by the names that stand for their files."""
+        """`named`: schema texts by the names that the report shows for them."""
         named = mapping(named, "named")
         names, schemas = texts(named, "names"), texts(named.values(), "schemas")
         return self._reported(Functions.load_texts_for, *_variables(variable_names), names, schemas,

@@ -1,4 +1,4 @@
-"""An engine that is used by names."""
+"""An engine that takes names of units."""
 from __future__ import annotations
 
 import ctypes
@@ -20,21 +20,21 @@ from .records import UnitRecord
 
 _BUNDLE = os.path.join(FOLDER, "catalog.bundle")
 _convert_named = Functions.convert_named
-# Of arguments that are not as they usually are, or of another thread that has taken the last slot.
+# Unusual arguments, or another thread has taken the last slot.
 _UNCHECKED = (AttributeError, IndexError, TypeError, ValueError, ctypes.ArgumentError)
 
 
 def _make_slot():
-    """What one conversion needs of C. Calls take turns with a few of them."""
+    """The memory that one conversion needs in C. Calls share a few of these slots."""
     result = c_double()
     return Text(), Text(), result, byref(result)
 
 
 class Engine:
-    """Units and symbols, and all that converts, evaluates and formats with them.
+    """Units and symbols, and the functions that convert, evaluate and format with them.
 
-    It has the catalogue that comes with the package. Units are told by what people call them: by
-    local id, name, symbol, code or type id. What names no unit, or several, raises `UnknownUnit` or
+    It has the catalog that comes with the package. You can name units as people do: by local id,
+    name, symbol, code or type id. A text that names no unit, or several, raises `UnknownUnit` or
     `AmbiguousUnit` with candidates.
 
     >>> units = Engine()
@@ -46,7 +46,7 @@ class Engine:
     '5\\' 6 3/8"'
     >>> units.convert(1, "fot", "m")
     Traceback (most recent call last):
-    trelvonunits.errors.UnknownUnit: 'fot' names no unit. Did you mean 'foot'?
+    trelvonunits.errors.UnknownUnit: 'fot' does not name a unit. Did you mean 'foot'?
 
     `Engine(folders=["my/schemas"])` loads these folders instead, in this order.
     """
@@ -80,12 +80,12 @@ class Engine:
         return engine
 
     def __reduce__(self) -> Any:
-        raise errors.ArgumentError("an engine is not pickled: make one where it is used")
+        raise errors.ArgumentError("an engine cannot be pickled: make one where it is used")
 
     # Names
 
     def _forget_names(self) -> None:
-        """Names are learned when they are first asked for, and again after definitions were added."""
+        """Names are collected when they are first needed, and again after definitions were added."""
         self._definitions = object()  # tells what was there before from what is there now
         self._known: Optional[Names] = None
         self._known_codes: Optional[Names] = None
@@ -93,9 +93,9 @@ class Engine:
         self._known_quantities: Optional[_Index] = None
 
     def _learned(self, attribute, learn):
-        """Kept until definitions are added, also if another thread adds some while it is learned.
+        """Kept until definitions are added, even if another thread adds some while this is made.
 
-        There is no lock, which a child of `fork` may find locked.
+        There is no lock, since a child of `fork` might find it locked.
         """
         known = getattr(self, attribute)
         if known is None:
@@ -136,7 +136,7 @@ class Engine:
         return index.only(name)
 
     def _best(self, best, least):
-        """The units to choose from, as JSON has them: a quantity, or a list of symbols."""
+        """The units to choose from, in the form of the JSON: a quantity, or a list of symbols."""
         if isinstance(best, (str, bytes)):
             units = {"quantity": self._quantity_id(best)}
         else:
@@ -182,14 +182,14 @@ class Engine:
         return self._convert_otherwise(value, from_unit, to_unit, out)
 
     def _convert_otherwise(self, value, from_unit, to_unit, out):
-        """Checks all arguments; also where names are to be learned or are not found."""
+        """Checks all arguments. Also used if names have not been collected yet or are not found."""
         if out is None and is_number(value):
             value = number(value, "value")
             return self.by_id.convert(value, self.id_of(from_unit), self.id_of(to_unit))
         return _buffers.convert(self._conversion(from_unit, to_unit), value, out)
 
     def _conversion(self, from_unit, to_unit):
-        """Worked out by one call where the names are known. Type ids are asked for otherwise."""
+        """Worked out by one call if the names are known; otherwise, type ids are looked up first."""
         source, target = text(from_unit, "a unit"), text(to_unit, "a unit")
         names, pointer = self._names(), c_void_p()
         if Functions.conversion_create_named(self._pointer, names.pointer, source, target,
@@ -231,8 +231,8 @@ class Engine:
         """Shows and reads values as people write them, as docs/display.md describes it.
 
         - `symbol`: local id, type id or text of a symbol.
-        - `unit`: what values are counted in, if that is not the symbol's unit.
-        - `best`: symbols to choose the best unit from, or a quantity that has the units.
+        - `unit`: the unit of the values, if it is not the symbol's unit.
+        - `best`: symbols to choose the best unit from, or a quantity whose units to choose from.
 
         >>> mm = Engine().display("mm", places=1, groups=True, locale="de", best="length")
         >>> mm(376.275), mm(2500), mm.parse("1.234,5 mm")
@@ -241,7 +241,7 @@ class Engine:
         Options that are stored as JSON go to `by_id.display`.
         """
         if least is not None and best is None:
-            raise errors.ArgumentError("least goes with best")
+            raise errors.ArgumentError("least needs best")
         counts = {"places": places, "denominator": denominator, "significant": significant}
         given = {"unit": None if unit is None else self.id_of(unit),
                  "symbol": None if symbol is None else self._symbol_id(symbol),
@@ -261,7 +261,7 @@ class Engine:
         """Evaluates a formula in a unit; without one, the result is a plain number.
 
         Variables are formulas or numbers, by keyword. A resolver is called with the names of all
-        others, and returns a formula or number. What it raises reaches the caller unchanged.
+        others, and returns a formula or number. Its exceptions reach the caller unchanged.
 
         >>> units = Engine()
         >>> units.evaluate("2 * width", "m", {"width": "1 ft"}.__getitem__)
@@ -276,10 +276,10 @@ class Engine:
 
     def explain(self, formula: str, unit: Optional[str] = None, resolver: Resolver = None, /,
                 **variables: Any) -> Explanation:
-        """Tells how a formula is read, or why it is refused.
+        """Explains how a formula is read, or why it is refused.
 
-        A `ParseError` that the resolver raises is explained. Where there is none, variables that the
-        text of a unit hides are warned of.
+        A `ParseError` that the resolver raises is explained. Without one, there are warnings about
+        variables that the text of a unit hides.
 
         >>> print(Engine().explain("2 ft + 3", "m"), end="")
         2 ft + 3
@@ -292,7 +292,7 @@ class Engine:
         return self.by_id.explain(self.id_of(unit), formula, resolver, variables, resolver is None)
 
     def parameters(self) -> Parameters:
-        """A table of formulas that refer to each other by name, which is empty.
+        """An empty table of formulas that refer to each other by name.
 
         >>> table = Engine().parameters()
         >>> table.update(width="2 m", area="width^2")
@@ -305,10 +305,10 @@ class Engine:
 
     def load(self, *folders: Any, lint: bool = True, leave_out: bool = False,
              keep_going: bool = True, variable_names: Optional[Sequence[str]] = None) -> Report:
-        """Loads folders of schema files, and tells what is wrong in them.
+        """Loads folders of schema files, and reports what is wrong in them.
 
-        After an error nothing is loaded, unless `leave_out` asks for what is left without the
-        faulty files. `keep_going=False` ends with the first error. Symbols that hide one of
+        If there is an error, nothing is loaded, unless `leave_out` asks to load the rest without the
+        faulty files. `keep_going=False` stops at the first error. Symbols that hide one of
         `variable_names` are findings.
         """
         return self.by_id.load_folders(folders, lint=lint, leave_out=leave_out,
@@ -347,11 +347,11 @@ class _Index:
         if found:
             raise errors.AmbiguousUnit(f"{name!r} names more than one {self._what}. Write one of: "
                                        + ", ".join(found), candidates=found)
-        raise errors.UnrecognizedIdentifier(f"{name!r} names no {self._what}.")
+        raise errors.UnrecognizedIdentifier(f"{name!r} does not name a {self._what}.")
 
 
 class Unit(UnitRecord):
-    """A unit of an engine. Its fields are those of its record, as which it is pickled."""
+    """A unit of an engine. Its fields are those of its record. It is pickled as its record."""
 
     _engine: Engine
 
@@ -366,7 +366,7 @@ class Unit(UnitRecord):
 
     @property
     def exact(self) -> Optional[str]:
-        """The exact size in primitive units, where the catalogue has it, such as "381/1250"."""
+        """The exact size in primitive units, if the catalog has it, such as "381/1250"."""
         return _exact_sizes().get(self.type_id) if self._engine.by_id.is_of_catalogue else None
 
     @property
@@ -400,7 +400,7 @@ _exact: Dict[str, str] = {}
 
 
 def _exact_sizes() -> Dict[str, str]:
-    """What the definitions of the catalogue note beside their doubles."""
+    """The exact sizes that the catalog's definitions give in addition to their doubles."""
     global _exact
     if not _exact:
         import json

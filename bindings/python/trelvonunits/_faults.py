@@ -1,4 +1,4 @@
-"""From statuses to exceptions and back."""
+"""Converts statuses to exceptions and back."""
 from __future__ import annotations
 
 from ctypes import byref, c_size_t, c_void_p, string_at
@@ -14,12 +14,12 @@ CLASSES = {UNRECOGNIZED: errors.UnrecognizedIdentifier, VALIDATION: errors.Valid
 
 
 def status_of(exception):
-    """The status by which a resolver refuses with this exception."""
+    """The status that a resolver returns for this exception."""
     return next((status for status, kind in CLASSES.items() if isinstance(exception, kind)), CALLBACK)
 
 
 def shown(given):
-    """What the library says. Bytes that are no UTF-8 come as lone surrogates."""
+    """A text of the library. Bytes that are not UTF-8 become lone surrogates."""
     return string_at(given.data, given.size).decode("utf-8", "surrogateescape") if given.size else ""
 
 
@@ -31,12 +31,12 @@ def byte_span(error):
 
 
 def span_in(formula, span):
-    """Bytes of a formula as characters of it."""
+    """A range of bytes of a formula, as a range of its characters."""
     return tuple(len(formula[:place].decode("utf-8", "surrogateescape")) for place in span)
 
 
 def exception_of(status, error, formula=b""):
-    """Makes an exception of an error, and frees that."""
+    """Makes an exception from an error, and frees the error."""
     message, span = shown(Functions.error_message(error)), byte_span(error)
     Functions.error_free(error)
     if status == MEMORY:
@@ -53,7 +53,7 @@ def place(exception, span, formula):
 
 
 def call(function, *arguments):
-    """Calls a function that takes an error; raises it."""
+    """Calls a function that may set an error, and raises that."""
     error = c_void_p()
     status = function(*arguments, byref(error))
     if status:
@@ -61,7 +61,7 @@ def call(function, *arguments):
 
 
 def made(function, *arguments):
-    """Calls one that makes an object, and returns that."""
+    """Calls a function that makes an object, and returns the object."""
     result = c_void_p()
     call(function, *arguments, byref(result))
     return result

@@ -1,4 +1,4 @@
-"""The C interface as ctypes sees it. Whoever calls these functions has checked the arguments.
+"""The C interface as ctypes sees it. The callers of these functions check the arguments.
 
 They run while Python's global lock is held (`PyDLL`), so that no thread changes an engine that another
 one reads. Only arrays are converted without it: a prepared conversion never changes.
@@ -19,12 +19,12 @@ _FILES = {"darwin": "libTrelvonUnits.dylib", "win32": "TrelvonUnits.dll"}
 
 
 class Text(ctypes.Structure):
-    """A text that is passed; it keeps its bytes alive."""
+    """A text that is passed to C. It keeps its bytes alive."""
     _fields_ = [("data", c_char_p), ("size", c_size_t)]
 
 
 class GivenText(ctypes.Structure):
-    """A text that the library has, which may hold NUL."""
+    """A text of the library, which may contain NUL."""
     _fields_ = [("data", c_void_p), ("size", c_size_t)]
 
 
@@ -66,7 +66,7 @@ class Name(ctypes.Structure):
     _fields_ = [("text", GivenText), ("unit", GivenText), ("kind", c_int), ("is_exact", c_int)]
 
 
-# Answers what replaces an identifier. The context is a Python object.
+# Returns the text that replaces an identifier. The context is a Python object.
 Resolver = ctypes.PYFUNCTYPE(c_int, py_object, GivenText, c_void_p)
 
 _P = c_void_p  # an object of the library, or where a result goes
@@ -74,7 +74,7 @@ _RESULT = (_P, _P)  # a result and an error
 _BUFFER = (_P, _P, _P)  # bytes, their number, and an error
 _RESOLVER = (Resolver, py_object, *_RESULT)
 
-# What functions take. All of these return a status.
+# The arguments of functions. All of these functions return a status.
 _STATUSES = {
     "engine_create": _RESULT,
     "convert": (_P, c_double, Text, Text, *_RESULT),

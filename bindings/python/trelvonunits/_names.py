@@ -15,13 +15,13 @@ _MOST = 2**31
 
 
 def catalogue_codes() -> str:
-    """The mapping of the catalogue's units to codes of other systems."""
+    """The mapping of the catalog's units to codes of other systems."""
     with open(os.path.join(FOLDER, "catalog.codes.json"), encoding="utf-8") as file:
         return file.read()
 
 
 class Names:
-    """The names that an engine's units had when this was made.
+    """The names that an engine's units had when this object was made.
 
     >>> from trelvonunits import Engine
     >>> names = Engine().names()
@@ -38,11 +38,11 @@ class Names:
         self.pointer = self._owned.pointer
 
     def find(self, name: str) -> List[Name]:
-        """All units that a text names, in order of reasons."""
+        """All units that a text names, best matches first."""
         return listed("name", Functions.names_find, self.pointer, text(name, "name"))
 
     def find_best(self, name: str) -> List[Name]:
-        """Those that it names for the best reason: one, if there is no doubt."""
+        """Only the best matches: a single one if the text is unambiguous."""
         return listed("name", Functions.names_find_best, self.pointer, text(name, "name"))
 
     def find_code(self, system: str, code: str) -> List[Name]:
@@ -51,7 +51,7 @@ class Names:
                       text(code, "code"))
 
     def suggest(self, name: str, count: int = 3) -> List[Name]:
-        """Units whose names are near to a text."""
+        """Units with names similar to a text."""
         return listed("name", Functions.names_suggest, self.pointer, text(name, "name"),
                       whole(count, "count", 0, _MOST))
 
@@ -65,11 +65,11 @@ class Names:
         return listed("name", Functions.names_of, self.pointer, text(type_id, "type_id"))
 
     def why_not(self, name: str) -> str:
-        """Says why `find` finds nothing."""
+        """Explains why `find` finds nothing."""
         return written(Functions.names_why_not, self.pointer, text(name, "name"))
 
     def unambiguous(self, type_id: str) -> str:
-        """A text by which `find_best` finds this unit alone."""
+        """A text for which `find_best` finds only this unit."""
         return written(Functions.names_unambiguous, self.pointer, text(type_id, "type_id"))
 
     def systems(self) -> List[str]:
@@ -77,7 +77,7 @@ class Names:
         return listed("text", Functions.names_systems, self.pointer)
 
     def codes(self, type_id: str, system: str) -> List[str]:
-        """The codes of a unit in a system, the one for writing first."""
+        """The codes of a unit in a system, the one to write first."""
         return listed("text", Functions.names_codes, self.pointer, text(type_id, "type_id"),
                       text(system, "system"))
 
@@ -100,7 +100,7 @@ class Names:
         hint = f" Did you mean {' or '.join(map(repr, candidates))}?" if candidates else ""
         if not hint and ":" in str(name):
             hint = " " + self.why_not(name)
-        return UnknownUnit(f"{name!r} names no unit.{hint}", candidates=candidates)
+        return UnknownUnit(f"{name!r} does not name a unit.{hint}", candidates=candidates)
 
 
 def local_id(type_id: str) -> str:

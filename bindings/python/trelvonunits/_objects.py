@@ -1,4 +1,4 @@
-"""What the library makes and Python frees."""
+"""Objects that the library makes and Python frees."""
 from __future__ import annotations
 
 from ctypes import c_void_p
@@ -11,7 +11,7 @@ from .errors import ArgumentError, Span
 
 
 class Owned:
-    """An object of the library. It is freed with the Python object that has it."""
+    """An object of the library. It is freed with the Python object that owns it."""
 
     __slots__ = ("pointer", "_free")
 
@@ -23,12 +23,12 @@ class Owned:
         self._free(self.pointer)
 
     def __reduce__(self) -> Any:
-        raise ArgumentError("what the library holds is neither copied nor pickled: make it where it is "
-                            "used")
+        raise ArgumentError("this object of the library can be neither copied nor pickled: make it "
+                            "where it is used")
 
 
 class Explanation:
-    """How a formula was read, and what came of it.
+    """How a formula was read, and the result.
 
     >>> from trelvonunits import Engine
     >>> units = Engine()
@@ -59,7 +59,7 @@ class Explanation:
 
     @property
     def data(self) -> Dict[str, Any]:
-        """The same, as Python reads it."""
+        """The same, as Python objects."""
         return read_json(self.json)
 
     @property
@@ -74,7 +74,7 @@ class Explanation:
 
     @property
     def sentence(self) -> str:
-        """Says what is wrong; empty if nothing is."""
+        """Tells what is wrong; empty if nothing is."""
         return self.data.get("sentence", "")
 
     @property
@@ -84,7 +84,7 @@ class Explanation:
 
     @property
     def warnings(self) -> List[str]:
-        """What may surprise."""
+        """Sentences about what may surprise you."""
         return [warning["sentence"] for warning in self.data["warnings"]]
 
     @property
@@ -98,9 +98,9 @@ class Explanation:
 
 
 class Report:
-    """What was found in definitions that were loaded.
+    """What was found when definitions were loaded.
 
-    After errors nothing was loaded, unless `leave_out` was asked for.
+    If there were errors, nothing was loaded, unless `leave_out` was set.
     """
 
     def __init__(self, pointer: c_void_p) -> None:
@@ -112,7 +112,7 @@ class Report:
         return f"<Report: {self.errors} errors, {self.warnings} warnings>"
 
     def __str__(self) -> str:
-        """A line for each finding, as compilers write."""
+        """A line for each finding, in the style of compilers."""
         return written(Functions.load_report_text, self._owned.pointer)
 
     @property

@@ -14,7 +14,7 @@ from .errors import ArgumentError, VersionError
 
 
 def catalogue_version() -> str:
-    """What tells the definitions of this package from those of another version."""
+    """Identifies the definitions of this package: differs for those of another version."""
     import hashlib  # late, as it takes long
     with open(os.path.join(FOLDER, "catalog.bundle"), "rb") as file:
         return hashlib.sha256(file.read()).hexdigest()[:16]
@@ -42,12 +42,12 @@ class Conversion:
 
     @property
     def from_unit(self) -> str:
-        """Type id of the unit of what goes in."""
+        """Type id of the unit that is converted from."""
         return self._from
 
     @property
     def to_unit(self) -> str:
-        """Type id of the unit of what comes out."""
+        """Type id of the unit that is converted to."""
         return self._to
 
     def __repr__(self) -> str:
@@ -68,11 +68,11 @@ class Conversion:
         return _buffers.convert(self._owned, values, out)
 
     def __reduce__(self) -> Tuple[Callable[..., Any], Tuple[str, str, str]]:
-        """Pickles the type ids, and the version of the catalogue that defines both units."""
-        # An engine with the catalogue may have other units, too.
+        """Pickles the type ids, and the version of the catalog that defines both units."""
+        # An engine with the catalog may have other units, too.
         if not self._is_of_catalogue or not all(
                 engine_of_process().by_id.is_registered(unit) for unit in (self._from, self._to)):
-            raise ArgumentError("only conversions of the catalogue are pickled: make one of other "
+            raise ArgumentError("only conversions of the catalog can be pickled: make one of other "
                                 "definitions where it is used")
         return _unpickled, (self._from, self._to, catalogue_version())
 
@@ -91,7 +91,7 @@ _engine: Any = None
 
 
 def engine_of_process() -> Any:
-    """The engine of this process for what is unpickled in it, with the catalogue alone."""
+    """The engine for objects that are unpickled in this process, with only the catalog."""
     global _engine
     if _engine is None:
         from ._engine import Engine
@@ -100,9 +100,9 @@ def engine_of_process() -> Any:
 
 
 def engine_of_version(version: str, what: str) -> Any:
-    """The same, if its catalogue has this version."""
+    """The same, if its catalog has this version."""
     if version != catalogue_version():
-        raise VersionError(f"{what} was pickled with version {version} of the catalogue; this is "
+        raise VersionError(f"{what} was pickled with version {version} of the catalog; this is "
                            f"{catalogue_version()}: install the same version of trelvonunits in all "
                            "processes")
     return engine_of_process()

@@ -20,9 +20,9 @@ class Piece(NamedTuple):
 
 
 class Reading(NamedTuple):
-    """What a text is to a display: a value, or a refusal.
+    """How a display reads a text: as a value, or with a refusal.
 
-    After a refusal, `value` is None, `span` tells which characters are refused, `sentence` says why,
+    After a refusal, `value` is None, `span` tells which characters are refused, `sentence` explains why,
     and `readings` has the two numbers that may be meant, if there are two.
     """
     value: Optional[float]
@@ -33,7 +33,7 @@ class Reading(NamedTuple):
 
 
 class Display:
-    """Shows values of a unit as people write them, and reads such texts. docs/display.md tells how.
+    """Shows values of a unit as people write them, and reads such texts. See docs/display.md.
 
     `Engine.display` makes one. It never changes and does not refer to the engine.
 
@@ -62,7 +62,7 @@ class Display:
     __call__ = show
 
     def parse(self, text: str) -> float:
-        """The value of a text. Raises `ParseError`, with a span, where `read` has a refusal."""
+        """The value of a text. Raises `ParseError`, with a span, if `read` has a refusal."""
         data = encoded(text, "text")
         value, error = c_double(), c_void_p()
         status = Functions.display_read(self._owned.pointer, Text(data, len(data)), byref(value),
@@ -72,7 +72,7 @@ class Display:
         return value.value
 
     def read(self, text: str) -> Reading:
-        """Tells how a text is read, or why it is refused."""
+        """Explains how a text is read, or why it is refused."""
         data = encoded(text, "text")
         told = read_json(self.read_json(text))
 
@@ -94,12 +94,12 @@ class Display:
 
     @property
     def options(self) -> Dict[str, Any]:
-        """The same, as Python reads it."""
+        """The same, as Python objects."""
         return read_json(self.json)
 
     @property
     def unit(self) -> Optional[str]:
-        """Type id of the unit in which values are counted, if any."""
+        """Type id of the unit of the values, if any."""
         return written(Functions.display_unit, self._owned.pointer) or None
 
     @staticmethod
@@ -108,10 +108,10 @@ class Display:
         return listed("text", Functions.display_locales)
 
     def __reduce__(self) -> Tuple[Callable[..., Any], Tuple[str, str]]:
-        """Pickled are the options and the version of the catalogue that they are of."""
+        """Pickles the options and the version of the catalog."""
         if not self._is_of_catalogue_alone:
-            # Among more definitions, the symbol or the best units may be other ones.
-            raise ArgumentError("only displays of the catalogue alone are pickled: make one of other "
+            # With more definitions, the symbol or the best units may be different.
+            raise ArgumentError("only displays of the catalog alone can be pickled: make one of other "
                                 "definitions where it is used")
         return _unpickled, (self.json, catalogue_version())
 

@@ -1,4 +1,4 @@
-"""Why a call failed. All classes derive from `Error`, and each is a `ValueError` or a `KeyError`, too."""
+"""Why a call failed. All classes derive from `Error`, and each is also a `ValueError` or a `KeyError`."""
 from __future__ import annotations
 
 from typing import Any, Optional, Tuple
@@ -9,7 +9,7 @@ Span = Tuple[int, int]
 class Error(Exception):
     """A call failed.
 
-    `message` is the library's, to the letter. If a formula was refused, `span` tells which part of it:
+    `message` is exactly the library's. If a formula was refused, `span` tells which part of it:
     `formula[slice(*error.span)]`. `byte_span` counts bytes of UTF-8 instead.
     """
 
@@ -32,7 +32,7 @@ class UnrecognizedIdentifier(Error, KeyError):
 
 
 class UnknownUnit(UnrecognizedIdentifier):
-    """A text names no unit. `candidates` are names that are near."""
+    """A text names no unit. `candidates` are similar names."""
 
 
 class AmbiguousUnit(UnrecognizedIdentifier):
@@ -53,11 +53,11 @@ class LoadError(ValidationError):
 
 
 class IncompatibleUnits(Error, ValueError):
-    """The units do not convert into each other."""
+    """The units do not convert to each other."""
 
 
 class PrecisionError(Error, ValueError):
-    """More decimal places or halvings were asked for than there are."""
+    """More decimal places or finer fractions were requested than are supported."""
 
 
 class ParseError(Error, ValueError):
@@ -73,11 +73,11 @@ class ArgumentError(Error, TypeError, ValueError):
 
 
 class VersionError(Error, ValueError):
-    """A pickled conversion is of another catalogue."""
+    """A pickled object belongs to another version of the catalog."""
 
 
 class CallbackError(Error, ValueError):
-    """A resolver failed. Raised only by resolvers: what they raise arrives unchanged."""
+    """A resolver failed. Raised only by resolvers: their exceptions are passed on unchanged."""
 
 
 class OtherError(Error, ValueError):

@@ -5,7 +5,8 @@
 >>> widths.units.convert("ft", "m").tolist()
 [3.048, nan, 9.144]
 
-Missing values stay missing. `convert_columns` is for Dask, whose workers import this module by it.
+Missing values stay missing. `convert_columns` is for Dask: it makes the workers import
+this module.
 """
 from __future__ import annotations
 
@@ -19,18 +20,18 @@ from .errors import ArgumentError
 
 
 def _doubles(column: Any) -> Any:
-    """The numbers of a column as doubles, missing ones as NaN; without a copy where they are."""
+    """The numbers of a column as doubles, missing ones as NaN. Doubles are not copied."""
     kind = getattr(column.dtype, "kind", "O")
     if kind not in "fiu":
-        raise ArgumentError(f"the column {column.name!r} holds {column.dtype}, which is no number. "
-                            "Write column.astype(float)")
+        raise ArgumentError(f"the column {column.name!r} holds {column.dtype}, which is not a "
+                            "number. Write column.astype(float)")
     if isinstance(column.dtype, numpy.dtype):
         return column.to_numpy(dtype="float64")
     return column.to_numpy(dtype="float64", na_value=numpy.nan)
 
 
 def _like(values: Any, column: Any) -> Any:
-    """A column of these values; with missing ones as the other column tells them."""
+    """A column of these values, with missing ones represented as in the other column."""
     if not isinstance(column.dtype, numpy.dtype):
         values = pandas.arrays.FloatingArray(values, column.isna().to_numpy())
     return pandas.Series(values, index=column.index, name=column.name, copy=False)
@@ -38,7 +39,7 @@ def _like(values: Any, column: Any) -> Any:
 
 @pandas.api.extensions.register_series_accessor("units")
 class Units:
-    """What `.units` of a column is."""
+    """The class of `.units` of a column."""
 
     def __init__(self, column: Any) -> None:
         self._column = column
@@ -49,7 +50,7 @@ class Units:
         return _like(conversion(values, out=numpy.empty(values.shape)), self._column)
 
     def convert(self, from_unit: str, to_unit: str, engine: Optional[Any] = None) -> Any:
-        """Converts between units, of the catalogue or of an engine."""
+        """Converts between units of the catalog or of an engine."""
         return self.apply((engine or engine_of_process()).prepare(from_unit, to_unit))
 
 

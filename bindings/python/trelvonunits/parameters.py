@@ -13,9 +13,9 @@ from .records import listed
 
 
 class Parameters(MutableMapping[str, str]):
-    """A table of parameters, as a drawing has them. docs/parameters.md tells its rules.
+    """A table of parameters, such as those of a drawing. See docs/parameters.md for its rules.
 
-    `Engine.parameters` makes one, which is empty. It is a mapping from names to formulas.
+    `Engine.parameters` makes an empty one. It is a mapping from names to formulas.
 
     >>> from trelvonunits import Engine
     >>> table = Engine().parameters()
@@ -46,7 +46,7 @@ class Parameters(MutableMapping[str, str]):
         """Defines a parameter, or replaces its formula and its unit.
 
         - `formula`: a text or a number.
-        - `unit`: what the value is counted in. Without it, the formula decides.
+        - `unit`: the unit of the value. Without it, the formula decides.
         """
         self._set(name, formula, self._id(unit))
 
@@ -56,11 +56,11 @@ class Parameters(MutableMapping[str, str]):
              optional_text(type_id, "unit"))
 
     def __setitem__(self, name: str, formula: Any) -> None:
-        """Defines a parameter, or replaces its formula: one that has a unit keeps it."""
+        """Defines a parameter, or replaces its formula and keeps its unit."""
         self._set(name, formula, self.unit(name) if name in self else None)
 
     def rename(self, name: str, new_name: str) -> None:
-        """Gives a parameter another name, also in the formulas that refer to it."""
+        """Renames a parameter, also in the formulas that refer to it."""
         call(Functions.parameters_rename, self._pointer, text(name, "name"),
              text(new_name, "new_name"))
 
@@ -70,20 +70,20 @@ class Parameters(MutableMapping[str, str]):
     __delitem__ = remove
 
     def reevaluate(self) -> None:
-        """Reads all formulas anew, with the definitions that the engine has now."""
+        """Reads all formulas again, with the definitions that the engine has now."""
         call(Functions.parameters_reevaluate, self._pointer)
 
     # Values
 
     def value(self, name: str, unit: Optional[str] = None) -> float:
-        """The value in a unit, in the parameter's own one, or else as a plain number."""
+        """The value in a unit, in the parameter's own unit, or else as a plain number."""
         result = c_double()
         call(Functions.parameters_value, self._pointer, text(name, "name"),
              optional_text(self._id(unit), "unit"), byref(result))
         return result.value
 
     def evaluate(self) -> int:
-        """Evaluates what is due, and returns how many formulas that were."""
+        """Evaluates all formulas that need it, and returns their number."""
         count = c_size_t()
         call(Functions.parameters_evaluate, self._pointer, byref(count))
         return count.value
@@ -93,7 +93,7 @@ class Parameters(MutableMapping[str, str]):
         return listed("text", Functions.parameters_problems, self._pointer)
 
     def explain(self, name: str) -> str:
-        """How a parameter was evaluated, and all that it depends on, for people."""
+        """How a parameter and everything that it depends on was evaluated, as text for people."""
         return written(Functions.parameters_explain_text, self._pointer, text(name, "name"))
 
     def explain_json(self, name: str) -> str:

@@ -1,4 +1,4 @@
-"""Records as the library has them. They hold no reference to an engine."""
+"""Records of the library. They do not refer to an engine."""
 from __future__ import annotations
 
 from ctypes import byref
@@ -26,7 +26,7 @@ class Factor(NamedTuple):
 
 
 class UnitRecord(NamedTuple):
-    """A unit. `kind` is "primitive", "derived" or "absolute"; what belongs to other kinds is empty.
+    """A unit. `kind` is "primitive", "derived" or "absolute"; fields of other kinds are empty.
 
     `factor` is without the `parents` and `parent_factors`, which are exponents by type id.
     """
@@ -59,7 +59,7 @@ class Quantity(NamedTuple):
 
 
 class Name(NamedTuple):
-    """A text that names a unit; `kind` says what it is to it."""
+    """A text that names a unit; `kind` tells how."""
     text: str
     unit: str
     kind: str
@@ -96,7 +96,7 @@ def _name(item):
     return Name(shown(item.text), shown(item.unit), NAME_KINDS[item.kind], bool(item.is_exact))
 
 
-# How the items of a list are read, by what they are.
+# How the items of a list are read, by their kind.
 _READERS = {
     "text": (Functions.list_text, _library.GivenText, shown),
     "dimension": (Functions.list_dimension, _library.Dimension,
@@ -109,7 +109,7 @@ _READERS = {
 
 
 def listed(kind, function, *arguments):
-    """What is in the list that a function makes."""
+    """The items of the list that a function makes."""
     items = made(function, *arguments)
     read, structure, value_of = _READERS[kind]
     try:

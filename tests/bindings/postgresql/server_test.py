@@ -234,7 +234,7 @@ def check_bundles(one):
     connection = one.connect()
     os.mkfifo(one.installation.folder / "pipe")
     for name, text, told in (
-            ("pipe", None, "is no regular file"),
+            ("pipe", None, "is not a regular file"),
             ("good", HEADER + MORE, None), ("missing", None, "No such file"),
             ("cut", HEADER + MORE[:-40], "not a schema bundle"), ("empty", "", "not a schema bundle"),
             ("newer", HEADER.replace("1", "2") + MORE, "not a schema bundle"),

@@ -64,13 +64,13 @@ WRONG = [
     (lambda: units.names().suggest("ft", -1), "from 0"),
     (lambda: units.display("mm", places=2.5), "places must be a whole number"),
     (lambda: units.display("mm", best=["m", 5]), "symbol must be a str"),
-    (lambda: units.display("mm", least=1), "least goes with best"),
+    (lambda: units.display("mm", least=1), "least needs best"),
     (lambda: units.by_id.display({"symbol": b"x"}), "options cannot be written as JSON"),
     (lambda: units.by_id.display(5), "options must be a mapping"),
     (lambda: units.display("mm")("5"), "value must be a number"),
     (lambda: units.parameters().set("x", None), "formula must be a number"),
     (lambda: copy.deepcopy(units.parameters()), "neither copied nor pickled"),
-    (lambda: pickle.dumps(units), "not pickled"),
+    (lambda: pickle.dumps(units), "cannot be pickled"),
     (lambda: pickle.dumps(trelvonunits.Engine.empty().prepare("a", "b")), None)]
 
 
@@ -276,7 +276,7 @@ class Engines(unittest.TestCase):
         make, (source, target, _) = feet.__reduce__()
         with self.assertRaisesRegex(trelvonunits.VersionError, "0123.*same version"):
             make(source, target, "0123")
-        with self.assertRaisesRegex(trelvonunits.ArgumentError, "only conversions of the catalogue"):
+        with self.assertRaisesRegex(trelvonunits.ArgumentError, "only conversions of the catalog"):
             pickle.dumps(trelvonunits.Engine(folders=[ROOT / "schemas" / "core"]).prepare(
                 "foot", "inch"))
 
@@ -284,9 +284,9 @@ class Engines(unittest.TestCase):
         engine.by_id.load_texts({"smoot": (ROOT / "schemas/core/units/length/foot.json").read_text().replace(
             "trelvon.unit:foot-", "example.unit:smoot-")})
         self.assertEqual(pickle.loads(pickle.dumps(engine.prepare("foot", "meter")))(1), 0.3048)
-        with self.assertRaisesRegex(trelvonunits.ArgumentError, "only conversions of the catalogue"):
+        with self.assertRaisesRegex(trelvonunits.ArgumentError, "only conversions of the catalog"):
             pickle.dumps(engine.prepare("example.unit:smoot-1.0.0", "foot"))
-        with self.assertRaisesRegex(trelvonunits.ArgumentError, "displays of the catalogue alone"):
+        with self.assertRaisesRegex(trelvonunits.ArgumentError, "displays of the catalog alone"):
             pickle.dumps(engine.display("mm"))
 
     def test_forks_and_threads_while_another_loads(self):

@@ -88,7 +88,8 @@ const rows = [
   [[type("#value", "5' 6\"")], () => text("#result strong"), "1.6764 m"],
   [[], () => location.hash, "#convert?value=5%27+6%22&from=ft&to=m"],
   [
-    [type("#value", "5 fot")], () => text("#value-says"), "fot is no unit. Did you mean foot or ft?"
+    [type("#value", "5 fot")], () => text("#value-says"),
+    "fot is not a unit. Did you mean foot or ft?"
   ],
   [[], () => find("#value").getAttribute("aria-invalid"), "true"],
   [[type("#value", "1e3"), click("#swap")], () => text("#result strong"), "3280.83989501 ft"],

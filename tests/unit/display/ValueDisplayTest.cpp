@@ -38,41 +38,42 @@ TEST(ValueDisplay, CannotBeWhatMakesNoSense) {
        "Requested fixed point precision of 255 decimal places, but the maximum is 12."},
       {"{'places':1,'significant':1}",
        "display: only one of places, denominator and significant can be given."},
-      {"{'denominator':3}", "display: a denominator is 1, 2, 4 and so on up to 512, not 3."},
-      {"{'denominator':1024}", "display: a denominator is 1, 2, 4 and so on up to 512, not 1024."},
-      {"{'significant':18}", "display: there are 1 to 17 significant digits, not 18."},
+      {"{'denominator':3}", "display: a denominator must be 1, 2, 4 and so on up to 512, not 3."},
+      {"{'denominator':1024}",
+       "display: a denominator must be 1, 2, 4 and so on up to 512, not 1024."},
+      {"{'significant':18}", "display: the number of significant digits must be 1 to 17, not 18."},
       {"{'denominator':2,'trims':true}", "display: a fraction has no zeros to trim."},
       {"{'symbol':'symbol:degreesMinutesSeconds','denominator':2}",
-       "display: only inches have fractions, not the last part of "
+       "display: only inches can have fractions, not the last part of "
        "trelvon.symbol:degreesMinutesSeconds-1.0.0."},
       {"{'symbol':'symbol:feetAndInches','showsUnit':false}",
-       "display: a composite symbol is not shown without its marks."},
+       "display: a composite symbol cannot be shown without its marks."},
       {"{'locale':'xx'}", "display: there is no locale \"xx\"."},
       {"{'locale':'de-XX'}", "display: there is no locale \"de-XX\"."},
-      {"{'decimalMark':';'}", "display: \";\" is no decimal mark."},
-      {"{'groupMark':'1'}", "display: \"1\" is no group mark."},
-      {"{'decimalMark':','}", "display: the decimal mark is the group mark, too."},
+      {"{'decimalMark':';'}", "display: \";\" is not a decimal mark."},
+      {"{'groupMark':'1'}", "display: \"1\" is not a group mark."},
+      {"{'decimalMark':','}", "display: the decimal mark and the group mark are the same."},
       {"{'minus':'plus'}", "display, 1:10: \"minus\" must be locale, hyphen or sign."},
       {"{'symbol':'nothing'}", "Could not find symbol with typeid nothing."},
       {"{'unit':'nothing'}", "Could not find unit with typeid nothing."},
       {"{'unit':'unit:foot','symbol':'symbol:kilogram'}",
        "Cannot convert between units trelvon.unit:foot-1.0.0 and trelvon.unit:kilogram-1.0.0."},
       {"{'best':{'quantity':'quantity:length'}}",
-       "display: a number without a unit has no best unit."},
+       "display: a number without a unit cannot have a best unit."},
       {"{'symbol':'symbol:meter','best':{'symbols':['symbol:meter'],'least':0}}",
-       "display: the least number of the best unit is above 0."},
+       "display: the least number of the best unit must be above 0."},
       {"{'symbol':'symbol:meter','best':{'symbols':['symbol:meter'],'quantity':'quantity:length'}}",
-       "display: the best unit is one of a list or of a quantity, not of both."},
+       "display: the best unit comes from a list or from a quantity, not from both."},
       {"{'symbol':'symbol:foot','best':{'symbols':['symbol:feetAndInches']}}",
-       "display: the best unit cannot be shown by trelvon.symbol:feetAndInches-1.0.0, which is "
+       "display: the best unit cannot be shown with trelvon.symbol:feetAndInches-1.0.0, which is "
        "composite."},
       {"{'symbol':'symbol:hertz','best':{'symbols':['symbol:second']}}",
-       "display: trelvon.symbol:second-1.0.0 cannot be the best unit: its zero or its direction "
-       "differs."},
+       "display: trelvon.symbol:second-1.0.0 cannot be the best unit: it has a different zero or "
+       "direction."},
       {"{'symbol':'symbol:meter','showsUnit':false,'best':{'quantity':'quantity:length'}}",
-       "display: the best unit is not shown without its text."},
+       "display: the best unit cannot be shown without its text."},
       {"{'symbol':'symbol:feetAndInches','best':{'quantity':'quantity:length'}}",
-       "display: a composite symbol has no best unit."},
+       "display: a composite symbol cannot have a best unit."},
       {"{'x':1}", "display, 1:2: there is no member \"x\"."},
       {"{\n 'places':1,\n 'places':1}", "display, 3:2: \"places\" is given twice."},
       {"{'places':-1}", "display, 1:11: \"places\" must be a whole number."},
@@ -146,7 +147,7 @@ TEST(ValueDisplay, TakesTextsOfSymbolsAsTheyAre) {
     const std::string json = R"({"symbol":")" + std::string(text) + R"("})";
     EXPECT_EQ(
         answerOf([&] { return ValueDisplay::fromJson(*own, json).toJson(); }),
-        "\"display: the text of " + std::string(text) + " would look like a part of the number.\"");
+        "\"display: the text of " + std::string(text) + " would look like part of the number.\"");
   }
 }
 
@@ -163,24 +164,23 @@ TEST(ValueDisplay, ReadsStrictlyAndSaysWhyNot) {
        "6.5\"",
        "5.541666666666667"},
       {inches, "5' 1/3\"",
-       "3-6 `1/3` is no fraction below 1 of halves, quarters and so on up to 512ths."},
+       "3-6 `1/3` is not a fraction below 1 in halves, quarters and so on down to 512ths."},
       {inches, "5.5' 6\"", "0-3 `5.5` must be a whole number."},
       {inches, "5' 6\" 7", "6-7 `7` is not expected."},
-      {inches, "5' 6.0000000000001\"", "0-19 `0000000000001` are more than 12 decimal places."},
+      {inches, "5' 6.0000000000001\"", "0-19 `0000000000001` has more than 12 decimal places."},
       {german, "-1,234.5", "1-8 `1,234.5` has two readings: write `1234,5` or `1,2345`."},
       {german, "1.234.5",
-       "0-7 `1.234.5` is not written as numbers are here, where the decimal mark "
-       "is `,`. Write `12345`."},
+       "0-7 `1.234.5` does not fit this number format. The decimal mark is `,`. Write `12345`."},
       {german, "", "0-0 There is no number."},
       {german, "inf", "0-3 There is no number."},
       {whole, "1.234", "0-5 `1.234` has two readings: write `1.2340` or `1234`."},
       {whole, "12.5", "12.5"},
       {"{'locale':'de-CH'}", "1'234.5", "1234.5"},
-      {"{'locale':'ar-EG'}", "12\xD9\xA3", "0-4 `12\xD9\xA3` mixes digits of two scripts."},
+      {"{'locale':'ar-EG'}", "12\xD9\xA3", "0-4 `12\xD9\xA3` mixes digits from two scripts."},
       {best, "5", "1-1 The unit is missing. Write one of `in`, `ft`."},
       {best, "6 in", "0.4999999999999999"},
       {"{'denominator':2}", "x", "0-1 There is no number."},
-      {"{}", "5 m", "2-3 `m` is not expected: only a number is."}};
+      {"{}", "5 m", "2-3 `m` is not expected. Write only a number."}};
   for (const auto& [json, text, said] : rows) {
     const DisplayReading reading = displayOf(json).read(text);
     const FormulaSpan span = reading.span();
@@ -192,9 +192,8 @@ TEST(ValueDisplay, ReadsStrictlyAndSaysWhyNot) {
   }
   const std::string digits(400, '9');
   for (const std::string& text : {digits, "0." + std::string(400, '0') + '1'})
-    EXPECT_EQ(
-        displayOf("{}").read(text).sentence().find("is beyond the numbers") == std::string::npos,
-        false);
+    EXPECT_EQ(displayOf("{}").read(text).sentence().find("is too large") == std::string::npos,
+              false);
   EXPECT_EQ(displayOf(inches).read(digits + "' 0\"").isRead(), false);
 }
 
@@ -206,8 +205,8 @@ TEST(ValueDisplay, TellsPiecesOfATextAndBothReadings) {
             R"({"kind":"fraction","begin":10,"end":13},{"kind":"unit","begin":14,"end":16}]})");
   EXPECT_EQ(
       display.read("1,234.5,6").toJson(),
-      R"({"text":"1,234.5,6","begin":0,"end":9,"sentence":"`1,234.5,6` is not written as )"
-      R"(numbers are here, where the decimal mark is `.`. Write `1234.56`.","readings":[],"pieces":[]})");
+      R"({"text":"1,234.5,6","begin":0,"end":9,"sentence":"`1,234.5,6` does not fit this )"
+      R"(number format. The decimal mark is `.`. Write `1234.56`.","readings":[],"pieces":[]})");
   EXPECT_EQ(display.read("1.234,5").readings(), (std::vector<double>{1.2345, 1234.5}));
 }
 

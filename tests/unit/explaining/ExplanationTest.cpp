@@ -95,7 +95,7 @@ TEST(Explanation, WritesJson) {
       explainUnitlessFormula(*engine, "x", resolve).toJson(),
       R"~({"formula":"x","reason":"unknown-identifier","exception":"ParseException",)~"
       R"~("message":"Unrecognized identifier: 5 r.","span":{"text":1,"begin":1,"endText":1,"end":4},)~"
-      R"~("sentence":"`r` is no unit.","spellings":[],)~"
+      R"~("sentence":"`r` is not a unit.","spellings":[],)~"
       R"~("texts":[{"text":"x","identifier":{"text":0,"begin":0,"endText":0,"end":0}},)~"
       R"~({"text":"(5 r)","identifier":{"text":0,"begin":0,"endText":0,"end":1}}],)~"
       R"~("tokens":[{"kind":"open-parenthesis","text":"(",)~"
@@ -180,9 +180,9 @@ TEST(Explanation, NamesWhatValuesMeasureByTheEnginesWords) {
     engine->addQuantity({"q", name, {engine->getUnit("p")}});
     addSuffix(*engine, "s", "p", "p");
     EXPECT_EQ(explainUnitlessFormula(*engine, "1 p", {}).sentence(),
-              "The result is " + said + ", where a plain number is asked for.");
+              "The result is " + said + ", but a plain number is needed.");
     EXPECT_EQ(explainUnitlessFormula(*engine, "1 p * 1 p", {}).sentence(),
-              "The result is a value in n^2, where a plain number is asked for.");
+              "The result is a value in n^2, but a plain number is needed.");
   }
 }
 
@@ -198,9 +198,8 @@ TEST(Explanation, ShowsAnyBytes) {
        "a" + times(99, "\xC3\xA9") + "...\n^" + std::string(99, '~') + "\nerror: "},
       {"sum * gone", "sum * gone\n      ^~~~\nerror: There is no gone.\n"},
       {"2\t* 3",
-       "2\\x09* 3\n^\nerror: `2` is followed by a tab or line break. Directly behind a number or "
-       "unit, "
-       "only a space may follow.\n  write: 2 * 3\n"},
+       "2\\x09* 3\n^\nerror: `2` is followed by a tab or line break. Only a space may come "
+       "directly after a number or unit.\n  write: 2 * 3\n"},
       {"2\n", "2\\x0A\n^\nerror: `2` is followed by a tab or line break."},
       {"0.1 + 0.2", "0.1 + 0.2\n= 0.3\n"},
       {"2 ft", "2 ft\n= 24 inch\n"}};

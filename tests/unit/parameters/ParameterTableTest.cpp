@@ -166,7 +166,7 @@ INSTANTIATE_TEST_SUITE_P(
             "RefusedBelow",
             {{"a", "b"}, {"b", "1 / zero"}, {"zero", "0"}},
             "a",
-            "Parameter a depends on b. Formula of parameter b: The divisor counts as 0: it lies "
+            "Parameter a depends on b. Formula of parameter b: The divisor counts as 0: it is "
             "between -0.000000001 and 0.000000001."}),
     [](const auto& row) { return row.param.test; });
 
@@ -176,20 +176,20 @@ TEST_F(Parameters, RefuseWhatNoOtherParameterCanCure) {
     return messageOf<ParseException>([&] { table_.set("a", formula); });
   };
   EXPECT_EQ(refusal(""), "Formula of parameter a: The formula is empty.");
-  EXPECT_EQ(refusal("5 fot"), "Formula of parameter a: `fot` is no unit. Did you mean `ft`?");
+  EXPECT_EQ(refusal("5 fot"), "Formula of parameter a: `fot` is not a unit. Did you mean `ft`?");
   EXPECT_EQ(refusal("2 *"),
-            "Formula of parameter a: The formula ends where a number is due, after `*`.");
+            "Formula of parameter a: The formula ends where a number is expected, after `*`.");
   EXPECT_EQ(refusal("1) + (2"),
             "Formula of parameter a: `)` closes a parenthesis that was never opened.");
   EXPECT_EQ(refusal("$ 20"),
-            "Formula of parameter a: A number behind `$` needs parentheses, unless the "
+            "Formula of parameter a: A number after `$` needs parentheses, unless the "
             "formula ends with it.");
   EXPECT_EQ(messageOf<UnrecognizedIdentifierException>([&] { table_.set("a", "1", "mile"); }),
             "Could not find unit with typeid mile.");
   table_.set("long", "2 ft");
   EXPECT_EQ(messageOf<ParseException>([&] { table_.value("long", "kelvin"); }),
             "Value of parameter long: The result is a n; `n` measures a value in n.");
-  EXPECT_EQ(noValue("long"), "Parameter long has units and is no plain number.");
+  EXPECT_EQ(noValue("long"), "Parameter long has units, so it is not a plain number.");
   for (const auto& action : std::vector<std::function<void()>>{
            [&] { table_.value("b"); }, [&] { table_.remove("b"); },
            [&] { table_.rename("b", "c"); }, [&] { table_.formula("b"); },
@@ -212,14 +212,14 @@ TEST_F(Parameters, AreRenamedInFormulasAlone) {
   EXPECT_EQ(table_.value("z"), 20);
   EXPECT_EQ(table_.value("waits"), 4);
   EXPECT_EQ(messageOf<ValidationException>([&] { table_.rename("y", "z"); }),
-            "Parameter z is defined already.");
+            "Parameter z is already defined.");
   addSuffix(*engine_, "ratio", "foot", "u/ax");
   table_.set("q", "1 / ax");
   table_.rename("q", "v");  // nothing refers to it
   table_.set("w", "long/ax");
   EXPECT_EQ(
       messageOf<ValidationException>([&] { table_.rename("long", "u"); }),
-      "Parameter long cannot be renamed to u, because the formula of w would be read otherwise.");
+      "Parameter long cannot be renamed to u, because the formula of w would be read differently.");
   EXPECT_EQ(table_.value("w"), 3);
 }
 

@@ -261,7 +261,7 @@ TEST(LoadFolders, GivesAllOfAFinding) {
            ": " + place.getSentence() + ' ';
   EXPECT_EQ(all, "x/1.json 109-112: a needs b. x/2.json 109-112: b needs a. ");
   const FileReport file = report.getFiles().at(1);
-  EXPECT_EQ(file.getTypeId() + ": " + file.getReason(), "b: lies on a circle of definitions");
+  EXPECT_EQ(file.getTypeId() + ": " + file.getReason(), "b: is part of a circle of definitions");
   EXPECT_EQ(report.getErrorCount(), 1u);
   EXPECT_EQ(report.getWarningCount(), 0u);
 }
@@ -272,7 +272,7 @@ TEST(LoadFolders, NamesWhatIsNearAndOfTheRightKind) {
   tree.write("2/x/b.json", symbol("b", "meter", "m"));
   const auto findings =
       loadFolders({tree.path("1"), tree.path("2")}, *makeEngine(), {false}).getFindings();
-  EXPECT_EQ(findings.at(0).getAdvice(), "Add a unit of that type id.");
+  EXPECT_EQ(findings.at(0).getAdvice(), "Add a unit with that type id.");
   EXPECT_EQ(findings.at(0).getBegin().column, 121u);
   tree.write("2/x/b.json", "{\"typeid\":1}");
   const auto refused = loadFolders({tree.path("2")}, *makeEngine(), {false}).getFindings();
@@ -283,8 +283,8 @@ TEST(CheckText, MultipliesFactorsWithTheirParents) {
   const Engine engine = makeEngine();
   engine->addFactor(Units::Factor("large", Units::FactorComponent(1e300)));
   for (const auto& [power, sentence] :
-       std::map<int, std::string>{{2, "With its parents the factor is infinite."},
-                                  {-2, "With its parents the factor is 0."}})
+       std::map<int, std::string>{{2, "Combined with its parents, the factor is infinite."},
+                                  {-2, "Combined with its parents, the factor is 0."}})
     EXPECT_EQ(checkText(factor("a", Powers{{"large", power}}), "t", *engine)
                   .getFindings()
                   .at(0)
@@ -294,9 +294,9 @@ TEST(CheckText, MultipliesFactorsWithTheirParents) {
 
 TEST(CheckText, KnowsWhatPeopleWriteInsteadOfJson) {
   for (const auto& [text, advice] : std::initializer_list<std::pair<const char*, const char*>>{
-           {"{\"a\":1 , }", "Remove the comma in front of it."},
-           {"{ // a", "Remove the comment: JSON has none."},
-           {"{'a':1}", "Write texts in double quotes."},
+           {"{\"a\":1 , }", "Remove the comma before it."},
+           {"{ // a", "Remove the comment: JSON has no comments."},
+           {"{'a':1}", "Write strings in double quotes."},
            {"\xEF\xBB\xBF{}", "Save it without a byte order mark."},
            {"{\"a\"}", ""}})
     EXPECT_EQ(checkText(text, "t", *makeEngine()).getFindings().at(0).getAdvice(), advice) << text;

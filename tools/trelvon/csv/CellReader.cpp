@@ -12,7 +12,7 @@ namespace {
 
 using Explanation = Units::FormulaExplanation;
 
-/// A longer cell is no value that anyone writes, and explaining it would take much memory.
+/// Nobody writes a value as long as this, and explaining it would take much memory.
 constexpr std::size_t longestValue = 1000;
 
 /// Whether the tokens are a literal, with or without a minus sign before it.
@@ -24,7 +24,7 @@ bool areOneLiteral(const std::vector<Explanation::Token>& tokens) {
 }  // namespace
 
 bool CellReader::isOneValue(const std::string& cell) const {
-  // Without any of these, a formula is one literal, or refused.
+  // Without any of these, a formula is either one literal or refused.
   if (cell.find_first_of("+*/^(") == std::string::npos &&
       cell.find('-', cell.find_first_not_of(' ') + 1) == std::string::npos)
     return true;
@@ -44,13 +44,13 @@ std::optional<double> CellReader::read(const std::string& cell) const {
 
 std::string CellReader::reasonAgainst(const std::string& cell) const {
   if (cell.find_first_not_of(' ') == std::string::npos) return "the cell is empty";
-  if (cell.size() > longestValue) return "a value has at most 1000 bytes";
+  if (cell.size() > longestValue) return "a value can have at most 1000 bytes";
   const auto explanation =
       explainFormula(engine_, unitTypeId_, cell, [](const std::string& name) -> std::string {
         throw Units::ParseException("Unrecognized identifier: " + name + ".");
       });
   if (explanation.reason() == Units::FormulaReason::Done)
-    return "a cell is one value, and no formula";
+    return "a cell must be one value, not a formula";
   return shown(explanation.sentence());
 }
 

@@ -10,14 +10,14 @@ namespace tool {
 /// Reads cells as the engine reads a value: a number, or a literal with a unit.
 class CellReader {
  public:
-  /// @param unitTypeId  what plain numbers count, and all values are counted in.
+  /// @param unitTypeId  the unit of plain numbers, and of the results.
   CellReader(const Units::UnitsEngine& engine, std::string unitTypeId)
       : engine_(engine), unitTypeId_(std::move(unitTypeId)) {}
 
-  /// @return  empty if the cell is no single value of the unit.
+  /// @return  empty if the cell is not a single value that fits the unit.
   std::optional<double> read(const std::string& cell) const;
 
-  /// Why a cell is not read, for people.
+  /// A sentence that tells why a cell cannot be read.
   std::string reasonAgainst(const std::string& cell) const;
 
  private:

@@ -33,8 +33,8 @@ std::vector<std::string> headerTexts(const CsvReader* header) {
   return texts;
 }
 
-/// The index of a column that is named by its number, by its header, or by what its header has
-/// before a unit in brackets.
+/// The index of a column, given by its number, by its header, or by its header without the unit in
+/// brackets.
 std::size_t indexOf(const std::string& column, const std::vector<std::string>& headers) {
   std::size_t number = 0;
   const char* const end = column.data() + column.size();
@@ -46,8 +46,8 @@ std::size_t indexOf(const std::string& column, const std::vector<std::string>& h
       found.push_back(index);
   if (found.size() == 1) return found.front();
   throw Failure(Status::Findings, "--column " + inQuotes(column) +
-                                      (found.empty() ? " names no column of the header"
-                                                     : " names several columns of the header"));
+                                      (found.empty() ? " is not a column of the header"
+                                                     : " is the name of several columns"));
 }
 
 /// The value of an option for the column at a place: one value for all, or as many as columns.

@@ -20,8 +20,8 @@ struct ColumnPlan {
   std::string header;  ///< With --from-header: the new text of the header's cell.
 };
 
-/// The plans of all columns in rising order, by the options and, if there is one, the header, which
-/// is the row that the reader is at.
+/// The plans of all columns in ascending order, by the options and the header. The header, if there
+/// is one, is the row that the reader is at.
 /// @throws Failure  a column or unit is unknown, or does not fit.
 std::vector<ColumnPlan> planColumns(Context& context, const CsvReader* header);
 

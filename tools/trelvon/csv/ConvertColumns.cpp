@@ -20,7 +20,7 @@ std::string separatorOf(const Arguments& arguments) {
   const std::string separator = arguments.text("separator", ",");
   if (separator == "tab") return "\t";
   if (separator.find_first_of("\"\r\n") != std::string::npos)
-    throw Failure(Status::Usage, "--separator may hold no quote and no end of a line");
+    throw Failure(Status::Usage, "--separator must not contain a quote or a line break");
   return separator;
 }
 

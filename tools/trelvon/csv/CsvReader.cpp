@@ -30,7 +30,7 @@ struct CsvReader::Scan {
   const std::string& separator;
   bool needsMore = false;
 
-  /// Goes over a quoted part to behind its closing quote.
+  /// Skips a quoted part, including its closing quote.
   void skipQuoted() {
     for (++at;; ++at) {
       at = find('"', at, end);
@@ -84,11 +84,11 @@ void CsvReader::checkLength(std::size_t length) const {
   if (length > longestRow)
     throw Failure(Status::Findings,
                   "line " + std::to_string(line_) +
-                      ": the row has more than 64 MiB; a quote may not be closed");
+                      ": the row has more than 64 MiB; maybe a quote is not closed");
 }
 
-/// Adds to what is read of the row. Of a row that is longer than a block it reads as much again, so
-/// that scanning it anew each time costs no more than a few scans.
+/// Reads more of the row. For a row that is longer than a block, doubles what was read, so that
+/// rescanning it each time costs no more than a few scans.
 bool CsvReader::readMore() {
   if (isAtEnd_) return false;
   if (begin_ > 0) {
@@ -113,7 +113,7 @@ bool CsvReader::scan() {
   bool mayBeShort = true;
   for (std::size_t column = 0;; ++column) {
     const char* const cell = scan.at;
-    // Behind the last column only the end of the line matters, which quotes may hide.
+    // After the last column only the end of the line matters, which quotes may hide.
     if (wanted == columns_.size() && mayBeShort) {
       mayBeShort = false;
       const char* const feed = find('\n', cell, scan.end);

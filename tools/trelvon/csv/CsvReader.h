@@ -14,9 +14,9 @@ struct CellPlace {
   bool isMissing = true;  ///< Whether the row ends before it.
 };
 
-/// Reads rows from a file descriptor, as RFC 4180 and Python's csv module have them: a cell that
-/// begins with a quote goes on to the next single quote, over separators and lines; two quotes in it
-/// are one. Anywhere else a quote is a byte like any other. Lines end in LF or CRLF.
+/// Reads rows from a file descriptor, as RFC 4180 and Python's csv module define them: a cell that
+/// begins with a quote continues to the next single quote, across separators and lines; two quotes
+/// in it stand for one. Anywhere else, a quote is a byte like any other. Lines end in LF or CRLF.
 ///
 /// It holds one block, or one row if that is longer.
 class CsvReader {
@@ -25,10 +25,10 @@ class CsvReader {
   /// @param block      how much is read at a time.
   CsvReader(int file, std::string separator, std::size_t block = 1U << 18U);
 
-  /// @param columns  the columns whose places are looked for, from 0, in rising order.
+  /// @param columns  the columns whose places are needed, from 0, in ascending order.
   void setColumns(const std::vector<std::size_t>& columns) { columns_ = columns; }
 
-  /// Goes on to the next row. Returns false at the end.
+  /// Moves to the next row. Returns false at the end.
   /// @throws Failure  the file cannot be read, or the row has more than 64 MiB.
   bool next();
 
@@ -47,7 +47,7 @@ class CsvReader {
   /// All cells of the row.
   std::vector<CellPlace> allPlaces() const;
 
-  /// What a cell says, without its quotes.
+  /// The text of a cell, without its quotes.
   std::string textOf(const CellPlace& place) const;
 
  private:

@@ -23,7 +23,7 @@ namespace {
 constexpr std::size_t mostLines = 1000;
 constexpr mode_t forOthers = 0077;
 
-/// What is made meanwhile, nobody else may read.
+/// Files that are made in the meantime cannot be read by anybody else.
 class Private {
  public:
   Private() : before_(umask(forOthers)) {}
@@ -35,7 +35,7 @@ class Private {
   const mode_t before_;
 };
 
-/// The path that a variable has. The desktop's conventions say to ignore one that is not absolute.
+/// The path in a variable. By the XDG specification, a path that is not absolute is ignored.
 std::string absolutePath(const char* variable) {
   const char* const value = std::getenv(variable);
   return value != nullptr && *value == '/' ? value : "";
@@ -71,7 +71,7 @@ std::vector<std::string> History::load() const {
     const Private own;
     writeFile(path_, text, true);
     return lines;
-  } catch (const Failure&) {  // told when the first line is added
+  } catch (const Failure&) {  // reported when the first line is added
     return {};
   }
 }

@@ -7,7 +7,7 @@ namespace tool {
 
 /// The lines of earlier prompts, a file of the user that nobody else may read:
 /// $XDG_STATE_HOME/trelvon/history, or ~/.local/state in place of that variable. Each line is added
-/// at once, so that prompts side by side keep all lines.
+/// at once, so that several prompts can run at the same time.
 class History {
  public:
   History();

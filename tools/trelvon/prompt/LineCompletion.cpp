@@ -38,12 +38,12 @@ std::vector<std::string> partsOf(std::string_view text, char separator) {
 
 enum class Wanted { Symbols, SingleWords, Names };
 
-/// Whether commands read the text as one word.
+/// Whether a command line has the text as one word without quotes.
 bool isSingleWord(const std::string& text) {
   return text.find_first_of(" \t'\"\\") == std::string::npos;
 }
 
-/// Texts that name units. Those in another letter case count only where no others are.
+/// Texts that name units. Those in another letter case are used only if there are no others.
 void addUnits(Completions& found, std::string_view typed, Wanted wanted, Definitions& definitions) {
   if (typed.empty()) return;
   const auto names =
@@ -57,7 +57,7 @@ void addUnits(Completions& found, std::string_view typed, Wanted wanted, Definit
   }
 }
 
-/// Where a name of a unit is typed, which formulas do not read: the texts that they do read.
+/// If the name of a unit is typed, which formulas do not read, offers the texts that they do read.
 void addSymbolsOfUnits(Completions& found, Definitions& definitions) {
   Completions names;
   std::swap(names.texts, found.texts);
@@ -73,7 +73,7 @@ void addSymbolsOfUnits(Completions& found, Definitions& definitions) {
 
 /// The last part of a formula, which may begin in several places: `m/` of `5 m/` begins texts of
 /// symbols, and `kilom` of `2*kilom` does after an operator. The longest one that can be completed
-/// counts.
+/// is used.
 Completions completeFormula(std::string_view line, const std::vector<std::string>& variables,
                             Definitions& definitions) {
   std::size_t begin = line.find_last_of(" \t(") + 1;
@@ -125,7 +125,7 @@ std::string meaningOf(const std::vector<std::string>& words, std::size_t last,
   return option != nullptr ? option->value : operands[std::min(place, operands.size() - 1)];
 }
 
-/// Files and folders, those with a point in front only where one is typed.
+/// Files and folders. Those that begin with a point are offered only if a point is typed.
 void addPaths(Completions& found, std::string_view typed, bool onlyFolders) {
   namespace fs = std::filesystem;
   const std::string folder(typed.substr(0, typed.rfind('/') + 1));

@@ -40,7 +40,8 @@ void note(int signal) {
     endingSignal = signal;
 }
 
-/// While a line is edited, signals are noted, and arrive only while the program waits for a key.
+/// While a line is edited, signals are only noted. They are handled while the program waits for a
+/// key.
 class SignalsOfALine {
  public:
   SignalsOfALine() {
@@ -75,7 +76,7 @@ class SignalsOfALine {
   sigset_t open_{};
 };
 
-/// libedit drops the bytes that the locale of this category does not know.
+/// libedit drops the bytes that are not valid in the locale of this category.
 bool knowsUtf8() {
   const auto isUtf8 = [] { return std::strcmp(nl_langinfo(CODESET), "UTF-8") == 0; };
   if (std::setlocale(LC_CTYPE, "") != nullptr && isUtf8()) return true;
@@ -88,7 +89,7 @@ std::size_t windowWidth() {
   return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : usual;
 }
 
-/// The bytes that all of the texts begin with.
+/// The longest common beginning of the texts, in bytes.
 std::string commonBeginning(const std::vector<std::string>& texts) {
   std::string common = texts.front();
   for (const std::string& text : texts) {
@@ -201,7 +202,7 @@ class LineEditor : public LineReader {
 
   static char* promptOf(EditLine* editor) { return const_cast<char*>(of(editor).prompt_); }
 
-  /// Draws the line again from where its first row begins in a window of the new size.
+  /// Redraws the line, from the place where its first row begins in a window of the new size.
   void redraw() {
     const LineInfo* const line = el_line(editor_);
     const std::string before(line->buffer, static_cast<std::size_t>(line->cursor - line->buffer));
@@ -215,7 +216,7 @@ class LineEditor : public LineReader {
   static int readKey(EditLine* editor, wchar_t* key) {
     try {
       return of(editor).readKeyHere(key);
-    } catch (...) {  // libedit's functions know no exceptions
+    } catch (...) {  // libedit's functions cannot handle exceptions
       return -1;
     }
   }

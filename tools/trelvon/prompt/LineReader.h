@@ -24,8 +24,8 @@ class LineReader {
 /// @param prompt  what is written before each line. Null: nothing.
 std::unique_ptr<LineReader> readPlainLines(const char* prompt);
 
-/// Lines that are edited on a terminal, with completion and history. Null if that is not possible:
-/// the program was built without libedit, or the system has no locale with UTF-8.
+/// Lines that are edited on a terminal, with completion and history. Null if that is not possible
+/// because the program was built without libedit, or the system has no UTF-8 locale.
 /// @param complete  completes what stands before the cursor.
 /// @param warn      receives a sentence if the history cannot be written.
 std::unique_ptr<LineReader> editLines(const char* prompt,

@@ -1,4 +1,4 @@
-/// In place of LineEditor.cpp where there is no libedit.
+/// Replaces LineEditor.cpp if there is no libedit.
 #include "tools/trelvon/prompt/LineReader.h"
 
 namespace tool {

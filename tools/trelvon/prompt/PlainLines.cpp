@@ -23,7 +23,7 @@ class PlainLines : public LineReader {
     while ((end = buffer_.find('\n', searched)) == std::string::npos) {
       searched = buffer_.size() - begin_;
       if (searched > longestLine)
-        throw Failure(Status::Findings, "a line has more than 1 MiB, and is the last one read");
+        throw Failure(Status::Findings, "a line has more than 1 MiB, so reading stops here");
       buffer_.erase(0, begin_);
       begin_ = 0;
       if (!readBlock()) {

@@ -27,7 +27,7 @@ std::unique_ptr<LineReader> openLines(Context& context, Session& session, bool& 
 }  // namespace
 
 Status runPrompt(Context& context) {
-  context.definitions.engine();  // a catalog that is missing is told before the first line
+  context.definitions.engine();  // reports a missing catalog before the first line
   Session session(context);
   bool isPrompt = false;
   const auto lines = openLines(context, session, isPrompt);

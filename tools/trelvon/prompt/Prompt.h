@@ -5,7 +5,7 @@
 
 namespace tool {
 
-/// Reads lines and does what they say: at a prompt if a terminal is on both sides, otherwise plain
+/// Reads lines and executes them: at a prompt if input and output are terminals, otherwise plain
 /// lines from standard input.
 /// @return  for plain lines the highest status of one of them.
 Status runPrompt(Context& context);

@@ -23,8 +23,8 @@ std::string trimmed(std::string_view text) {
   return std::string(text.substr(begin, text.find_last_not_of(" \t") + 1 - begin));
 }
 
-/// The formula with the texts of its variables in their place, so that it keeps its meaning when
-/// they change. These texts have no variables of their own.
+/// The formula with its variables replaced by their texts, so that it keeps its meaning when they
+/// change. These texts have no variables of their own.
 std::string withoutVariables(const Units::FormulaExplanation& explanation) {
   std::string text;
   std::size_t copied = 0;
@@ -38,7 +38,7 @@ std::string withoutVariables(const Units::FormulaExplanation& explanation) {
   return text.append(explanation.formula(), copied, std::string::npos);
 }
 
-/// Whether a value has few zeros before or behind its first digits.
+/// Whether a value has few zeros before or after its first digits.
 bool readsWell(double value) {
   constexpr double least = 0.001, tooLarge = 100000;
   return std::fabs(value) >= least && std::fabs(value) < tooLarge;
@@ -58,13 +58,13 @@ std::size_t placeAfter(std::size_t place, const std::vector<Units::Unit>& units,
 
 const char* const promptHelp =
     "5' 6\" + 3 cm      a formula: shows its value\n"
-    "x = 2 ft          keeps a variable, and shows its value\n"
+    "x = 2 ft          sets a variable and shows its value\n"
     "?                 explains the last formula\n"
     "=                 shows the last value in the next unit of its quantity\n"
     "= in              shows it in a unit\n"
-    "convert 5 ft in   a command, as in a shell; `convert --help` says more of it, and\n"
-    "                  `trelvon --help` lists all\n"
-    "quit              ends the session, and so does Ctrl-D\n";
+    "convert 5 ft in   a command, as in a shell; see `convert --help`, and\n"
+    "                  `trelvon --help` for all commands\n"
+    "quit              ends the session, as does Ctrl-D\n";
 
 Status Session::run(const std::string& given) {
   const std::string line = trimmed(given);
@@ -127,7 +127,7 @@ Status Session::explainLast() {
   const Arguments arguments = argumentsOf("explain", last_);
   Context context(arguments, start_.out, start_.errors, &start_.definitions);
   arguments.command->run(context);
-  return Status::Done;  // a refusal was told before
+  return Status::Done;  // the refusal has been reported before
 }
 
 Status Session::showLastIn(const std::string& text) {

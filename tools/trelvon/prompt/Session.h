@@ -14,17 +14,17 @@ namespace tool {
 /// What the line `help` prints.
 extern const char* const promptHelp;
 
-/// What lines of a prompt do, one after the other: formulas, variables, questions about the last
-/// formula, and commands of the program.
+/// Executes the lines of a prompt: formulas, variables, questions about the last formula, and
+/// commands of the program.
 class Session {
  public:
   /// @param start  the context of the program, whose definitions and options are used.
   explicit Session(Context& start) : start_(start) {}
 
-  /// @throws Failure  the line is refused, and so do the engine's exceptions.
+  /// @throws Failure  the line is refused. The engine's exceptions pass through.
   Status run(const std::string& line);
 
-  bool hasEnded() const { return hasEnded_; }  ///< Whether a line said so.
+  bool hasEnded() const { return hasEnded_; }  ///< Whether a line has ended the session.
 
   /// Completes a line up to the cursor.
   Completions complete(std::string_view before) const;

@@ -6,8 +6,8 @@
 
 namespace tool {
 
-/// The words of a line, as shells part them: by blanks outside of quotes. A backslash takes the
-/// next character as it is, except in single quotes.
+/// The words of a line, split as shells do: at blanks outside of quotes. A backslash takes the next
+/// character as it is, except in single quotes.
 struct ShellWords {
   std::vector<std::string> words;
   bool isOpen = false;    ///< Whether a quote is not closed, in the last word.
