@@ -44,7 +44,7 @@ struct ReferenceReduction {
         const Reduced parent = reduce(units.at(id));
         result.factor = std::pow(parent.factor, static_cast<double>(exponent)) * result.factor;
         for (const auto& [primitive, power] : parent.powers)
-          sums[primitive] += static_cast<long double>(power) * exponent;
+          if (power != 0) sums[primitive] += static_cast<long double>(power) * exponent;
       }
       for (const auto& [primitive, sum] : sums) result.powers[primitive] = limited(sum);
     } else {

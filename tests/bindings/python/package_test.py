@@ -281,11 +281,13 @@ class Engines(unittest.TestCase):
                 "foot", "inch"))
 
         engine = trelvonunits.Engine()
-        engine.by_id.load_texts({"smoot": (ROOT / "schemas/core/units/length/foot.json").read_text().replace(
-            "trelvon.unit:foot-", "example.unit:smoot-")})
-        self.assertEqual(pickle.loads(pickle.dumps(engine.prepare("foot", "meter")))(1), 0.3048)
+        foot, smoot = "trelvon.unit:foot-1.0.0", "example.unit:smoot-1.0.0"
+        text = (ROOT / "schemas/core/units/length/foot.json").read_text(encoding="utf-8")
+        engine.by_id.load_texts({"smoot": text.replace(foot, smoot)})
+        prepare = engine.by_id.prepare
+        self.assertEqual(pickle.loads(pickle.dumps(prepare(foot, "trelvon.unit:meter-1.0.0")))(1), 0.3048)
         with self.assertRaisesRegex(trelvonunits.ArgumentError, "only conversions of the catalog"):
-            pickle.dumps(engine.prepare("example.unit:smoot-1.0.0", "foot"))
+            pickle.dumps(prepare(smoot, foot))
         with self.assertRaisesRegex(trelvonunits.ArgumentError, "displays of the catalog alone"):
             pickle.dumps(engine.display("mm"))
 
