@@ -1,6 +1,6 @@
 /// Counts the heap allocations of calls and the bytes that they keep.
 ///   allocations
-#include "benchmarks/Catalogue.h"
+#include "benchmarks/Catalog.h"
 
 #include <TrelvonUnits/PreparedConversion.h>
 
@@ -50,7 +50,7 @@ void count(const char* call, const std::function<void()>& work) {
 }  // namespace
 
 int main() {
-  const Units::UnitsEngine& engine = catalogue();
+  const Units::UnitsEngine& engine = catalog();
   const std::string from = unit("kilometerPerHour"), to = unit("meterPerSecond");
   const std::string meter = unit("meter"), newton = unit("newton");
   const std::string sum = "2 ft + 3 in";

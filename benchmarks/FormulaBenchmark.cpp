@@ -1,6 +1,6 @@
 /// Typical formulas, the cost of a formula by its length, and display text. The baselines are
 /// parsing only the numbers of a formula, and formatting only a number.
-#include "benchmarks/Catalogue.h"
+#include "benchmarks/Catalog.h"
 
 #include <benchmark/benchmark.h>
 
@@ -34,7 +34,7 @@ void Typical(benchmark::State& state) {
   const std::string in = unit(row.unit);
   state.SetLabel(row.formula);
   for (auto _ : state)
-    benchmark::DoNotOptimize(catalogue().evaluateExpressionInUnit(in, row.formula));
+    benchmark::DoNotOptimize(catalog().evaluateExpressionInUnit(in, row.formula));
 }
 BENCHMARK(Typical)->DenseRange(0, std::size(rows) - 1);
 
@@ -53,13 +53,13 @@ BENCHMARK(NumbersAlone)->DenseRange(0, std::size(rows) - 1);
 
 void Literal(benchmark::State& state) {
   const std::string in = unit("foot");
-  for (auto _ : state) benchmark::DoNotOptimize(catalogue().evaluateExpressionInUnit(in, "2.5 ft"));
+  for (auto _ : state) benchmark::DoNotOptimize(catalog().evaluateExpressionInUnit(in, "2.5 ft"));
 }
 BENCHMARK(Literal);
 
 /// Adds a counter: nanoseconds per repeated part of the formula.
 void evaluateRepeated(benchmark::State& state, const std::string& formula) {
-  for (auto _ : state) benchmark::DoNotOptimize(catalogue().evaluateUnitlessExpression(formula));
+  for (auto _ : state) benchmark::DoNotOptimize(catalog().evaluateUnitlessExpression(formula));
   state.counters["each"] = benchmark::Counter(
       static_cast<double>(state.range(0)),
       benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
@@ -81,14 +81,13 @@ BENCHMARK(Parentheses)->RangeMultiplier(10)->Range(1000, 1000000);
 void FormatFixedPoint(benchmark::State& state) {
   const std::string symbol = "trelvon.symbol:foot-1.0.0";
   for (auto _ : state)
-    benchmark::DoNotOptimize(catalogue().formatFixedPoint(1234.5678, 2, &symbol, true));
+    benchmark::DoNotOptimize(catalog().formatFixedPoint(1234.5678, 2, &symbol, true));
 }
 BENCHMARK(FormatFixedPoint);
 
 void FormatFeetAndInches(benchmark::State& state) {
   const std::string symbol = "trelvon.symbol:feetAndInches-1.0.0";
-  for (auto _ : state)
-    benchmark::DoNotOptimize(catalogue().formatFractional(1234.53125, 4, &symbol));
+  for (auto _ : state) benchmark::DoNotOptimize(catalog().formatFractional(1234.53125, 4, &symbol));
 }
 BENCHMARK(FormatFeetAndInches);
 

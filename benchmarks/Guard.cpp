@@ -1,6 +1,6 @@
 /// Runs benchmarks and their baselines under callgrind; each writes a dump with its name.
 /// cmake/Guard.cmake runs this program and compares the instruction counts.
-#include "benchmarks/Catalogue.h"
+#include "benchmarks/Catalog.h"
 #include "benchmarks/SchemaTexts.h"
 #include "benchmarks/peers/BareConversion.h"
 #include "benchmarks/peers/Pairs.h"
@@ -31,8 +31,8 @@ void count(const char* name, const Work& work) {
 void keep(double value) { asm volatile("" : : "x"(value) : "memory"); }
 void keep(const void* value) { asm volatile("" : : "r"(value) : "memory"); }
 
-/// The same catalogue behind the C interface.
-const trelvon_engine* catalogueForC() {
+/// The same catalog behind the C interface.
+const trelvon_engine* catalogForC() {
   trelvon_engine* engine = nullptr;
   trelvon_engine_create(&engine, nullptr);
   for (const char* pack : {"/core", "/symbols", "/aliases"})
@@ -46,12 +46,12 @@ trelvon_text text(const std::string& kept) { return {kept.data(), kept.size()}; 
 }  // namespace
 
 int main() {
-  const Units::UnitsEngine& engine = catalogue();
+  const Units::UnitsEngine& engine = catalog();
   count("convert", [&] {
     for (const peers::UnitPair& pair : peers::mixedPairs())
       keep(engine.convert(2.5, pair.from, pair.to));
   });
-  const trelvon_engine* const forC = catalogueForC();
+  const trelvon_engine* const forC = catalogForC();
   count("cconvert", [&] {
     for (const peers::UnitPair& pair : peers::mixedPairs()) {
       double result = 0;
@@ -123,7 +123,7 @@ int main() {
     }
   });
 
-  Texts texts = readCatalogue();
+  Texts texts = readCatalog();
   std::sort(texts.begin(), texts.end());  // the order of the file system varies
   count("load", [&] { keep(load(texts).get()); });
   count("parse", [&] {

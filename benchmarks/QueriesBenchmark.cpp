@@ -1,5 +1,5 @@
 /// The cost of the unit queries. The baseline is a plain loop that copies the same records.
-#include "benchmarks/Catalogue.h"
+#include "benchmarks/Catalog.h"
 
 #include <benchmark/benchmark.h>
 
@@ -9,9 +9,9 @@ namespace {
 
 using Records = std::map<std::string, Units::Unit>;
 
-Records convertible() { return catalogue().getConvertibleUnits(unit("bar")); }
-Records withPowers() { return catalogue().getUnitsWithPrimitivePowers({{unit("meter"), 1}}); }
-Records primitive() { return catalogue().getPrimitiveUnits(); }
+Records convertible() { return catalog().getConvertibleUnits(unit("bar")); }
+Records withPowers() { return catalog().getUnitsWithPrimitivePowers({{unit("meter"), 1}}); }
+Records primitive() { return catalog().getPrimitiveUnits(); }
 
 template <Records (*query)()>
 void Query(benchmark::State& state) {
@@ -21,7 +21,7 @@ void Query(benchmark::State& state) {
 /// The baseline: loops over all units and copies those that the query returns.
 template <Records (*query)()>
 void CopyOf(benchmark::State& state) {
-  static const Records all = catalogue().getUnits();
+  static const Records all = catalog().getUnits();
   const Records wanted = query();
   for (auto _ : state) {
     Records copied;

@@ -35,7 +35,7 @@ inline Texts readTexts(const std::filesystem::path& root) {
 }
 
 /// The texts of all shipped definitions.
-inline Texts readCatalogue() { return readTexts(TRELVON_SCHEMAS); }
+inline Texts readCatalog() { return readTexts(TRELVON_SCHEMAS); }
 
 inline std::shared_ptr<Units::UnitsEngine> load(const Texts& texts) {
   std::shared_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());

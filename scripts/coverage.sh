@@ -25,4 +25,4 @@ done
 heading "coverage: figures"
 llvm-profdata merge -o $build/all.profdata $build/profiles/*.profraw
 scripts/coverage.py tests/coverage/exceptions.txt $build/all.profdata $build/libTrelvonUnits.so \
-  $build/tests/units_tests $build/tests/catalogue/catalogue_{dump,tests} $build/tests/robustness/robustness_*
+  $build/tests/units_tests $build/tests/catalog/catalog_{dump,tests} $build/tests/robustness/robustness_*

@@ -12,7 +12,7 @@ import pathlib
 import re
 import sys
 
-import catalogue as lib
+import catalog as lib
 
 RULES = pathlib.Path(__file__).with_name("alias_rules.json")
 SUPERSCRIPTS = "⁰¹²³⁴⁵⁶⁷⁸⁹"
@@ -124,16 +124,16 @@ class Speller:
                 yield self.powers(plain, "^")
 
 
-def wanted(catalogue, rules):
+def wanted(catalog, rules):
     """(display symbol, text) of every alias that the rules ask for and that can be."""
     speller = Speller(rules)
-    texts = [one for one in catalogue.of("symbol") if one.base == "symbol.prefixOrSuffix"]
+    texts = [one for one in catalog.of("symbol") if one.base == "symbol.prefixOrSuffix"]
     owners = {}
     for symbol in texts:
         owners.setdefault(symbol.value("text"), symbol.units()[0])
     shown = (one for one in texts if one.namespace == "symbol")
     for symbol in sorted(shown, key=lambda one: one.local):
-        if catalogue.by_id[symbol.units()[0]].base == "unit.absolute":
+        if catalog.by_id[symbol.units()[0]].base == "unit.absolute":
             continue
         named = rules["texts"].get(symbol.local, []) + rules["words"].get(symbol.local, [])
         found = [one for text in [symbol.value("text")] + named for one in speller.spellings(text)]
@@ -165,12 +165,12 @@ def document(unit, local, text):
     }
 
 
-def missing(catalogue, rules):
+def missing(catalog, rules):
     """path -> text of the files that the rules ask for and that are not there."""
-    texts = {(one.units()[0], one.value("text")) for one in catalogue.of("symbol")}
-    taken = {one.local.lower() for one in catalogue.files.values()}
+    texts = {(one.units()[0], one.value("text")) for one in catalog.of("symbol")}
+    taken = {one.local.lower() for one in catalog.files.values()}
     files = {}
-    for symbol, text in wanted(catalogue, rules):
+    for symbol, text in wanted(catalog, rules):
         unit = symbol.units()[0]
         if (unit, text) in texts:
             continue
@@ -187,7 +187,7 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--check", action="store_true", help="fail if a spelling is missing")
     checking = parser.parse_args().check
-    files = missing(lib.Catalogue(), json.loads(RULES.read_text(encoding="utf-8")))
+    files = missing(lib.Catalog(), json.loads(RULES.read_text(encoding="utf-8")))
     for path, text in files.items():
         fate = "is missing: run scripts/make_aliases.py" if checking else "written"
         print(f"schemas/{path} {fate}")

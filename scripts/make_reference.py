@@ -10,7 +10,7 @@ import json
 import sys
 from fractions import Fraction
 
-import catalogue as lib
+import catalog as lib
 
 DOCS = lib.ROOT.parent / "docs"
 RAISED = str.maketrans("-0123456789", "⁻⁰¹²³⁴⁵⁶⁷⁸⁹")
@@ -181,33 +181,33 @@ def anchor(heading):
 
 
 class Reference:
-    """What the pages show of units, from a catalogue."""
+    """What the pages show of units, from a catalog."""
 
-    def __init__(self, catalogue):
-        self.catalogue = catalogue
-        self.units = sorted(catalogue.of("unit"), key=lambda unit: unit.value("name").lower())
-        self.quantities = sorted(catalogue.of("quantity"), key=lambda one: one.value("name"))
+    def __init__(self, catalog):
+        self.catalog = catalog
+        self.units = sorted(catalog.of("unit"), key=lambda unit: unit.value("name").lower())
+        self.quantities = sorted(catalog.of("quantity"), key=lambda one: one.value("name"))
         self.display = {}
         self.aliases = {}
-        for symbol in catalogue.of("symbol"):
+        for symbol in catalog.of("symbol"):
             if symbol.base == "symbol.prefixOrSuffix":
                 texts = self.display if symbol.namespace == "symbol" else self.aliases
                 texts.setdefault(symbol.units()[0], []).append(symbol.value("text"))
         self.codes = {}
-        for text in catalogue.codes.values():
+        for text in catalog.codes.values():
             self.codes.update(json.loads(text)["codes"])
 
     def powers(self, unit):
-        primitives = self.catalogue.reduce(unit.id)[2]
+        primitives = self.catalog.reduce(unit.id)[2]
         kept = sorted((one, power) for one, power in primitives.items() if power)
         return "·".join(raised(self.display[one][0], power) for one, power in kept)
 
     def size(self, unit):
-        value, pi, _ = self.catalogue.reduce(unit.id)
+        value, pi, _ = self.catalog.reduce(unit.id)
         return value * lib.PI**pi
 
     def exact(self, unit):
-        value, pi, _ = self.catalogue.reduce(unit.id)
+        value, pi, _ = self.catalog.reduce(unit.id)
         text = product(exact(value), raised("π", pi) if pi else "", self.powers(unit))
         if unit.base == "unit.absolute":
             offset = Fraction(unit.source["exact"])
@@ -242,7 +242,7 @@ class Reference:
         ]
 
     def section(self, quantity):
-        units = [self.catalogue.by_id[unit] for unit in quantity.units()]
+        units = [self.catalog.by_id[unit] for unit in quantity.units()]
         note = quantity.source.get("note")
         text = f"## {quantity.value('name')}\n\nId {code(quantity.local)}, pack {code(quantity.pack)}. "
         text += f"Default: {units[0].value('name')}. Source: {', '.join(quantity.source['document'])}"
@@ -253,7 +253,7 @@ class Reference:
 
     def area(self, quantity):
         """The page of a quantity: that of its first unit's group, or of its pack."""
-        path = self.catalogue.by_id[quantity.units()[0]].path.split("/")
+        path = self.catalog.by_id[quantity.units()[0]].path.split("/")
         group = path[2] if path[0] == "core" else path[0]
         return next(page for page, (_, groups) in AREAS.items() if group in groups.split())
 
@@ -265,8 +265,8 @@ class Reference:
 
     def composites(self):
         rows = [
-            [code(one.local), code(self.catalogue.by_id[one.units()[0]].local)]
-            for one in self.catalogue.of("symbol")
+            [code(one.local), code(self.catalog.by_id[one.units()[0]].local)]
+            for one in self.catalog.of("symbol")
             if one.base == "symbol"
         ]
         return "## Composite texts\n\n" + table("symbol | unit", rows)
@@ -316,7 +316,7 @@ class Reference:
     def by_text(self):
         found = {}
         for text, unit in self.texts():
-            found.setdefault(text, []).append(self.catalogue.by_id[unit].value("name"))
+            found.setdefault(text, []).append(self.catalog.by_id[unit].value("name"))
         rows = [[code(text), ", ".join(found[text])] for text in sorted(found, key=str.lower)]
         return "# Units by text\n\n" + table("text | unit", rows)
 
@@ -327,7 +327,7 @@ class Reference:
             rows = [
                 [
                     code(one),
-                    self.catalogue.by_id[unit].value("name"),
+                    self.catalog.by_id[unit].value("name"),
                     row.get("differs", {}).get(f"{system}:{one}", ""),
                 ]
                 for unit, row in self.codes.items()
@@ -337,7 +337,7 @@ class Reference:
         return text
 
     def family(self, heading, locals_):
-        units = [self.catalogue.by_id[f"trelvon.unit:{local}-1.0.0"] for local in locals_.split()]
+        units = [self.catalog.by_id[f"trelvon.unit:{local}-1.0.0"] for local in locals_.split()]
         rows = []
         for unit in units:
             row = [unit.value("name"), code(self.display[unit.id][0]), decimal(self.size(unit))]
@@ -355,7 +355,7 @@ class Reference:
         for text, unit in self.texts():
             if set(text) & set(lib.LOOK_ALIKES):
                 continue
-            found.setdefault(text.lower(), {}).setdefault(text, self.catalogue.by_id[unit])
+            found.setdefault(text.lower(), {}).setdefault(text, self.catalog.by_id[unit])
         rows = [
             [f"{code(text)} {unit.value('name')}" for text, unit in sorted(texts.items())]
             for _, texts in sorted(found.items())
@@ -365,14 +365,14 @@ class Reference:
         head = " | ".join(["text"] + ["other"] * (width - 1))
         rows = [row + [""] * (width - len(row)) for row in rows]
         scales = ("psiGauge", "barGauge")
-        unit = self.catalogue.by_id
+        unit = self.catalog.by_id
         offsets = {one: unit[f"trelvon.unit:{one}-1.0.0"].value("offset") for one in scales}
         text = LOOK_ALIKES.format(**offsets) + families
         return text + "## Texts that differ in case only\n\n" + table(head, rows)
 
 
-def sources(catalogue):
-    known = json.loads((catalogue.root / "sources.json").read_text(encoding="utf-8"))
+def sources(catalog):
+    known = json.loads((catalog.root / "sources.json").read_text(encoding="utf-8"))
     head = "key | document | where | address"
 
     def rows(seen):
@@ -385,15 +385,15 @@ def sources(catalogue):
     return SOURCES + table(head, rows(True)) + "\n## Not seen\n\n" + table(head, rows(False))
 
 
-def pages(catalogue):
-    reference = Reference(catalogue)
+def pages(catalog):
+    reference = Reference(catalog)
     made = {f"units/{area}.md": reference.area_page(area) for area in AREAS}
     made["units.md"] = reference.first_page()
     made["units/by-name.md"] = reference.by_name()
     made["units/by-text.md"] = reference.by_text()
     made["units/by-code.md"] = reference.by_code()
     made["units/look-alikes.md"] = reference.look_alikes()
-    made["unit-sources.md"] = sources(catalogue)
+    made["unit-sources.md"] = sources(catalog)
     return made
 
 
@@ -402,7 +402,7 @@ def main():
     parser.add_argument("--check", action="store_true", help="fail if a page is out of date")
     checking = parser.parse_args().check
     stale = 0
-    for name, text in pages(lib.Catalogue()).items():
+    for name, text in pages(lib.Catalog()).items():
         path = DOCS / name
         if path.exists() and path.read_text(encoding="utf-8") == text:
             continue

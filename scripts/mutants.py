@@ -42,8 +42,8 @@ TREE = os.path.join(WORK, "tree")
 BUILD = os.path.join(WORK, "build")
 EQUIVALENT = os.path.join(ROOT, "tests", "mutants", "equivalent.txt")
 LIBRARY = "CMakeFiles/trelvon_objects.dir/"
-UNITS, CATALOGUE, DUMP = "tests/units_tests", "tests/catalogue/catalogue_tests", \
-    "tests/catalogue/catalogue_dump"
+UNITS, CATALOG, DUMP = "tests/units_tests", "tests/catalog/catalog_tests", \
+    "tests/catalog/catalog_dump"
 SHARED = "libTrelvonUnits.so"
 CORPUS = os.path.join(TREE, "tests", "fuzz", "corpus")
 RANDOM_INPUTS = 200  # for each fuzz target
@@ -108,7 +108,7 @@ class Built:
               "-D", "CMAKE_BUILD_TYPE=Debug",
               "-D", "CMAKE_CXX_FLAGS_DEBUG=-O0 -D_GLIBCXX_ASSERTIONS",
               "-D", "CMAKE_EXPORT_COMPILE_COMMANDS=ON", "-D", "TRELVONUNITS_EXAMPLES=OFF"], WORK)
-        targets = [UNITS, CATALOGUE, DUMP, "tests/abi/abi_host", SHARED,
+        targets = [UNITS, CATALOG, DUMP, "tests/abi/abi_host", SHARED,
                    *(f"tests/fuzz/fuzz_{name}" for name in os.listdir(CORPUS))]
         must(["ninja", f"-j{os.cpu_count()}", *targets], BUILD)
         with open(os.path.join(BUILD, "compile_commands.json"), encoding="utf-8") as file:
@@ -191,13 +191,13 @@ class Lane:
         late = ":".join(slow)
         yield "room", [units, f"--gtest_filter={own}-{late}"]
         yield "units", [units, f"--gtest_filter=*-{own}:{late}"]
-        yield "catalogue", [linked(CATALOGUE, "catalogue_tests")]
+        yield "catalog", [linked(CATALOG, "catalog_tests")]
         linked(SHARED, "libTrelvonUnits.so.1")
         yield "host", [os.path.join(BUILD, "tests/abi/abi_host"), os.path.join(TREE, "schemas")]
         if late:
             yield "slow", [units, f"--gtest_filter={late}"]
-        yield "records", [sys.executable, "-B", os.path.join(TREE, "tests/catalogue/records_test.py"),
-                          linked(DUMP, "catalogue_dump")]
+        yield "records", [sys.executable, "-B", os.path.join(TREE, "tests/catalog/records_test.py"),
+                          linked(DUMP, "catalog_dump")]
         for name in sorted(os.listdir(CORPUS)):
             yield f"fuzz {name}", [linked(f"tests/fuzz/fuzz_{name}", f"fuzz_{name}"),
                                    os.path.join(CORPUS, name), str(RANDOM_INPUTS)]

@@ -1,6 +1,6 @@
 #include "benchmarks/peers/BareConversion.h"
 
-#include "benchmarks/Catalogue.h"
+#include "benchmarks/Catalog.h"
 #include "benchmarks/peers/Pairs.h"
 
 namespace peers {
@@ -10,17 +10,17 @@ namespace {
 /// The common base unit for a unit: the first `from` unit of the pairs that it converts to.
 const std::string& hubOf(const std::string& typeId) {
   for (const UnitPair& pair : mixedPairs())
-    if (catalogue().canConvert(typeId, pair.from)) return pair.from;
+    if (catalog().canConvert(typeId, pair.from)) return pair.from;
   return typeId;
 }
 
 Scales makeScales() {
   Scales scales;
-  for (const auto& [typeId, record] : catalogue().getUnits()) scales[typeId] = {1, 0};
+  for (const auto& [typeId, record] : catalog().getUnits()) scales[typeId] = {1, 0};
   for (const UnitPair& pair : mixedPairs())
     for (const std::string& typeId : {pair.from, pair.to}) {
-      const double zero = catalogue().convert(0, typeId, hubOf(typeId));
-      const double factor = catalogue().convert(1, typeId, hubOf(typeId)) - zero;
+      const double zero = catalog().convert(0, typeId, hubOf(typeId));
+      const double factor = catalog().convert(1, typeId, hubOf(typeId)) - zero;
       scales[typeId] = {factor, zero / factor};
     }
   return scales;

@@ -1,6 +1,6 @@
 /// `convert` with two ids: against UDUNITS-2, against the minimum that any conversion needs, with
 /// many stored units, and with deep definitions.
-#include "benchmarks/Catalogue.h"
+#include "benchmarks/Catalog.h"
 #include "benchmarks/peers/BareConversion.h"
 #include "benchmarks/peers/Pairs.h"
 #include "benchmarks/peers/Turns.h"
@@ -16,7 +16,7 @@ namespace {
 Side ourPairs() {
   return {[] {
             for (const UnitPair& pair : mixedPairs())
-              keep(catalogue().convert(2.5, pair.from, pair.to));
+              keep(catalog().convert(2.5, pair.from, pair.to));
             return Leftover();
           },
           static_cast<double>(mixedPairs().size())};
@@ -25,7 +25,7 @@ Side ourPairs() {
 Sides againstUdunits() {
   const auto udunits = std::make_shared<Udunits>();
   for (const UnitPair& pair : mixedPairs())
-    checkNear(catalogue().convert(2.5, pair.from, pair.to),
+    checkNear(catalog().convert(2.5, pair.from, pair.to),
               udunits->convert(2.5, pair.theirFrom, pair.theirTo), 1e-9, pair.from + pair.to);
   return {ourPairs(),
           {[udunits] {
@@ -39,7 +39,7 @@ Sides againstUdunits() {
 template <class Id>
 Sides againstLookups(double (*lookUp)(double, Id, Id)) {
   for (const UnitPair& pair : mixedPairs())
-    checkNear(catalogue().convert(2.5, pair.from, pair.to), lookUp(2.5, pair.from, pair.to), 1e-9,
+    checkNear(catalog().convert(2.5, pair.from, pair.to), lookUp(2.5, pair.from, pair.to), 1e-9,
               pair.from + pair.to);
   return {ourPairs(),
           {[lookUp] {

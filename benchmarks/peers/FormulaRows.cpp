@@ -1,5 +1,5 @@
 /// Formulas: against libqalculate, against parsing only their numbers, and by length.
-#include "benchmarks/Catalogue.h"
+#include "benchmarks/Catalog.h"
 #include "benchmarks/peers/FormulaTable.h"
 #include "benchmarks/peers/Qalculate.h"
 #include "benchmarks/peers/Turns.h"
@@ -36,8 +36,8 @@ const std::vector<Ready>& readyFormulas() {
 }
 
 double ourValue(const Ready& formula) {
-  return formula.unit.empty() ? catalogue().evaluateUnitlessExpression(formula.text)
-                              : catalogue().evaluateExpressionInUnit(formula.unit, formula.text);
+  return formula.unit.empty() ? catalog().evaluateUnitlessExpression(formula.text)
+                              : catalog().evaluateExpressionInUnit(formula.unit, formula.text);
 }
 
 Side evaluating(std::vector<Ready> formulas) {
@@ -140,8 +140,8 @@ Side explained() {
   return {[] {
             for (const Ready& formula : readyFormulas())
               keep(formula.unit.empty()
-                       ? explainUnitlessFormula(catalogue(), formula.text, {}).value()
-                       : explainFormula(catalogue(), formula.unit, formula.text, {}).value());
+                       ? explainUnitlessFormula(catalog(), formula.text, {}).value()
+                       : explainFormula(catalog(), formula.unit, formula.text, {}).value());
             return Leftover();
           },
           static_cast<double>(formulas.size())};
@@ -149,9 +149,9 @@ Side explained() {
 
 /// A formula without units and with a known value.
 Side bare(std::string formula, double value, double pieces) {
-  check(catalogue().evaluateUnitlessExpression(formula) == value, "the long formula");
+  check(catalog().evaluateUnitlessExpression(formula) == value, "the long formula");
   return {[formula = std::move(formula)] {
-            keep(catalogue().evaluateUnitlessExpression(formula));
+            keep(catalog().evaluateUnitlessExpression(formula));
             return Leftover();
           },
           pieces};

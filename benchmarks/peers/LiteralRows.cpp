@@ -1,6 +1,6 @@
 /// Parses a literal with its unit. No public operation does only that, so this calls the module
 /// `text` directly.
-#include "benchmarks/Catalogue.h"
+#include "benchmarks/Catalog.h"
 #include "benchmarks/peers/Turns.h"
 #include "benchmarks/peers/Udunits.h"
 #include "model/SymbolTexts.h"
@@ -32,7 +32,7 @@ constexpr std::array<Literal, 12> literals = {{{"12.5 kg", 12.5, "kg"},
                                                {"1500 J", 1500, "J"}}};
 
 struct Symbols {
-  Units::RecordStore<Units::Symbol> records{catalogue().getSymbols()};
+  Units::RecordStore<Units::Symbol> records{catalog().getSymbols()};
   Units::SymbolTexts texts{records};
 };
 

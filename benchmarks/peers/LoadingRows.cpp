@@ -59,7 +59,7 @@ Side rapidJson(const Texts& texts) {
 }
 
 Sides textsAgainstRapidJson() {
-  const Texts texts = readCatalogue();
+  const Texts texts = readCatalog();
   return {loading(texts), rapidJson(texts)};
 }
 
@@ -87,7 +87,7 @@ Sides fromFolders(const std::string& folder) {
           {[folder] { return std::make_shared<Texts>(readTexts(folder)); }}};
 }
 
-/// The whole catalogue.
+/// The whole catalog.
 Side fromABundle(const Texts& texts) {
   std::string bundle = "TrelvonUnits-schema-bundle-1\n";
   for (const std::string& text : texts) bundle.append(text).push_back('\0');
@@ -112,7 +112,7 @@ Sides withReport(bool lint) {
 }
 
 Sides memory() {
-  const Texts texts = readCatalogue();
+  const Texts texts = readCatalog();
   const auto inUse = [] {
     const auto info = mallinfo2();
     return static_cast<double>(info.uordblks + info.hblkhd);
@@ -168,12 +168,12 @@ std::vector<Row> loadingRows() {
       {"loading the whole catalog from a bundle", "RapidJSON parsing the same bytes", Bound::AtMost,
        3, 2,
        [] {
-         const Texts texts = readCatalogue();
+         const Texts texts = readCatalog();
          return Sides{fromABundle(texts), rapidJson(texts)};
        }},
       {"loading the whole catalog from a bundle", "from folders", Bound::AtMost, 1, 0.5,
        [] {
-         const Texts texts = readCatalogue();
+         const Texts texts = readCatalog();
          const auto count = static_cast<double>(texts.size());
          return Sides{fromABundle(texts), {[] { return loadFolders(); }, count}};
        }},

@@ -1,5 +1,5 @@
 /// Units by what people call them.
-#include "benchmarks/Catalogue.h"
+#include "benchmarks/Catalog.h"
 #include "benchmarks/peers/Turns.h"
 
 #include <map>
@@ -13,10 +13,10 @@ using Texts = std::map<std::string, std::string>;
 /// Every text that names a unit of the catalog, and the type id of one that it names.
 Texts namingTexts() {
   Texts texts;
-  const Units::UnitNames names(catalogue());
+  const Units::UnitNames names(catalog());
   for (const Units::UnitName& name : names.completions("", std::string::npos))
     texts.emplace(name.getText(), name.getUnit().getTypeId());
-  for (const auto& [typeId, record] : catalogue().getUnits()) texts.emplace(typeId, typeId);
+  for (const auto& [typeId, record] : catalog().getUnits()) texts.emplace(typeId, typeId);
   return texts;
 }
 
@@ -30,7 +30,7 @@ std::vector<std::string> scattered(const Texts& texts) {
 }
 
 Sides finding() {
-  const Units::UnitNames names(catalogue());
+  const Units::UnitNames names(catalog());
   const Texts texts = namingTexts();
   const std::vector<std::string> asked = scattered(texts);
   for (const std::string& text : asked) {

@@ -1,6 +1,6 @@
 #include "benchmarks/peers/Pairs.h"
 
-#include "benchmarks/Catalogue.h"
+#include "benchmarks/Catalog.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,5 +1,5 @@
 /// A prepared conversion: value by value, and in bulk.
-#include "benchmarks/Catalogue.h"
+#include "benchmarks/Catalog.h"
 #include "benchmarks/peers/Pairs.h"
 #include "benchmarks/peers/PlainLoop.h"
 #include "benchmarks/peers/Turns.h"
@@ -30,7 +30,7 @@ Sides singleValues() {
   std::vector<Units::PreparedConversion> ours;
   std::vector<Udunits::Converter> theirs;
   for (const UnitPair& pair : mixedPairs()) {
-    ours.emplace_back(catalogue(), pair.from, pair.to);
+    ours.emplace_back(catalog(), pair.from, pair.to);
     theirs.emplace_back(*udunits, pair.theirFrom, pair.theirTo);
     std::vector<double> converted(values.size());
     theirs.back().convertEach(values, converted.data());
@@ -66,7 +66,7 @@ struct FeetToYards {
   explicit FeetToYards(std::size_t count) : values(manyValues(count)), ours(count), theirs(count) {}
 
   const std::string from = unit("foot"), to = unit("yard");
-  const Units::PreparedConversion conversion{catalogue(), from, to};
+  const Units::PreparedConversion conversion{catalog(), from, to};
   const std::vector<double> values;
   std::vector<double> ours, theirs;
 
@@ -108,8 +108,8 @@ Sides againstConverter() {
 
 template <std::size_t count>
 Sides againstPlainLoop() {
-  const double foot = catalogue().convert(1, unit("foot"), unit("meter"));
-  const double yard = catalogue().convert(1, unit("yard"), unit("meter"));
+  const double foot = catalog().convert(1, unit("foot"), unit("meter"));
+  const double yard = catalog().convert(1, unit("yard"), unit("meter"));
   return arrays(
       std::make_shared<FeetToYards>(count),
       [=](FeetToYards& feet) {
@@ -131,7 +131,7 @@ Sides againstCopy() {
 
 Sides reciprocals() {
   constexpr std::size_t kCount = 2048;
-  const Units::PreparedConversion conversion(catalogue(), unit("literPer100Kilometers"),
+  const Units::PreparedConversion conversion(catalog(), unit("literPer100Kilometers"),
                                              unit("milePerGallonUs"));
   const std::vector<double> values = manyValues(kCount);
   const auto ours = std::make_shared<std::vector<double>>(kCount);
@@ -156,7 +156,7 @@ Sides making() {
   const auto pieces = static_cast<double>(mixedPairs().size());
   return {{[] {
              for (const UnitPair& pair : mixedPairs()) {
-               const Units::PreparedConversion conversion(catalogue(), pair.from, pair.to);
+               const Units::PreparedConversion conversion(catalog(), pair.from, pair.to);
                keep(&conversion);
              }
              return Leftover();
@@ -164,7 +164,7 @@ Sides making() {
            pieces},
           {[] {
              for (const UnitPair& pair : mixedPairs())
-               keep(catalogue().convert(2.5, pair.from, pair.to));
+               keep(catalog().convert(2.5, pair.from, pair.to));
              return Leftover();
            },
            pieces}};

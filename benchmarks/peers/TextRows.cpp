@@ -1,5 +1,5 @@
 /// Formatting against `snprintf` of only the number, and a query against copying its result.
-#include "benchmarks/Catalogue.h"
+#include "benchmarks/Catalog.h"
 #include "benchmarks/peers/Turns.h"
 
 #include <array>
@@ -34,10 +34,10 @@ Side printed() {
 
 Sides fixedPoint() {
   const std::string kilogram = symbol("kilogram");
-  check(catalogue().formatFixedPoint(12.5, 2, &kilogram, false) == "12.50 kg", "12.50 kg");
+  check(catalog().formatFixedPoint(12.5, 2, &kilogram, false) == "12.50 kg", "12.50 kg");
   return {{[kilogram] {
              for (const double value : values)
-               keep(catalogue().formatFixedPoint(value, 2, &kilogram, false).data());
+               keep(catalog().formatFixedPoint(value, 2, &kilogram, false).data());
              return Leftover();
            },
            values.size()},
@@ -46,10 +46,10 @@ Sides fixedPoint() {
 
 Sides fractional() {
   const std::string feetAndInches = symbol("feetAndInches");
-  check(catalogue().formatFractional(5.53125, 4, &feetAndInches) == "5' 6 3/8\"", "5' 6 3/8\"");
+  check(catalog().formatFractional(5.53125, 4, &feetAndInches) == "5' 6 3/8\"", "5' 6 3/8\"");
   return {{[feetAndInches] {
              for (const double value : values)
-               keep(catalogue().formatFractional(value, 4, &feetAndInches).data());
+               keep(catalog().formatFractional(value, 4, &feetAndInches).data());
              return Leftover();
            },
            values.size()},
@@ -59,14 +59,14 @@ Sides fractional() {
 using Records = std::map<std::string, Units::Unit>;
 
 Records convertibleToBar() {
-  Records listed = catalogue().getConvertibleUnits(unit("bar"));
+  Records listed = catalog().getConvertibleUnits(unit("bar"));
   check(listed.size() > 30 && listed.count(unit("pascal")) == 1, "the units convertible to a bar");
   return listed;
 }
 
 Side query() {
   return {[] {
-    keep(&static_cast<const Records&>(catalogue().getConvertibleUnits(unit("bar"))));
+    keep(&static_cast<const Records&>(catalog().getConvertibleUnits(unit("bar"))));
     return Leftover();
   }};
 }
@@ -107,7 +107,7 @@ Sides besideFreshRecords() {
 /// Copies of one record, on as many threads at once.
 Side copies(std::size_t threads) {
   constexpr std::size_t times = 100000;
-  const auto work = [unit = catalogue().getUnit(unit("bar"))] {
+  const auto work = [unit = catalog().getUnit(unit("bar"))] {
     for (std::size_t time = 0; time < times; ++time) {
       const Units::Unit copy(unit);
       keep(&copy);

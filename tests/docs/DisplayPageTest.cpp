@@ -34,7 +34,7 @@ Units::ValueDisplay displayOf(const Units::UnitsEngine& engine, const std::strin
 }
 
 TEST(DisplayPage, ValuesAreShownAndReadAsItSays) {
-  const std::unique_ptr<Units::UnitsEngine> engine = makeCatalogueEngine();
+  const std::unique_ptr<Units::UnitsEngine> engine = makeCatalogEngine();
   for (const auto& row : rowsOf("display.md", {"display", "value", "text"}))
     EXPECT_EQ(displayOf(*engine, row[0]).show(std::stod(row[1])), row[2]) << row[0];
   for (const auto& row : rowsOf("display.md", {"display", "text", "read as"})) {

@@ -51,7 +51,7 @@ template <class E>
 void expectRows(const std::string& column,
                 Said (*find)(const FormulaExplanation&, const std::string&), E last,
                 std::set<std::string> words) {
-  const std::unique_ptr<Units::UnitsEngine> engine = makeCatalogueEngine();
+  const std::unique_ptr<Units::UnitsEngine> engine = makeCatalogEngine();
   for (const auto& row : rowsOf("explain.md", {column, "formula", "in", "says"})) {
     words.insert(row[0]);
     Said said = find(explain(*engine, row[2], row[1]), row[0]);
@@ -81,7 +81,7 @@ std::string wordsOf(const FormulaExplanation& explained) {
 }
 
 TEST(FormulaPage, PitfallsAreWarnedOf) {
-  const std::unique_ptr<Units::UnitsEngine> engine = makeCatalogueEngine();
+  const std::unique_ptr<Units::UnitsEngine> engine = makeCatalogEngine();
   for (const auto& row :
        rowsOf("formula-language.md", {"formula", "in", "gives", "why", "warning"})) {
     const FormulaExplanation explained = explain(*engine, row[1], row[0]);

@@ -20,7 +20,7 @@ VariableResolver resolverOf(const std::string& variables) {
 
 /// Without variables through the operations that take none.
 void expectFormulas(const std::string& page, const std::vector<std::string>& columns) {
-  const std::unique_ptr<Units::UnitsEngine> engine = makeCatalogueEngine();
+  const std::unique_ptr<Units::UnitsEngine> engine = makeCatalogEngine();
   for (const auto& row : rowsOf(page, columns)) {
     const bool isPlain = columns[1] == "in";
     const std::string unit = row[columns.size() - 2];

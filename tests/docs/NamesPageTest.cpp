@@ -26,7 +26,7 @@ std::string listed(const Found& found) {
   return list.empty() ? "nothing" : list;
 }
 
-Units::UnitCodes makeCatalogueCodes() {
+Units::UnitCodes makeCatalogCodes() {
   const auto codesOf = [](const std::string& pack) {
     return Units::UnitCodes::fromText(readFile("schemas/" + pack + "/codes.json"));
   };
@@ -49,7 +49,7 @@ bool hasUnit(const Found& found, const Units::Unit& unit) {
 }
 
 TEST(NamesPage, TextsFindWhatItSays) {
-  const Units::UnitNames names(*makeCatalogueEngine(), makeCatalogueCodes());
+  const Units::UnitNames names(*makeCatalogEngine(), makeCatalogCodes());
   for (const auto& row : rowsOf("names.md", {"text", "finds"}))
     EXPECT_EQ(listed(names.find(row[0])), row[1]) << row[0];
   for (const auto& row : rowsOf("names.md", {"mistyped", "at most 3 suggestions"}))
@@ -59,7 +59,7 @@ TEST(NamesPage, TextsFindWhatItSays) {
 }
 
 TEST(NamesPage, TextsWithoutAUnitHaveTheReasonsThatItSays) {
-  const Units::UnitNames names(*makeCatalogueEngine(), makeCatalogueCodes());
+  const Units::UnitNames names(*makeCatalogEngine(), makeCatalogCodes());
   for (const auto& row : rowsOf("names.md", {"text", "why not"}))
     EXPECT_EQ(names.whyNot(row[0]), row[1]) << row[0];
 }
@@ -71,8 +71,8 @@ std::string mistyped(std::string name, Random& random) {
   return name.replace(place, (error + 1) / 2, written[error]);
 }
 
-TEST(NamesPage, EveryTextOfTheCatalogueFindsItsUnitAndSoDoMistypedNames) {
-  const auto engine = makeCatalogueEngine();
+TEST(NamesPage, EveryTextOfTheCatalogFindsItsUnitAndSoDoMistypedNames) {
+  const auto engine = makeCatalogEngine();
   const Units::UnitNames names(*engine);
   const auto units = engine->getUnits();
   for (const auto& [typeId, unit] : units)
@@ -97,10 +97,10 @@ TEST(NamesPage, EveryTextOfTheCatalogueFindsItsUnitAndSoDoMistypedNames) {
 }
 
 TEST(NamesPage, EveryCodeFindsItsUnitInLittleTimeAndMemory) {
-  const auto engine = makeCatalogueEngine();
+  const auto engine = makeCatalogEngine();
   Schemas::SchemaUtility::addDefinitionsFromFolder(TRELVON_TESTS_SOURCE_DIR "/schemas/cgs",
                                                    *engine);
-  const Units::UnitCodes codes = makeCatalogueCodes();
+  const Units::UnitCodes codes = makeCatalogCodes();
   const long before = heap::liveBytes();
   const Units::UnitNames names(*engine, codes);
   names.find("");  // sorts for loose searches

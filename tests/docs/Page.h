@@ -92,8 +92,8 @@ std::string answerOf(Action&& action) {
   }
 }
 
-/// An engine with the whole catalogue and a host's dollar.
-inline std::unique_ptr<Units::UnitsEngine> makeCatalogueEngine() {
+/// An engine with the whole catalog and a host's dollar.
+inline std::unique_ptr<Units::UnitsEngine> makeCatalogEngine() {
   std::unique_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());
   for (const char* const pack : {"core", "symbols", "aliases", "legacy", "gauge"})
     Schemas::SchemaUtility::addDefinitionsFromFolder(
@@ -103,7 +103,7 @@ inline std::unique_ptr<Units::UnitsEngine> makeCatalogueEngine() {
   return engine;
 }
 
-/// The type id of a name on a page: the catalogue's local names stand alone.
+/// The type id of a name on a page: the catalog's local names stand alone.
 inline std::string typeIdOf(const std::string& kind, const std::string& name) {
   return name.find(':') == std::string::npos ? "trelvon." + kind + ":" + name + "-1.0.0" : name;
 }

@@ -18,7 +18,7 @@ double valueOfLast(const std::string& parameters, const std::string& unit,
 }
 
 TEST(ParametersPage, ParametersGiveWhatItSays) {
-  const auto engine = makeCatalogueEngine();
+  const auto engine = makeCatalogEngine();
   for (const auto& row : rowsOf("parameters.md", {"parameters", "in", "gives"}))
     EXPECT_EQ(answerOf([&] { return valueOfLast(row[0], row[1], *engine); }), row[2]) << row[0];
 }

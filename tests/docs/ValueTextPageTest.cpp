@@ -28,7 +28,7 @@ struct Call {
 };
 
 TEST(ValueTextPage, NumbersAreWrittenAsItSays) {
-  const std::unique_ptr<Units::UnitsEngine> engine = makeCatalogueEngine();
+  const std::unique_ptr<Units::UnitsEngine> engine = makeCatalogEngine();
   for (const auto& row : rowsOf("value-text.md", {"value", "call", "text"})) {
     const double value = std::stod(row[0]);
     const Call call(row[1]);
@@ -44,7 +44,7 @@ TEST(ValueTextPage, NumbersAreWrittenAsItSays) {
 }
 
 TEST(ValueTextPage, TextsAreReadAsItSays) {
-  const Units::RecordStore<Units::Symbol> symbols(makeCatalogueEngine()->getSymbols());
+  const Units::RecordStore<Units::Symbol> symbols(makeCatalogEngine()->getSymbols());
   const Units::SymbolTexts texts(symbols);
   for (const auto& row : rowsOf("value-text.md", {"text", "value", "symbol"})) {
     double value = 0;

@@ -18,7 +18,7 @@ from ._engine import Engine, Unit, Units
 from ._library import VERSION as __version__
 from ._names import Names, local_id
 from ._objects import Explanation, Report
-from .conversions import Conversion, catalogue_version
+from .conversions import Conversion, catalog_version
 from .displays import Display, Piece, Reading
 from .errors import (AmbiguousUnit, ArgumentError, CallbackError, Error, FileError,
                      IncompatibleUnits, LoadError, OtherError, ParseError, PrecisionError,
@@ -31,5 +31,5 @@ __all__ = [
     "Engine", "Error", "Explanation", "Factor", "FileError", "IncompatibleUnits", "LoadError",
     "Name", "Names", "OtherError", "Parameters", "ParseError", "Piece", "PrecisionError",
     "Quantity", "Reading", "Report", "Symbol", "Unit", "UnitRecord", "Units", "UnknownUnit",
-    "UnrecognizedIdentifier", "ValidationError", "VersionError", "__version__", "catalogue_version",
+    "UnrecognizedIdentifier", "ValidationError", "VersionError", "__version__", "catalog_version",
     "local_id"]

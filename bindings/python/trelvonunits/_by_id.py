@@ -56,7 +56,7 @@ class ById:
         self._owned = owned
         self._engine = owned.pointer
         self._changed = changed
-        self.is_of_catalogue = self.is_catalogue_alone = False
+        self.is_of_catalog = self.is_catalog_alone = False
 
     # Numbers
 
@@ -76,7 +76,7 @@ class ById:
                        *(Text(each, len(each)) for each in ids))
         return Conversion(Owned(made_of, Functions.conversion_free),
                           *(each.decode("utf-8", "surrogateescape") for each in ids),
-                          self.is_of_catalogue)
+                          self.is_of_catalog)
 
     def format_fixed(self, value: float, places: int, symbol: Optional[str] = None,
                      trim: bool = False) -> str:
@@ -91,7 +91,7 @@ class ById:
         """`options`: JSON as docs/display.md describes it, or a mapping of that form."""
         return Display(Owned(made(Functions.display_create, self._engine,
                                   json_of(options, "options")), Functions.display_free),
-                       self.is_catalogue_alone)
+                       self.is_catalog_alone)
 
     # Formulas
 
@@ -165,7 +165,7 @@ class ById:
         try:
             return then(function, self._engine, *arguments)
         finally:
-            self.is_catalogue_alone = False
+            self.is_catalog_alone = False
             self._changed()  # not before, as another thread may learn the names in between
 
     # Loading with a report

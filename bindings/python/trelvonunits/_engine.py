@@ -11,7 +11,7 @@ from ._arguments import encoded, number, several, text, whole
 from ._by_id import ById, Resolver
 from ._faults import made
 from ._library import FOLDER, Functions, Text
-from ._names import Names, catalogue_codes, local_id
+from ._names import Names, catalog_codes, local_id
 from ._objects import Explanation, Owned, Report
 from .conversions import Conversion, is_number
 from .displays import Display
@@ -55,7 +55,7 @@ class Engine:
         self._start()
         if folders is None:
             self.by_id.add_bundle_file(_BUNDLE)
-            self.by_id.is_of_catalogue = self.by_id.is_catalogue_alone = True
+            self.by_id.is_of_catalog = self.by_id.is_catalog_alone = True
             return
         report = self.by_id.load_folders(folders, lint=False)
         if report.errors:
@@ -122,7 +122,7 @@ class Engine:
         names, data = self._names(), encoded(name, "a unit")
         if b":" not in data or names.find_best(data):
             return names.only(name)
-        codes = self._learned("_known_codes", lambda: self.names(catalogue_codes()))
+        codes = self._learned("_known_codes", lambda: self.names(catalog_codes()))
         return codes.only(name)
 
     def _symbol_id(self, name: str) -> str:
@@ -367,7 +367,7 @@ class Unit(UnitRecord):
     @property
     def exact(self) -> Optional[str]:
         """The exact size in primitive units, if the catalog has it, such as "381/1250"."""
-        return _exact_sizes().get(self.type_id) if self._engine.by_id.is_of_catalogue else None
+        return _exact_sizes().get(self.type_id) if self._engine.by_id.is_of_catalog else None
 
     @property
     def quantities(self) -> Tuple[str, ...]:

@@ -14,7 +14,7 @@ from .records import Name, listed
 _MOST = 2**31
 
 
-def catalogue_codes() -> str:
+def catalog_codes() -> str:
     """The mapping of the catalog's units to codes of other systems."""
     with open(os.path.join(FOLDER, "catalog.codes.json"), encoding="utf-8") as file:
         return file.read()

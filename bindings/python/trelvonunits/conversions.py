@@ -13,7 +13,7 @@ from ._objects import Owned
 from .errors import ArgumentError, VersionError
 
 
-def catalogue_version() -> str:
+def catalog_version() -> str:
     """Identifies the definitions of this package: differs for those of another version."""
     import hashlib  # late, as it takes long
     with open(os.path.join(FOLDER, "catalog.bundle"), "rb") as file:
@@ -34,11 +34,11 @@ class Conversion:
     array('d', [3.048, 6.096])
     """
 
-    __slots__ = ("_owned", "_from", "_to", "_is_of_catalogue")
+    __slots__ = ("_owned", "_from", "_to", "_is_of_catalog")
 
-    def __init__(self, owned: Owned, from_unit: str, to_unit: str, is_of_catalogue: bool) -> None:
+    def __init__(self, owned: Owned, from_unit: str, to_unit: str, is_of_catalog: bool) -> None:
         self._owned, self._from, self._to = owned, from_unit, to_unit
-        self._is_of_catalogue = is_of_catalogue
+        self._is_of_catalog = is_of_catalog
 
     @property
     def from_unit(self) -> str:
@@ -70,11 +70,11 @@ class Conversion:
     def __reduce__(self) -> Tuple[Callable[..., Any], Tuple[str, str, str]]:
         """Pickles the type ids, and the version of the catalog that defines both units."""
         # An engine with the catalog may have other units, too.
-        if not self._is_of_catalogue or not all(
+        if not self._is_of_catalog or not all(
                 engine_of_process().by_id.is_registered(unit) for unit in (self._from, self._to)):
             raise ArgumentError("only conversions of the catalog can be pickled: make one of other "
                                 "definitions where it is used")
-        return _unpickled, (self._from, self._to, catalogue_version())
+        return _unpickled, (self._from, self._to, catalog_version())
 
 
 def is_number(value: Any) -> bool:
@@ -101,9 +101,9 @@ def engine_of_process() -> Any:
 
 def engine_of_version(version: str, what: str) -> Any:
     """The same, if its catalog has this version."""
-    if version != catalogue_version():
+    if version != catalog_version():
         raise VersionError(f"{what} was pickled with version {version} of the catalog; this is "
-                           f"{catalogue_version()}: install the same version of trelvonunits in all "
+                           f"{catalog_version()}: install the same version of trelvonunits in all "
                            "processes")
     return engine_of_process()
 

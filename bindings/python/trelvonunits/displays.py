@@ -8,7 +8,7 @@ from ._arguments import encoded, number, read_json, written
 from ._faults import exception_of, span_in
 from ._library import Functions, Text
 from ._objects import Owned
-from .conversions import catalogue_version, engine_of_version
+from .conversions import catalog_version, engine_of_version
 from .errors import ArgumentError, Span
 from .records import listed
 
@@ -47,10 +47,10 @@ class Display:
     '`12` must be less than 12.'
     """
 
-    __slots__ = ("_owned", "_is_of_catalogue_alone")
+    __slots__ = ("_owned", "_is_of_catalog_alone")
 
-    def __init__(self, owned: Owned, is_of_catalogue_alone: bool) -> None:
-        self._owned, self._is_of_catalogue_alone = owned, is_of_catalogue_alone
+    def __init__(self, owned: Owned, is_of_catalog_alone: bool) -> None:
+        self._owned, self._is_of_catalog_alone = owned, is_of_catalog_alone
 
     def __repr__(self) -> str:
         return f"<Display {self.json}>"
@@ -109,11 +109,11 @@ class Display:
 
     def __reduce__(self) -> Tuple[Callable[..., Any], Tuple[str, str]]:
         """Pickles the options and the version of the catalog."""
-        if not self._is_of_catalogue_alone:
+        if not self._is_of_catalog_alone:
             # With more definitions, the symbol or the best units may be different.
             raise ArgumentError("only displays of the catalog alone can be pickled: make one of other "
                                 "definitions where it is used")
-        return _unpickled, (self.json, catalogue_version())
+        return _unpickled, (self.json, catalog_version())
 
 
 def _unpickled(json: str, version: str) -> Display:

@@ -10,7 +10,7 @@ namespace Units {
 namespace {
 
 const UnitsEngine& engine() {
-  static const std::unique_ptr<UnitsEngine> made = makeCatalogueEngine();
+  static const std::unique_ptr<UnitsEngine> made = makeCatalogEngine();
   return *made;
 }
 
@@ -129,7 +129,7 @@ TEST(ValueDisplay, ChoosesTheBestUnitByRules) {
 }
 
 TEST(ValueDisplay, TakesTextsOfSymbolsAsTheyAre) {
-  const std::unique_ptr<UnitsEngine> own = makeCatalogueEngine();
+  const std::unique_ptr<UnitsEngine> own = makeCatalogEngine();
   const Unit foot = own->getUnit("trelvon.unit:foot-1.0.0");
   own->addSymbol(Symbol("edges", foot, PrefixOrSuffix(" a b ", Placement::Suffix, true)));
   const auto display = ValueDisplay::fromJson(*own, R"({"symbol":"edges","noBreakSpaces":true})");

@@ -21,16 +21,16 @@ TIGHT = ["\u00b0", "\u2032", "\u2033", "'", '"', ""]
 OPERATORS = "+-*/^()"
 
 
-def texts(catalogue):
-    return [one for one in catalogue.of("symbol") if one.base == "symbol.prefixOrSuffix"]
+def texts(catalog):
+    return [one for one in catalog.of("symbol") if one.base == "symbol.prefixOrSuffix"]
 
 
-def form(catalogue):
+def form(catalog):
     """What the formula reader asks of a single text."""
     complaints = []
-    for symbol in texts(catalogue):
+    for symbol in texts(catalog):
         text = symbol.value("text")
-        local = catalogue.by_id[symbol.units()[0]].local
+        local = catalog.by_id[symbol.units()[0]].local
         faults = {
             "more than three operators": sum(c in OPERATORS for c in text) > 3,
             "white space other than single spaces": re.search(r"[^\S ]|  |\u00a0", text),
@@ -43,10 +43,10 @@ def form(catalogue):
     return complaints
 
 
-def characters(catalogue):
+def characters(catalog):
     """Display texts keep to one spelling of each character; aliases may hold the others."""
     complaints = []
-    for symbol in texts(catalogue):
+    for symbol in texts(catalog):
         odd = [c for c in symbol.value("text") if not c.isascii() and c not in BEYOND_ASCII]
         if symbol.namespace == "symbolAlias":
             odd = [c for c in odd if c not in LOOK_ALIKES]
@@ -55,23 +55,23 @@ def characters(catalogue):
     return complaints
 
 
-def twice(catalogue):
+def twice(catalog):
     """No text is there twice for one unit."""
-    texts_of = Counter((one.units()[0], one.value("text")) for one in texts(catalogue))
+    texts_of = Counter((one.units()[0], one.value("text")) for one in texts(catalog))
     return [f"{unit}: has the same text twice" for (unit, _), count in texts_of.items() if count > 1]
 
 
-def coverage(catalogue):
+def coverage(catalog):
     """Every unit has one display text, and aliases are named after their unit."""
     complaints = []
     display = {}
-    for symbol in texts(catalogue):
+    for symbol in texts(catalog):
         unit = symbol.units()[0]
         if symbol.namespace == "symbol":
             display.setdefault(unit, []).append(symbol)
-        elif catalogue.by_id[unit].local != symbol.local.split(".")[0]:
+        elif catalog.by_id[unit].local != symbol.local.split(".")[0]:
             complaints.append(f"{symbol.path}: is an alias of {unit}")
-    for unit in catalogue.of("unit"):
+    for unit in catalog.of("unit"):
         shown = [symbol.local for symbol in display.get(unit.id, [])]
         if shown != [unit.local]:
             complaints.append(f"{unit.path}: display symbols {shown}")

@@ -1,4 +1,4 @@
-"""What the files of the catalogue must satisfy besides the lints of docs/reports.md. Each check takes a catalogue, returns complaints.
+"""What the files of the catalog must satisfy besides the lints of docs/reports.md. Each check takes a catalog, returns complaints.
 
 Values are compared as fractions and powers of pi, so nothing here depends on how a double rounds.
 """
@@ -8,8 +8,8 @@ import re
 from collections import Counter
 from fractions import Fraction
 
-import catalogue as lib
-from catalogue import PI
+import catalog as lib
+from catalog import PI
 
 # Units without an exact definition.
 INEXACT = {"dalton": "measured", "horsepowerBoiler": "rounded"}
@@ -50,13 +50,13 @@ PLURALS = {kind: kind + "s" for kind in "dimension factor unit symbol".split()}
 PLURALS["quantity"] = "quantities"
 
 
-def manifest(catalogue):
+def manifest(catalog):
     """The records that are there are those that the manifest promises."""
-    counts = json.loads((catalogue.root / "manifest.json").read_text(encoding="utf-8"))
+    counts = json.loads((catalog.root / "manifest.json").read_text(encoding="utf-8"))
     promised = {
         (row["pack"], plural): row[plural] for row in counts["packs"] for plural in PLURALS.values()
     }
-    found = Counter((one.pack, PLURALS[one.kind]) for one in catalogue.files.values())
+    found = Counter((one.pack, PLURALS[one.kind]) for one in catalog.files.values())
     return [
         f"{pack}: {found[pack, kind]} {kind}, but {promised.get((pack, kind), 0)} are promised"
         for pack, kind in sorted(set(found) | set(promised))
@@ -64,10 +64,10 @@ def manifest(catalogue):
     ]
 
 
-def layout(catalogue):
+def layout(catalog):
     """Same members, same order, same formatting in all files."""
     complaints = []
-    for path, one in catalogue.files.items():
+    for path, one in catalog.files.items():
         if lib.render(one.document) != one.text:
             complaints.append(f"{path}: is not laid out as the others are")
         allowed = ["allow", "comment"] if "allow" in one.document else []
@@ -82,13 +82,13 @@ def layout(catalogue):
     return complaints
 
 
-def names(catalogue):
+def names(catalog):
     """Type ids, file names and folders agree; one version of each; no name is taken twice."""
     complaints = []
-    ids = Counter(one.id for one in catalogue.files.values())
-    folded = Counter(path.lower() for path in catalogue.files)
-    units = Counter(unit.value("name") for unit in catalogue.of("unit"))
-    for path, one in catalogue.files.items():
+    ids = Counter(one.id for one in catalog.files.values())
+    folded = Counter(path.lower() for path in catalog.files)
+    units = Counter(unit.value("name") for unit in catalog.of("unit"))
+    for path, one in catalog.files.items():
         folder, file = path.rsplit("/", 1)
         expected = FOLDERS.get((one.pack, one.namespace), "nowhere")
         if not re.fullmatch(expected.replace("*", "[A-Za-z]+"), folder):
@@ -106,12 +106,12 @@ def names(catalogue):
     return complaints
 
 
-def documents(catalogue):
+def documents(catalog):
     """Every document that a definition names is described, and the other way round."""
-    known = json.loads((catalogue.root / "sources.json").read_text(encoding="utf-8"))
+    known = json.loads((catalog.root / "sources.json").read_text(encoding="utf-8"))
     named = {
         (key, path)
-        for path, one in catalogue.files.items()
+        for path, one in catalog.files.items()
         if one.kind != "symbol"  # whose documents are those of its unit
         for key in one.source["document"]
     }
@@ -119,7 +119,7 @@ def documents(catalogue):
     complaints = [f"sources.json: nothing names {key}" for key in sorted(unused)]
     complaints += [
         f"{one.path}: a custom of a trade has no note"
-        for one in catalogue.of("unit")
+        for one in catalog.of("unit")
         if "trade" in one.source["document"] and "note" not in one.source
     ]
     return complaints + [
@@ -127,22 +127,22 @@ def documents(catalogue):
     ]
 
 
-def exactness(catalogue):
+def exactness(catalog):
     """Each definition, computed with fractions, gives the value that its source states."""
     complaints = []
-    for one in catalogue.of("factor") + catalogue.of("unit"):
+    for one in catalog.of("factor") + catalog.of("unit"):
         stated = one.stated_value()
         if one.kind == "factor":
-            computed = catalogue.exact_factor(one)
+            computed = catalog.exact_factor(one)
             literal = one.value("factor")
         elif one.base == "unit.absolute":
             literal = one.value("offset")
-            parent = catalogue.reduce(one.id)[0]
+            parent = catalog.reduce(one.id)[0]
             computed = (literal.exact(), 0)
             if one.local.endswith("Gauge"):  # above one standard atmosphere
                 computed = (101325 / parent, 0)
         else:
-            computed = catalogue.reduce(one.id)[:2]
+            computed = catalog.reduce(one.id)[:2]
             literal = None
         if computed != stated:
             complaints.append(f"{one.path}: computes to {computed[0]} pi^{computed[1]}")
@@ -153,27 +153,27 @@ def exactness(catalogue):
     return complaints
 
 
-def systems(catalogue):
+def systems(catalog):
     """A unit that is made of units that are not metric is not metric."""
     return [
         f"{one.path}: is metric, but {parent} is not"
-        for one in catalogue.of("unit")
+        for one in catalog.of("unit")
         for parent in one.value("parentUnits") or {}
         if one.value("unitSystem") == "Metric"
-        and catalogue.by_id[parent].value("unitSystem") != "Metric"
+        and catalog.by_id[parent].value("unitSystem") != "Metric"
     ]
 
 
-def quantities(catalogue):
+def quantities(catalog):
     """Behind the default, a quantity lists its metric units, then the others: each by size, then by
     name. It lists no unit twice."""
 
     def place(unit):
-        value, pi, _ = catalogue.reduce(unit)
-        return catalogue.by_id[unit].value("unitSystem") != "Metric", value * PI**pi, unit
+        value, pi, _ = catalog.reduce(unit)
+        return catalog.by_id[unit].value("unitSystem") != "Metric", value * PI**pi, unit
 
     complaints = []
-    for quantity in catalogue.of("quantity"):
+    for quantity in catalog.of("quantity"):
         units = quantity.units()
         if len(set(units)) != len(units):
             complaints.append(f"{quantity.path}: lists a unit twice")

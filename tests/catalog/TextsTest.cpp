@@ -1,4 +1,4 @@
-#include "tests/catalogue/Packs.h"
+#include "tests/catalog/Packs.h"
 #include "tests/support/Bits.h"
 
 #include <gtest/gtest.h>
@@ -35,18 +35,18 @@ std::string put(const std::string& text, std::string formula) {
 
 TEST(Texts, AreReadInFormulasAsTheUnitThatTheyShow) {
   std::size_t count = 0;
-  for (const auto& [typeId, symbol] : catalogue().getSymbols()) {
+  for (const auto& [typeId, symbol] : catalog().getSymbols()) {
     const auto decoration = symbol.getPrefixOrSuffix();
     if (!decoration || decoration->getText().empty()) continue;
     const std::string unit = symbol.getUnit().getTypeId();
     const auto absolute = symbol.getUnit().getAbsoluteUnitComponent();
-    const bool percentage = catalogue().canConvert(unit, "trelvon.unit:unity-1.0.0");
+    const bool percentage = catalog().canConvert(unit, "trelvon.unit:unity-1.0.0");
     for (const Context& context : kContexts) {
       if ((absolute && !context.ofScales) || (percentage && !context.ofPercentages)) continue;
       const std::string formula = put(decoration->getText(), context.formula);
       SCOPED_TRACE(formula + " in " + unit);
       double value = 0;
-      ASSERT_NO_THROW(value = catalogue().evaluateExpressionInUnit(unit, formula));
+      ASSERT_NO_THROW(value = catalog().evaluateExpressionInUnit(unit, formula));
       ++count;
       if (absolute)
         EXPECT_NEAR(value, context.value, 2e-15 * std::max(1.0, absolute->getOffset()));

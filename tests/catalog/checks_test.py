@@ -8,7 +8,7 @@ from fractions import Fraction
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
 
-import catalogue as lib
+import catalog as lib
 import code_checks as codes
 import definition_checks as definitions
 import make_aliases
@@ -60,7 +60,7 @@ ALL = definitions.ALL + symbols.ALL + codes.ALL
 
 class Checks(unittest.TestCase):
     def test_have_no_complaint(self):
-        shipped = lib.Catalogue()
+        shipped = lib.Catalog()
         for check in ALL:
             self.assertEqual(check(shipped), [])
 
@@ -71,18 +71,18 @@ class Checks(unittest.TestCase):
                 text = (lib.ROOT / path).read_text(encoding="utf-8")
                 self.assertIn(old, text)
                 broken = None if new is None else text.replace(old, new, 1)
-                found = check(lib.Catalogue(changes={path: broken}))
+                found = check(lib.Catalog(changes={path: broken}))
                 self.assertTrue(any(complaint in one for one in found), found)
 
     def test_complain_of_codes_of_an_unknown_pack(self):
         text = (lib.ROOT / CODES).read_text(encoding="utf-8")
-        found = codes.mappings(lib.Catalogue(changes={"cores/codes.json": text}))
+        found = codes.mappings(lib.Catalog(changes={"cores/codes.json": text}))
         self.assertIn("cores/codes.json:1: unknown pack or file", found)
 
     def test_miss_the_alias_of_a_family(self):
         path = "aliases/velocity/spellings/inchPerHour.inPerHr.json"
         rules = json.loads(make_aliases.RULES.read_text(encoding="utf-8"))
-        found = make_aliases.missing(lib.Catalogue(changes={path: None}), rules)
+        found = make_aliases.missing(lib.Catalog(changes={path: None}), rules)
         self.assertEqual(found, {path: (lib.ROOT / path).read_text(encoding="utf-8")})
 
     def test_pages_round_to_ten_digits(self):

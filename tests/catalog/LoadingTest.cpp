@@ -1,4 +1,4 @@
-#include "tests/catalogue/Packs.h"
+#include "tests/catalog/Packs.h"
 
 #include <gtest/gtest.h>
 
@@ -37,8 +37,8 @@ void loadFiles(const std::vector<fs::path>& files, UnitsEngine& engine) {
   for (const std::string& typeId : asked) EXPECT_TRUE(engine.isRegistered(typeId)) << typeId;
 }
 
-TEST(Catalogue, IsTheSameInAnyOrderOfItsFilesAndNoneIsDropped) {
-  const auto stored = definitionsOf(catalogue());
+TEST(Catalog, IsTheSameInAnyOrderOfItsFilesAndNoneIsDropped) {
+  const auto stored = definitionsOf(catalog());
   std::mt19937 random(20260101);
   for (int order = 0; order < 3; ++order) {
     const std::unique_ptr<UnitsEngine> engine(CreateUnitsEngine());

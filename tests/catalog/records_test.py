@@ -1,7 +1,7 @@
 """What the engine serves is what the files say: every constant, in the engine's order, every literal
 to the bit, and every reduced factor within two units in the last place of its exact value.
 
-Usage: records_test.py DUMP, where DUMP prints the records of the loaded catalogue as definitions.
+Usage: records_test.py DUMP, where DUMP prints the records of the loaded catalog as definitions.
 The doubles are judged with fractions; numbers are read by Python, which rounds them correctly.
 """
 
@@ -14,8 +14,8 @@ import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
 
-import catalogue as lib
-from catalogue import PI
+import catalog as lib
+from catalog import PI
 
 MOST_ULPS = 2
 DUMP = sys.argv.pop(1)
@@ -32,7 +32,7 @@ class Records(unittest.TestCase):
         lines = output.split("\n")[:-1]
         cls.stored = [json.loads(line) for line in lines if line.startswith("{")]
         cls.reductions = [line.split("\t")[1:] for line in lines if line.startswith("reduction\t")]
-        cls.shipped = lib.Catalogue()
+        cls.shipped = lib.Catalog()
 
     def test_are_what_the_files_say(self):
         self.assertEqual({record["typeid"] for record in self.stored}, set(self.shipped.by_id))

@@ -15,9 +15,9 @@ import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
 
-import catalogue as lib
+import catalog as lib
 from code_checks import SI, rows
-from catalogue import PI
+from catalog import PI
 
 TABLE = pathlib.Path(__file__).with_name("second-sources.tsv")
 SKIPPED = 77
@@ -41,7 +41,7 @@ class SecondSources(unittest.TestCase):
     def setUpClass(cls):
         lines = TABLE.read_text(encoding="utf-8").split("\n")[1:-1]
         cls.rows = [line.split("\t") for line in lines]
-        cls.shipped = lib.Catalogue()
+        cls.shipped = lib.Catalog()
         cls.values = {}
         cls.powers = {}
         for unit in cls.shipped.of("unit"):

@@ -1,4 +1,4 @@
-/// The packs of the shipped catalogue, and the road by which hosts load them.
+/// The packs of the shipped catalog, and the road by which hosts load them.
 #pragma once
 
 #include <TrelvonUnits/TrelvonUnits.h>
@@ -22,7 +22,7 @@ inline void loadPacks(UnitsEngine& engine) {
 }
 
 /// An engine with all packs, filled once.
-inline UnitsEngine& catalogue() {
+inline UnitsEngine& catalog() {
   static const std::unique_ptr<UnitsEngine> engine = [] {
     std::unique_ptr<UnitsEngine> made(CreateUnitsEngine());
     loadPacks(*made);

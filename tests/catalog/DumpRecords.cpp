@@ -2,7 +2,7 @@
 /// for each, and what each unit reduces to. A script compares them with the files.
 
 #include "engine/UnitsEngineImpl.h"
-#include "tests/catalogue/Packs.h"
+#include "tests/catalog/Packs.h"
 
 #include <cstdio>
 

@@ -14,12 +14,12 @@ std::string reportOn(const std::vector<std::string>& packs, bool lint) {
   return report.getFindings().empty() ? "" : report.toText();
 }
 
-TEST(Catalogue, HasNoFindings) {
+TEST(Catalog, HasNoFindings) {
   EXPECT_EQ(reportOn({"core", "symbols", "aliases", "legacy", "gauge", "cgs"}, true), "");
 }
 
 /// Of whole loads lints ask more than a single pack has.
-TEST(Catalogue, HasPacksThatNeedOnlyTheCore) {
+TEST(Catalog, HasPacksThatNeedOnlyTheCore) {
   for (const char* const pack : {"symbols", "aliases", "legacy", "gauge", "cgs"})
     EXPECT_EQ(reportOn({"core", pack}, false), "");
 }

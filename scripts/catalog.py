@@ -135,7 +135,7 @@ class Definition:
         return Fraction(self.source["exact"]), int(self.source["piPower"])
 
 
-# A file is parsed once, however many catalogues hold it.
+# A file is parsed once, however many catalogs hold it.
 definition = functools.lru_cache(maxsize=None)(Definition)
 
 
@@ -147,7 +147,7 @@ def texts_in(root):
     }
 
 
-class Catalogue:
+class Catalog:
     """All definitions in a schema folder. `changes` replaces the text of files, or omits them if it
     is None, so that tests can make a check fail."""
 

@@ -11,7 +11,7 @@ import re
 from collections import Counter
 from fractions import Fraction
 
-from catalogue import PI
+from catalog import PI
 
 TABLE = pathlib.Path(__file__).with_name("foreign-codes.tsv")
 SYSTEMS = ["ucum", "rec20", "qudt", "udunits"]
@@ -111,31 +111,31 @@ class Foreign:
         return size.powers != powers or abs(size.number - ours.number) > slack
 
 
-def rows(catalogue):
+def rows(catalog):
     """(path, line, type id, members) of each row; a row stands in a line of its own."""
-    for path, text in sorted(catalogue.codes.items()):
+    for path, text in sorted(catalog.codes.items()):
         for number, line in enumerate(text.split("\n"), 1):
             found = re.fullmatch(r'    "([^"]+)": (\{.*\}),?', line)
             if found:
                 yield path, number, found[1], json.loads(found[2])
 
 
-def mappings(catalogue):
+def mappings(catalog):
     """Files and rows are where they belong, and no code stands in two rows."""
-    manifest = json.loads((catalogue.root / "manifest.json").read_text(encoding="utf-8"))
+    manifest = json.loads((catalog.root / "manifest.json").read_text(encoding="utf-8"))
     packs = {row["pack"] for row in manifest["packs"]}
     complaints = []
     places = {}
-    read = Counter(path for path, *_ in rows(catalogue))
-    for path, text in sorted(catalogue.codes.items()):
+    read = Counter(path for path, *_ in rows(catalog))
+    for path, text in sorted(catalog.codes.items()):
         if path.split("/")[0] not in packs or not path.endswith("/codes.json"):
             complaints.append(f"{path}:1: unknown pack or file")
         if not len(json.loads(text)["codes"]) == read[path] == text.count("\n") - 5:
             complaints.append(f"{path}:1: two rows for one unit, or a row is no line of its own")
     last = ("", "")
-    for path, line, unit, members in rows(catalogue):
+    for path, line, unit, members in rows(catalog):
         place = f"{path}:{line}"
-        known = catalogue.by_id.get(unit)
+        known = catalog.by_id.get(unit)
         if not known or known.kind != "unit" or known.pack != path.split("/")[0]:
             complaints.append(f"{place}: {unit} is not a unit of the pack")
         if (path, unit) <= last:
@@ -157,16 +157,16 @@ def mappings(catalogue):
     return complaints
 
 
-def sizes(catalogue):
+def sizes(catalog):
     """Each system states the size that the definition has, or the row says why not."""
     foreign = Foreign()
     complaints = []
-    for path, line, unit, members in rows(catalogue):
-        if unit not in catalogue.by_id:
+    for path, line, unit, members in rows(catalog):
+        if unit not in catalog.by_id:
             continue
-        value, pi, powers = catalogue.reduce(unit)
+        value, pi, powers = catalog.reduce(unit)
         ours = Size(
-            value * PI**pi, {SI[catalogue.by_id[one].local]: power for one, power in powers.items()}
+            value * PI**pi, {SI[catalog.by_id[one].local]: power for one, power in powers.items()}
         )
         for system in SYSTEMS[:3]:
             for code in members.get(system, []):

@@ -6,7 +6,7 @@
 #include <string>
 
 /// An engine with packs of the shipped definitions, created once.
-inline const Units::UnitsEngine& catalogue() {
+inline const Units::UnitsEngine& catalog() {
   static const std::unique_ptr<Units::UnitsEngine> loaded = [] {
     std::unique_ptr<Units::UnitsEngine> engine(Units::CreateUnitsEngine());
     for (const char* pack : {"/core", "/symbols", "/aliases"})
