@@ -3,7 +3,7 @@
 file(READ ${PAGE} page)
 foreach(file IN LISTS QUOTED)
   file(READ ${file} text)
-  string(REGEX REPLACE ".*\\." "" language ${file})
+  string(REGEX REPLACE ".*\\.m?" "" language ${file})
   string(FIND "${page}" "```${language}\n${text}```" program)
   string(FIND "${page}" "```\n${text}```" output)
   if(program EQUAL -1 AND output EQUAL -1)

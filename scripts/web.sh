@@ -91,9 +91,13 @@ heading "The table of cases under Node"
 PYTHONUTF8=1 python3 -B tests/cases/cases.py wasm tests/bindings/web/run_cases.mjs ||
   failures=$((failures + 1))
 
-heading "Bits"
+heading "The first example"
 cmake --preset release >"$work/release.log"
-logged release cmake --build --preset release --parallel "$(nproc)" --target bits
+logged release cmake --build --preset release --parallel "$(nproc)" --target bits trelvon_catalog
+node --no-experimental-fetch examples/quickstart.mjs "$work/trelvon.wasm" \
+  build/release/tools/trelvon/catalog.bundle | diff examples/quickstart.txt - || failures=$((failures + 1))
+
+heading "Bits"
 sums_of_first "The native library" build/release/tests/bits/bits
 compare WebAssembly node --no-experimental-fetch "$work/wasm/tests/bits/bits.js"
 
