@@ -61,7 +61,8 @@ def finished(text):
 
 def main(folder):
     folder = pathlib.Path(folder)
-    for path in folder.rglob("*.html"):
+    # The single-file page in a folder of its own is complete.
+    for path in (*folder.glob("*.html"), *folder.glob("search/*.html")):
         path.write_text(finished(path.read_text(encoding="utf-8")), encoding="utf-8")
     for name, old, new in (
             ("menu.js", 'id="MSearchField"', 'id="MSearchField" aria-label="Search"'),
