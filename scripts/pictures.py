@@ -164,11 +164,11 @@ def rooms(_):
     edges = {(name, other): "" for name in names for other in sees[name]
              if not any(other in sees[between] for between in sees[name])}
     below = 80 * (max(layers_of(edges, names).values()) + 1)
-    drawing = Drawing(below + 50, "The rooms of the library and who may include whom")
+    drawing = Drawing(below + 50, "The modules of the library, and which may include which")
     draw_graph(drawing, names, edges, 35, 80)
     drawing.box(10, below, WIDTH - 20, 36, "good")
     drawing.text(WIDTH / 2, below + 23,
-                 "include/TrelvonUnits: the public headers, which every room may include")
+                 "include/TrelvonUnits: the public headers, which every module may include")
     return drawing.svg()
 
 
@@ -211,7 +211,7 @@ def reduction(program):
 
 def formula(program):
     """Formulas as their tokens."""
-    drawing = Drawing(340, "Formulas as the spans that are read")
+    drawing = Drawing(340, "Formulas, split into tokens")
     formulas = ("10 m - 35 cm", "10 m - (35 cm)", "sqrt(9 m^2) - (1 + 2) ft")
     for top, text in zip((15, 125, 235), formulas):
         explained = ask(program, "explain", text, "--to", "m")
@@ -368,7 +368,7 @@ def conversion(program):
 
 
 def tree(program):
-    """The tree of a formula, with what each node gives."""
+    """The tree of a formula, with the value of each node."""
     explained = ask(program, "explain", "sqrt(width^2 + (30 cm)^2)", "--to", "m", "--set",
                     "width=40 cm")
     every = explained["nodes"]

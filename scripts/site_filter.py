@@ -16,6 +16,7 @@ FENCED = re.compile(r"(^```.*?^```$)", re.M | re.S)
 TABS = re.compile(r"^<!-- tabs.*?-->\n(.*?)^<!-- end of tabs -->\n", re.M | re.S)
 TAB = re.compile(r"^### (.*)\n", re.M)
 SPAN = re.compile(r"(?<!`)`([^`\n]+)`(?!`)")
+BOLD = re.compile(r"`[^`]*`|\*\*((?:`[^`]*`|[^*`])+)\*\*")
 LINK = re.compile(r"(?<!!)\[((?:`[^`]*`|[^]`])+)\]\(([^)#:]*)(?:#([^)]+))?\)")
 HEADING = re.compile(r"^(##+ (.*))$", re.M)
 # What doxygen takes as it stands (code, HTML, sections and the texts of references), and what it reads
@@ -54,6 +55,11 @@ def code(span):
         return span[0]
     text = html.escape(re.sub(r"([\\@#%*_\[\]])", r"\\\1", text)).replace("&#x27;", "&apos;")
     return f"<code>{re.sub('--|::', lambda found: chr(92) + found[0], text)}</code>"
+
+
+def bold(found):
+    """Bold in HTML if it has code: next to code, doxygen takes stars for text."""
+    return f"<b>{found[1]}</b>" if "`" in (found[1] or "") else found[0]
 
 
 def plain(text):
@@ -97,9 +103,11 @@ def page(path, text):
     def named(heading):
         return f"{heading[1]} {{#{place_of(label, heading[2])}}}"
 
+    def marked(part):
+        return plain(LINK.sub(reference, SPAN.sub(code, BOLD.sub(bold, HEADING.sub(named, part)))))
+
     parts = FENCED.split(TABS.sub(tabs, text))
-    parts[::2] = [plain(LINK.sub(reference, SPAN.sub(code, HEADING.sub(named, part))))
-                  for part in parts[::2]]
+    parts[::2] = map(marked, parts[::2])
     return re.sub(r"^# (.*)", rf"# \1 {{#{label}}}", "".join(parts), count=1)
 
 

@@ -5,6 +5,7 @@ site_finish.py FOLDER
 The language, a way past the navigation, the title as the heading above all others, what pictures show,
 and the name of the field of the search, whose results it opens and makes large enough to read.
 """
+import html
 import pathlib
 import re
 import sys
@@ -13,6 +14,7 @@ PICTURE = re.compile(r'(<div class="image">\n<(?:img|object)[^>]*?)(?: alt="")?(
                      r'\n<div class="caption">\n(.*?)</div>)', re.S)
 INLINE = re.compile(r'(<img src="[^"]*") alt="" (class="inline" title=("[^"]*"))')
 TITLE = re.compile(r'<div class="title">([^<]*)')
+CODE = re.compile(r"<code>((?:[^<&]|&\w+;){1,24})</code>")
 HEADING = re.compile(r"<(/?)h([1-5])>")
 RESULTS = """
 .SRPage .SREntry, .SRPage .SRStatus { font-size: 15px; padding: 3px 5px; }
@@ -36,6 +38,12 @@ def titled(text):
     return text.replace("<h3>", "<h2>").replace("</h3>", "</h2>")
 
 
+def unbroken(code):
+    """Short code, which does not break at its spaces and hyphens: what it is depends on its length."""
+    kind = "word" if len(html.unescape(code[1])) <= 10 else "phrase"
+    return f'<code class="{kind}">{code[1]}</code>'
+
+
 def finished(text):
     text = titled(text)
     text = text.replace("<html ", '<html lang="en" ', 1)
@@ -44,6 +52,7 @@ def finished(text):
     text = text.replace("<body>", '<body><a class="skip" href="#doc-content">Skip to the text</a>', 1)
     text = text.replace('<div id="doc-content">', '<div id="doc-content" tabindex="-1">', 1)
     text = PICTURE.sub(r'\1 tabindex="-1" role="img" aria-label="\3"\2', text)
+    text = CODE.sub(unbroken, text)
     text = INLINE.sub(r"\1 alt=\3 \2", text)
     if "<h1>" in text:  # a page: its sections are below its title
         text = HEADING.sub(lambda tag: f"<{tag[1]}h{int(tag[2]) + 1}>", text)
@@ -52,7 +61,8 @@ def finished(text):
 
 def main(folder):
     folder = pathlib.Path(folder)
-    for path in folder.rglob("*.html"):
+    # The single-file page in a folder of its own is complete.
+    for path in (*folder.glob("*.html"), *folder.glob("search/*.html")):
         path.write_text(finished(path.read_text(encoding="utf-8")), encoding="utf-8")
     for name, old, new in (
             ("menu.js", 'id="MSearchField"', 'id="MSearchField" aria-label="Search"'),

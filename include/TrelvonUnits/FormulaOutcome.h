@@ -37,7 +37,10 @@ struct FormulaOutcome {
 /// For an engine that the library has not made, all definitions are first copied through its public
 /// operations, whose exceptions reach the caller, and the library's own engine evaluates.
 ///
+/// @param engine      any engine; only its const operations are called.
 /// @param unitTypeId  type id of a stored unit.
+/// @param formula     any bytes.
+/// @param resolver    as for `evaluateExpressionInUnit`.
 /// @throws UnrecognizedIdentifierException  `unitTypeId` names no unit.
 /// @throws std::bad_alloc
 TRELVONUNITS_API FormulaOutcome tryFormula(const UnitsEngine& engine, const std::string& unitTypeId,
