@@ -124,7 +124,7 @@ const rows = [
   ],
   [
     [type("#value", "6 m")], () => text("#value-says"),
-    "m is not expected. Values are written in ft."
+    "m is not expected. The unit must be ft."
   ],
   [
     [
@@ -150,7 +150,11 @@ const rows = [
       select("#digits", "denominator=2")
     ],
     () => text("#writing-says") + text("#outcome"),
-    "only inches have fractions, not the last part of trelvon.symbol:degreesMinutesSeconds-1.0.0.= 12.5°"
+    "only inches can have fractions, not the last part of trelvon.symbol:degreesMinutesSeconds-1.0.0.= 12.5°"
+  ],
+  [
+    [go("#convert?value=6&from=m&to=ft&symbol=feetAndInches&places=2")],
+    () => text("#writing-says") + text("#result strong"), "19' 8.22\""
   ],
   [
     [go("#convert?value=6&from=ft&to=m&locale=xx&places=99")], () => text("#writing-says"),
