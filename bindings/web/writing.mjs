@@ -158,7 +158,7 @@ export class Writing {
     return text;
   }
 
-  /** The number alone of a value. A composite symbol, which cannot be without marks, is left out. */
+  /** The number alone of a value: without a composite symbol, which needs its marks. */
   number(value, unit) {
     return this.written(value, unit, {showsUnit: false, symbol: undefined})[0];
   }
