@@ -122,10 +122,7 @@ const rows = [
     [], () => document.activeElement.id + location.hash,
     "value#convert?value=1%2C234&from=ft&to=mm&locale=de&places=2&groups=true&reads=true"
   ],
-  [
-    [type("#value", "6 m")], () => text("#value-says"),
-    "m is not expected. The unit must be ft."
-  ],
+  [[type("#value", "6 m")], () => text("#value-says"), "m is not expected. The unit must be ft."],
   [
     [
       select("#locale", "en"), select("#digits", "denominator=16"), click("#reads"),
