@@ -158,9 +158,9 @@ export class Writing {
     return text;
   }
 
-  /** The number alone of a value. */
+  /** The number alone of a value: without a composite symbol, which needs its marks. */
   number(value, unit) {
-    return this.written(value, unit, {showsUnit: false})[0];
+    return this.written(value, unit, {showsUnit: false, symbol: undefined})[0];
   }
 
   /**

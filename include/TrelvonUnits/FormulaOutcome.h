@@ -11,31 +11,33 @@
 
 namespace Units {
 
-/// What came of a formula: its value, or why and where it was refused. Its members are part of the
-/// binary interface and stay as they are.
+/// The outcome of a formula: its value, or why and where it was refused. Its members are part of
+/// the binary interface and never change.
 struct FormulaOutcome {
   double value = std::numeric_limits<double>::quiet_NaN();  ///< NaN if the formula was refused.
   FormulaReason reason = FormulaReason::Done;               ///< Done if there is a value.
-  /// The class of the exception that the engine throws.
+  /// The class of the exception that the engine would throw.
   FormulaExplanation::ExceptionClass exceptionClass = FormulaExplanation::ExceptionClass::None;
-  std::string message;  ///< Letter for letter as the engine's exception.
-  /// The bytes of the formula that were refused: of what replaced a variable, those of the variable.
-  /// The whole formula if it is its result that does not fit, or if nothing was refused.
+  std::string message;  ///< Exactly that of the engine's exception.
+  /// The bytes of the formula that were refused. If they are in a text that replaced a variable,
+  /// the span is that of the variable. It is the whole formula if the result does not fit what was
+  /// requested, or if nothing was refused.
   FormulaSpan span;
 };
 
-/// Evaluates a formula as `UnitsEngine::evaluateExpressionInUnit` does. Instead of throwing a refusal,
-/// it returns it with its place.
+/// Evaluates a formula as `UnitsEngine::evaluateExpressionInUnit` does, but returns a refusal, with
+/// its place in the formula, instead of throwing it.
 ///
-/// It takes about as long as evaluating, whatever comes of it. For a sentence, suggestions and the
-/// reading, there is `explainFormula`, which takes a few times as long.
+/// This takes about as long as evaluating, even if the formula is refused. `explainFormula` also
+/// gives a sentence, suggestions and the reading, but takes a few times as long.
 ///
-/// The resolver is called as the engine calls it. A ParseException of the resolver is a refusal; any
-/// other exception of it, of a derived class, too, reaches the caller. An empty resolver rejects every
-/// identifier.
+/// The resolver is called as the engine calls it. If it throws a ParseException, that is a refusal.
+/// Any other exception reaches the caller, even one of a class derived from ParseException. An
+/// empty resolver rejects every identifier.
 ///
-/// For an engine that the library has not made, all definitions are first copied through its public
-/// operations, whose exceptions reach the caller, and the library's own engine evaluates.
+/// For an engine that the host implements, all definitions are first copied through its public
+/// operations, and the library's own engine evaluates. Exceptions of these operations reach the
+/// caller.
 ///
 /// @param engine      any engine; only its const operations are called.
 /// @param unitTypeId  type id of a stored unit.

@@ -2,8 +2,8 @@
 #define TRELVON_H
 
 /// @file
-/// The library for C, and for all languages that call C. It needs C99 and nothing else of
-/// TrelvonUnits; C++ programs may include it, too.
+/// The library for C, and for all languages that can call C. This header needs C99 and no other
+/// header of TrelvonUnits. C++ programs may include it, too.
 ///
 ///   trelvon_engine* engine;
 ///   trelvon_engine_create(&engine, NULL);
@@ -13,29 +13,33 @@
 ///                   trelvon_string("trelvon.unit:meter-1.0.0"), &meters, NULL);
 ///   trelvon_engine_free(engine);
 ///
-/// Each function does what its namesake in C++ does, with the same bits and messages; the comments of
-/// the C++ headers hold. What is said here holds for all functions:
+/// Each function does what the C++ function of the same name does, with the same bits and messages;
+/// see the comments in the C++ headers. These rules apply to all functions:
 ///
-/// - A function that can fail returns a `trelvon_status`. If it fails, it writes no result.
-/// - `error` is always last and may be null. Otherwise it is set: to null at first, and by a failure
-///   to an error that the caller frees. It must not hold an error that is still to be freed.
-/// - Texts that are passed in are only read during the call. Type ids, names and formulas may hold any
-///   bytes. A null `data` is allowed for an empty text.
-/// - A text result is written into a buffer of the caller. `*size` is its capacity before the call, and
-///   the size of the text after it. No NUL is added. With a null buffer, the call only tells the size.
-///   In a buffer that is too small nothing is written, and the status is `TRELVON_ARGUMENT`.
-/// - What a function creates (`trelvon_engine**`, `trelvon_list**` ...) is freed by the caller with the
-///   `_free` function of its type, which accepts null. Each is independent of all others.
-/// - A null pointer where none is allowed gives `TRELVON_ARGUMENT`. A pointer that is not null must be
-///   valid.
-/// - Calls that take a const engine may run on several threads at once, as long as no other call uses
-///   it. All else may be used by one thread at a time, and by any number if the calls take it as const.
-/// - No exception leaves a function. A callback must return: it must not throw or jump out.
-/// - Structures and their sizes, values and meanings stay the same in all versions of a major one.
+/// - A function that can fail returns a `trelvon_status`. If it fails, it does not write its
+///   result.
+/// - `error` is always the last parameter and may be null. If it is not, the call first sets
+///   `*error` to null. If the call fails, it sets `*error` to an error that the caller must free.
+///   The old value is overwritten, so free an earlier error first.
+/// - Texts that are passed in are read only during the call. Type ids, names and formulas may
+///   contain any bytes. The `data` of an empty text may be null.
+/// - A text result is written into the caller's buffer. `*size` is the capacity of the buffer
+///   before the call and the size of the text after it. No NUL is added. If the buffer is null, the
+///   call only sets `*size`. If the buffer is too small, the call sets `*size`, writes no text, and
+///   returns `TRELVON_ARGUMENT`.
+/// - The caller frees what a function creates (`trelvon_engine**`, `trelvon_list**` ...) with the
+///   `_free` function of its type, which accepts null. Objects are independent of each other and
+///   can be freed in any order.
+/// - A null pointer where none is allowed gives `TRELVON_ARGUMENT`. A pointer that is not null must
+///   be valid.
+/// - Calls that take an engine as const may run on several threads at once, as long as no other
+///   call uses that engine. The same holds for all other objects.
+/// - No function throws an exception. A callback must return: it must not throw or `longjmp`.
+/// - Structures, their sizes, and all values and meanings stay the same within a major version.
 
 #include <stddef.h>
 
-/// The version of this header. Compare it with `trelvon_version`, which tells the library's.
+/// The version of this header. `trelvon_version` returns that of the library.
 #define TRELVON_VERSION "1.0.0"
 
 /// Marks the functions of the library.
@@ -53,11 +57,11 @@
 extern "C" {
 #endif
 
-/// Units, symbols and all else that converts, evaluates and formats; see UnitsEngine.h.
+/// Holds units and symbols, and converts, evaluates and formats; see UnitsEngine.h.
 typedef struct trelvon_engine trelvon_engine;
 /// Why a call failed.
 typedef struct trelvon_error trelvon_error;
-/// A conversion that is worked out once; see PreparedConversion.h.
+/// A prepared conversion, for many numbers; see PreparedConversion.h.
 typedef struct trelvon_conversion trelvon_conversion;
 /// Finds units by names and codes; see UnitNames.h.
 typedef struct trelvon_names trelvon_names;
@@ -65,22 +69,23 @@ typedef struct trelvon_names trelvon_names;
 typedef struct trelvon_parameters trelvon_parameters;
 /// How a formula was read; see FormulaExplanation.h.
 typedef struct trelvon_explanation trelvon_explanation;
-/// What became of schema texts; see SchemaReport.h.
+/// A report on loaded schema texts; see SchemaReport.h.
 typedef struct trelvon_load_report trelvon_load_report;
-/// Records, names or texts, which never change. Texts that are read from it stay valid as long as it.
+/// A list of records, names or texts. It never changes. Texts read from it stay valid until it is
+/// freed.
 typedef struct trelvon_list trelvon_list;
 /// How values are shown; see ValueDisplay.h.
 typedef struct trelvon_display trelvon_display;
 /// Where a resolver puts its answer.
 typedef struct trelvon_answer trelvon_answer;
 
-/// `size` bytes of UTF-8, which may hold NUL and do not end in one.
+/// `size` bytes of UTF-8. They may contain NULs, and need no NUL at the end.
 typedef struct {
   const char* data; /**< May be null if `size` is 0. */
   size_t size;      /**< In bytes. */
 } trelvon_text;
 
-/// How a call ended. The classes of Exceptions.h each have a status.
+/// The result of a call. Each exception class of Exceptions.h has a status.
 typedef enum {
   TRELVON_OK,
   TRELVON_UNRECOGNIZED, /**< UnrecognizedIdentifierException */
@@ -90,7 +95,7 @@ typedef enum {
   TRELVON_PARSE,        /**< ParseException, or a faulty mapping of codes */
   TRELVON_MEMORY,       /**< There is not enough memory. */
   TRELVON_FILE,         /**< A folder, file or bundle cannot be found or read. */
-  TRELVON_CALLBACK,     /**< A resolver failed, if it does not say otherwise. */
+  TRELVON_CALLBACK,     /**< A resolver failed without giving another status. */
   TRELVON_ARGUMENT,     /**< An argument is null, too large, or out of range. */
   TRELVON_OTHER         /**< Anything else. */
 } trelvon_status;
@@ -101,17 +106,18 @@ TRELVON_API const char* trelvon_version(void);
 /// Returns a view of a text that ends in a NUL. Null gives an empty text.
 TRELVON_API trelvon_text trelvon_string(const char* text);
 
-/* Errors. These three accept null, as of a call that succeeded. */
+/* Errors. These functions accept null, which is what a successful call sets. */
 
 /// Returns the status of the call that failed.
 TRELVON_API trelvon_status trelvon_error_status(const trelvon_error* error);
 
-/// Returns the message, letter for letter that of C++ or of a resolver. It stays valid as long as the
-/// error.
+/// Returns the message, exactly that of C++ or of a resolver. It stays valid until the error is
+/// freed.
 TRELVON_API trelvon_text trelvon_error_message(const trelvon_error* error);
 
-/// Returns 1 and the bytes of the formula or text that were refused, or 0 if the error is about none.
-/// For what a variable was replaced by, they are those of the variable.
+/// If part of a formula or text was refused, returns 1 and sets `*begin` and `*end` to the range of
+/// its bytes; otherwise returns 0. For a text that replaced a variable, the range is that of the
+/// variable.
 TRELVON_API int trelvon_error_span(const trelvon_error* error, size_t* begin, size_t* end);
 
 /// Frees an error.
@@ -122,7 +128,7 @@ TRELVON_API void trelvon_error_free(trelvon_error* error);
 /// Creates an empty engine.
 TRELVON_API trelvon_status trelvon_engine_create(trelvon_engine** engine, trelvon_error** error);
 
-/// Frees an engine. What was made from it stays valid.
+/// Frees an engine. Objects that were made from it stay valid.
 TRELVON_API void trelvon_engine_free(trelvon_engine* engine);
 
 /// Converts a number from one unit to another. `from` and `to` are type ids.
@@ -130,19 +136,23 @@ TRELVON_API trelvon_status trelvon_convert(const trelvon_engine* engine, double 
                                            trelvon_text from, trelvon_text to, double* result,
                                            trelvon_error** error);
 
-/// `*result` is 1 if `trelvon_convert` converts between the units, or else 0.
+/// Sets `*result` to 1 if `trelvon_convert` can convert between the units, otherwise to 0.
 TRELVON_API trelvon_status trelvon_can_convert(const trelvon_engine* engine, trelvon_text from,
                                                trelvon_text to, int* result, trelvon_error** error);
 
-/// - `places`: 0 to 12; more gives TRELVON_PRECISION, whose message calls more than 255 just 255.
+/// Writes a number with decimal places.
+///
+/// - `places`: 0 to 12; more gives TRELVON_PRECISION. The message shows numbers above 255 as 255.
 /// - `symbol`: type id of a symbol, or null for the number alone.
-/// - `trim`: whether to drop zeros at the end.
+/// - `trim`: whether to drop trailing zeros.
 TRELVON_API trelvon_status trelvon_format_fixed(const trelvon_engine* engine, double value,
                                                 unsigned places, const trelvon_text* symbol,
                                                 int trim, char* buffer, size_t* size,
                                                 trelvon_error** error);
 
-/// - `precision`: 0 to 9; more is treated as above.
+/// Writes a number with a fraction.
+///
+/// - `precision`: 0 to 9, the number of halvings: 4 is sixteenths. More is treated as above.
 /// - `symbol`: type id of a symbol, or null for the number alone.
 TRELVON_API trelvon_status trelvon_format_fractional(const trelvon_engine* engine, double value,
                                                      unsigned precision, const trelvon_text* symbol,
@@ -151,8 +161,8 @@ TRELVON_API trelvon_status trelvon_format_fractional(const trelvon_engine* engin
 
 /* Displays */
 
-/// Makes a display of options in JSON, which docs/display.md describes. It does not refer to the engine
-/// afterward.
+/// Creates a display from options in JSON; docs/display.md describes them. The display does not
+/// refer to the engine.
 TRELVON_API trelvon_status trelvon_display_create(const trelvon_engine* engine, trelvon_text json,
                                                   trelvon_display** display, trelvon_error** error);
 
@@ -163,22 +173,22 @@ TRELVON_API void trelvon_display_free(trelvon_display* display);
 TRELVON_API trelvon_status trelvon_display_show(const trelvon_display* display, double value,
                                                 char* buffer, size_t* size, trelvon_error** error);
 
-/// Reads a text as the display shows values. A text that is refused gives TRELVON_PARSE, with the span
-/// of what was refused.
+/// Reads a text of the form that the display shows. If the text is refused, the status is
+/// TRELVON_PARSE, and the error has the span of what was refused.
 TRELVON_API trelvon_status trelvon_display_read(const trelvon_display* display, trelvon_text text,
                                                 double* value, trelvon_error** error);
 
-/// Writes how a text is read, value or refusal, as one JSON object; docs/display.md describes it. The
-/// status of a refusal is TRELVON_OK.
+/// Writes how a text is read, with its value or why it is refused, as one JSON object;
+/// docs/display.md describes it. The status is TRELVON_OK even if the text is refused.
 TRELVON_API trelvon_status trelvon_display_read_json(const trelvon_display* display,
                                                      trelvon_text text, char* buffer, size_t* size,
                                                      trelvon_error** error);
 
-/// Writes the options that are not the defaults, for `trelvon_display_create`.
+/// Writes the options that differ from the defaults, for `trelvon_display_create`.
 TRELVON_API trelvon_status trelvon_display_json(const trelvon_display* display, char* buffer,
                                                 size_t* size, trelvon_error** error);
 
-/// Writes the type id of the unit in which values are counted; an empty text if there is none.
+/// Writes the type id of the unit of the values, or an empty text if there is none.
 TRELVON_API trelvon_status trelvon_display_unit(const trelvon_display* display, char* buffer,
                                                 size_t* size, trelvon_error** error);
 
@@ -187,23 +197,25 @@ TRELVON_API trelvon_status trelvon_display_locales(trelvon_list** locales, trelv
 
 /* Formulas */
 
-/// Answers what replaces an identifier of a formula: it calls `trelvon_answer_text` and returns
-/// TRELVON_OK. To refuse, it returns another status, and may set a message by the same function; the
-/// call that evaluates then returns that status and message.
+/// Provides the text that replaces an identifier in a formula. A resolver calls
+/// `trelvon_answer_text` with the text and returns TRELVON_OK. To refuse, it returns another
+/// status, and may set a message with the same function; the evaluating call then fails with that
+/// status and message.
 ///
-/// It may call the engine that evaluates, and even add to it.
+/// A resolver may call the engine that is evaluating, and may even add definitions to it.
 typedef trelvon_status (*trelvon_resolver)(void* context, trelvon_text name,
                                            trelvon_answer* answer);
 
-/// Sets or replaces the answer or message; the text is copied.
+/// Sets or replaces a resolver's answer or message. The text is copied.
 TRELVON_API trelvon_status trelvon_answer_text(trelvon_answer* answer, trelvon_text text);
 
 /// Evaluates a formula in a unit.
 ///
-/// A refusal takes about as long as a value. The formula is read once, and each identifier is asked for
-/// once.
+/// The formula is read once, and the resolver is called once for each identifier, up to the place
+/// of a refusal. A refused formula takes about as long as any other.
 ///
-/// - `resolver`: null if the formula has no variables; an identifier is then refused.
+/// - `unit`: type id of the unit of the result.
+/// - `resolver`: may be null; then every identifier is refused.
 /// - `context`: passed to the resolver.
 TRELVON_API trelvon_status trelvon_evaluate(const trelvon_engine* engine, trelvon_text unit,
                                             trelvon_text formula, trelvon_resolver resolver,
@@ -215,9 +227,11 @@ TRELVON_API trelvon_status trelvon_evaluate_unitless(const trelvon_engine* engin
                                                      trelvon_resolver resolver, void* context,
                                                      double* result, trelvon_error** error);
 
-/// Explains a formula. One that is refused is explained, too, and the status is TRELVON_OK.
+/// Explains a formula. The status is TRELVON_OK even if the formula is refused: the refusal is
+/// explained.
 ///
-/// Where the resolver returns TRELVON_PARSE, that is explained; another failure of it is returned.
+/// If the resolver returns TRELVON_PARSE, that is explained, too. If it returns another failure,
+/// the call fails with it.
 ///
 /// - `unit`: type id of the requested unit. If null, the value is in primitive units.
 TRELVON_API trelvon_status trelvon_explain(const trelvon_engine* engine, const trelvon_text* unit,
@@ -232,10 +246,10 @@ TRELVON_API trelvon_status trelvon_explain_unitless(const trelvon_engine* engine
                                                     trelvon_explanation** explanation,
                                                     trelvon_error** error);
 
-/// The same as `trelvon_explain`, and asks the resolver for names that the text of a unit hides, too,
-/// for the warning about them; see `HiddenVariables` in FormulaExplanation.h.
+/// The same as `trelvon_explain`, but also asks the resolver about names that the text of a unit
+/// hides, to warn about them; see `HiddenVariables` in FormulaExplanation.h.
 ///
-/// What the resolver refuses then is no failure.
+/// The call does not fail if the resolver refuses these names.
 TRELVON_API trelvon_status trelvon_explain_hidden(const trelvon_engine* engine,
                                                   const trelvon_text* unit, trelvon_text formula,
                                                   trelvon_resolver resolver, void* context,
@@ -253,11 +267,11 @@ TRELVON_API trelvon_status trelvon_explain_unitless_hidden(const trelvon_engine*
 TRELVON_API trelvon_status trelvon_explain_json(const trelvon_explanation* explanation,
                                                 char* buffer, size_t* size, trelvon_error** error);
 
-/// Writes the formula with marks beneath, and sentences.
+/// Writes the formula with marks under it, and sentences.
 TRELVON_API trelvon_status trelvon_explain_text(const trelvon_explanation* explanation,
                                                 char* buffer, size_t* size, trelvon_error** error);
 
-/// Writes the tree, a line for each node.
+/// Writes the tree, one line for each node.
 TRELVON_API trelvon_status trelvon_explain_tree(const trelvon_explanation* explanation,
                                                 char* buffer, size_t* size, trelvon_error** error);
 
@@ -266,8 +280,8 @@ TRELVON_API void trelvon_explanation_free(trelvon_explanation* explanation);
 
 /* Parameters: named formulas that refer to each other */
 
-/// Creates an empty table, which keeps the engine alive. A call that takes a table reads the engine, as
-/// one does that takes the engine as const.
+/// Creates an empty table, which keeps the engine alive. A call that takes a table counts as a call
+/// that takes the engine as const.
 TRELVON_API trelvon_status trelvon_parameters_create(const trelvon_engine* engine,
                                                      trelvon_parameters** parameters,
                                                      trelvon_error** error);
@@ -277,12 +291,12 @@ TRELVON_API void trelvon_parameters_free(trelvon_parameters* parameters);
 
 /// Defines a parameter, or replaces its formula and unit.
 ///
-/// - `unit`: type id of the unit that it is counted in; null if its formula decides.
+/// - `unit`: type id of the parameter's own unit; null if the formula decides.
 TRELVON_API trelvon_status trelvon_parameters_set(trelvon_parameters* parameters, trelvon_text name,
                                                   trelvon_text formula, const trelvon_text* unit,
                                                   trelvon_error** error);
 
-/// Gives a parameter another name, also where formulas refer to it.
+/// Renames a parameter, also in the formulas that refer to it.
 TRELVON_API trelvon_status trelvon_parameters_rename(trelvon_parameters* parameters,
                                                      trelvon_text name, trelvon_text new_name,
                                                      trelvon_error** error);
@@ -291,17 +305,17 @@ TRELVON_API trelvon_status trelvon_parameters_rename(trelvon_parameters* paramet
 TRELVON_API trelvon_status trelvon_parameters_remove(trelvon_parameters* parameters,
                                                      trelvon_text name, trelvon_error** error);
 
-/// Reads all formulas anew with the definitions that the engine has now.
+/// Reads all formulas again, with the engine's current definitions.
 TRELVON_API trelvon_status trelvon_parameters_reevaluate(trelvon_parameters* parameters,
                                                          trelvon_error** error);
 
-/// Evaluates all formulas whose values are due. `*count` is how many they were.
+/// Evaluates all formulas that need it, and sets `*count` to their number.
 TRELVON_API trelvon_status trelvon_parameters_evaluate(const trelvon_parameters* parameters,
                                                        size_t* count, trelvon_error** error);
 
-/// Tells a value.
+/// Gets the value of a parameter.
 ///
-/// - `unit`: type id of the unit of the result. If null, it is the parameter's own unit; without one,
+/// - `unit`: type id of the unit of the result. If null, the parameter's own unit; if it has none,
 ///   the value must be a plain number.
 TRELVON_API trelvon_status trelvon_parameters_value(const trelvon_parameters* parameters,
                                                     trelvon_text name, const trelvon_text* unit,
@@ -311,12 +325,12 @@ TRELVON_API trelvon_status trelvon_parameters_value(const trelvon_parameters* pa
 TRELVON_API trelvon_status trelvon_parameters_names(const trelvon_parameters* parameters,
                                                     trelvon_list** names, trelvon_error** error);
 
-/// Writes a formula, with the names that its parameters have now.
+/// Writes the formula of a parameter, with the current names of the parameters in it.
 TRELVON_API trelvon_status trelvon_parameters_formula(const trelvon_parameters* parameters,
                                                       trelvon_text name, char* buffer, size_t* size,
                                                       trelvon_error** error);
 
-/// Writes the type id of a parameter's own unit; nothing if it has none.
+/// Writes the type id of a parameter's own unit, or an empty text if it has none.
 TRELVON_API trelvon_status trelvon_parameters_unit(const trelvon_parameters* parameters,
                                                    trelvon_text name, char* buffer, size_t* size,
                                                    trelvon_error** error);
@@ -331,13 +345,13 @@ TRELVON_API trelvon_status trelvon_parameters_dependents(const trelvon_parameter
                                                          trelvon_text name, trelvon_list** names,
                                                          trelvon_error** error);
 
-/// Lists the messages of every cause why a parameter has no value.
+/// Lists the reasons why parameters have no value, as messages.
 TRELVON_API trelvon_status trelvon_parameters_problems(const trelvon_parameters* parameters,
                                                        trelvon_list** messages,
                                                        trelvon_error** error);
 
-/// Writes how a parameter and all that it depends on were evaluated, as one JSON object, which
-/// docs/parameters.md describes.
+/// Writes how a parameter and everything that it depends on were evaluated, as one JSON object;
+/// docs/parameters.md describes it.
 TRELVON_API trelvon_status trelvon_parameters_explain_json(const trelvon_parameters* parameters,
                                                            trelvon_text name, char* buffer,
                                                            size_t* size, trelvon_error** error);
@@ -349,14 +363,14 @@ TRELVON_API trelvon_status trelvon_parameters_explain_text(const trelvon_paramet
 
 /* Definitions */
 
-/// Reads a schema text, which is pending until `trelvon_build_schemas`.
+/// Reads a schema text. The definition is pending until `trelvon_build_schemas`.
 ///
-/// - `missing`: receives a list of the type ids that it refers to and that are neither stored nor
-///   pending; null if they are not asked for.
+/// - `missing`: receives a list of the type ids that the text refers to and that are neither stored
+///   nor pending. May be null.
 TRELVON_API trelvon_status trelvon_add_definition(trelvon_engine* engine, trelvon_text schema,
                                                   trelvon_list** missing, trelvon_error** error);
 
-/// Turns all pending schemas into records, all or none.
+/// Builds all pending schemas into records: either all or none.
 TRELVON_API trelvon_status trelvon_build_schemas(trelvon_engine* engine, trelvon_error** error);
 
 /// Writes a stored definition as schema text.
@@ -367,11 +381,11 @@ TRELVON_API trelvon_status trelvon_definition(const trelvon_engine* engine, trel
 TRELVON_API trelvon_status trelvon_dependencies(const trelvon_engine* engine, trelvon_text type_id,
                                                 trelvon_list** texts, trelvon_error** error);
 
-/// `*result` is 1 if the type id is taken, or else 0.
+/// Sets `*result` to 1 if the type id is taken, otherwise to 0.
 TRELVON_API trelvon_status trelvon_is_registered(const trelvon_engine* engine, trelvon_text type_id,
                                                  int* result, trelvon_error** error);
 
-/* Loading. Paths are texts without NUL. */
+/* Loading. Paths must not contain NUL. */
 
 /// Adds all schema files of a folder and builds them; see SchemaUtility.h.
 TRELVON_API trelvon_status trelvon_add_folder(trelvon_engine* engine, trelvon_text folder,
@@ -385,15 +399,15 @@ TRELVON_API trelvon_status trelvon_add_bundle(trelvon_engine* engine, trelvon_te
 TRELVON_API trelvon_status trelvon_add_bundle_file(trelvon_engine* engine, trelvon_text file,
                                                    trelvon_error** error);
 
-/// What to do other than by default when loading with a report; combined by `|`.
+/// Options for loading with a report; combine them with `|`.
 enum {
   TRELVON_NO_LINTS = 1,     /**< Only look for errors. */
-  TRELVON_LEAVE_OUT = 2,    /**< Load what is left without the files that have errors. */
-  TRELVON_STOP_AT_ERROR = 4 /**< End with the first error. */
+  TRELVON_LEAVE_OUT = 2,    /**< Leave out the files that have errors, and load the rest. */
+  TRELVON_STOP_AT_ERROR = 4 /**< Stop at the first error. */
 };
 
-/// Loads folders and reports; see SchemaReport.h. Faulty files are findings of the report, and the
-/// status is TRELVON_OK.
+/// Loads folders and reports; see SchemaReport.h. Faulty files are findings in the report: the
+/// status is still TRELVON_OK.
 TRELVON_API trelvon_status trelvon_load_folders(trelvon_engine* engine, const trelvon_text* folders,
                                                 size_t count, unsigned options,
                                                 trelvon_load_report** report,
@@ -401,7 +415,7 @@ TRELVON_API trelvon_status trelvon_load_folders(trelvon_engine* engine, const tr
 
 /// The same for schema texts.
 ///
-/// - `names`: `count` names that stand for the texts' files.
+/// - `names`: `count` names, which the report shows instead of file paths.
 /// - `texts`: `count` schema texts.
 TRELVON_API trelvon_status trelvon_load_texts(trelvon_engine* engine, const trelvon_text* names,
                                               const trelvon_text* texts, size_t count,
@@ -415,8 +429,8 @@ TRELVON_API trelvon_status trelvon_load_bundle(trelvon_engine* engine, trelvon_t
 
 /// Loads folders, and looks for symbols that hide variables of these names.
 ///
-/// - `variables`: `variable_count` names that users give to variables in formulas; null, with a
-///   `variable_count` of 0, for a list of the library's own.
+/// - `variables`: `variable_count` names that users give to variables in formulas. If null, with a
+///   `variable_count` of 0, the library uses its own list.
 TRELVON_API trelvon_status trelvon_load_folders_for(trelvon_engine* engine,
                                                     const trelvon_text* variables,
                                                     size_t variable_count,
@@ -440,22 +454,22 @@ TRELVON_API trelvon_status trelvon_load_bundle_for(trelvon_engine* engine,
                                                    trelvon_load_report** report,
                                                    trelvon_error** error);
 
-/// Checks one schema text against an engine that does not hold it.
+/// Checks one schema text against an engine that does not have its definition.
 TRELVON_API trelvon_status trelvon_check_text(const trelvon_engine* engine, trelvon_text schema,
                                               trelvon_text shown_name, trelvon_load_report** report,
                                               trelvon_error** error);
 
-/// Returns the number of errors; null has none. After errors nothing was loaded, unless the options ask
-/// to leave out what has them.
+/// Returns the number of errors; 0 for null. If there are errors, nothing was loaded, except with
+/// TRELVON_LEAVE_OUT.
 TRELVON_API size_t trelvon_load_report_errors(const trelvon_load_report* report);
-/// Returns the number of lints; null has none.
+/// Returns the number of lints; 0 for null.
 TRELVON_API size_t trelvon_load_report_warnings(const trelvon_load_report* report);
 
 /// Writes one JSON object; docs/reports.md describes it.
 TRELVON_API trelvon_status trelvon_load_report_json(const trelvon_load_report* report, char* buffer,
                                                     size_t* size, trelvon_error** error);
 
-/// Writes a line for each finding, as compilers do.
+/// Writes one line for each finding, as compilers do.
 TRELVON_API trelvon_status trelvon_load_report_text(const trelvon_load_report* report, char* buffer,
                                                     size_t* size, trelvon_error** error);
 
@@ -469,7 +483,7 @@ TRELVON_API void trelvon_load_report_free(trelvon_load_report* report);
 
 /* Prepared conversions */
 
-/// Works a conversion out. It does not refer to the engine afterward.
+/// Prepares a conversion. It does not refer to the engine.
 TRELVON_API trelvon_status trelvon_conversion_create(const trelvon_engine* engine,
                                                      trelvon_text from, trelvon_text to,
                                                      trelvon_conversion** conversion,
@@ -477,12 +491,13 @@ TRELVON_API trelvon_status trelvon_conversion_create(const trelvon_engine* engin
 
 /// Converts `count` numbers. It allocates nothing.
 ///
-/// Numbers are `from_stride` and `to_stride` doubles apart: 1 in an array, 3 for every third number. A
-/// `from_stride` of 0 reads one number again and again. Where the arrays overlap, each number is read
-/// when those before it have been written; so an array may be converted in place.
+/// Numbers are `from_stride` and `to_stride` doubles apart: 1 for all numbers of an array, 3 for
+/// every third one. A `from_stride` of 0 reads the same number again and again. If the arrays
+/// overlap, each number is read after all numbers before it were written, so an array can be
+/// converted in place.
 ///
-/// @return  TRELVON_ARGUMENT if something is null, unless `count` is 0; if `to_stride` is 0 and `count`
-///          more than 1; or if an array would be larger than memory can be.
+/// @return  TRELVON_ARGUMENT if a pointer is null, unless `count` is 0; if `to_stride` is 0 and
+///          `count` is more than 1; or if an array would be larger than memory can be.
 TRELVON_API trelvon_status trelvon_conversion_apply(const trelvon_conversion* conversion,
                                                     const double* from, size_t from_stride,
                                                     double* to, size_t to_stride, size_t count);
@@ -490,7 +505,7 @@ TRELVON_API trelvon_status trelvon_conversion_apply(const trelvon_conversion* co
 /// Frees a conversion.
 TRELVON_API void trelvon_conversion_free(trelvon_conversion* conversion);
 
-/* Records. Lists have them in byte order of type ids. */
+/* Records. Lists are in byte order of type ids. */
 
 /// The kinds of records.
 typedef enum {
@@ -510,11 +525,11 @@ TRELVON_API trelvon_status trelvon_record(const trelvon_engine* engine, trelvon_
 TRELVON_API trelvon_status trelvon_records(const trelvon_engine* engine, trelvon_kind kind,
                                            trelvon_list** records, trelvon_error** error);
 
-/// Gets the units that are not defined by others.
+/// Gets the units that are not defined in terms of others.
 TRELVON_API trelvon_status trelvon_primitive_units(const trelvon_engine* engine,
                                                    trelvon_list** units, trelvon_error** error);
 
-/// Gets those of a dimension, or if it is null, those without one.
+/// Gets the primitive units of a dimension, or those without one if it is null.
 TRELVON_API trelvon_status trelvon_primitive_units_of(const trelvon_engine* engine,
                                                       const trelvon_text* dimension,
                                                       trelvon_list** units, trelvon_error** error);
@@ -530,7 +545,7 @@ typedef struct {
   int exponent;         /**< May be negative. */
 } trelvon_power;
 
-/// Gets the units that have exactly these powers of primitive units. Of two with the same type id the
+/// Gets the units that have exactly these powers of primitive units. If a type id occurs twice, the
 /// last one counts.
 TRELVON_API trelvon_status trelvon_units_with_powers(const trelvon_engine* engine,
                                                      const trelvon_power* powers, size_t count,
@@ -557,7 +572,7 @@ typedef struct {
   size_t parent_count;          /**< Of `parents`. */
 } trelvon_factor;
 
-/// What a unit is defined by.
+/// How a unit is defined.
 typedef enum { TRELVON_PRIMITIVE, TRELVON_DERIVED, TRELVON_ABSOLUTE } trelvon_unit_kind;
 /// The system that a unit belongs to.
 typedef enum { TRELVON_METRIC, TRELVON_IMPERIAL } trelvon_system;
@@ -570,7 +585,7 @@ typedef struct {
   trelvon_unit_kind kind;              /**< Members of other kinds are 0. */
   trelvon_text dimension;              /**< Of a primitive unit; empty if it has none. */
   trelvon_text parent;                 /**< Of an absolute unit. */
-  double offset;                       /**< Of an absolute unit, counted in its parent. */
+  double offset;                       /**< Of an absolute unit, in its parent unit. */
   double factor;                       /**< Of a derived unit, without the parents. */
   const trelvon_power* parents;        /**< Of a derived unit: units. */
   size_t parent_count;                 /**< Of `parents`. */
@@ -598,7 +613,7 @@ typedef struct {
 
 /* Names */
 
-/// What a text is to the unit that it names; see `NameKind` in UnitNames.h.
+/// How a text names a unit; see `NameKind` in UnitNames.h.
 typedef enum {
   TRELVON_NAME_TYPE_ID,
   TRELVON_NAME_LOCAL_ID,
@@ -612,29 +627,29 @@ typedef enum {
 typedef struct {
   trelvon_text text;      /**< As the engine has it. */
   trelvon_text unit;      /**< A type id. */
-  trelvon_name_kind kind; /**< What the text is to the unit. */
-  int is_exact;           /**< Whether the text was searched so, byte for byte. */
+  trelvon_name_kind kind; /**< How the text names the unit. */
+  int is_exact;           /**< Whether the searched text is exactly this one. */
 } trelvon_name;
 
-/// Learns the names of an engine's units. It does not refer to the engine afterward.
+/// Collects the names of an engine's units. The result does not refer to the engine.
 ///
 /// - `mappings`: `count` texts of `codes.json` files; null if `count` is 0.
 TRELVON_API trelvon_status trelvon_names_create(const trelvon_engine* engine,
                                                 const trelvon_text* mappings, size_t count,
                                                 trelvon_names** names, trelvon_error** error);
 
-/// Frees names. What was found by them stays valid.
+/// Frees names. Lists that were found with them stay valid.
 TRELVON_API void trelvon_names_free(trelvon_names* names);
 
 /// Lists all units that a text names.
 TRELVON_API trelvon_status trelvon_names_find(const trelvon_names* names, trelvon_text text,
                                               trelvon_list** found, trelvon_error** error);
 
-/// Lists those that it names for the best reason: one, if there is no doubt.
+/// Lists the best matches: one, if the text is unambiguous.
 TRELVON_API trelvon_status trelvon_names_find_best(const trelvon_names* names, trelvon_text text,
                                                    trelvon_list** found, trelvon_error** error);
 
-/// Converts a number between units that are found by `trelvon_names_find_best`.
+/// Converts a number between units that are found as by `trelvon_names_find_best`.
 ///
 /// @return  TRELVON_UNRECOGNIZED if `from` or `to` names no unit or several; otherwise as
 ///          `trelvon_convert`.
@@ -643,7 +658,7 @@ TRELVON_API trelvon_status trelvon_convert_named(const trelvon_engine* engine,
                                                  trelvon_text from, trelvon_text to, double* result,
                                                  trelvon_error** error);
 
-/// Works a conversion out between units that are found in the same way.
+/// Prepares a conversion between units that are found in the same way.
 TRELVON_API trelvon_status trelvon_conversion_create_named(const trelvon_engine* engine,
                                                            const trelvon_names* names,
                                                            trelvon_text from, trelvon_text to,
@@ -655,7 +670,7 @@ TRELVON_API trelvon_status trelvon_names_find_code(const trelvon_names* names, t
                                                    trelvon_text code, trelvon_list** found,
                                                    trelvon_error** error);
 
-/// Lists at most `count` units whose names are near to a text.
+/// Lists at most `count` units whose names are similar to a text.
 TRELVON_API trelvon_status trelvon_names_suggest(const trelvon_names* names, trelvon_text text,
                                                  size_t count, trelvon_list** found,
                                                  trelvon_error** error);
@@ -669,11 +684,11 @@ TRELVON_API trelvon_status trelvon_names_completions(const trelvon_names* names,
 TRELVON_API trelvon_status trelvon_names_of(const trelvon_names* names, trelvon_text unit,
                                             trelvon_list** found, trelvon_error** error);
 
-/// Writes why `trelvon_names_find` finds nothing.
+/// Writes why `trelvon_names_find` finds nothing; an empty text if it finds a unit.
 TRELVON_API trelvon_status trelvon_names_why_not(const trelvon_names* names, trelvon_text text,
                                                  char* buffer, size_t* size, trelvon_error** error);
 
-/// Writes a text by which `trelvon_names_find_best` finds this unit alone.
+/// Writes a text with which `trelvon_names_find_best` finds only this unit.
 TRELVON_API trelvon_status trelvon_names_unambiguous(const trelvon_names* names, trelvon_text unit,
                                                      char* buffer, size_t* size,
                                                      trelvon_error** error);
@@ -686,15 +701,15 @@ TRELVON_API trelvon_status trelvon_local_id(trelvon_text type_id, char* buffer, 
 TRELVON_API trelvon_status trelvon_names_systems(const trelvon_names* names, trelvon_list** systems,
                                                  trelvon_error** error);
 
-/// Lists the codes of a unit in a system, as texts, the one for writing first.
+/// Lists the codes of a unit in a system, as texts, the one to write first.
 TRELVON_API trelvon_status trelvon_names_codes(const trelvon_names* names, trelvon_text unit,
                                                trelvon_text system, trelvon_list** codes,
                                                trelvon_error** error);
 
-/* Lists. An index that is not below the count, or a function for what the list does not hold, gives
+/* Lists. An index that is not less than the count, or a function for another kind of item, gives
    TRELVON_ARGUMENT. */
 
-/// Returns the number of items; null has none.
+/// Returns the number of items; 0 for null.
 TRELVON_API size_t trelvon_list_count(const trelvon_list* list);
 
 /// Reads a text of a list.

@@ -26,10 +26,13 @@ class Trial final : public FormulaRun {
   FormulaSpan spanOf(std::uint32_t token) const override;
 
   const Place* last_ = nullptr;  // in the arena, as the nodes
+  std::size_t opened_ = 0;       // parentheses in a row, up to the last token
 };
 
 void Trial::addToken(const FormulaToken& token) {
+  opened_ = token.type == FormulaTokenType::OpenParen ? opened_ + 1 : 0;
   if (token.type == FormulaTokenType::Number || token.type == FormulaTokenType::CloseParen) return;
+  if (opened_ > 2) return;  // shares the node of the first one, or of the second after a function
   const FormulaSpan span = lastSpan();
   // All of a replacement is in one place.
   if (last_ && last_->begin == span.begin && last_->end == span.end) return;

@@ -1,11 +1,11 @@
 #include "model/SizeAndPowers.h"
 
 #include "model/Parents.h"
+#include "model/Powers.h"
 #include "model/RecordAccess.h"
 
-#include <algorithm>
 #include <cmath>
-#include <limits>
+#include <cstdint>
 #include <set>
 #include <vector>
 
@@ -36,12 +36,13 @@ const Value& know(const std::string& typeId, std::map<std::string, Value>& known
   return known.at(typeId);
 }
 
-void addPower(SizeAndPowers& terms, const std::string& primitive, std::int64_t power) {
-  constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
-  std::int64_t& sum = terms.powers[primitive];
-  sum += power;
-  if (sum < -most || sum > most) terms.overflows = true;
-  sum = std::clamp(sum, -most, most);
+/// Clamps each sum once it is whole, as the engine does.
+void saturateAll(SizeAndPowers& terms) {
+  for (auto& [primitive, sum] : terms.powers) {
+    const std::int64_t clamped = saturate(sum);
+    if (clamped != sum) terms.overflows = true;
+    sum = clamped;
+  }
 }
 
 }  // namespace
@@ -77,9 +78,12 @@ SizeAndPowers SizeFinder::combine(const Unit& unit) const {
   for (const auto& [parent, exponent] : RecordAccess::parentUnitPowers(*derived)) {
     const SizeAndPowers& known = units_.at(parent);
     terms.factor *= std::pow(known.factor, exponent);
-    for (const auto& [primitive, power] : known.powers)
-      addPower(terms, primitive, power * exponent);
+    for (const auto& [primitive, power] : known.powers) {
+      std::int64_t& sum = terms.powers[primitive];
+      sum = clampTerm(sum + clampTerm(power * exponent));
+    }
   }
+  saturateAll(terms);
   for (const auto& [parent, exponent] : RecordAccess::parentUnitPowers(*derived))
     for (const auto& [primitive, power] : units_.at(parent).powers)
       if (power != 0 && terms.powers.at(primitive) == 0) terms.cancels = true;

@@ -37,6 +37,7 @@ Work evaluation(const std::string& unit, const std::string& formula, Units::Unit
   };
   work.run = [=, &engine] {
     outcome([&] { return engine.evaluateExpressionInUnit(unit, formula, counted); });
+    tryFormula(engine, unit, formula, resolver);
   };
   work.explain = [=, &engine] { explainFormula(engine, unit, formula, counted).toText(); };
   return work;

@@ -122,10 +122,7 @@ const rows = [
     [], () => document.activeElement.id + location.hash,
     "value#convert?value=1%2C234&from=ft&to=mm&locale=de&places=2&groups=true&reads=true"
   ],
-  [
-    [type("#value", "6 m")], () => text("#value-says"),
-    "m is not expected. The unit must be ft."
-  ],
+  [[type("#value", "6 m")], () => text("#value-says"), "m is not expected. The unit must be ft."],
   [
     [
       select("#locale", "en"), select("#digits", "denominator=16"), click("#reads"),
@@ -151,6 +148,10 @@ const rows = [
     ],
     () => text("#writing-says") + text("#outcome"),
     "only inches can have fractions, not the last part of trelvon.symbol:degreesMinutesSeconds-1.0.0.= 12.5°"
+  ],
+  [
+    [go("#convert?value=6&from=m&to=ft&symbol=feetAndInches&places=2")],
+    () => text("#writing-says") + text("#result strong"), "19' 8.22\""
   ],
   [
     [go("#convert?value=6&from=ft&to=m&locale=xx&places=99")], () => text("#writing-says"),

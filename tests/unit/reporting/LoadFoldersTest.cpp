@@ -330,6 +330,7 @@ TEST_P(Texts, AreCheckedAgainstAnEngine) {
       Units::Unit("m", "meter", Units::System::Metric, Units::PrimitiveUnitComponent()));
   engine->addDefinition(absolute("scale", "m", "7"));
   engine->addDefinition(derived("n", Ids{"m"}, Ids{"g"}));
+  engine->addDefinition(derived("o", Powers{{"n", 2}}));
   engine->addDefinition(factor("g", Ids{"f"}));
   engine->addDefinition(factor("f", Ids{}));
   engine->buildSchemas();
@@ -380,6 +381,8 @@ INSTANTIATE_TEST_SUITE_P(
         Checked{"WithAParentOfTheEngine", derived("a", Ids{"n"}, Ids{"g"}), ""},
         Checked{"CancelsParentsOfTheEngine", derived("a", Powers{{"m", -1}, {"n", 1}}),
                 "canceling-powers 1:167(167)-1:168; "},
+        Checked{"PowersThatFitOnceTheyAreAddedUp",
+                derived("a", Powers{{"m", 2147483647}, {"n", 1}, {"o", -1}}), ""},
         Checked{"AllowsWhatTheLoadDoesNotShow",
                 quoted("{'typeid':'a','inherits':[':dimension-1.'],'allow':['symbol-space']}"),
                 "unused-allowance 1:53(53)-1:67; "},
